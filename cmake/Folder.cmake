@@ -1,0 +1,33 @@
+# vellix_folder(LOGIC <files...> MODELS <files...> VIEWS <files...> LINK <targets...>)
+#
+# Lists one folder of src/ by kind. LOGIC joins vellix_core, which is compiled without Qt. MODELS
+# and VIEWS become the QML module Vellix.<Folder> in the library vellix_<folder>. LINK names the
+# folders' libraries whose QML modules or models the views and models here use.
+function(vellix_folder)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "LOGIC;MODELS;VIEWS;LINK")
+  get_filename_component(name ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+
+  if(arg_LOGIC)
+    list(TRANSFORM arg_LOGIC PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(vellix_core PRIVATE ${arg_LOGIC})
+  endif()
+
+  if(VELLIX_APP AND (arg_MODELS OR arg_VIEWS))
+    string(SUBSTRING ${name} 0 1 initial)
+    string(TOUPPER ${initial} initial)
+    string(SUBSTRING ${name} 1 -1 rest)
+    qt_add_qml_module(vellix_${name} STATIC
+      URI Vellix.${initial}${rest}
+      VERSION 1.0
+      RESOURCE_PREFIX /qt/qml
+      OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/Vellix/${initial}${rest}
+      SOURCES ${arg_MODELS}
+      QML_FILES ${arg_VIEWS})
+    set_target_properties(vellix_${name} PROPERTIES
+      QT_QMLCACHEGEN_ARGUMENTS "--only-bytecode")
+    target_include_directories(vellix_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}
+                                                     ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(vellix_${name} PUBLIC vellix_core Qt6::Quick ${arg_LINK})
+    set_property(GLOBAL APPEND PROPERTY VELLIX_MODULES vellix_${name})
+  endif()
+endfunction()

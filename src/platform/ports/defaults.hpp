@@ -1,0 +1,20 @@
+// The user defaults: small values that outlive the process, by key.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace vellix {
+
+class Defaults {
+ public:
+  virtual ~Defaults() = default;
+  // None when the key is absent or the value does not read as the type.
+  virtual std::optional<std::string> text(const std::string& key) const = 0;
+  virtual std::optional<bool> flag(const std::string& key) const = 0;
+  // Readable at once; on disk soon after. A file that cannot be written is not an error here.
+  virtual void setText(const std::string& key, const std::string& value) = 0;
+  virtual void setFlag(const std::string& key, bool value) = 0;
+};
+
+}  // namespace vellix

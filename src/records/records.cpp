@@ -1,0 +1,49 @@
+#include "records/records.hpp"
+
+#include <algorithm>
+
+namespace vellix {
+namespace {
+
+// The shape assumed of a page whose size is not known.
+constexpr double kUnknownAspect = 0.77;
+
+std::string firstWord(const std::string& name) {
+  const auto begin = name.find_first_not_of(' ');
+  if (begin == std::string::npos) return name;
+  return name.substr(begin, name.find(' ', begin) - begin);
+}
+
+bool filled(const std::optional<std::string>& text) { return text && !text->empty(); }
+
+}  // namespace
+
+std::string Me::firstName() const { return firstWord(name); }
+std::string Person::firstName() const { return firstWord(name); }
+
+std::string Guest::shownName() const {
+  return filled(name) ? *name : email.substr(0, email.find('@'));
+}
+
+std::string Page::name() const { return filled(label) ? *label : std::to_string(i + 1); }
+
+double Page::aspect() const {
+  if (px && px->size() == 2 && (*px)[1] > 0) return (*px)[0] / (*px)[1];
+  if (w && h && *h > 0) return *w / *h;
+  return kUnknownAspect;
+}
+
+std::string FileItem::heading() const {
+  if (filled(title) && filled(component)) return *title + " " + *component;
+  if (filled(title)) return *title;
+  if (filled(component)) return *component;
+  return filename.value_or("Untitled file");
+}
+
+const Ref* FileItem::ref(std::string_view role) const {
+  if (!refs) return nullptr;
+  const auto found = std::ranges::find(*refs, role, &Ref::role);
+  return found == refs->end() ? nullptr : &*found;
+}
+
+}  // namespace vellix
