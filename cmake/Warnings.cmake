@@ -1,7 +1,11 @@
 # Warnings are errors in our own code. Generated code (moc, QML caches) is compiled with them too.
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-                    -Werror)
+# Missing initializers are what defaulted fields of a designated initializer are for.
+add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+                    -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # Known false alarms of g++ 12 on coroutine frames and inlined std::string moves.
-  add_compile_options(-Wno-maybe-uninitialized -Wno-restrict -Wno-mismatched-new-delete)
+  # The last three are known false alarms of g++ 12 on coroutine frames and moved strings.
+  add_compile_options(-Wshadow=local -Wno-maybe-uninitialized -Wno-restrict
+                      -Wno-mismatched-new-delete)
+else()
+  add_compile_options(-Wshadow)
 endif()

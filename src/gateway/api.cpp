@@ -1,0 +1,104 @@
+#include "gateway/api.hpp"
+
+#include "gateway/build_info.hpp"
+#include "gateway/url.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr Milliseconds kTimeout{60'000};
+
+Failure failureOf(HttpError error) {
+  switch (error) {
+    case HttpError::notConnected:
+    case HttpError::connectionLost:
+      return Failure::offline("This Mac is offline. Vellix will catch up when it's back.");
+    case HttpError::notHttp:
+      return Failure::offline("Can't reach the Vellix server right now.");
+    case HttpError::timedOut:
+    case HttpError::cancelled:
+    case HttpError::tooLarge:
+    case HttpError::other: break;
+  }
+  return Failure::offline("Can't reach the Vellix server right now. Trying again…");
+}
+
+Failure refusalOf(const std::string& body) {
+  if (const auto json = decodeJson(body)) {
+    const Json* error = json->find("error");
+    if (error && error->text()) return Failure::server(*error->text());
+  }
+  return Failure::server("The server didn't take that. Try again in a moment.");
+}
+
+// Polls and actions, pictures, and long transfers must not wait for one another.
+HttpLane laneOf(const API::Request& request) {
+  if (request.path.starts_with("api/blob/")) return HttpLane::pictures;
+  if (request.method == "PUT" || request.path.ends_with("/pdf")) return HttpLane::transfers;
+  return HttpLane::calls;
+}
+
+}  // namespace
+
+std::string API::base() const {
+  const auto chosen = defaults_.text("ServerURL");
+  return chosen && isWebUrl(*chosen) ? *chosen : std::string{build::kDefaultServerURL};
+}
+
+std::string API::shortVersion() { return std::string{build::kShortVersion}; }
+Int API::buildNumber() { return build::kBuildNumber; }
+
+std::optional<std::string> API::token() {
+  if (!token_) token_ = tokens_.read();
+  return token_;
+}
+
+void API::setToken(std::optional<std::string> value) {
+  token_ = value;
+  tokens_.remove();
+  if (value) tokens_.add(*value);
+}
+
+HttpRequest API::build(const Request& request) {
+  HttpRequest http;
+  http.method = request.method;
+  http.url = withQuery(appendPath(base(), request.path), request.query);
+  http.timeout = request.timeout.value_or(kTimeout);
+  http.lane = laneOf(request);
+  const auto set = [&](const std::string& name, const std::string& value) {
+    http.headers.emplace_back(name, value);
+  };
+  set("User-Agent", "Vellix-Mac/" + shortVersion());
+  for (const auto& [name, value] : request.headers) set(name, value);
+  if (const auto bearer = token()) set("Authorization", "Bearer " + *bearer);
+  if (!request.json->empty()) {
+    http.body = *request.json;
+    set("Content-Type", "application/json");
+  } else if (request.data) {
+    http.body = request.data;
+    set("Content-Type", request.contentType.value_or("application/octet-stream"));
+  }
+  if (request.etag) set("If-None-Match", *request.etag);
+  return http;
+}
+
+Task<API::Result<HttpResponse>> API::send(Request request) {
+  if (!request.json) co_return std::unexpected(request.json.error());
+  const auto pending = http_.send(build(request), request.stop);
+  auto outcome = co_await pending;
+  if (!outcome) co_return std::unexpected(failureOf(outcome.error()));
+  if (outcome->status == 401) co_return std::unexpected(Failure::signedOut());
+  if (outcome->status >= 400) co_return std::unexpected(refusalOf(outcome->body));
+  co_return std::move(*outcome);
+}
+
+Task<API::Result<Json::Object>> API::postJson(std::string path, Result<std::string> body) {
+  auto call = send({.path = std::move(path), .method = "POST", .json = std::move(body)});
+  auto answer = co_await std::move(call);
+  if (!answer) co_return std::unexpected(answer.error());
+  auto json = decodeJson(answer->body);
+  if (!json || !json->object()) co_return Json::Object{};
+  co_return *json->object();
+}
+
+}  // namespace vellix

@@ -1,0 +1,83 @@
+// The one place where the client talks HTTP to its service. Main thread only; the transfers
+// themselves run behind the Http port. Every failure is a Failure whose description is for the
+// user; nothing is retried here.
+#pragma once
+
+#include <expected>
+#include <map>
+#include <optional>
+#include <stop_token>
+#include <string>
+
+#include "gateway/failure.hpp"
+#include "platform/ports/defaults.hpp"
+#include "platform/ports/http.hpp"
+#include "platform/ports/task.hpp"
+#include "platform/ports/token_store.hpp"
+#include "records/json.hpp"
+
+namespace vellix {
+
+class API {
+ public:
+  using Failure = vellix::Failure;
+  template <class T>
+  using Result = std::expected<T, Failure>;
+
+  // Everything of one request. A body of bytes goes out as `contentType`.
+  struct Request {
+    std::string path;  // relative, no leading slash
+    std::string method = "GET";
+    Result<std::string> json{std::string{}};  // encoded body; empty for none
+    std::optional<std::string> data;          // raw body, used when there is no JSON
+    std::optional<std::string> contentType;
+    std::optional<std::string> etag;  // If-None-Match
+    std::map<std::string, std::string> query;
+    std::map<std::string, std::string> headers;
+    std::optional<Milliseconds> timeout;
+    std::stop_token stop;
+  };
+
+  // The ports must outlive the API.
+  API(Http& http, TokenStore& tokens, const Defaults& defaults)
+      : http_(http), tokens_(tokens), defaults_(defaults) {}
+
+  // The user's "ServerURL" when it parses, else the built-in one; read on every call.
+  std::string base() const;
+  static std::string shortVersion();
+  static Int buildNumber();
+
+  std::optional<std::string> token();
+  void setToken(std::optional<std::string> value);
+
+  // Success is any status below 400, 304 among them: the caller looks at it.
+  Task<Result<HttpResponse>> send(Request request);
+
+  // POST of a described value. The answer's JSON object; an empty one when it is none.
+  template <class Body>
+  Task<Result<Json::Object>> post(std::string path, Body body) {
+    return postJson(std::move(path), jsonOf(body));
+  }
+
+  template <class Body>
+  static Result<std::string> jsonOf(const Body& body) {
+    auto json = encode(body);
+    if (!json) return std::unexpected(Failure::unwritable(json.error().why));
+    return std::move(*json);
+  }
+
+ private:
+  Task<Result<Json::Object>> postJson(std::string path, Result<std::string> body);
+  HttpRequest build(const Request& request);
+
+  Http& http_;
+  TokenStore& tokens_;
+  const Defaults& defaults_;
+  std::optional<std::string> token_;  // in front of the token store
+};
+
+// An empty JSON object.
+struct NoBody {};
+BOOST_DESCRIBE_STRUCT(NoBody, (), ())
+
+}  // namespace vellix

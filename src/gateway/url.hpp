@@ -1,0 +1,34 @@
+// The few rules of URLs that the client needs.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace vellix {
+
+// Percent-encodes every byte but ASCII letters, digits and the bytes of `kept`.
+std::string percentEncode(std::string_view text, std::string_view kept = "-._~");
+std::string percentDecode(std::string_view text);
+
+// True for an absolute http or https URL with a host and no space or control character.
+bool isWebUrl(std::string_view text);
+
+// The base with the path put behind it, one slash between; the path may have several components.
+std::string appendPath(std::string base, std::string_view path);
+
+// The URL with these query items in place of its own.
+std::string withQuery(std::string url, const std::map<std::string, std::string>& query);
+
+struct UrlParts {
+  std::string scheme;  // lower case
+  std::string host;    // lower case
+  std::vector<std::pair<std::string, std::optional<std::string>>> query;  // decoded, in order
+  const std::optional<std::string>* item(std::string_view name) const;  // the first of that name
+};
+std::optional<UrlParts> parseUrl(std::string_view text);
+
+}  // namespace vellix

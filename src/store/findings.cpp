@@ -1,0 +1,78 @@
+// Deciding a finding: shown at once, settled by the service, and taken back by Undo.
+#include <algorithm>
+
+#include "store/store.hpp"
+
+namespace vellix {
+namespace {
+
+struct StateBody {
+  std::string state;
+};
+BOOST_DESCRIBE_STRUCT(StateBody, (), (state))
+
+std::string decidedText(const std::string& state) {
+  if (state == "issue") return "Marked a real issue.";
+  if (state == "fine") return "Marked fine.";
+  return "Reopened.";
+}
+
+}  // namespace
+
+void Store::setFindingState(Finding finding, std::string state) {
+  if (state != "open" && focus() == finding.id) focusNextOpen(finding);
+  decideLocally(finding, state);
+  setBusy(finding.id, true);
+  std::string text = decidedText(state);
+  spawn(sendFindingState(std::move(finding), std::move(state), std::move(text)));
+}
+
+// The walk stays on the page: its last open finding clears the focus.
+void Store::focusNextOpen(const Finding& decided) {
+  const FileDetail* detail = currentDetail();
+  if (!detail) return;
+  const auto next = std::ranges::find_if(detail->findings, [&](const Finding& f) {
+    return f.id != decided.id && f.page == decided.page && f.state == "open" && f.box &&
+           f.kind != "expected" && f.kind != "pass" && f.severity != "low";
+  });
+  focus.set(next == detail->findings.end() ? std::nullopt : std::optional{next->id});
+}
+
+void Store::decideLocally(const Finding& finding, const std::string& state) {
+  const FileDetail* detail = currentDetail();
+  if (!detail || std::ranges::find(detail->findings, finding.id, &Finding::id) ==
+                     detail->findings.end()) {
+    return;
+  }
+  const std::string ticket = currentFile()->id;
+  details.edit([&](auto& all) {
+    Finding& held = *std::ranges::find(all.at(ticket).findings, finding.id, &Finding::id);
+    held.state = state;
+    held.state_by = board() ? std::optional{board()->me.email} : std::nullopt;
+    held.state_at = wireOf(ports_.loop.now());
+  });
+}
+
+Task<> Store::sendFindingState(Finding finding, std::string state, std::string text) {
+  auto call = api_.post("api/findings/" + finding.id, StateBody{state});
+  const auto outcome = co_await std::move(call);
+  if (outcome) {
+    const std::weak_ptr<Store*> weak = self_;
+    toast.set(Toast{text, "Undo", [weak, finding] {
+                      if (const auto store = weak.lock()) {
+                        (*store)->setFindingState(finding, finding.state);
+                      }
+                    }});
+    etag.reset();
+    auto poll = refresh();
+    co_await std::move(poll);
+  } else {
+    toast.set(Toast{outcome.error().description().value_or("That didn't save. Try again.")});
+  }
+  // After a failure this fetch is the whole of the rollback.
+  auto reload = reloadCurrentDetail();
+  co_await std::move(reload);
+  setBusy(finding.id, false);
+}
+
+}  // namespace vellix

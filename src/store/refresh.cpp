@@ -1,0 +1,92 @@
+// The refresh loop, the program's one main loop, and one poll of the board.
+#include <algorithm>
+
+#include "store/store.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr Milliseconds kJobPause{3'000};
+constexpr Milliseconds kSeenPause{5'000};
+constexpr Milliseconds kUnseenPause{45'000};
+
+}  // namespace
+
+bool Store::anyJobActive() const {
+  if (!board()) return false;
+  return (board()->sync && board()->sync->active()) ||
+         std::ranges::any_of(board()->jobs, &Job::active);
+}
+
+void Store::startLoop() {
+  if (loop_ || sample) return;
+  loop_.emplace();
+  spawn(runLoop(loop_->get_token()));
+}
+
+Task<> Store::runLoop(std::stop_token stop) {
+  while (!stop.stop_requested()) {
+    auto poll = refresh(stop);
+    co_await std::move(poll);
+    if (stop.stop_requested()) break;
+    const auto sleep = ports_.loop.sleep(pause(), stop);
+    co_await sleep;
+  }
+}
+
+// Worked out once, ahead of the sleep: a window coming to the front does not cut it short.
+Milliseconds Store::pause() const {
+  if (anyJobActive()) return kJobPause;
+  return ports_.windows.seen() ? kSeenPause : kUnseenPause;
+}
+
+Task<> Store::refresh(std::stop_token stop) {
+  if (!signedIn() || sample) co_return;
+  auto call = api_.send({.path = "api/state", .etag = etag, .stop = stop});
+  const auto response = co_await std::move(call);
+  if (!response) {
+    noteProblem(response.error());
+    co_return;
+  }
+  if (response->status != 304) {
+    auto fresh = decode<BoardState>(response->body);
+    if (!fresh) {
+      noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why));
+      co_return;
+    }
+    // A sign-out in the meantime took the board away on purpose.
+    if (!signedIn()) co_return;
+    board.set(std::move(*fresh));
+    etag = response->header("etag");
+    if (selection().empty()) reconcileSelection();
+  }
+  problem.set(std::nullopt);
+  lastOK.set(ports_.loop.now());
+  if (const FileItem* file = currentFile()) {
+    auto load = loadDetail(*file, false, stop);
+    co_await std::move(load);
+  }
+}
+
+void Store::noteProblem(const Failure& failure) {
+  if (failure.kind == Failure::Kind::signedOut) {
+    signOut(true);
+  } else {
+    problem.set(failure.description().value_or("Can't reach the Vellix server right now."));
+  }
+}
+
+Task<> Store::refreshNow() {
+  etag.reset();
+  auto poll = refresh();
+  co_await std::move(poll);
+  refreshing.set(false);
+  toast.set(Toast{problem().value_or("Up to date.")});
+}
+
+void Store::requestRefresh() {
+  refreshing.set(true);
+  spawn(refreshNow());
+}
+
+}  // namespace vellix

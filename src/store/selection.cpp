@@ -1,0 +1,149 @@
+// Which ticket, page and finding are in front, and how a ticket's detail comes in.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "store/store.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr std::string_view kReprint = "reprint";
+constexpr std::string_view kNewTitle = "new_title";
+// The second reviewer's mailbox: that person starts in the reprints.
+constexpr std::string_view kReprintsMailbox = "jorvas";
+
+}  // namespace
+
+const FileItem* Store::currentFile() const {
+  if (selection().size() != 1 || !board()) return nullptr;
+  const auto found = std::ranges::find(board()->files, *selection().begin(), &FileItem::id);
+  return found == board()->files.end() ? nullptr : &*found;
+}
+
+const FileDetail* Store::currentDetail() const {
+  const FileItem* file = currentFile();
+  if (!file) return nullptr;
+  const auto found = details().find(file->id);
+  return found == details().end() ? nullptr : &found->second;
+}
+
+std::string Store::effectiveQueue() const {
+  if (queue() == kReprint || queue() == kNewTitle) return queue();
+  const bool reprints = board() && board()->me.email.starts_with(kReprintsMailbox);
+  return std::string{reprints ? kReprint : kNewTitle};
+}
+
+std::vector<const FileItem*> Store::filesInQueue(std::string_view wanted) const {
+  std::vector<const FileItem*> files;
+  if (!board()) return files;
+  for (const auto& file : board()->files) {
+    const bool inQueue = (file.track ? std::string_view{*file.track} : kNewTitle) == wanted;
+    if (inQueue && (!mineOnly() || file.assignee == board()->me.email)) files.push_back(&file);
+  }
+  return files;
+}
+
+void Store::setQueue(std::string value) {
+  queue.set(value);
+  ports_.defaults.setText("Queue", value);
+  reconcileSelection();
+}
+
+void Store::setMineOnly(bool flag) {
+  mineOnly.set(flag);
+  ports_.defaults.setFlag("MineOnly", flag);
+}
+
+void Store::reconcileSelection() {
+  const auto list = filesInQueue(effectiveQueue());
+  const bool stays = selection().size() == 1 &&
+                     std::ranges::any_of(list, [&](const FileItem* file) {
+                       return file->id == *selection().begin();
+                     });
+  if (stays) return;
+  const auto dueOf = [](const FileItem* file) {
+    return file->due.value_or(std::numeric_limits<double>::infinity());
+  };
+  const FileItem* chosen = nullptr;
+  for (const FileItem* file : list) {
+    if (file->status == "reviewed") continue;
+    if (!chosen || dueOf(file) < dueOf(chosen)) chosen = file;
+  }
+  if (!chosen && !list.empty()) chosen = list.front();
+  selection.set(chosen ? std::set{chosen->id} : std::set<std::string>{});
+  focus.set(std::nullopt);
+}
+
+Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
+  const auto pin = viewVersion().find(file.id);
+  const auto pinned = pin == viewVersion().end() ? std::nullopt : std::optional{pin->second};
+  if (const auto have = details().find(file.id); !force && have != details().end()) {
+    const FileDetail& detail = have->second;
+    const Int shownVersion = detail.version.value_or(detail.file.version.value_or(1));
+    const Int wanted = pinned.value_or(file.version.value_or(1));
+    if (detail.file.rev == file.rev && shownVersion == wanted) co_return;
+  }
+  const std::string key = file.id + "#" + std::to_string(pinned.value_or(0));
+  std::optional<std::string> tag;
+  if (const auto known = fileTags.find(key); !force && known != fileTags.end()) {
+    tag = known->second;
+  }
+  std::map<std::string, std::string> query;
+  if (pinned) query.emplace("v", std::to_string(*pinned));
+  auto call = api_.send(
+      {.path = "api/files/" + file.id, .etag = tag, .query = std::move(query), .stop = stop});
+  const auto response = co_await std::move(call);
+  // Silence on purpose: the next poll repairs it, and it alone reports trouble.
+  if (!response || response->status == 304) co_return;
+  auto decoded = decode<FileDetail>(response->body);
+  if (!decoded) co_return;
+  const FileDetail detail = std::move(*decoded);
+  details.edit([&](auto& all) { all.insert_or_assign(file.id, detail); });
+  if (const auto fresh = response->header("etag")) {
+    fileTags[key] = *fresh;
+  } else {
+    fileTags.erase(key);
+  }
+  if (!page().contains(file.id)) {
+    const auto serious = std::ranges::find(detail.findings, "high", &Finding::severity);
+    const Int first = serious == detail.findings.end() ? 0 : serious->page;
+    page.edit([&](auto& pages) { pages[file.id] = first; });
+  }
+  const Int current = page().at(file.id);
+  for (const auto& candidate : detail.file.pages.value_or(std::vector<Page>{})) {
+    if (std::abs(candidate.i - current) <= 1) ports_.pictures.prefetch(candidate);
+  }
+}
+
+void Store::requestDetail(FileItem file) { spawn(loadDetail(std::move(file), false)); }
+
+void Store::stepPage(const FileDetail& detail, Int delta) {
+  const std::string id = detail.file.id;
+  const Int count = detail.file.pages ? static_cast<Int>(detail.file.pages->size()) : 0;
+  const auto entry = page().find(id);
+  const Int present = entry == page().end() ? 0 : entry->second;
+  goToPage(id, std::max<Int>(std::min(present + delta, count - 1), 0));
+  draft.set(std::nullopt);
+}
+
+void Store::goToPage(const std::string& id, Int index) {
+  page.edit([&](auto& pages) { pages[id] = index; });
+  focus.set(std::nullopt);
+}
+
+void Store::stepZoom(double factor) {
+  zoom.set(std::clamp(std::round(zoom() * factor * 4) / 4, 1.0, 4.0));
+}
+
+void Store::fitZoom() { zoom.set(1.0); }
+
+void Store::toggleNotes() {
+  if (notesFloat) {
+    notesDrawer.set(!notesDrawer());
+  } else {
+    prefs.showNotes.set(!prefs.showNotes());
+  }
+}
+
+}  // namespace vellix

@@ -1,0 +1,48 @@
+// Coming in and going out.
+#include "gateway/url.hpp"
+#include "store/store.hpp"
+
+namespace vellix {
+
+void Store::open(std::string url) {
+  const auto parts = parseUrl(url);
+  if (!parts || parts->scheme != "sorel" || parts->host != "signed-in") return;
+  spawn(completeSignIn(std::move(url)));
+}
+
+Task<> Store::completeSignIn(std::string url) {
+  auto exchange = signIn_.finish(std::move(url));
+  const auto me = co_await std::move(exchange);
+  if (!me) {
+    toast.set(Toast{me.error().description().value_or("Sign-in didn't finish.")});
+    co_return;
+  }
+  signedIn.set(true);
+  etag.reset();
+  auto poll = refresh();
+  co_await std::move(poll);
+  startLoop();
+}
+
+// What is left alone here is left on purpose: selection, pages, tags and figures serve the next
+// session, and events already seen stay seen.
+void Store::signOut(bool expired) {
+  if (!expired) spawn(logOut());
+  api_.setToken(std::nullopt);
+  signedIn.set(false);
+  board.set(std::nullopt);
+  details.set({});
+  etag.reset();
+  if (loop_) loop_->request_stop();
+  loop_.reset();
+  if (expired) toast.set(Toast{*Failure::signedOut().description()});
+}
+
+// Begins after the sign-out has ended, so the call carries no token; its outcome is nobody's
+// business.
+Task<> Store::logOut() {
+  auto call = api_.post("api/logout", NoBody{});
+  co_await std::move(call);
+}
+
+}  // namespace vellix

@@ -1,0 +1,44 @@
+#include "store/store.hpp"
+
+namespace vellix {
+namespace {
+
+Task<> afterTurn(MainLoop& loop, Task<> task) {
+  const auto turn = loop.turn();
+  co_await turn;
+  co_await std::move(task);
+}
+
+}  // namespace
+
+Store::Store(API& api, SignIn& signIn, Prefs& preferences, Ports ports)
+    : changes(ports.loop),
+      signedIn(changes, kSignedIn, api.token().has_value()),
+      prefs(preferences),
+      queue(changes, kQueue, ports.defaults.text("Queue").value_or("")),
+      mineOnly(changes, kQueue, ports.defaults.flag("MineOnly").value_or(false)),
+      started(ports.loop.now()),
+      api_(api),
+      signIn_(signIn),
+      ports_(ports) {}
+
+void Store::spawn(Task<> task) { tasks_.start(afterTurn(ports_.loop, std::move(task))); }
+
+void Store::setBusy(const std::string& key, bool on) {
+  auto keys = busy();
+  if (on) {
+    keys.insert(key);
+  } else {
+    keys.erase(key);
+  }
+  busy.set(std::move(keys));
+}
+
+std::map<std::string, const Person*> Store::usersByEmail() const {
+  std::map<std::string, const Person*> people;
+  if (!board()) return people;
+  for (const auto& person : board()->users) people.emplace(person.email, &person);
+  return people;
+}
+
+}  // namespace vellix

@@ -1,0 +1,160 @@
+// The one object that holds the client's state. Screens read it, redraw when it tells of a change,
+// and change it only through its operations. Created once per process. Main thread only; its
+// operations interleave only where they wait.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gateway/api.hpp"
+#include "gateway/sign_in.hpp"
+#include "platform/ports/main_loop.hpp"
+#include "platform/ports/windows.hpp"
+#include "records/records.hpp"
+#include "store/prefs.hpp"
+#include "store/published.hpp"
+#include "store/toast.hpp"
+
+namespace vellix {
+
+enum class CompareMode { side, overlay, blink };
+
+// Brings the pictures of a page into the cache before they are asked for. Nobody waits for it.
+class PagePrefetch {
+ public:
+  virtual ~PagePrefetch() = default;
+  virtual void prefetch(const Page& page) = 0;
+};
+
+class Store {
+ public:
+  struct Ports {
+    MainLoop& loop;
+    Defaults& defaults;
+    const Windows& windows;
+    PagePrefetch& pictures;
+  };
+  // What is passed must outlive the Store. Starts nothing.
+  Store(API& api, SignIn& signIn, Prefs& prefs, Ports ports);
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  enum Field : Changes::Fields {
+    kSignedIn = 1 << 0,
+    kBoard = 1 << 1,
+    kDetails = 1 << 2,
+    kSelection = 1 << 3,
+    kPage = 1 << 4,
+    kFocus = 1 << 5,
+    kCanvas = 1 << 6,  // against, mode, zoom and shown
+    kProblem = 1 << 7,
+    kLastOK = 1 << 8,
+    kToast = 1 << 9,
+    kDraft = 1 << 10,  // the note being written: pinning and the drafts
+    kPanels = 1 << 11,  // notesDrawer, profile, sideTab and showActivity
+    kViewVersion = 1 << 12,
+    kStats = 1 << 13,
+    kBusy = 1 << 14,
+    kRefreshing = 1 << 15,
+    kQueue = 1 << 16,  // queue and mineOnly
+  };
+  Changes changes;
+
+  Published<bool> signedIn;
+  Published<std::optional<BoardState>> board{changes, kBoard};
+  Published<std::map<std::string, FileDetail>> details{changes, kDetails};  // by ticket id
+  Published<std::set<std::string>> selection{changes, kSelection};
+  Published<std::map<std::string, Int>> page{changes, kPage};  // ticket id to 0-based page
+  Published<std::optional<std::string>> focus{changes, kFocus};
+  Published<std::string> against{changes, kCanvas, "submitted"};
+  Published<CompareMode> mode{changes, kCanvas, CompareMode::side};
+  Published<std::optional<std::string>> problem{changes, kProblem};
+  Published<std::optional<Moment>> lastOK{changes, kLastOK};
+  Published<std::optional<Toast>> toast{changes, kToast};
+  Published<bool> pinning{changes, kDraft, false};
+  Published<std::optional<std::pair<double, double>>> draftPin{changes, kDraft};
+  Published<std::optional<std::string>> draftFinding{changes, kDraft};
+  Published<std::optional<DraftNote>> draft{changes, kDraft};
+  Published<double> zoom{changes, kCanvas, 1.0};
+  Published<bool> notesDrawer{changes, kPanels, false};
+  bool notesFloat = false;  // written by the file view's layout
+  Published<std::set<std::string>> shown{changes, kCanvas, {"supplier", "submitted", "third"}};
+  Published<std::optional<std::string>> profile{changes, kPanels};
+  Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};
+  Published<std::string> sideTab{changes, kPanels, "page"};
+  Published<std::optional<Stats>> stats{changes, kStats};
+  Prefs& prefs;
+  Published<std::set<std::string>> busy{changes, kBusy};
+  Published<bool> refreshing{changes, kRefreshing, false};
+  Published<bool> showActivity{changes, kPanels, false};
+  Published<std::string> queue;  // "reprint", "new_title", or none chosen yet
+  Published<bool> mineOnly;
+  bool sample = false;  // staged without a server: all polling is off
+  std::optional<std::string> etag;
+  std::map<std::string, std::string> fileTags;  // "{id}#{version}" to Etag
+  Int seenEvent = 0;
+  const Moment started;
+
+  // The refresh loop and the poll.
+  void startLoop();
+  bool looping() const { return loop_.has_value(); }
+  Task<> refresh(std::stop_token stop = {});
+  Task<> refreshNow();  // the caller has set `refreshing`
+  void requestRefresh();  // sets `refreshing` and starts refreshNow
+  bool anyJobActive() const;
+  std::map<std::string, const Person*> usersByEmail() const;
+
+  // The session.
+  void open(std::string url);  // a URL opened from outside
+  Task<> completeSignIn(std::string url);
+  void signOut(bool expired);
+
+  // What is on show. Pointers belong to the Store and die with its next change.
+  const FileItem* currentFile() const;
+  const FileDetail* currentDetail() const;
+  std::string effectiveQueue() const;
+  std::vector<const FileItem*> filesInQueue(std::string_view queue) const;
+  void setQueue(std::string value);
+  void setMineOnly(bool flag);
+  void reconcileSelection();
+  Task<> loadDetail(FileItem file, bool force, std::stop_token stop = {});
+  void requestDetail(FileItem file);  // starts an unforced loadDetail
+  void stepPage(const FileDetail& detail, Int delta);
+  void goToPage(const std::string& id, Int index);
+  void stepZoom(double factor);
+  void fitZoom();
+  void toggleNotes();
+
+  // Actions on the service.
+  using Work = std::function<Task<API::Result<Done>>()>;
+  void action(std::string key, std::optional<std::string> ok, Work work);
+  void setFindingState(Finding finding, std::string state);
+
+ private:
+  Task<> runLoop(std::stop_token stop);
+  Milliseconds pause() const;
+  void noteProblem(const Failure& failure);
+  Task<> logOut();
+  Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
+  Task<> sendFindingState(Finding finding, std::string state, std::string text);
+  void focusNextOpen(const Finding& decided);
+  void decideLocally(const Finding& finding, const std::string& state);
+  Task<> reloadCurrentDetail();
+  void setBusy(const std::string& key, bool on);
+  void spawn(Task<> task);  // begins in a later turn
+
+  API& api_;
+  SignIn& signIn_;
+  Ports ports_;
+  std::optional<std::stop_source> loop_;
+  std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
+  TaskScope tasks_;
+};
+
+}  // namespace vellix
