@@ -1,0 +1,108 @@
+#include "board/file_list.hpp"
+
+#include <algorithm>
+#include <limits>
+
+namespace vellix {
+namespace {
+
+using Tickets = std::vector<const FileItem*>;
+
+void sortByDue(Tickets& tickets) {
+  const auto keyOf = [](const FileItem* file) {
+    return std::pair{file->due.value_or(std::numeric_limits<double>::infinity()),
+                     -file->received.value_or(0)};
+  };
+  std::ranges::stable_sort(tickets, {}, keyOf);
+}
+
+bool isLate(const FileItem& file, Moment now) {
+  return file.status != "reviewed" && file.due && momentOf(*file.due) < now;
+}
+
+std::ptrdiff_t lateCount(const Tickets& tickets, Moment now) {
+  return std::ranges::count_if(tickets, [&](const FileItem* file) { return isLate(*file, now); });
+}
+
+QueueView queueView(const Store& store, std::string value, std::string label, Moment now) {
+  const Tickets tickets = store.filesInQueue(value);
+  const auto open = std::ranges::count_if(
+      tickets, [](const FileItem* file) { return file->status != "reviewed"; });
+  QueueView view{.value = value, .label = std::move(label)};
+  if (open > 0) view.count = std::to_string(open);
+  view.late = lateCount(tickets, now) > 0;
+  view.selected = store.effectiveQueue() == value;
+  return view;
+}
+
+void nameTheEmptiness(FileListHead& view, const Store& store) {
+  view.empty = true;
+  if (!store.board() || store.board()->files.empty()) {
+    view.emptyFirst = "Nothing to review.";
+    view.emptySecond = "Press Sync to check supplier mail.";
+    return;
+  }
+  view.emptyFirst =
+      store.effectiveQueue() == "reprint" ? "No reprints here." : "No new titles here.";
+  view.emptySecond = store.mineOnly() ? "Turn off Only mine to see everyone's."
+                                      : "Nothing waiting in this queue.";
+}
+
+}  // namespace
+
+FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar) {
+  FileListView view;
+  view.head.queues = {queueView(store, "new_title", "New titles", now),
+                 queueView(store, "reprint", "Reprints", now)};
+  view.head.mineOnly = store.mineOnly();
+  Tickets tickets = store.filesInQueue(store.effectiveQueue());
+  if (const auto late = lateCount(tickets, now); late > 0) {
+    view.head.overdue = std::to_string(late) + " overdue";
+  }
+  if (tickets.empty()) {
+    nameTheEmptiness(view.head, store);
+    return view;
+  }
+  sortByDue(tickets);
+
+  struct Group {
+    const char* title;
+    const char* status;
+  };
+  for (const Group& group : {Group{"To review", "new"}, Group{"In review", "in_review"},
+                             Group{"Reviewed", "reviewed"}}) {
+    Tickets members;
+    std::ranges::copy_if(tickets, std::back_inserter(members),
+                         [&](const FileItem* file) { return file->status == group.status; });
+    if (members.empty()) continue;
+    const bool reviewed = std::string_view{group.status} == "reviewed";
+    if (reviewed) {
+      std::ranges::stable_sort(members, std::greater{},
+                               [](const FileItem* file) { return file->status_at.value_or(0); });
+    }
+    const bool folds = reviewed && store.prefs.foldReviewed();
+    const bool open = !folds || showReviewed;
+    view.rows.push_back({.key = std::string{"group "} + group.status,
+                         .header = true,
+                         .title = group.title,
+                         .folds = folds,
+                         .open = open,
+                         .count = folds ? std::to_string(members.size()) : std::string{}});
+    if (!open) continue;
+    for (const FileItem* file : members) {
+      view.rows.push_back(
+          {.key = "ticket " + file->id,
+           .ticket = fileRow(*file, store.selection().contains(file->id), now, calendar)});
+    }
+  }
+  return view;
+}
+
+void selectTicket(Store& store, const std::string& id, bool command) {
+  auto selection = command ? store.selection() : std::set<std::string>{};
+  if (!selection.insert(id).second) selection.erase(id);
+  store.selection.set(std::move(selection));
+  store.focus.set(std::nullopt);
+}
+
+}  // namespace vellix

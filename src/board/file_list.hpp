@@ -1,0 +1,59 @@
+// The tickets of one queue, sorted, cut into groups, as they are shown.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "board/file_row.hpp"
+#include "store/store.hpp"
+
+namespace vellix {
+
+// A line of the list: the header of a group, or a ticket.
+struct FileListRow {
+  std::string key;  // identity among the lines
+  bool header = false;
+  std::string title;   // of a header
+  bool folds = false;  // the header is a button that folds its group
+  bool open = false;
+  std::string count;  // beside a folding header
+  FileRowView ticket;
+  bool operator==(const FileListRow&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(FileListRow, (), (key, header, title, folds, open, count, ticket))
+
+// One of the two queues, as a button.
+struct QueueView {
+  std::string value;
+  std::string label;
+  std::string count;  // empty when nothing is open
+  bool late = false;
+  bool selected = false;
+  bool operator==(const QueueView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(QueueView, (), (value, label, count, late, selected))
+
+// What stands over the list, and in its place when it is empty.
+struct FileListHead {
+  std::vector<QueueView> queues;
+  bool mineOnly = false;
+  std::string overdue;  // empty when none is
+  bool empty = false;
+  std::string emptyFirst;
+  std::string emptySecond;
+  bool operator==(const FileListHead&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(FileListHead, (),
+                      (queues, mineOnly, overdue, empty, emptyFirst, emptySecond))
+
+struct FileListView {
+  FileListHead head;
+  std::vector<FileListRow> rows;
+};
+
+FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar);
+
+// A click on a row: with Command it joins or leaves the selection, without it stands alone.
+void selectTicket(Store& store, const std::string& id, bool command);
+
+}  // namespace vellix

@@ -1,0 +1,63 @@
+#include "board/file_row.hpp"
+
+#include <algorithm>
+
+namespace vellix {
+namespace {
+
+std::string sublineOf(const FileItem& file) {
+  std::string line;
+  const auto add = [&](const std::string& part) {
+    if (part.empty()) return;
+    if (!line.empty()) line += " · ";
+    line += part;
+  };
+  add(file.po.value_or(""));
+  add(file.supplier.value_or(""));
+  if (file.page_count) add(std::to_string(*file.page_count) + " p");
+  return line;
+}
+
+}  // namespace
+
+FileCountView fileCount(const FileItem& file) {
+  const Tally tally = file.tally.value_or(Tally{});
+  const Int issues = tally.issues.value_or(0);
+  const Int open = tally.open.value_or(0);
+  if (file.status == "reviewed") return {.icon = "checkmark.circle.fill", .tone = "green"};
+  if (issues >= 1) {
+    const std::string text = std::to_string(issues);
+    return {.text = text, .tone = "red", .help = text + " real issue" + (issues == 1 ? "" : "s")};
+  }
+  if (open >= 1) {
+    const std::string text = std::to_string(open);
+    return {.text = text, .tone = "accent", .help = text + " to look at"};
+  }
+  const auto refs = file.refs.value_or(std::vector<Ref>{});
+  const bool compared =
+      std::ranges::any_of(refs, [](const Ref& ref) { return ref.matched.value_or(0) > 0; });
+  // A count below zero is no count: like none, it falls to the last two.
+  if (open == 0 && compared) return {.icon = "equal.circle", .tone = "muted", .help = "No differences"};
+  return {.icon = "questionmark.circle",
+          .tone = "muted",
+          .help = "Nothing of ours was found to compare it with"};
+}
+
+FileRowView fileRow(const FileItem& file, bool selected, Moment now, const Calendar& calendar) {
+  FileRowView row{
+      .id = file.id,
+      .heading = file.heading(),
+      .subline = sublineOf(file),
+      .thumb = file.thumb.value_or(""),
+      .due = dueChip(file, now, calendar),
+      .count = fileCount(file),
+      .selected = selected,
+  };
+  row.spoken = row.heading;
+  for (const auto& part : {row.subline, row.due ? row.due->text : std::string{}, row.count.help}) {
+    if (!part.empty()) row.spoken += ", " + part;
+  }
+  return row;
+}
+
+}  // namespace vellix

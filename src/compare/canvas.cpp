@@ -1,0 +1,119 @@
+#include "compare/canvas.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace vellix {
+namespace {
+
+const RefPage* refPage(const Page& page, const std::string& role) {
+  if (!page.refs) return nullptr;
+  const auto found = page.refs->find(role);
+  return found == page.refs->end() ? nullptr : &found->second;
+}
+
+double aspectOf(const RefPage* ref, const Page& page) {
+  const bool sized = ref && ref->px && ref->px->size() == 2 && (*ref->px)[1] > 0;
+  return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
+}
+
+PaneInfo rolePane(const std::string& role, const Page& page, Int version) {
+  const RefPage* ref = refPage(page, role);
+  const std::string name =
+      role == "previous" ? "v" + std::to_string(version - 1) : roleLabel(role);
+  return {
+      .key = role,
+      .role = role,
+      .img = ref ? ref->img : std::nullopt,
+      .aspect = aspectOf(ref, page),
+      .label = name + " · p" + (ref && ref->label ? *ref->label : page.name()),
+      .tone = role == "submitted" ? "blue" : "orange",
+  };
+}
+
+}  // namespace
+
+Int versionOf(const FileDetail& detail) {
+  return detail.version.value_or(detail.file.version.value_or(1));
+}
+
+Int pageIndex(const Store& store, const FileItem& file) {
+  const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
+  const auto entry = store.page().find(file.id);
+  return std::min(entry == store.page().end() ? 0 : entry->second, std::max<Int>(count - 1, 0));
+}
+
+const Page* pageAt(const FileItem& file, Int index) {
+  if (!file.pages || index < 0 || index >= static_cast<Int>(file.pages->size())) return nullptr;
+  return &(*file.pages)[static_cast<std::size_t>(index)];
+}
+
+std::string roleLabel(const std::string& role) {
+  if (role == "submitted") return "What we sent";
+  if (role == "previous") return "Last version";
+  if (role == "fbc") return "FBC";
+  return "Last print";
+}
+
+std::string thirdRole(const Page& page, const FileItem& file, Int version) {
+  if (version >= 2) return "previous";
+  const std::string preferred = file.track == "reprint" ? "latest" : "fbc";
+  if (refPage(page, preferred) || file.ref(preferred)) return preferred;
+  for (const char* other : {"fbc", "latest"}) {
+    if (refPage(page, other)) return other;
+  }
+  return preferred;
+}
+
+std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int version,
+                              const std::set<std::string>& shown) {
+  std::vector<PaneInfo> panes;
+  if (shown.contains("supplier")) {
+    const std::string name = version >= 2 ? "v" + std::to_string(version)
+                                          : file.supplier.value_or("Supplier") + " file";
+    panes.push_back({.key = "supplier",
+                     .img = page.img,
+                     .aspect = page.aspect(),
+                     .label = name + " · p" + page.name(),
+                     .tone = "purple"});
+  }
+  if (version < 2 && shown.contains("submitted")) {
+    panes.push_back(rolePane("submitted", page, version));
+  }
+  if (shown.contains("third")) {
+    panes.push_back(rolePane(thirdRole(page, file, version), page, version));
+  }
+  return panes;
+}
+
+bool standsAlone(const Finding& finding) {
+  static constexpr std::array<std::string_view, 5> kinds{"hidden", "barcode", "spots", "pass",
+                                                         "missing_page"};
+  return std::ranges::find(kinds, finding.kind) != kinds.end();
+}
+
+Extent paneRoom(Extent stage, std::size_t panes) {
+  const auto count = static_cast<double>(std::max<std::size_t>(panes, 1));
+  return {(stage.width - 36 - (count - 1) * 16) / count, stage.height - 28 - 22};
+}
+
+Extent fittedImage(Extent room, double aspect, double zoom) {
+  const double shape = std::isnan(aspect) ? 0.2 : std::max(aspect, 0.2);
+  Extent fitted{room.width, room.width / shape};
+  if (room.height < fitted.height) fitted = {room.height * shape, room.height};
+  return {zoom * std::max(fitted.width, 1.0), zoom * std::max(fitted.height, 1.0)};
+}
+
+void togglePane(Store& store, const std::string& key) {
+  auto shown = store.shown();
+  if (!shown.contains(key)) {
+    shown.insert(key);
+  } else if (shown.size() > 1) {
+    shown.erase(key);
+  }
+  store.shown.set(std::move(shown));
+  store.focus.set(std::nullopt);
+}
+
+}  // namespace vellix

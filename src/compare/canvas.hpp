@@ -1,0 +1,47 @@
+// What the compare canvas shows of a page: which panes, in which size, with which words.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "records/records.hpp"
+#include "store/store.hpp"
+
+namespace vellix {
+
+// One candidate pane. No role marks the supplier's.
+struct PaneInfo {
+  std::string key;
+  std::optional<std::string> role;
+  std::optional<std::string> img;  // blob key; none when there is nothing to show
+  double aspect = 0;               // width over height
+  std::string label;
+  std::string tone;
+  bool operator==(const PaneInfo&) const = default;
+};
+
+Int versionOf(const FileDetail& detail);
+// The page of this ticket that is on show, held to the pages there are.
+Int pageIndex(const Store& store, const FileItem& file);
+const Page* pageAt(const FileItem& file, Int index);  // owned by the ticket; null when none
+std::string roleLabel(const std::string& role);
+std::string thirdRole(const Page& page, const FileItem& file, Int version);
+std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int version,
+                              const std::set<std::string>& shown);
+// A check of its own kind, with no reference to compare with: it stays whatever is hidden.
+bool standsAlone(const Finding& finding);
+
+// Sizes in logical pixels.
+struct Extent {
+  double width = 0;
+  double height = 0;
+  bool operator==(const Extent&) const = default;
+};
+Extent paneRoom(Extent stage, std::size_t panes);
+Extent fittedImage(Extent room, double aspect, double zoom);
+
+// Shows a hidden pane, hides a shown one; the last one stays.
+void togglePane(Store& store, const std::string& key);
+
+}  // namespace vellix

@@ -1,0 +1,183 @@
+#include "inspector/findings_panel.hpp"
+
+#include <algorithm>
+#include <map>
+
+#include "compare/canvas.hpp"
+#include "records/friendly_time.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr std::size_t kMostOtherPages = 12;
+
+bool isReal(const Finding& finding) {
+  return finding.kind != "expected" && finding.kind != "pass";
+}
+
+int rankOf(const Finding& finding) {
+  const int state = finding.state == "issue" ? 1 : finding.state == "fine" ? 2 : 0;
+  const int severity = finding.severity == "high" ? 0 : finding.severity == "low" ? 2 : 1;
+  return 10 * state + severity;
+}
+
+bool contains(const std::vector<std::string>& roles, const std::string& role) {
+  return std::ranges::find(roles, role) != roles.end();
+}
+
+bool counts(const Finding& finding, const std::vector<std::string>& roles) {
+  return contains(roles, finding.against) || standsAlone(finding);
+}
+
+std::string decidedLine(const Store& store, const Finding& finding, Moment now,
+                        const Calendar& calendar) {
+  if (finding.state == "open" || !finding.state_by) return {};
+  const auto people = store.usersByEmail();
+  const auto person = people.find(*finding.state_by);
+  std::string line = finding.state == "issue" ? "Real issue" : "Fine";
+  line += " · " + (person == people.end() ? *finding.state_by : person->second->name);
+  if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
+  return line;
+}
+
+FindingCardView cardOf(const Store& store, const Finding& finding, Moment now,
+                       const Calendar& calendar) {
+  return {
+      .id = finding.id,
+      .caption = cardCaption(finding),
+      .title = finding.title,
+      .detail = finding.detail.value_or(""),
+      .state = finding.state,
+      .issue = finding.state == "issue",
+      .fine = finding.state == "fine",
+      .busy = store.busy().contains(finding.id),
+      .selectable = finding.box.has_value(),
+      .selected = store.focus() == finding.id,
+      .folds = store.prefs.foldDecided() && finding.state != "open",
+      .decided = decidedLine(store, finding, now, calendar),
+  };
+}
+
+std::string calmReason(const std::vector<std::string>& roles) {
+  if (roles.empty()) return "No file of ours was found to compare with this page.";
+  std::string labels;
+  for (const auto& role : roles) {
+    std::string label = role == "fbc" ? "the FBC" : roleLabel(role);
+    if (role != "fbc") label.front() = static_cast<char>(label.front() + ('a' - 'A'));
+    labels += (labels.empty() ? "" : " and ") + label;
+  }
+  return "The words, breaks, fonts and art match " + labels + ".";
+}
+
+std::vector<OtherPageView> otherPages(const FileDetail& detail, Int open,
+                                      const std::vector<std::string>& roles) {
+  std::map<Int, Int> counted;
+  for (const auto& finding : detail.findings) {
+    const bool waits = finding.page != open && finding.state == "open" &&
+                       finding.severity != "low" && isReal(finding) && counts(finding, roles);
+    if (waits) ++counted[finding.page];
+  }
+  std::vector<OtherPageView> others;
+  for (const auto& [index, count] : counted) {
+    if (others.size() == kMostOtherPages) break;
+    const Page* page = pageAt(detail.file, index);
+    others.push_back({.page = index,
+                      .name = "Page " + (page ? page->name() : std::to_string(index + 1)),
+                      .count = std::to_string(count) + " to look at"});
+  }
+  return others;
+}
+
+const Finding* findingOf(const Store& store, const std::string& id) {
+  const FileDetail* detail = store.currentDetail();
+  if (!detail) return nullptr;
+  const auto found = std::ranges::find(detail->findings, id, &Finding::id);
+  return found == detail->findings.end() ? nullptr : &*found;
+}
+
+// Pressing the state that holds is the way back to open.
+void toggleState(Store& store, const std::string& id, const std::string& state) {
+  if (const Finding* finding = findingOf(store, id)) {
+    store.setFindingState(*finding, finding->state == state ? "open" : state);
+  }
+}
+
+}  // namespace
+
+std::string kindLabel(const std::string& kind) {
+  static const std::map<std::string, std::string> labels{
+      {"words", "Words"},       {"expected", "Our edit"},    {"breaks", "Line breaks"},
+      {"hidden", "Under the art"}, {"fonts", "Fonts"},       {"size", "Size"},
+      {"picture", "Art"},       {"barcode", "Barcode"},      {"spots", "Spot colors"},
+      {"pass", "Passed"},       {"missing_page", "Pages"},   {"extra_page", "Pages"},
+  };
+  const auto found = labels.find(kind);
+  return found == labels.end() ? "Other" : found->second;
+}
+
+std::string cardCaption(const Finding& finding) {
+  std::string against = roleLabel(finding.against);
+  if (against.starts_with("What")) against.front() = 'w';
+  if (against.starts_with("Last")) against.front() = 'l';
+  return kindLabel(finding.kind) + " · vs " + against;
+}
+
+std::vector<std::string> comparedRoles(const Store& store, const FileDetail& detail,
+                                       const Page* page) {
+  std::vector<std::string> roles;
+  const bool third = store.shown().contains("third");
+  if (versionOf(detail) >= 2) {
+    if (third) roles = {"previous"};
+  } else {
+    if (store.shown().contains("submitted")) roles.push_back("submitted");
+    const bool reprint = detail.file.track == "reprint";
+    if (third) {
+      roles.push_back(reprint ? "latest" : "fbc");
+      roles.push_back(reprint ? "fbc" : "latest");
+    }
+  }
+  std::erase_if(roles, [&](const std::string& role) {
+    return !page || !page->refs || !page->refs->contains(role);
+  });
+  return roles;
+}
+
+FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Moment now,
+                                const Calendar& calendar) {
+  const Int index = pageIndex(store, detail.file);
+  const Page* page = pageAt(detail.file, index);
+  const auto roles = comparedRoles(store, detail, page);
+  std::vector<const Finding*> real;
+  for (const auto& finding : detail.findings) {
+    if (finding.page == index && isReal(finding) && counts(finding, roles)) {
+      real.push_back(&finding);
+    }
+  }
+  std::ranges::stable_sort(real, {}, [](const Finding* finding) { return rankOf(*finding); });
+
+  FindingsPanelView view{.head = {.file = detail.file.id}};
+  view.head.title = "Page " + (page ? page->name() : std::to_string(index + 1));
+  view.head.found = real.empty() ? "Matches" : std::to_string(real.size()) + " found";
+  if (page && page->ocr.value_or(false)) {
+    view.head.notice =
+        "This page has no live text, so its words were read from the picture. Check them by eye.";
+  }
+  if (real.empty()) {
+    view.head.calm = "Nothing different here.";
+    view.head.calmReason = calmReason(roles);
+  }
+  for (const Finding* finding : real) view.cards.push_back(cardOf(store, *finding, now, calendar));
+  view.others = otherPages(detail, index, roles);
+  return view;
+}
+
+void pressRealIssue(Store& store, const std::string& id) { toggleState(store, id, "issue"); }
+void pressFine(Store& store, const std::string& id) { toggleState(store, id, "fine"); }
+
+void pressCard(Store& store, const std::string& id) {
+  const Finding* finding = findingOf(store, id);
+  if (!finding || !finding->box) return;
+  store.focus.set(store.focus() == id ? std::nullopt : std::optional{id});
+}
+
+}  // namespace vellix

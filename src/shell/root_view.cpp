@@ -1,0 +1,37 @@
+#include "shell/root_view.hpp"
+
+namespace vellix {
+
+RootViewValue rootView(const Store& store) {
+  RootViewValue view{.signedIn = store.signedIn()};
+  view.offline = store.problem() && store.board();
+  view.problem = store.problem().value_or("");
+  if (store.selection().size() >= 2) {
+    view.content = "multi";
+    view.headline = std::to_string(store.selection().size()) + " files";
+    for (const auto& file : store.board() ? store.board()->files : std::vector<FileItem>{}) {
+      if (!store.selection().contains(file.id)) continue;
+      view.line += (view.line.empty() ? "" : " · ") + file.heading();
+    }
+  } else if (store.currentFile()) {
+    view.content = "file";
+  } else if (store.board()) {
+    view.content = "empty";
+    const bool any = !store.board()->files.empty();
+    view.headline = any ? "Pick a file." : "Nothing to review yet.";
+    view.line =
+        any ? "Pick one on the left to compare it with our files."
+            : "Press Sync. Claude on the Mac mini checks supplier mail for new proofs.";
+  } else {
+    view.content = "loading";
+    view.line = "Loading the board…";
+  }
+  return view;
+}
+
+double sidebarWidth(double windowWidth) {
+  if (windowWidth < 980) return 236;
+  return windowWidth < 1280 ? 260 : 284;
+}
+
+}  // namespace vellix

@@ -1,0 +1,26 @@
+// What fills the window.
+#pragma once
+
+#include <string>
+
+#include "store/store.hpp"
+
+namespace vellix {
+
+struct RootViewValue {
+  bool signedIn = false;
+  std::string content;  // "multi", "file", "empty" or "loading"
+  std::string headline;
+  std::string line;
+  bool offline = false;  // the banner stands
+  std::string problem;
+  bool operator==(const RootViewValue&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(RootViewValue, (), (signedIn, content, headline, line, offline, problem))
+
+RootViewValue rootView(const Store& store);
+
+// Logical pixels, by the width of the window.
+double sidebarWidth(double windowWidth);
+
+}  // namespace vellix
