@@ -20,6 +20,7 @@ function(vellix_folder)
       URI Vellix.${initial}${rest}
       VERSION 1.0
       RESOURCE_PREFIX /qt/qml
+      DEPENDENCIES QtQuick
       OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/Vellix/${initial}${rest}
       SOURCES ${arg_MODELS}
       QML_FILES ${arg_VIEWS})

@@ -1,0 +1,60 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Pieces
+
+// A capsule with a number or a few words: tinted with its colour, or filled with white digits.
+Rectangle {
+    id: badge
+
+    required property string text
+    property color colour: Theme.accent
+    property string icon: ""
+    property bool filled: false
+    property bool small: false
+    property string help: ""
+
+    readonly property color ink: filled ? Theme.onAccent : colour
+    readonly property real side: small ? 14 : 18
+
+    implicitWidth: Math.max(side, Math.ceil(row.implicitWidth) + (small ? 8 : 11))
+    implicitHeight: side
+    radius: height / 2
+    color: filled ? colour : Qt.alpha(colour, colour.a * 0.14)
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.description: help
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 2
+
+        Symbol {
+            visible: badge.icon !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            size: badge.small ? 8.5 : 10
+            name: badge.icon
+            color: badge.ink
+        }
+
+        Digits {
+            anchors.verticalCenter: parent.verticalCenter
+            size: badge.small ? 9.5 : Theme.tiny
+            weight: badge.filled ? Font.Bold : Font.DemiBold
+            color: badge.ink
+            text: badge.text
+            Accessible.ignored: true
+        }
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: badge.help !== ""
+        sourceComponent: ToolTipArea {
+            text: badge.help
+        }
+    }
+}

@@ -1,0 +1,54 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Pieces
+
+// One line of text whose digits are all equally wide, for numbers that change in place.
+Item {
+    id: digits
+
+    required property string text
+    property real size: Theme.row
+    property int weight: Font.Normal
+    property color color: Theme.text
+
+    implicitWidth: cells.implicitWidth
+    implicitHeight: zero.implicitHeight
+    baselineOffset: zero.baselineOffset
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+
+    // The widest digit of the face sets the width of all.
+    Label {
+        id: zero
+
+        visible: false
+        size: digits.size
+        weight: digits.weight
+        text: "0"
+    }
+
+    Row {
+        id: cells
+
+        Repeater {
+            // Runs between digits stay whole, so that words keep their kerning.
+            model: digits.text.match(/\d|\D+/g) || []
+
+            Label {
+                required property string modelData
+                readonly property bool digit: modelData >= "0" && modelData <= "9"
+
+                width: digit ? zero.implicitWidth : implicitWidth
+                horizontalAlignment: Text.AlignHCenter
+                elide: Text.ElideNone
+                size: digits.size
+                weight: digits.weight
+                color: digits.color
+                text: modelData
+                Accessible.ignored: true
+            }
+        }
+    }
+}

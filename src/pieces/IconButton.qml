@@ -1,0 +1,35 @@
+import QtQuick
+import Vellix.Pieces
+
+// A bare symbol that is pressed; its help is its name. `checked` lights it.
+Pressable {
+    id: button
+
+    required property string symbol
+    property real size: 15
+    property bool checked: false
+    property color color: checked ? Theme.accent : Theme.muted
+
+    label: help
+    implicitWidth: Math.round(size) + 11
+    implicitHeight: implicitWidth
+    pressedScale: 0.94
+
+    Rectangle {
+        anchors.fill: parent
+        radius: button.radius
+        color: button.checked ? Theme.selectedFill : Theme.quietFill
+        opacity: button.checked || button.hovered ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation { duration: Theme.hover }
+        }
+    }
+
+    Symbol {
+        anchors.centerIn: parent
+        size: button.size
+        name: button.symbol
+        color: button.color
+    }
+}

@@ -1,0 +1,61 @@
+import QtQuick
+import Vellix.Pieces
+
+// A small capsule that opens a web or mail address through the platform; anything else it leaves.
+Pressable {
+    id: pill
+
+    required property string title
+    required property string icon
+    property url url
+
+    label: title
+    radius: height / 2
+    implicitWidth: Math.ceil(row.implicitWidth) + 20
+    implicitHeight: 24
+    Accessible.role: Accessible.Link
+
+    onClicked: {
+        if (/^(https?|mailto):/i.test(pill.url.toString()))
+            Qt.openUrlExternally(pill.url);
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: height / 2
+        color: Theme.hoverFill
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: height / 2
+        color: Theme.hoverFill
+        opacity: pill.hovered ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation { duration: Theme.hover }
+        }
+    }
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 6
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            size: 11.5
+            name: pill.icon
+            color: Theme.muted
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.note
+            color: Theme.muted
+            text: pill.title
+            Accessible.ignored: true
+        }
+    }
+}

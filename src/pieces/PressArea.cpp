@@ -1,0 +1,126 @@
+#include "PressArea.hpp"
+
+#include "HelpTip.hpp"
+
+namespace vellix {
+
+PressArea::PressArea(QQuickItem* parent) : QQuickItem(parent) {
+  setAcceptedMouseButtons(Qt::LeftButton);
+  setAcceptHoverEvents(true);
+  setActiveFocusOnTab(true);
+}
+
+void PressArea::setHelp(const QString& help) {
+  if (help == help_) return;
+  help_ = help;
+  HelpTip::reword(this, help_);
+  emit helpChanged();
+}
+
+void PressArea::click() {
+  if (isEnabled() && isVisible()) emit clicked(Qt::NoModifier);
+}
+
+void PressArea::mousePressEvent(QMouseEvent* event) {
+  HelpTip::hide(this);
+  setKeepMouseGrab(holdsPointer_);
+  setPressed(true);
+  emit held(event->position());
+}
+
+void PressArea::mouseMoveEvent(QMouseEvent* event) {
+  setPressed(holdsPointer_ || contains(event->position()));
+  emit held(event->position());
+}
+
+void PressArea::mouseReleaseEvent(QMouseEvent* event) {
+  setKeepMouseGrab(false);
+  const bool was = pressed_;
+  setPressed(false);
+  if (was && contains(event->position())) emit clicked(static_cast<int>(event->modifiers()));
+}
+
+void PressArea::mouseUngrabEvent() {
+  setKeepMouseGrab(false);
+  setPressed(false);
+}
+
+// Hovering is left unaccepted, so that a row stays hovered under its own buttons.
+void PressArea::hoverEnterEvent(QHoverEvent* event) {
+  setHovered(true);
+  event->ignore();
+}
+
+void PressArea::hoverMoveEvent(QHoverEvent* event) { event->ignore(); }
+
+void PressArea::hoverLeaveEvent(QHoverEvent* event) {
+  setHovered(false);
+  event->ignore();
+}
+
+void PressArea::keyPressEvent(QKeyEvent* event) {
+  const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+  if (plain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select)) {
+    if (!event->isAutoRepeat()) setPressed(true);
+  } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    if (!event->isAutoRepeat()) click();
+  } else {
+    event->ignore();
+  }
+}
+
+void PressArea::keyReleaseEvent(QKeyEvent* event) {
+  const bool ours = event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
+  if (!ours || event->isAutoRepeat() || !pressed_) {
+    event->ignore();
+    return;
+  }
+  setPressed(false);
+  click();
+}
+
+void PressArea::focusInEvent(QFocusEvent* event) {
+  QQuickItem::focusInEvent(event);
+  setVisualFocus(event->reason() == Qt::TabFocusReason ||
+                 event->reason() == Qt::BacktabFocusReason ||
+                 event->reason() == Qt::ShortcutFocusReason);
+}
+
+void PressArea::focusOutEvent(QFocusEvent* event) {
+  QQuickItem::focusOutEvent(event);
+  setVisualFocus(false);
+  setPressed(false);
+}
+
+void PressArea::itemChange(ItemChange change, const ItemChangeData& data) {
+  QQuickItem::itemChange(change, data);
+  if ((change == ItemEnabledHasChanged || change == ItemVisibleHasChanged) && !data.boolValue) {
+    setPressed(false);
+    setHovered(false);
+  }
+}
+
+void PressArea::setPressed(bool pressed) {
+  if (pressed == pressed_) return;
+  pressed_ = pressed;
+  emit pressedChanged();
+}
+
+void PressArea::setHovered(bool hovered) {
+  if (hovered == hovered_) return;
+  hovered_ = hovered;
+  if (hovered) {
+    HelpTip::show(this, help_);
+  } else {
+    HelpTip::hide(this);
+  }
+  emit hoveredChanged();
+}
+
+void PressArea::setVisualFocus(bool visual) {
+  if (visual == visualFocus_) return;
+  visualFocus_ = visual;
+  emit visualFocusChanged();
+}
+
+}  // namespace vellix

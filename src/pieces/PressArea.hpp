@@ -1,0 +1,70 @@
+// What every control is made on: an area pressed by the pointer, by Space or Return, or by click()
+// for a screen reader. It never changes a value itself; it tells. Disabled, it does nothing.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QPointF>
+#include <QQuickItem>
+
+namespace vellix {
+
+class PressArea : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(bool pressed READ pressed NOTIFY pressedChanged)
+  Q_PROPERTY(bool hovered READ hovered NOTIFY hoveredChanged)
+  // True while the area has the focus and got it by key: only then a ring is due.
+  Q_PROPERTY(bool visualFocus READ visualFocus NOTIFY visualFocusChanged)
+  Q_PROPERTY(QString help READ help WRITE setHelp NOTIFY helpChanged)
+  // Keeps the pointer from being taken by what scrolls around it, for sliders.
+  Q_PROPERTY(bool holdsPointer MEMBER holdsPointer_ NOTIFY holdsPointerChanged)
+
+ public:
+  explicit PressArea(QQuickItem* parent = nullptr);
+
+  bool pressed() const { return pressed_; }
+  bool hovered() const { return hovered_; }
+  bool visualFocus() const { return visualFocus_; }
+  QString help() const { return help_; }
+  void setHelp(const QString& help);
+
+  Q_INVOKABLE void click();
+
+ signals:
+  // `modifiers` are Qt.KeyboardModifiers, none for a screen reader.
+  void clicked(int modifiers);
+  // The pointer is held down and has come to `position`.
+  void held(const QPointF& position);
+  void pressedChanged();
+  void hoveredChanged();
+  void visualFocusChanged();
+  void helpChanged();
+  void holdsPointerChanged();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseUngrabEvent() override;
+  void hoverEnterEvent(QHoverEvent* event) override;
+  void hoverMoveEvent(QHoverEvent* event) override;
+  void hoverLeaveEvent(QHoverEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+ private:
+  void setPressed(bool pressed);
+  void setHovered(bool hovered);
+  void setVisualFocus(bool visual);
+
+  bool pressed_ = false;
+  bool hovered_ = false;
+  bool visualFocus_ = false;
+  bool holdsPointer_ = false;
+  QString help_;
+};
+
+}  // namespace vellix

@@ -1,0 +1,44 @@
+import QtQuick
+import Vellix.Pieces
+
+// A button that looks like a link.
+Pressable {
+    id: button
+
+    required property string text
+    property string icon: ""
+    property real size: Theme.body
+    property int weight: Font.Medium
+    property color color: Theme.accent
+
+    label: text
+    implicitWidth: row.implicitWidth
+    implicitHeight: words.implicitHeight + 4
+
+    Row {
+        id: row
+
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 5
+
+        Symbol {
+            visible: button.icon !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            size: button.size - 0.5
+            name: button.icon
+            color: button.color
+        }
+
+        Label {
+            id: words
+
+            anchors.verticalCenter: parent.verticalCenter
+            size: button.size
+            weight: button.weight
+            color: button.color
+            font.underline: button.hovered && button.enabled
+            text: button.text
+            Accessible.ignored: true
+        }
+    }
+}
