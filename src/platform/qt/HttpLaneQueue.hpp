@@ -1,0 +1,47 @@
+// The requests of one lane, on the network thread.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "platform/qt/HttpExchange.hpp"
+
+namespace vellix {
+
+// At most six run at once. The rest wait here and not inside the manager, so that their time-outs
+// count from when they are really on their way.
+class HttpLaneQueue {
+ public:
+  using Answer = std::function<void(std::uint64_t id, HttpResult)>;
+
+  HttpLaneQueue(std::int64_t mostBytes, Answer answer);
+  ~HttpLaneQueue();
+  HttpLaneQueue(const HttpLaneQueue&) = delete;
+  HttpLaneQueue& operator=(const HttpLaneQueue&) = delete;
+
+  void add(std::uint64_t id, HttpRequest request);
+  // Ends it without an answer.
+  void drop(std::uint64_t id);
+
+ private:
+  struct Waiting {
+    std::uint64_t id;
+    HttpRequest request;
+  };
+  class Manager;
+
+  void startNext();
+  void ended(std::uint64_t id, HttpResult result);
+  void retireManager();
+
+  const std::int64_t mostBytes_;
+  const Answer answer_;
+  std::shared_ptr<Manager> manager_;
+  std::deque<Waiting> waiting_;
+  std::map<std::uint64_t, HttpExchange*> running_;
+};
+
+}  // namespace vellix

@@ -1,0 +1,32 @@
+// Days and their words, by the user's locale and time zone.
+#pragma once
+
+#include <QDateTime>
+#include <QLocale>
+#include <QTimeZone>
+#include <optional>
+
+#include "platform/ports/calendar.hpp"
+
+namespace vellix {
+
+class QtCalendar : public Calendar {
+ public:
+  // Without a zone it follows the system's, also when that changes.
+  explicit QtCalendar(QLocale locale = QLocale::system(),
+                      std::optional<QTimeZone> zone = std::nullopt);
+
+  int dayOf(Moment moment) const override;
+  std::string shortTime(Moment moment) const override;
+  std::string weekday(Moment moment) const override;
+  std::string shortWeekday(Moment moment) const override;
+  std::string monthAndDay(Moment moment) const override;
+
+ private:
+  QDateTime local(Moment moment) const;
+
+  QLocale locale_;
+  std::optional<QTimeZone> zone_;
+};
+
+}  // namespace vellix

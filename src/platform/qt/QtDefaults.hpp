@@ -1,0 +1,28 @@
+// The user defaults in an INI file.
+#pragma once
+
+#include <QSettings>
+
+#include "platform/ports/defaults.hpp"
+
+namespace vellix {
+
+// Where the file lies for this user; its folder holds the program's other configuration.
+std::string defaultsPath();
+
+// Main thread. A damaged file gives what is readable of it; one that cannot be written leaves the
+// values in memory.
+class QtDefaults : public Defaults {
+ public:
+  explicit QtDefaults(const std::string& path = defaultsPath());
+
+  std::optional<std::string> text(const std::string& key) const override;
+  std::optional<bool> flag(const std::string& key) const override;
+  void setText(const std::string& key, const std::string& value) override;
+  void setFlag(const std::string& key, bool value) override;
+
+ private:
+  QSettings settings_;
+};
+
+}  // namespace vellix
