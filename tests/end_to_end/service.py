@@ -1,0 +1,52 @@
+"""The demo service and its controls, for a test."""
+
+import json
+import subprocess
+import urllib.request
+
+from private_session import LIMIT, Trouble, wait_until
+
+
+class Service:
+    def __init__(self, session, binary, arguments=("--no-colleague",)):
+        # It ends when its stdin closes, so it cannot outlive the test however the test ends.
+        self.child = session.start("service",
+                                   [str(binary), "--port", "0", "--until-stdin-closes", *arguments],
+                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        line = session.read_line(self.child, "the service's address")
+        start = "listening on http://127.0.0.1:"
+        if not line.startswith(start):
+            raise Trouble(f"the service said {line!r}")
+        self.base = line.removeprefix("listening on ")
+
+    def _ask(self, method, path, body=None):
+        request = urllib.request.Request(
+            f"{self.base}/{path}", method=method,
+            data=None if body is None else json.dumps(body).encode(),
+            headers={"Content-Type": "application/json"})
+        # Not through a proxy that the machine may name.
+        opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
+        with opener.open(request, timeout=LIMIT) as answer:
+            text = answer.read()
+        return json.loads(text) if text.strip() else None
+
+    def log(self):
+        return self._ask("GET", "demo/log")
+
+    def clear_log(self):
+        self._ask("DELETE", "demo/log")
+
+    def state(self):
+        return self._ask("GET", "demo/state")
+
+    def add_fault(self, **fault):
+        self._ask("POST", "demo/faults", fault)
+
+    def requests(self, method, start):
+        """The log's entries of one method whose path starts so, oldest first."""
+        return [entry for entry in self.log()
+                if entry["method"] == method and entry["path"].lstrip("/").startswith(start)]
+
+    def wait_for_request(self, method, start, count=1):
+        return wait_until(f"{count} × {method} {start}",
+                          lambda: (found := self.requests(method, start))[count - 1:] and found)
