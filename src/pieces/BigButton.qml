@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Pieces
 
@@ -68,11 +66,9 @@ Pressable {
                 color: button.ink
             }
 
-            Loader {
-                active: button.busy
-                sourceComponent: Spinner {
-                    color: button.ink
-                }
+            Spinner {
+                visible: button.busy
+                color: button.ink
             }
         }
 

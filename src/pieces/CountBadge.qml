@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Pieces
 
@@ -50,11 +48,8 @@ Rectangle {
         }
     }
 
-    Loader {
+    ToolTipArea {
         anchors.fill: parent
-        active: badge.help !== ""
-        sourceComponent: ToolTipArea {
-            text: badge.help
-        }
+        text: badge.help
     }
 }

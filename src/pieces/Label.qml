@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Pieces
 
@@ -26,11 +24,8 @@ Text {
     Accessible.name: text
     Accessible.ignored: text === ""
 
-    Loader {
+    ToolTipArea {
         anchors.fill: parent
-        active: label.help !== "" || (label.tellsWhole && label.truncated)
-        sourceComponent: ToolTipArea {
-            text: label.help || label.text
-        }
+        text: label.help || (label.tellsWhole && label.truncated ? label.text : "")
     }
 }

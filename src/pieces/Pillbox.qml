@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Pieces
 
@@ -68,11 +66,8 @@ Rectangle {
         Accessible.ignored: true
     }
 
-    Loader {
+    ToolTipArea {
         anchors.fill: parent
-        active: pill.help !== ""
-        sourceComponent: ToolTipArea {
-            text: pill.help
-        }
+        text: pill.help
     }
 }

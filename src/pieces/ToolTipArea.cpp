@@ -4,11 +4,12 @@
 
 namespace vellix {
 
-ToolTipArea::ToolTipArea(QQuickItem* parent) : QQuickItem(parent) { setAcceptHoverEvents(true); }
+ToolTipArea::ToolTipArea(QQuickItem* parent) : QQuickItem(parent) {}
 
 void ToolTipArea::setText(const QString& text) {
   if (text == text_) return;
   text_ = text;
+  setAcceptHoverEvents(!text_.isEmpty());
   HelpTip::reword(this, text_);
   emit textChanged();
 }
