@@ -71,6 +71,7 @@ CanvasView canvasView(const Store& store, const FileDetail& detail) {
   view.bar.canZoomIn = store.zoom() < 4;
   view.bar.scrolls = store.zoom() > 1.01;
   view.bar.notesOpen = store.notesFloat ? store.notesDrawer() : store.prefs.showNotes();
+  view.bar.notesFloat = store.notesFloat;
   view.bar.notesHelp = view.bar.notesOpen ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
   return view;
 }

@@ -43,12 +43,13 @@ struct CanvasBarView {
   bool canZoomOut = false;
   bool scrolls = false;
   bool notesOpen = true;
+  bool notesFloat = false;
   std::string notesHelp;
   bool operator==(const CanvasBarView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
                       (empty, place, first, last, toggles, zoom, percent, canZoomIn,
-                       canZoomOut, scrolls, notesOpen, notesHelp))
+                       canZoomOut, scrolls, notesOpen, notesFloat, notesHelp))
 
 struct CanvasView {
   CanvasBarView bar;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "pieces/vocabulary.hpp"
 #include "records/records.hpp"
 
 namespace vellix {
@@ -11,18 +12,18 @@ namespace vellix {
 struct FileHeaderView {
   std::string id;
   std::string heading;
-  std::string status;
-  bool reprint = false;
+  PillView status;
+  PillView track;
   std::string summary;
   bool operator==(const FileHeaderView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (id, heading, status, reprint, summary))
+BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (id, heading, status, track, summary))
 
 inline FileHeaderView fileHeader(const FileItem& file) {
   return {.id = file.id,
           .heading = file.heading(),
-          .status = file.status,
-          .reprint = file.track == "reprint",
+          .status = statusPill(file.status),
+          .track = trackPill(file.track == "reprint"),
           .summary = file.summary.value_or("")};
 }
 

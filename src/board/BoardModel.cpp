@@ -1,0 +1,59 @@
+#include "board/BoardModel.hpp"
+
+#include <cmath>
+
+namespace vellix {
+namespace {
+
+constexpr const char* kShowReviewed = "ShowReviewed";
+
+double minuteOf(Moment moment) { return std::floor(wireOf(moment) / 60'000); }
+
+}  // namespace
+
+BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
+                       const Calendar& calendar)
+    : store_(store),
+      defaults_(defaults),
+      clock_(clock),
+      calendar_(calendar),
+      showReviewed_(defaults.flag(kShowReviewed).value_or(false)),
+      onChange_(store.changes.observe(
+          Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn,
+          [this] { update(); })),
+      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
+  update();
+}
+
+void BoardModel::update() {
+  const Moment now = clock_.now();
+  minute_ = minuteOf(now);
+  auto view = fileList(store_, showReviewed_, now, calendar_);
+  rows_.setRows(std::move(view.rows));
+  auto head = toQml(view.head).toMap();
+  if (head == head_) return;
+  head_ = std::move(head);
+  emit headChanged();
+}
+
+// A poll that brought nothing new still lets time pass, but not before the minute is over.
+void BoardModel::pollEnded() {
+  if (minuteOf(clock_.now()) != minute_) update();
+}
+
+void BoardModel::select(const QString& id, bool command) {
+  selectTicket(store_, id.toStdString(), command);
+}
+
+void BoardModel::setMineOnly(bool on) { store_.setMineOnly(on); }
+
+void BoardModel::setQueue(const QString& value) { store_.setQueue(value.toStdString()); }
+
+void BoardModel::toggleReviewed() {
+  showReviewed_ = !showReviewed_;
+  defaults_.setFlag(kShowReviewed, showReviewed_);
+  update();
+}
+
+}  // namespace vellix

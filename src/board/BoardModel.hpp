@@ -1,0 +1,52 @@
+// The ticket list for its view.
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include "board/file_list.hpp"
+#include "bridge/RowsModel.hpp"
+
+namespace vellix {
+
+class BoardModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
+  Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+
+ public:
+  // What is passed must outlive the model.
+  BoardModel(Store& store, Defaults& defaults, const MainLoop& clock, const Calendar& calendar);
+
+  QVariantMap head() const { return head_; }
+  QAbstractItemModel* rows() { return &rows_; }
+
+  // `command` tells whether the Command key was held.
+  Q_INVOKABLE void select(const QString& id, bool command);
+  Q_INVOKABLE void setMineOnly(bool on);
+  Q_INVOKABLE void setQueue(const QString& value);
+  Q_INVOKABLE void toggleReviewed();
+
+ signals:
+  void headChanged();
+
+ private:
+  void update();
+  void pollEnded();
+
+  Store& store_;
+  Defaults& defaults_;
+  const MainLoop& clock_;
+  const Calendar& calendar_;
+  bool showReviewed_;
+  double minute_ = 0;  // of the last update: due dates are told to the minute
+  QVariantMap head_;
+  RowsModel<FileListRow, &FileListRow::key> rows_;
+  Changes::Subscription onChange_;
+  Changes::Subscription onPoll_;
+  Changes::Subscription onPrefs_;
+};
+
+}  // namespace vellix

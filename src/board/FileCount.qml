@@ -1,0 +1,45 @@
+import QtQuick
+import Vellix.Pieces
+
+// How much of a ticket waits to be looked at. `count` is a FileCountView.
+Item {
+    id: mark
+
+    required property var count
+
+    readonly property bool counts: count.text !== ""
+    readonly property color colour: count.tone === "accent" ? Theme.accent
+                                    : count.tone === "muted" ? Theme.faint
+                                    : Theme.fore[count.tone]
+
+    implicitWidth: counts ? badge.implicitWidth : 18
+    implicitHeight: 18
+
+    CountBadge {
+        id: badge
+
+        visible: mark.counts
+        anchors.fill: parent
+        text: mark.count.text
+        help: mark.count.help
+        colour: mark.colour
+        filled: mark.count.tone === "red"
+    }
+
+    Symbol {
+        visible: !mark.counts
+        anchors.centerIn: parent
+        size: 13
+        name: mark.count.icon
+        color: mark.colour
+
+        Accessible.role: Accessible.Graphic
+        Accessible.name: mark.count.help
+        Accessible.ignored: mark.count.help === ""
+
+        ToolTipArea {
+            anchors.fill: parent
+            text: mark.count.help
+        }
+    }
+}

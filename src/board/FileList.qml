@@ -1,0 +1,144 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// The tickets of one queue, cut into status groups.
+Item {
+    id: list
+
+    required property BoardModel board
+    required property PictureSource pictures
+
+    QueueSwitch {
+        id: queues
+
+        x: Theme.gap12
+        width: parent.width - 2 * x
+        board: list.board
+    }
+
+    Item {
+        id: filter
+
+        anchors.top: queues.bottom
+        anchors.topMargin: Theme.gap8
+        x: Theme.gap16
+        width: parent.width - 2 * x
+        height: 24
+
+        CheckBox {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Only mine"
+            checked: list.board.head.mineOnly
+            onToggled: on => list.board.setMineOnly(on)
+        }
+
+        Label {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.tiny
+            weight: Font.DemiBold
+            color: Theme.fore["red"]
+            text: list.board.head.overdue
+        }
+    }
+
+    Column {
+        visible: list.board.head.empty
+        anchors.centerIn: rows
+        width: rows.width - 2 * Theme.gap24
+        spacing: Theme.gap4
+
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            size: Theme.large
+            weight: Font.Medium
+            text: list.board.head.emptyFirst
+        }
+
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            size: Theme.note
+            color: Theme.faint
+            text: list.board.head.emptySecond
+        }
+    }
+
+    ListView {
+        id: rows
+
+        anchors.top: filter.bottom
+        anchors.topMargin: Theme.gap4
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        leftMargin: Theme.gap8
+        rightMargin: Theme.gap8
+        bottomMargin: Theme.gap16
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        cacheBuffer: 400
+        model: list.board.rows
+
+        Accessible.role: Accessible.List
+        Accessible.name: "Tickets"
+
+        delegate: Loader {
+            id: line
+
+            required property bool header
+            required property string title
+            required property bool folds
+            required property bool open
+            required property string count
+            required property var ticket
+
+            width: rows.width - rows.leftMargin - rows.rightMargin
+            sourceComponent: header ? groupHeader : ticketRow
+
+            Component {
+                id: groupHeader
+
+                GroupHeader {
+                    title: line.title
+                    folds: line.folds
+                    open: line.open
+                    count: line.count
+                    onToggled: list.board.toggleReviewed()
+                }
+            }
+
+            Component {
+                id: ticketRow
+
+                FileRow {
+                    ticket: line.ticket
+                    pictures: list.pictures
+                    onChosen: command => list.board.select(line.ticket.id, command)
+                }
+            }
+        }
+
+        add: Transition {
+            NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.standard }
+        }
+        move: Transition {
+            Glide { property: "y" }
+        }
+        displaced: Transition {
+            Glide { property: "y" }
+            // A row may be pushed aside while it still fades in.
+            NumberAnimation { property: "opacity"; to: 1; duration: Theme.hover }
+        }
+    }
+
+    ScrollBar {
+        view: rows
+    }
+}

@@ -1,0 +1,118 @@
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// One ticket. `ticket` is a FileRowView.
+Pressable {
+    id: row
+
+    required property var ticket
+    required property PictureSource pictures
+
+    signal chosen(bool command)
+
+    label: ticket.heading
+    radius: Theme.radiusRow
+    pressedScale: 0.985
+    implicitHeight: Math.max(54, words.implicitHeight + 16)
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: ticket.heading
+    Accessible.description: ticket.spoken
+    Accessible.selectable: true
+    Accessible.selected: ticket.selected
+
+    onClicked: modifiers => chosen((modifiers & Qt.ControlModifier) !== 0)
+
+    Rectangle {
+        anchors.fill: parent
+        radius: row.radius
+        color: row.ticket.selected ? Theme.selectedFill : Theme.hoverFill
+        border.width: row.ticket.selected ? 1 : 0
+        border.color: Theme.selectedLine
+        opacity: row.ticket.selected || row.hovered ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation { duration: Theme.hover }
+        }
+    }
+
+    Rectangle {
+        id: thumb
+
+        x: Theme.gap8
+        y: Theme.gap8
+        width: 30
+        height: 38
+        radius: 2
+        color: Theme.quietFill
+
+        RemoteImage {
+            anchors.fill: parent
+            pictures: row.pictures
+            key: row.ticket.thumb
+            fill: true
+            placeholder: Theme.quietFill
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            color: "transparent"
+            radius: 2
+            border.width: 1
+            border.color: Theme.hoverFill
+        }
+    }
+
+    Column {
+        id: words
+
+        x: thumb.x + thumb.width + 10
+        y: 7
+        width: end.x - x - Theme.gap8
+        spacing: 2
+
+        Label {
+            width: parent.width
+            size: Theme.row
+            weight: Font.DemiBold
+            tellsWhole: true
+            text: row.ticket.heading
+            Accessible.ignored: true
+        }
+
+        Label {
+            width: parent.width
+            size: Theme.small
+            color: Theme.faint
+            text: row.ticket.subline
+        }
+
+        Loader {
+            width: parent.width
+            active: row.ticket.due !== undefined
+            visible: active
+            height: active ? 24 : 0
+
+            sourceComponent: DueChip {
+                due: row.ticket.due
+            }
+        }
+    }
+
+    Item {
+        id: end
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.gap8
+        y: 7
+        width: 24
+        height: 18
+
+        FileCount {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            count: row.ticket.count
+        }
+    }
+}

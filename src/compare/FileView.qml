@@ -1,0 +1,138 @@
+import QtQuick
+import Vellix.Compare
+import Vellix.Pieces
+
+// One ticket: its header, the canvas, and the panel beside it or, where it is narrow, over it.
+Item {
+    id: file
+
+    required property CompareModel compare
+    required property PictureSource pictures
+    // What stands in the panel.
+    required property Component panel
+
+    readonly property bool floats: compare.bar.notesFloat
+    readonly property bool panelOpen: compare.loaded && compare.bar.notesOpen
+    readonly property real dockedWidth: width < 1100 ? 290 : 330
+
+    onWidthChanged: compare.layNotes(width)
+    Component.onCompleted: compare.layNotes(width)
+
+    FileHeader {
+        id: header
+
+        width: parent.width
+        header: file.compare.header
+    }
+
+    Hairline {
+        id: rule
+
+        anchors.top: header.bottom
+        width: parent.width
+    }
+
+    Item {
+        id: body
+
+        anchors.top: rule.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        Loader {
+            anchors.fill: parent
+            anchors.rightMargin: dock.width
+            active: file.compare.loaded
+
+            sourceComponent: CompareCanvas {
+                compare: file.compare
+                pictures: file.pictures
+            }
+        }
+
+        Rectangle {
+            visible: !file.compare.loaded
+            anchors.fill: parent
+            color: Theme.canvas
+
+            Spinner {
+                anchors.centerIn: parent
+                size: 18
+            }
+        }
+
+        Item {
+            id: dock
+
+            readonly property bool open: file.panelOpen && !file.floats
+
+            anchors.right: parent.right
+            height: parent.height
+            width: open ? file.dockedWidth : 0
+            clip: true
+
+            Behavior on width {
+                Glide {}
+            }
+
+            Loader {
+                active: dock.width > 0
+                width: file.dockedWidth
+                height: parent.height
+                sourceComponent: file.panel
+            }
+
+            Hairline {
+                vertical: true
+                height: parent.height
+            }
+        }
+
+        Loader {
+            active: file.panelOpen && file.floats
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.gap16
+            y: Theme.gap16
+            height: parent.height - 76
+            width: Math.min(parent.width - 40, 320)
+
+            sourceComponent: Rectangle {
+                radius: Theme.radiusCard
+                color: Theme.window
+
+                Shadow {
+                    anchors.fill: parent
+                    z: -1
+                    radius: Theme.radiusCard
+                    color: Theme.shadow
+                }
+
+                Loader {
+                    anchors.fill: parent
+                    anchors.margins: 4
+                    sourceComponent: file.panel
+                }
+            }
+        }
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+=", "Ctrl++"]
+        onActivated: file.compare.zoomIn()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+-"
+        onActivated: file.compare.zoomOut()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+0"
+        onActivated: file.compare.fit()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Alt+I"
+        onActivated: file.compare.toggleNotes()
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import Vellix.Pieces
+
+// Takes a pane's place when it has no picture.
+Item {
+    id: none
+
+    required property string what
+    required property string why
+
+    Column {
+        anchors.centerIn: parent
+        width: Math.min(240, none.width)
+        spacing: Theme.gap8
+
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            size: 22
+            name: "doc.questionmark"
+            color: Theme.faint
+        }
+
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            size: Theme.row
+            weight: Font.Medium
+            text: none.what
+        }
+
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            size: Theme.note
+            color: Theme.faint
+            text: none.why
+        }
+    }
+}

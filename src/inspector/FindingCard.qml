@@ -1,0 +1,202 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Pieces
+
+// One finding: open with its words and its two decisions, or folded to a line once it is decided.
+Item {
+    id: card
+
+    required property string id
+    required property string caption
+    required property string title
+    required property string detail
+    required property string state
+    required property bool issue
+    required property bool fine
+    required property bool busy
+    required property bool selectable
+    required property bool selected
+    required property bool folds
+    required property string decided
+
+    property bool expanded: false
+    readonly property bool folded: folds && !expanded
+
+    signal realIssue()
+    signal markFine()
+    signal chosen()
+
+    implicitHeight: folded ? foldedRow.implicitHeight : open.implicitHeight
+
+    onStateChanged: {
+        if (state !== "open")
+            expanded = false;
+    }
+
+    Behavior on implicitHeight {
+        Glide {}
+    }
+
+    Pressable {
+        id: foldedRow
+
+        visible: card.folded
+        width: parent.width
+        implicitHeight: 36
+        radius: Theme.radiusRow
+        label: card.title
+        help: card.decided === "" ? "" : card.decided + ". Click to open."
+        onClicked: card.expanded = true
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radiusRow
+            color: foldedRow.hovered ? Theme.trackFill : Theme.hoverFill
+        }
+
+        Symbol {
+            id: verdict
+
+            x: Theme.gap12
+            anchors.verticalCenter: parent.verticalCenter
+            size: 13
+            name: card.issue ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
+            color: card.issue ? Theme.fore["red"] : Theme.fore["green"]
+        }
+
+        Label {
+            anchors.left: verdict.right
+            anchors.leftMargin: Theme.gap8
+            anchors.right: chevron.left
+            anchors.rightMargin: Theme.gap8
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.body
+            text: card.title
+            Accessible.ignored: true
+        }
+
+        Symbol {
+            id: chevron
+
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.gap12
+            anchors.verticalCenter: parent.verticalCenter
+            size: 10
+            name: "chevron.right"
+            color: Theme.faint
+        }
+    }
+
+    Pressable {
+        id: open
+
+        visible: !card.folded
+        width: parent.width
+        implicitHeight: words.implicitHeight + 2 * Theme.gap12
+        radius: Theme.radiusRow
+        pressedScale: 1
+        label: card.title
+        Accessible.role: Accessible.ListItem
+        Accessible.selectable: true
+        Accessible.selected: card.selected
+        onClicked: card.chosen()
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radiusRow
+            color: Theme.raised
+            border.width: 1
+            border.color: card.selected ? Theme.selectedLine : Theme.quietFill
+
+            Rectangle {
+                anchors.fill: parent
+                radius: parent.radius
+                color: Theme.selectedFill
+                opacity: card.selected ? 1 : 0
+
+                Behavior on opacity {
+                    NumberAnimation { duration: Theme.hover }
+                }
+            }
+        }
+
+        Column {
+            id: words
+
+            x: Theme.gap12
+            y: Theme.gap12
+            width: parent.width - 2 * x
+            spacing: Theme.gap4
+
+            Row {
+                spacing: 5
+
+                Symbol {
+                    visible: card.selected
+                    anchors.verticalCenter: parent.verticalCenter
+                    size: 11
+                    name: "scope"
+                    color: Theme.accent
+                }
+
+                Label {
+                    anchors.verticalCenter: parent.verticalCenter
+                    size: Theme.small
+                    color: Theme.faint
+                    text: card.caption
+                }
+            }
+
+            Label {
+                width: parent.width
+                wrapMode: Text.Wrap
+                size: Theme.row
+                weight: Font.DemiBold
+                text: card.title
+                Accessible.ignored: true
+            }
+
+            Label {
+                visible: text !== ""
+                width: parent.width
+                wrapMode: Text.Wrap
+                size: Theme.body
+                color: Theme.muted
+                text: card.detail
+            }
+
+            Row {
+                topPadding: Theme.gap4
+                spacing: Theme.gap8
+
+                StateButton {
+                    title: "Real issue"
+                    icon: "exclamationmark.triangle.fill"
+                    on: card.issue
+                    color: Theme.fore["red"]
+                    enabled: !card.busy
+                    onClicked: card.realIssue()
+                }
+
+                StateButton {
+                    title: "Fine"
+                    icon: "checkmark"
+                    on: card.fine
+                    color: Theme.fore["green"]
+                    enabled: !card.busy
+                    onClicked: card.markFine()
+                }
+            }
+
+            Label {
+                visible: text !== ""
+                width: parent.width
+                topPadding: 2
+                size: Theme.small
+                color: Theme.faint
+                text: card.decided
+            }
+        }
+    }
+}

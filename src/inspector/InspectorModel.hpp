@@ -1,0 +1,49 @@
+// The findings panel for its view.
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include "bridge/RowsModel.hpp"
+#include "inspector/findings_panel.hpp"
+
+namespace vellix {
+
+class InspectorModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
+  Q_PROPERTY(QAbstractItemModel* cards READ cards CONSTANT)
+  Q_PROPERTY(QAbstractItemModel* others READ others CONSTANT)
+
+ public:
+  // What is passed must outlive the model.
+  InspectorModel(Store& store, const MainLoop& clock, const Calendar& calendar);
+
+  QVariantMap head() const { return head_; }
+  QAbstractItemModel* cards() { return &cards_; }
+  QAbstractItemModel* others() { return &others_; }
+
+  Q_INVOKABLE void realIssue(const QString& id);
+  Q_INVOKABLE void fine(const QString& id);
+  Q_INVOKABLE void press(const QString& id);
+  Q_INVOKABLE void goToPage(qlonglong page);
+
+ signals:
+  void headChanged();
+
+ private:
+  void update();
+
+  Store& store_;
+  const MainLoop& clock_;
+  const Calendar& calendar_;
+  QVariantMap head_;
+  RowsModel<FindingCardView, &FindingCardView::id> cards_;
+  RowsModel<OtherPageView, &OtherPageView::page> others_;
+  Changes::Subscription onChange_;
+  Changes::Subscription onPrefs_;
+};
+
+}  // namespace vellix

@@ -1,0 +1,44 @@
+import QtQuick
+import Vellix.Pieces
+
+// A headline and a line in the middle of the room, or a spinner and a line while it loads.
+Item {
+    id: plain
+
+    required property bool loading
+    required property string headline
+    required property string line
+
+    Column {
+        anchors.centerIn: parent
+        width: Math.min(420, plain.width - 2 * Theme.gap24)
+        spacing: Theme.gap8
+
+        Spinner {
+            visible: plain.loading
+            anchors.horizontalCenter: parent.horizontalCenter
+            size: 18
+        }
+
+        Label {
+            visible: text !== ""
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            size: Theme.title
+            weight: Font.DemiBold
+            text: plain.headline
+            Accessible.role: Accessible.Heading
+        }
+
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            maximumLineCount: 6
+            size: Theme.lead
+            color: Theme.muted
+            text: plain.line
+        }
+    }
+}

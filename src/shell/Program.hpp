@@ -1,0 +1,54 @@
+// Every part of the running program, made once in the order of its dependencies.
+#pragma once
+
+#include <QQmlApplicationEngine>
+#include <memory>
+
+#include "board/BoardModel.hpp"
+#include "compare/CompareModel.hpp"
+#include "compare/Pictures.hpp"
+#include "inspector/InspectorModel.hpp"
+#include "platform/qt/QtCalendar.hpp"
+#include "platform/qt/QtDefaults.hpp"
+#include "platform/qt/QtHttp.hpp"
+#include "platform/qt/QtMachine.hpp"
+#include "platform/qt/QtMainLoop.hpp"
+#include "platform/qt/QtPictureDecoder.hpp"
+#include "platform/qt/QtPictureFiles.hpp"
+#include "platform/qt/QtWindows.hpp"
+#include "shell/RootModel.hpp"
+
+namespace vellix {
+
+// Main thread; lives from the moment the token is known to the end of the process.
+class Program {
+ public:
+  Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens);
+
+  // False when the window could not be made.
+  bool show();
+  Store& store() { return store_; }
+
+ private:
+  QtMainLoop& loop_;
+  QtCalendar calendar_;
+  QtWindows windows_;
+  QtMachine machine_;
+  QtHttp http_;
+  API api_;
+  SignIn signIn_;
+  PixelCache pixels_;
+  QtPictureDecoder decoder_{pixels_};
+  QtPictureFiles files_;
+  Images images_;
+  Prefs prefs_;
+  Store store_;
+  Pictures pictures_{images_, pixels_};
+  RootModel root_;
+  BoardModel board_;
+  CompareModel compare_;
+  InspectorModel inspector_;
+  QQmlApplicationEngine engine_;
+};
+
+}  // namespace vellix

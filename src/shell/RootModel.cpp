@@ -1,0 +1,49 @@
+#include "shell/RootModel.hpp"
+
+namespace vellix {
+
+RootModel::RootModel(Store& store, MainLoop& loop)
+    : store_(store),
+      timer_(store, loop),
+      onChange_(store.changes.observe(Store::kSignedIn | Store::kBoard | Store::kSelection |
+                                          Store::kProblem | Store::kPanels,
+                                      [this] { update(); })),
+      onToast_(store.changes.observe(Store::kToast, [this] { updateToast(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { emit appearanceChanged(); })) {
+  update();
+  updateToast();
+}
+
+void RootModel::start() {
+  if (store_.signedIn()) store_.startLoop();
+}
+
+void RootModel::update() {
+  auto view = toQml(rootView(store_)).toMap();
+  if (view == view_) return;
+  view_ = std::move(view);
+  emit viewChanged();
+}
+
+void RootModel::updateToast() {
+  QVariantMap toast{{"id", QString{}}, {"text", QString{}}, {"undoLabel", QString{}}};
+  if (const auto& shown = store_.toast()) {
+    toast["id"] = QString::number(shown->id);
+    toast["text"] = QString::fromStdString(shown->text);
+    const bool undoable = shown->undoLabel && shown->undo;
+    toast["undoLabel"] = undoable ? QString::fromStdString(*shown->undoLabel) : QString{};
+  }
+  if (toast == toast_) return;
+  toast_ = std::move(toast);
+  emit toastChanged();
+}
+
+void RootModel::undo() { undoToast(store_); }
+
+QString RootModel::appearance() const {
+  return QString::fromStdString(store_.prefs.appearance());
+}
+
+double RootModel::sidebarWidth(double windowWidth) { return vellix::sidebarWidth(windowWidth); }
+
+}  // namespace vellix

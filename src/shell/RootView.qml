@@ -1,0 +1,108 @@
+import QtQuick
+import Vellix.Board
+import Vellix.Compare
+import Vellix.Inspector
+import Vellix.Pieces
+import Vellix.Shell
+
+// What fills the window: the sign-in screen, or the board beside what is on show; the toast over
+// all of it.
+FocusScope {
+    id: view
+
+    required property RootModel root
+    required property BoardModel board
+    required property CompareModel compare
+    required property InspectorModel inspector
+    required property PictureSource pictures
+
+    readonly property var shown: root.view
+
+    focus: true
+
+    Loader {
+        anchors.fill: parent
+        active: !view.shown.signedIn
+        sourceComponent: SignInView {}
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: view.shown.signedIn
+        sourceComponent: boardSide
+    }
+
+    Component {
+        id: boardSide
+
+        Item {
+            Sidebar {
+                id: sidebar
+
+                height: parent.height
+                width: view.root.sidebarWidth(view.width)
+                board: view.board
+                pictures: view.pictures
+            }
+
+            Hairline {
+                id: rule
+
+                anchors.left: sidebar.right
+                vertical: true
+                height: parent.height
+            }
+
+            OfflineBanner {
+                id: banner
+
+                anchors.left: rule.right
+                anchors.right: parent.right
+                open: view.shown.offline
+                problem: view.shown.problem
+            }
+
+            Loader {
+                anchors.left: rule.right
+                anchors.right: parent.right
+                anchors.top: banner.bottom
+                anchors.bottom: parent.bottom
+                sourceComponent: view.shown.content === "file" ? fileView : plainView
+            }
+        }
+    }
+
+    Component {
+        id: fileView
+
+        FileView {
+            compare: view.compare
+            pictures: view.pictures
+            panel: inspectorPanel
+        }
+    }
+
+    Component {
+        id: inspectorPanel
+
+        Inspector {
+            inspector: view.inspector
+        }
+    }
+
+    Component {
+        id: plainView
+
+        PlainView {
+            loading: view.shown.content === "loading"
+            headline: view.shown.headline
+            line: view.shown.line
+        }
+    }
+
+    ToastLayer {
+        anchors.fill: parent
+        toast: view.root.toast
+        onUndo: view.root.undo()
+    }
+}
