@@ -32,7 +32,7 @@ def uses_of(path, text):
 
 def is_logic(path):
     name = path.rsplit("/", 1)[-1]
-    return name == name.lower() and not path.startswith(("bridge/", *ADAPTERS))
+    return name == name.lower() and name != "main.cpp" and not path.startswith(("bridge/", *ADAPTERS))
 
 
 def complaints(files):
