@@ -1,0 +1,14 @@
+// Moments as the service tells them: milliseconds since 1970, in the machine's time zone.
+#pragma once
+
+namespace vellix::demo {
+
+inline constexpr double kMinute = 60'000;
+inline constexpr double kHour = 60 * kMinute;
+inline constexpr double kDay = 24 * kHour;
+
+double nowMs();
+// `hour`:`minute` local time of the day that is `days` after the day of `now`.
+double atLocal(double now, int days, int hour, int minute);
+
+}  // namespace vellix::demo

@@ -1,0 +1,58 @@
+// What tests may ask of the demo service beside the contract: its log, its state, faults, and the
+// colleague at a chosen moment.
+#include <vector>
+
+#include "body.hpp"
+#include "service.hpp"
+
+namespace vellix::demo {
+namespace {
+
+struct Everything {
+  std::map<std::string, FileDetail> files;
+  Int board_rev = 0;
+};
+BOOST_DESCRIBE_STRUCT(Everything, (), (files, board_rev))
+
+}  // namespace
+
+Reply Service::serveTests(const Request& request) {
+  const bool post = request.method == "POST";
+  if (request.path == "/demo/log" && request.method == "GET") {
+    const std::lock_guard lock(logMutex_);
+    return jsonReply(std::vector<LogEntry>(log_.begin(), log_.end()));
+  }
+  if (request.path == "/demo/log" && request.method == "DELETE") {
+    const std::lock_guard lock(logMutex_);
+    logStart_ += log_.size();
+    log_.clear();
+    return {};
+  }
+  if (request.path == "/demo/state" && request.method == "GET") {
+    Everything all;
+    all.board_rev = state_.rev();
+    for (const Ticket& ticket : state_.tickets()) {
+      if (auto detail = state_.detailOf(ticket.item.id, std::nullopt)) {
+        all.files[ticket.item.id] = std::move(*detail);
+      }
+    }
+    return jsonReply(all);
+  }
+  if (request.path == "/demo/faults" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    if (const auto wrong = faults_.replace(*body)) return errorReply(400, *wrong);
+    return {};
+  }
+  if (request.path == "/demo/colleague" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const auto done = state_.colleagueActs(textAt(*body, "file_id").value_or("salt-text"),
+                                           textAt(*body, "text").value_or("Had a look at this."),
+                                           textAt(*body, "by").value_or(kJorvas));
+    return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  return errorReply(404, "There is nothing here.");
+}
+
+}  // namespace vellix::demo

@@ -1,0 +1,35 @@
+// Faults that tests ask for. Not locked.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "records/json.hpp"
+
+namespace vellix::demo {
+
+struct Fault {
+  std::string method;  // empty for any
+  std::string path;    // what the request's path begins with
+  Int times = 1;
+  std::optional<int> status;
+  std::optional<std::string> body;
+  Int delayMs = 0;
+  bool cut = false;
+  bool garbage = false;
+  bool after = false;  // let the request have its effect first
+};
+
+class Faults {
+ public:
+  // Replaces all faults by a JSON list of them; a text that says what is wrong with it.
+  std::optional<std::string> replace(const Json& list);
+  // The fault for a request, counted as used; none when there is none.
+  std::optional<Fault> take(const std::string& method, const std::string& path);
+
+ private:
+  std::vector<Fault> faults_;
+};
+
+}  // namespace vellix::demo

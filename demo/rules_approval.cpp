@@ -1,0 +1,218 @@
+// Rounds of approval, revisions and share links.
+#include <algorithm>
+#include <cmath>
+
+#include "body.hpp"
+#include "state.hpp"
+
+namespace vellix::demo {
+namespace {
+
+constexpr double kFirstAnswer = 12'000;
+constexpr double kNextAnswer = 9'000;
+constexpr double kCheck = 6'000;
+
+std::unexpected<Refusal> refuse(int status, std::string text) {
+  return std::unexpected(Refusal{status, std::move(text)});
+}
+
+std::string joined(const std::vector<std::string>& names) {
+  std::string text;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i > 0) text += i + 1 == names.size() ? " and " : ", ";
+    text += names[i];
+  }
+  return text;
+}
+
+}  // namespace
+
+void State::renewLinks(ShareInfo& share) {
+  const std::string key = secret().substr(0, 12);
+  share.url = "https://proofs.tessarine.example/s/" + key;
+  share.embed_url = "https://proofs.tessarine.example/embed/" + key;
+  share.at = now_;
+}
+
+ShareInfo& State::shareOf(Ticket& ticket, const std::string& by) {
+  if (!ticket.item.share) {
+    ticket.item.share = ShareInfo{true, "view", std::nullopt, std::nullopt, by, now_};
+    renewLinks(*ticket.item.share);
+  }
+  return *ticket.item.share;
+}
+
+Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
+                                     const std::string& by) {
+  Ticket* ticket = find(id);
+  if (ticket == nullptr) return refuse(404, "There is no such ticket.");
+  const std::string action = textAt(body, "action").value_or("");
+  const std::string state = ticket->approval ? ticket->approval->state.value_or("") : "";
+  const Int version = ticket->newest().record.n;
+  if (action == "withdraw") {
+    if (state != "pending") return refuse(400, "This one is not out for approval.");
+    ticket->approval.reset();
+    record(ticket, "approval", by, "Took the request back");
+    return ShareAnswer{shareOf(*ticket, by)};
+  }
+  if (action == "sent") {
+    if (state != "approved") return refuse(400, "Not every approver has said yes.");
+    ticket->approval->state = "sent";
+    ticket->approval->by = by;
+    ticket->approval->at = now_;
+    record(ticket, "sent", by, "Marked sent to " + ticket->item.supplier.value_or("the supplier"));
+    return ShareAnswer{shareOf(*ticket, by)};
+  }
+  if (action != "request") return refuse(400, "There is no such action.");
+  const auto asked = textsAt(body, "approvers");
+  if (asked.empty()) return refuse(400, "Pick at least one approver.");
+  if (state == "pending") return refuse(400, "This one is out for approval already.");
+
+  Approval round;
+  round.state = "pending";
+  round.version = version;
+  round.asked = asked;
+  round.requested_by = by;
+  round.requested_at = now_;
+  round.by = by;
+  round.at = now_;
+  if (const auto note = textAt(body, "note"); note && !note->empty()) round.note = *note;
+  ticket->approval = round;
+  ShareInfo& link = shareOf(*ticket, by);
+  link.enabled = true;
+  std::vector<std::string> names;
+  for (const std::string& email : asked) names.push_back(nameOf(email));
+  record(ticket, "approval", by,
+         "Sent v" + std::to_string(version) + " to " + joined(names) + " for approval");
+  double wait = kFirstAnswer;
+  for (const std::string& approver : asked) {
+    later(wait, [this, id, version, requested = now_, approver] {
+      answerRound(id, version, requested, approver);
+    });
+    wait += kNextAnswer;
+  }
+  return ShareAnswer{link};
+}
+
+// The last one asked wants changes as long as a real issue stands on the version; the rest agree.
+void State::answerRound(const std::string& id, Int version, double requestedAt,
+                        const std::string& approver) {
+  Ticket* ticket = find(id);
+  if (ticket == nullptr || !ticket->approval || ticket->approval->state != "pending" ||
+      ticket->approval->requested_at != requestedAt) {
+    return;
+  }
+  Approval& round = *ticket->approval;
+  const auto isIssue = [](const Finding& finding) { return finding.state == "issue"; };
+  const auto issue = std::ranges::find_if(ticket->newest().findings, isIssue);
+  const std::string shown = "v" + std::to_string(version);
+  if (issue != ticket->newest().findings.end() && approver == round.asked.back()) {
+    round.answers[approver] = {"changes", "Please see to this first: " + issue->title + ".", now_};
+    round.state = "changes";
+    round.by = approver;
+    round.at = now_;
+    record(ticket, "changes", approver, "Asked for changes on " + shown);
+    return;
+  }
+  round.answers[approver] = {"approved", std::nullopt, now_};
+  record(ticket, "approved", approver, "Approved " + shown);
+  const auto saidYes = [&](const std::string& email) {
+    const auto answer = round.answers.find(email);
+    return answer != round.answers.end() && answer->second.kind == "approved";
+  };
+  if (std::ranges::all_of(round.asked, saidYes)) {
+    round.state = "approved";
+    round.by = approver;
+    round.at = now_;
+    record(ticket, "approved_all", std::nullopt, "Every approver said yes");
+  }
+}
+
+// The pages of an upload are not drawn from its bytes: the demo takes every upload for the repair
+// of all that was marked a real issue, and shows those pages.
+Outcome<VersionAnswer> State::upload(const std::string& id, std::size_t size,
+                                     const std::string& filename, const std::string& note,
+                                     const std::string& by) {
+  Ticket* ticket = find(id);
+  if (ticket == nullptr) return refuse(404, "There is no such ticket.");
+  Version record_;
+  record_.n = ticket->newest().record.n + 1;
+  record_.kind = "revision";
+  if (!filename.empty()) record_.filename = filename;
+  if (!note.empty()) record_.note = note;
+  record_.by = by;
+  record_.at = now_;
+  record_.size = static_cast<Int>(size);
+  record_.status = "checking";
+  addVersion(*ticket, record_, {}, pictures_);
+  if (ticket->approval) {
+    ticket->approval->state = "revised";
+    ticket->approval->by = by;
+    ticket->approval->at = now_;
+  }
+  record(ticket, "version", by, "Uploaded v" + std::to_string(record_.n));
+  later(kCheck, [this, id, n = record_.n] { finishCheck(id, n); });
+  return VersionAnswer{record_.n};
+}
+
+void State::finishCheck(const std::string& id, Int version) {
+  Ticket* ticket = find(id);
+  if (ticket == nullptr || ticket->newest().record.n != version) return;
+  TicketVersion& newest = ticket->newest();
+  newest.findings = findingsAgainstPrevious(*ticket);
+  const auto repairs = std::ranges::count(newest.findings, "expected", &Finding::kind);
+  newest.record.status = "done";
+  newest.record.summary =
+      repairs == 0   ? "Nothing moved."
+      : repairs == 1 ? "One repair came through. Nothing else moved."
+                     : std::to_string(repairs) + " repairs came through. Nothing else moved.";
+  newest.origin.summary = newest.record.summary;
+  ticket->item.summary = newest.record.summary;
+  record(ticket, "checked", std::nullopt,
+         "Checked v" + std::to_string(version) + " against v" + std::to_string(version - 1));
+}
+
+Outcome<ShareAnswer> State::share(const std::string& id, const Json& body, const std::string& by) {
+  Ticket* ticket = find(id);
+  if (ticket == nullptr) return refuse(404, "There is no such ticket.");
+  const auto enabled = flagAt(body, "enabled");
+  const auto access = textAt(body, "access");
+  const bool reset = flagAt(body, "reset").value_or(false);
+  if (!enabled && !access && !reset) return refuse(400, "Nothing to change was sent.");
+  if (access && *access != "view" && *access != "comment" && *access != "edit") {
+    return refuse(400, "There is no such access.");
+  }
+  const bool had = ticket->item.share.has_value();
+  ShareInfo& link = shareOf(*ticket, by);
+  if (!had && !enabled) link.enabled = false;
+  if (enabled) link.enabled = *enabled;
+  if (access) link.access = *access;
+  if (reset) renewLinks(link);
+  link.by = by;
+  record(ticket, "share", by,
+         reset     ? "Made a new link"
+         : enabled ? (*enabled ? "Turned the link on" : "Turned the link off")
+                   : "Changed what the link allows to " + *access);
+  return ShareAnswer{link};
+}
+
+Done State::setApprovers(const Json& body, const std::string& by) {
+  const Json* found = body.find("approvers");
+  const auto* list = found == nullptr ? nullptr : std::get_if<Json::List>(&found->value);
+  if (list == nullptr) return refuse(400, "No list of approvers was sent.");
+  std::vector<Guest> approvers;
+  for (const Json& entry : *list) {
+    const auto email = textAt(entry, "email");
+    if (!email || email->find('@') == std::string::npos) {
+      return refuse(400, "An approver needs an address.");
+    }
+    auto name = textAt(entry, "name");
+    if (name && name->empty()) name.reset();
+    approvers.push_back({*email, name});
+  }
+  approvers_ = std::move(approvers);
+  record(nullptr, "approvers", by, "changed the key approvers");
+  return {};
+}
+
+}  // namespace vellix::demo

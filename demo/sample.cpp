@@ -1,0 +1,55 @@
+// The board, its details and its pictures as files.
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <algorithm>
+#include <future>
+
+#include "clock.hpp"
+#include "service.hpp"
+
+namespace vellix::demo {
+namespace {
+
+struct Sample {
+  BoardState board;
+  std::map<std::string, FileDetail> details;
+};
+BOOST_DESCRIBE_STRUCT(Sample, (), (board, details))
+
+bool writeFile(const QDir& folder, const std::string& name, const std::string& bytes) {
+  QSaveFile file(folder.filePath(QString::fromStdString(name)));
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  const auto size = static_cast<qint64>(bytes.size());
+  if (file.write(bytes.data(), size) != size) {
+    file.cancelWriting();
+    return false;
+  }
+  return file.commit();
+}
+
+}  // namespace
+
+bool Service::writeSample(const std::string& folder) {
+  const QDir where(QString::fromStdString(folder));
+  if (!where.exists()) return false;
+  Sample sample;
+  sample.board = state_.boardFor(kRenny);
+  for (const FileItem& file : sample.board.files) {
+    if (auto detail = state_.detailOf(file.id, std::nullopt)) {
+      sample.details[file.id] = std::move(*detail);
+    }
+  }
+  const auto json = encode(sample);
+  if (!json || !writeFile(where, "sample.json", *json)) return false;
+  for (const std::string& key : pictures_.keys()) {
+    auto bytes = pictures_.find(key);
+    std::string name = key;
+    std::ranges::replace(name, '/', '_');
+    if (!bytes || !writeFile(where, name, *bytes)) return false;
+  }
+  return true;
+}
+
+}  // namespace vellix::demo

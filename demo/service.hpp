@@ -1,0 +1,85 @@
+// The service: requests in, answers out, with one lock around the state. Knows no sockets.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <mutex>
+#include <string>
+
+#include "faults.hpp"
+#include "state.hpp"
+
+namespace vellix::demo {
+
+struct Request {
+  std::string method;
+  std::string path;  // decoded, with its leading slash
+  std::map<std::string, std::string> query;
+  std::map<std::string, std::string> headers;  // names in lower case
+  std::string body;
+
+  std::string header(const std::string& name) const;
+};
+
+struct Reply {
+  int status = 200;
+  std::string body = "{}";
+  std::string type = "application/json";
+  std::string etag;
+  bool cut = false;  // close the connection without an answer
+};
+
+// One request received, as the log tells it. Holds no secret.
+struct LogEntry {
+  std::string method;
+  std::string path;
+  std::map<std::string, std::string> query;
+  std::optional<std::string> body;
+  bool has_authorization = false;
+  std::optional<std::string> if_none_match;
+  Int status = 0;  // 0 while there is no answer, and for good when it was cut off
+};
+BOOST_DESCRIBE_STRUCT(LogEntry, (),
+                      (method, path, query, body, has_authorization, if_none_match, status))
+
+class Service {
+ public:
+  Service(double pace, bool colleague);
+
+  // Any thread; several at once.
+  Reply answer(const Request& request);
+
+  // Writes "sample.json" and every picture it names into an existing folder; false on failure.
+  bool writeSample(const std::string& folder);
+
+ private:
+  Reply route(const Request& request);
+  Reply serve(const Request& request);  // the contract
+  Reply serveSignedIn(const Request& request, const std::string& me);
+  Reply serveTicket(const Request& request, const std::string& id, const std::string& what,
+                    const std::string& me);
+  Reply serveTests(const Request& request);  // under /demo/
+  Reply signInPage(const Request& request);
+  std::size_t log(const Request& request);
+  void logStatus(std::size_t number, int status);
+
+  std::mutex mutex_;
+  Pictures pictures_;
+  State state_;
+  Faults faults_;
+  std::mutex logMutex_;
+  std::deque<LogEntry> log_;
+  std::size_t logStart_ = 0;  // the number of the log's first entry
+};
+
+Reply errorReply(int status, const std::string& text);
+template <class T>
+Reply jsonReply(const T& value) {
+  const auto json = encode(value);
+  return json ? Reply{200, *json, "application/json", {}, false}
+              : errorReply(500, "That answer could not be written.");
+}
+// The rest of `path` behind `prefix`; none when it does not begin with it.
+std::optional<std::string> behind(const std::string& path, const std::string& prefix);
+
+}  // namespace vellix::demo

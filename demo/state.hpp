@@ -1,0 +1,140 @@
+// What the service knows and the rules by which it changes. Not locked: Service holds one lock
+// around every use. Times are milliseconds since 1970.
+#pragma once
+
+#include <expected>
+#include <functional>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "catalog.hpp"
+#include "records/json.hpp"
+
+namespace vellix::demo {
+
+struct Refusal {
+  int status = 400;
+  std::string text;
+};
+template <class T>
+using Outcome = std::expected<T, Refusal>;
+using Done = Outcome<std::monostate>;
+
+// What an answer about a share link holds.
+struct ShareAnswer {
+  ShareInfo share;
+};
+BOOST_DESCRIBE_STRUCT(ShareAnswer, (), (share))
+struct VersionAnswer {
+  Int version = 0;
+};
+BOOST_DESCRIBE_STRUCT(VersionAnswer, (), (version))
+
+class State {
+ public:
+  // `pace` scales every waiting time: 1 as people would see it, smaller for hasty tests.
+  State(Pictures& pictures, double now, double pace, bool colleague);
+
+  // Lets happen everything that was due by `now`; called before each request is answered.
+  void advance(double now);
+
+  // Sign-in. A code signs one person in; those of the demo may be used again and again.
+  std::string codeFor(const std::string& email, const std::string& nonce);
+  Outcome<SignInAnswer> exchange(const std::string& code, const std::string& nonce);
+  const Person* personOf(const std::string& token) const;
+  void forget(const std::string& token);
+  void seen(const std::string& email);
+
+  // Reading.
+  Int rev() const { return rev_; }
+  BoardState boardFor(const std::string& email) const;
+  Outcome<FileDetail> detailOf(const std::string& id, std::optional<Int> version) const;
+  Stats stats() const;
+  const Job* job(const std::string& id) const;
+  std::string logOf(const Job& job) const;
+  const std::string* pdfOf(const std::string& reportId) const;
+  const std::vector<Ticket>& tickets() const { return tickets_; }
+
+  // Findings and notes.
+  Done setFinding(const std::string& id, const std::string& state, const std::string& by);
+  Done addNote(const Json& body, const std::string& by);
+  Done changeNote(const std::string& id, const Json& body, const std::string& by);
+
+  // Tickets.
+  Done setStatus(const std::string& id, const std::string& status, const std::string& by);
+  Done assign(const std::string& id, const std::string& email, const std::string& by);
+  Done setDue(const std::string& id, const Json& body, const std::string& by);
+  Done setTrack(const std::string& id, const std::string& track, const std::string& by);
+
+  // Approval, versions, sharing.
+  Outcome<ShareAnswer> approval(const std::string& id, const Json& body, const std::string& by);
+  Outcome<VersionAnswer> upload(const std::string& id, std::size_t size,
+                                const std::string& filename, const std::string& note,
+                                const std::string& by);
+  Outcome<ShareAnswer> share(const std::string& id, const Json& body, const std::string& by);
+  Done setApprovers(const Json& body, const std::string& by);
+
+  // Jobs and people.
+  Done startJob(const Json& body, const std::string& by);
+  Done stopJob(const std::string& id, const std::string& by);
+  Done setPhoto(std::string bytes, const std::string& by);
+
+  // The other reviewer does something now; `fileId` empty for a ticket of the colleague's choice.
+  Done colleagueActs(const std::string& fileId, const std::string& text, const std::string& by);
+
+ private:
+  struct Happening {
+    double at = 0;
+    std::function<void()> what;
+  };
+
+  void open(double now);
+  void openRounds();
+  Ticket* find(const std::string& id);
+  std::pair<Ticket*, Finding*> findFinding(const std::string& id);
+  FileItem itemOf(const Ticket& ticket) const;
+  void later(double wait, std::function<void()> what);
+  void record(Ticket* ticket, const std::string& kind, std::optional<std::string> by,
+              const std::string& text, std::optional<Int> page = {});
+  void touch(Ticket* ticket);
+  std::string nameOf(const std::string& email) const;
+  std::string secret();
+  std::string nextId(const std::string& prefix);
+  ShareInfo& shareOf(Ticket& ticket, const std::string& by);
+  void renewLinks(ShareInfo& share);
+  double dueOf(const FileItem& item) const;
+  void answerRound(const std::string& id, Int version, double requestedAt,
+                   const std::string& approver);
+  void settle(Ticket& ticket);
+  void finishCheck(const std::string& id, Int version);
+  Job* liveJob(const std::string& id);
+  void stepJob(const std::string& id, std::size_t step);
+  void finishJob(Job& job);
+  void finishReport(Job& job);
+  void scheduleColleague();
+
+  Pictures& pictures_;
+  double now_ = 0;
+  double pace_ = 1;
+  Int rev_ = 100;
+  Int nextEvent_ = 1;
+  Int nextNumber_ = 1;
+  std::minstd_rand colleague_{17};
+  std::vector<Person> users_;
+  std::vector<Guest> guests_;
+  std::vector<Guest> approvers_;
+  std::vector<Ticket> tickets_;
+  std::vector<Event> events_;  // oldest first
+  std::vector<Job> jobs_;      // newest first; a sync is kept apart
+  std::optional<Job> sync_;
+  std::vector<Report> reports_;  // newest first
+  std::map<std::string, std::string> pdfs_;
+  std::map<std::string, std::string> tokens_;                         // to e-mail
+  std::map<std::string, std::pair<std::string, std::string>> codes_;  // to e-mail and nonce
+  std::vector<Happening> happenings_;
+};
+
+}  // namespace vellix::demo

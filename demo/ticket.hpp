@@ -1,0 +1,51 @@
+// A ticket as the service keeps it, with what its pages were made from.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "defects.hpp"
+#include "records/records.hpp"
+
+namespace vellix::demo {
+
+// One page of one version: what we sent, what came back, and what was planted between the two.
+struct ProofPage {
+  PageArt sent;
+  PageArt proof;
+  std::vector<Planted> planted;
+};
+
+struct TicketVersion {
+  Version record;
+  std::vector<ProofPage> proofs;
+  std::vector<Page> pages;
+  std::vector<Finding> findings;
+  std::vector<Ref> refs;
+  Origin origin;
+};
+
+struct StoredNote {
+  Note note;
+  Int version = 1;
+};
+
+struct Ticket {
+  FileItem item;  // what does not follow from the rest: see State for counts and tally
+  std::vector<TicketVersion> versions;
+  std::vector<StoredNote> notes;
+  std::optional<Approval> approval;
+  bool waiting = false;  // not on the board before a sync brings it
+
+  TicketVersion& newest() { return versions.back(); }
+  const TicketVersion& newest() const { return versions.back(); }
+};
+
+// Found against the checks' own rules, not against a reviewer's decision.
+inline bool isReal(const Finding& finding) {
+  return finding.kind != "expected" && finding.kind != "pass";
+}
+
+}  // namespace vellix::demo
