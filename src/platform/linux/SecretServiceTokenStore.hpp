@@ -1,0 +1,40 @@
+// The token in the user's keyring.
+#pragma once
+
+#include <QString>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/KeychainThread.hpp"
+#include "platform/linux/TokenStores.hpp"
+
+namespace vellix {
+
+// Reads from memory. The keyring is written in the background, one job at a time and in order;
+// a job that fails or is late is given up.
+class SecretServiceTokenStore : public DurableTokenStore {
+ public:
+  // `jobLimit` is in milliseconds.
+  explicit SecretServiceTokenStore(int jobLimit);
+
+  // Reads the token that an earlier run left; `done` is called in a later turn, also when there is
+  // none or the keyring does not answer in time.
+  void prime(std::function<void()> done);
+
+  std::optional<std::string> read() override;
+  void remove() override;
+  void add(const std::string& token) override;
+  Pending<> settled() override;
+
+ private:
+  struct State;
+
+  // Shared with the jobs under way, which may outlive the store.
+  std::shared_ptr<State> state_;
+};
+
+}  // namespace vellix

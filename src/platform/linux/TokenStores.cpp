@@ -1,0 +1,37 @@
+#include "platform/linux/TokenStores.hpp"
+
+#include <QStandardPaths>
+
+#include "platform/linux/FileTokenStore.hpp"
+#include "platform/linux/KeychainThread.hpp"
+#include "platform/linux/SecretServiceTokenStore.hpp"
+
+namespace vellix {
+namespace {
+
+using Opened = std::shared_ptr<DurableTokenStore>;
+
+void openKeyring(const Resolver<Opened>& resolver, int jobLimit) {
+  const auto store = std::make_shared<SecretServiceTokenStore>(jobLimit);
+  store->prime([resolver, store] { resolver(store); });
+}
+
+}  // namespace
+
+std::string configFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString() +
+         "/vellix";
+}
+
+Pending<Opened> openTokenStore(const std::string& folder, KeyringLimits limits) {
+  const Resolver<Opened> resolver;
+  KeychainThread::instance().findSecretService(
+      limits.find, [resolver, limits, path = folder + "/session"](SecretService found) {
+        // A bus too slow to tell is taken to have a keyring: plain text is for when there is none.
+        if (found == SecretService::absent) return resolver(std::make_shared<FileTokenStore>(path));
+        openKeyring(resolver, limits.job);
+      });
+  return resolver.pending();
+}
+
+}  // namespace vellix
