@@ -1,0 +1,126 @@
+#include "platform/qt/QtDefaults.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/waiting.hpp"
+
+namespace vellix {
+namespace {
+
+class QtDefaultsTest : public testing::Test {
+ protected:
+  void write(const QByteArray& bytes) const {
+    QFile file(QString::fromStdString(path_));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+  }
+  QByteArray content() const {
+    QFile file(QString::fromStdString(path_));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir folder_;
+  std::string path_ = folder_.filePath("vellix/defaults.ini").toStdString();
+};
+
+TEST_F(QtDefaultsTest, NothingIsThereAtFirst) {
+  const QtDefaults defaults(path_);
+  EXPECT_EQ(defaults.text("ServerURL"), std::nullopt);
+  EXPECT_EQ(defaults.flag("LiveToasts"), std::nullopt);
+  EXPECT_TRUE(content().isEmpty());
+}
+
+TEST_F(QtDefaultsTest, OutlivesTheProcess) {
+  const std::vector<std::string> texts = {
+      "https://a.example/b?c=d,e;f",   "",         "@x",   "with \"quotes\"", "line\nbreak\ttab",
+      "h\xC3\xA9llo \xF0\x9F\x93\x96", " spaces ", "a, b", "%20\\n",          "true"};
+  {
+    QtDefaults defaults(path_);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      defaults.setText("Text" + std::to_string(i), texts[i]);
+      EXPECT_EQ(defaults.text("Text" + std::to_string(i)), texts[i]);
+    }
+    defaults.setFlag("On", true);
+    defaults.setFlag("Off", false);
+    EXPECT_EQ(defaults.flag("Off"), false);
+  }
+  const QtDefaults defaults(path_);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(defaults.text("Text" + std::to_string(i)), texts[i]);
+  }
+  EXPECT_EQ(defaults.flag("On"), true);
+  EXPECT_EQ(defaults.flag("Off"), false);
+}
+
+TEST_F(QtDefaultsTest, IsOnDiskSoonWithoutAnEnd) {
+  QtDefaults defaults(path_);
+  defaults.setText("ServerURL", "http://localhost:1");
+  EXPECT_TRUE(waitUntil([this] { return content().contains("ServerURL=http://localhost:1"); }));
+  EXPECT_TRUE(content().startsWith("[General]"));
+}
+
+TEST_F(QtDefaultsTest, ReadsWhatAPersonWrote) {
+  {
+    QtDefaults(path_).setFlag("MakesTheFolder", true);
+  }
+  write(
+      "[General]\nServerURL=http://localhost:8080/base\nMineOnly=1\nLiveToasts=false\n"
+      "DockBadge=0\nAutoAdvance=true\nShowNotes=maybe\nLastEmail=a@b.example\n");
+  const QtDefaults defaults(path_);
+  EXPECT_EQ(defaults.text("ServerURL"), "http://localhost:8080/base");
+  EXPECT_EQ(defaults.text("LastEmail"), "a@b.example");
+  EXPECT_EQ(defaults.flag("MineOnly"), true);
+  EXPECT_EQ(defaults.flag("LiveToasts"), false);
+  EXPECT_EQ(defaults.flag("DockBadge"), false);
+  EXPECT_EQ(defaults.flag("AutoAdvance"), true);
+  EXPECT_EQ(defaults.flag("ShowNotes"), std::nullopt);
+}
+
+TEST_F(QtDefaultsTest, ADamagedFileGivesWhatIsReadable) {
+  {
+    QtDefaults(path_).setFlag("MakesTheFolder", true);
+  }
+  write(
+      QByteArray("[General]\nServerURL=http://localhost\n\x00\xFF\xFE=\x01garbage\n[[[\nno equals\n"
+                 "MineOnly=true\nTorn=\"unfin",
+                 88));
+  {
+    QtDefaults defaults(path_);
+    EXPECT_EQ(defaults.text("ServerURL"), "http://localhost");
+    defaults.setText("Queue", "mine");
+    EXPECT_EQ(defaults.text("Queue"), "mine");
+  }
+  const QtDefaults again(path_);
+  EXPECT_EQ(again.text("ServerURL"), "http://localhost");
+  EXPECT_EQ(again.text("Queue"), "mine");
+}
+
+TEST_F(QtDefaultsTest, GarbageThroughoutDoesNoHarm) {
+  {
+    QtDefaults(path_).setFlag("MakesTheFolder", true);
+  }
+  QByteArray garbage;
+  for (int i = 0; i < 100'000; ++i) garbage.append(static_cast<char>(i * 7919 >> 3));
+  write(garbage);
+  QtDefaults defaults(path_);
+  EXPECT_EQ(defaults.text("ServerURL"), std::nullopt);
+  defaults.setFlag("MineOnly", true);
+  EXPECT_EQ(defaults.flag("MineOnly"), true);
+}
+
+TEST_F(QtDefaultsTest, WithoutAPlaceToWriteItLastsForTheRun) {
+  QFile block(folder_.filePath("block"));
+  ASSERT_TRUE(block.open(QIODevice::WriteOnly));
+  QtDefaults defaults(folder_.filePath("block/vellix/defaults.ini").toStdString());
+  defaults.setText("Queue", "mine");
+  defaults.setFlag("MineOnly", true);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(defaults.text("Queue"), "mine");
+  EXPECT_EQ(defaults.flag("MineOnly"), true);
+}
+
+}  // namespace
+}  // namespace vellix

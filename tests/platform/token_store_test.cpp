@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "platform/linux/FileTokenStore.hpp"
+#include "platform/waiting.hpp"
+
+namespace vellix {
+namespace {
+
+// Every test has a home and, where it wants one, a session bus of its own.
+class TokenStoreTest : public testing::Test {
+ protected:
+  QProcessEnvironment environment() const {
+    auto out = QProcessEnvironment::systemEnvironment();
+    QDir(home_.path()).mkpath("run");
+    QFile::setPermissions(home_.filePath("run"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    out.insert("HOME", home_.path());
+    out.insert("XDG_CONFIG_HOME", home_.filePath("config"));
+    out.insert("XDG_DATA_HOME", home_.filePath("data"));
+    out.insert("XDG_CACHE_HOME", home_.filePath("cache"));
+    out.insert("XDG_RUNTIME_DIR", home_.filePath("run"));
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP"}) out.remove(name);
+    return out;
+  }
+
+  static QStringList run(const QString& program, const QStringList& arguments,
+                         const QProcessEnvironment& environment) {
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    return QString::fromUtf8(process.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+  }
+
+  // What the probe's runs print, one after the other, in one session.
+  QStringList inSession(const QString& keyring, const QStringList& runs) const {
+    QStringList arguments = {"--", KEYRING_SESSION, keyring};
+    for (const QString& one : runs) {
+      arguments.append(QString(TOKEN_STORE_PROBE) + " " + folder() + " " + one);
+    }
+    return withoutTurns(run("dbus-run-session", arguments, environment()));
+  }
+
+  QStringList withoutBus(const QString& steps) const {
+    auto noBus = environment();
+    noBus.insert("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    return withoutTurns(run(TOKEN_STORE_PROBE, QStringList{folder()} + steps.split(' '), noBus));
+  }
+
+  // The main thread never waits for the keyring.
+  static QStringList withoutTurns(const QStringList& lines) {
+    QStringList out;
+    for (const QString& line : lines) {
+      if (!line.startsWith("longest turn ")) {
+        out.append(line);
+        continue;
+      }
+      EXPECT_LT(line.mid(13).toInt(), 2000);
+    }
+    return out;
+  }
+
+  QString folder() const { return home_.filePath("config/vellix"); }
+  QString file() const { return folder() + "/session"; }
+
+  QTemporaryDir home_;
+};
+
+TEST_F(TokenStoreTest, TheKeyringKeepsTheTokenBetweenRuns) {
+  EXPECT_EQ(inSession("unlocked", {"read add=first read settle", "read", "remove add=second settle",
+                                   "read remove read settle", "read"}),
+            (QStringList{"store keyring", "token none", "token first", "settled",   //
+                         "store keyring", "token first",                            //
+                         "store keyring", "settled",                                //
+                         "store keyring", "token second", "token none", "settled",  //
+                         "store keyring", "token none"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, TheKeyringTakesJobsInTheirOrder) {
+  QStringList many;
+  for (int i = 0; i < 10; ++i) many << "remove" << "add=t" + QString::number(i);
+  EXPECT_EQ(inSession("unlocked", {many.join(' ') + " settle", "read"}),
+            (QStringList{"store keyring", "settled", "store keyring", "token t9"}));
+}
+
+TEST_F(TokenStoreTest, RemovingWhatIsNotThereDoesNoHarm) {
+  EXPECT_EQ(inSession("unlocked", {"remove remove settle add=t settle", "read"}),
+            (QStringList{"store keyring", "settled", "settled", "store keyring", "token t"}));
+}
+
+TEST_F(TokenStoreTest, ALockedKeyringIsNotWrittenAround) {
+  EXPECT_EQ(inSession("locked", {"limit=3000 read add=t read settle"}),
+            (QStringList{"store keyring", "token none", "token t", "settled"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, ASilentKeyringIsGivenUpButNotWrittenAround) {
+  EXPECT_EQ(
+      inSession(TOKEN_STORE_PROBE, {"limit=300 read add=t read settle remove settle read"}),
+      (QStringList{"store keyring", "token none", "token t", "settled", "settled", "token none"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, WithoutABusAFileKeepsIt) {
+  EXPECT_EQ(withoutBus("read add=first read settle"),
+            (QStringList{"store file", "token none", "token first", "settled"}));
+  EXPECT_EQ(withoutBus("read remove read settle"),
+            (QStringList{"store file", "token first", "token none", "settled"}));
+  EXPECT_FALSE(QFile::exists(file()));
+  EXPECT_EQ(withoutBus("read add=second"), (QStringList{"store file", "token none"}));
+  EXPECT_EQ(withoutBus("read"), (QStringList{"store file", "token second"}));
+}
+
+class FileTokenStoreTest : public testing::Test {
+ protected:
+  static mode_t modeOf(const std::string& path) {
+    struct stat facts{};
+    return ::lstat(path.c_str(), &facts) == 0 ? facts.st_mode : 0;
+  }
+  static std::string content(const std::string& path) {
+    QFile file(QString::fromStdString(path));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(none)";
+  }
+  void put(const std::string& bytes) const {
+    QDir().mkpath(folder_.filePath("vellix"));
+    QFile file(QString::fromStdString(path_));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(bytes.data(), qint64(bytes.size())), qint64(bytes.size()));
+  }
+  QStringList files() const {
+    return QDir(folder_.filePath("vellix"))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  }
+
+  QTemporaryDir folder_;
+  std::string path_ = folder_.filePath("vellix/session").toStdString();
+};
+
+TEST_F(FileTokenStoreTest, HoldsTheTokenAloneForTheOwnerAlone) {
+  FileTokenStore store(path_);
+  const mode_t before = ::umask(0);
+  store.add("t0ken");
+  ::umask(before);
+  EXPECT_EQ(content(path_), "t0ken");
+  EXPECT_EQ(modeOf(path_), mode_t(S_IFREG | 0600));
+  EXPECT_EQ(files(), QStringList{"session"});
+  store.add("other");
+  EXPECT_EQ(content(path_), "other");
+  EXPECT_EQ(files(), QStringList{"session"});
+  EXPECT_TRUE(await(store.settled()).has_value());
+}
+
+TEST_F(FileTokenStoreTest, NarrowsAFileThatOthersCouldRead) {
+  put("t0ken\n");
+  ::chmod(path_.c_str(), 0644);
+  EXPECT_EQ(FileTokenStore(path_).read(), "t0ken");
+  EXPECT_EQ(modeOf(path_), mode_t(S_IFREG | 0600));
+}
+
+TEST_F(FileTokenStoreTest, ADamagedFileReadsAsNone) {
+  for (const std::string& bytes :
+       {std::string(), std::string("\n"), std::string("two words"), std::string("a\nb"),
+        std::string("a\0b", 3), std::string("\xFF\xFE"), std::string(1'000'000, 'x')}) {
+    put(bytes);
+    FileTokenStore store(path_);
+    EXPECT_EQ(store.read(), std::nullopt) << bytes.substr(0, 20);
+    store.add("good");
+    EXPECT_EQ(FileTokenStore(path_).read(), "good");
+  }
+}
+
+TEST_F(FileTokenStoreTest, FollowsNoSymbolicLink) {
+  QFile target(folder_.filePath("target"));
+  ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+  target.write("elsewhere");
+  target.close();
+  QDir().mkpath(folder_.filePath("vellix"));
+  ASSERT_TRUE(QFile::link(target.fileName(), QString::fromStdString(path_)));
+  ASSERT_TRUE(QFile::link(target.fileName(), QString::fromStdString(path_ + ".new")));
+  FileTokenStore store(path_);
+  EXPECT_EQ(store.read(), std::nullopt);
+  store.add("t0ken");
+  EXPECT_EQ(content(target.fileName().toStdString()), "elsewhere");
+  EXPECT_EQ(modeOf(path_), mode_t(S_IFREG | 0600));
+  EXPECT_EQ(FileTokenStore(path_).read(), "t0ken");
+}
+
+TEST_F(FileTokenStoreTest, WhereNothingCanBeWrittenItLastsForTheRun) {
+  QFile block(folder_.filePath("block"));
+  ASSERT_TRUE(block.open(QIODevice::WriteOnly));
+  const auto path = folder_.filePath("block/vellix/session").toStdString();
+  FileTokenStore store(path);
+  store.add("t0ken");
+  EXPECT_EQ(store.read(), "t0ken");
+  EXPECT_EQ(FileTokenStore(path).read(), std::nullopt);
+  store.remove();
+  EXPECT_EQ(store.read(), std::nullopt);
+}
+
+TEST_F(FileTokenStoreTest, APipeInItsPlaceDoesNotHangTheStart) {
+  QDir().mkpath(folder_.filePath("vellix"));
+  ASSERT_EQ(::mkfifo(path_.c_str(), 0600), 0);
+  FileTokenStore store(path_);
+  EXPECT_EQ(store.read(), std::nullopt);
+  store.add("t0ken");
+  EXPECT_EQ(FileTokenStore(path_).read(), "t0ken");
+}
+
+}  // namespace
+}  // namespace vellix

@@ -1,0 +1,39 @@
+#include "platform/qt/QtWindows.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QRasterWindow>
+#include <QSysInfo>
+
+#include "platform/qt/QtMachine.hpp"
+#include "platform/waiting.hpp"
+
+namespace vellix {
+namespace {
+
+TEST(QtWindows, AreSeenWhileAnActiveOneShows) {
+  const QtWindows windows;
+  EXPECT_FALSE(windows.seen());
+  QRasterWindow window;
+  window.resize(100, 100);
+  EXPECT_FALSE(windows.seen());
+  window.show();
+  window.requestActivate();
+  EXPECT_TRUE(waitUntil([&windows] { return windows.seen(); }));
+  window.showMinimized();
+  EXPECT_TRUE(waitUntil([&windows] { return !windows.seen(); }));
+  window.showNormal();
+  window.requestActivate();
+  EXPECT_TRUE(waitUntil([&windows] { return windows.seen(); }));
+  window.hide();
+  EXPECT_FALSE(windows.seen());
+}
+
+TEST(QtMachine, HasTheHostsName) {
+  EXPECT_EQ(QtMachine().name(), QSysInfo::machineHostName().toStdString());
+  EXPECT_FALSE(QtMachine().name().empty());
+}
+
+}  // namespace
+}  // namespace vellix
