@@ -12,7 +12,7 @@ Item {
     property int weight: Font.Normal
     property color color: Theme.text
 
-    implicitWidth: cells.implicitWidth
+    implicitWidth: text === "" ? 0 : cells.implicitWidth
     implicitHeight: zero.implicitHeight
     baselineOffset: zero.baselineOffset
 

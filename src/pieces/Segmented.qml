@@ -4,7 +4,7 @@ import QtQuick
 import Vellix.Pieces
 
 // A few choices side by side, one of them current. `options` is a list of { key, label } with an
-// optional `count`, `countHelp` and `help`. It shows `current` and asks for another by `picked`.
+// optional `count`, `late`, `countHelp` and `help`. It shows `current` and asks for another by `picked`.
 Rectangle {
     id: segments
 
@@ -59,7 +59,7 @@ Rectangle {
         width: segments.thumbTarget ? segments.thumbTarget.width : 0
         height: parent.height - 4
         radius: 6
-        color: Theme.raised
+        color: Theme.thumb
         border.width: 1
         border.color: Theme.hoverFill
 
@@ -130,7 +130,7 @@ Rectangle {
                         visible: cell.count !== ""
                         anchors.verticalCenter: parent.verticalCenter
                         text: cell.count
-                        colour: cell.current ? Theme.accent : Theme.muted
+                        colour: cell.modelData.late ? Theme.fore["red"] : cell.current ? Theme.accent : Theme.muted
                     }
                 }
             }

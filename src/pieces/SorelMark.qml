@@ -23,7 +23,7 @@ Item {
         x: -mark.open * mark.size * 0.12
         anchors.verticalCenter: parent.verticalCenter
         width: mark.half
-        height: 2 * mark.half + mark.line
+        height: 2 * mark.half
         color: Theme.accent
     }
 
@@ -31,7 +31,7 @@ Item {
         x: mark.half + mark.line + mark.open * mark.size * 0.12
         anchors.verticalCenter: parent.verticalCenter
         width: mark.half
-        height: 2 * mark.half + mark.line
+        height: 2 * mark.half
         mirrored: true
         color: Theme.ink
     }

@@ -49,6 +49,8 @@ class Theme : public QObject {
   VELLIX_COLOUR(line, "#e0e1e1", "#332d29")
   // What lies on a ground and is pressed or read by itself: buttons, fields, cards, popovers.
   VELLIX_COLOUR(raised, "#ffffff", "#26211e")
+  // The moving part of a segmented control.
+  VELLIX_COLOUR(thumb, "#ffffff", "#3a332e")
   VELLIX_COLOUR(paper, "#fdfcf8", "#fdfcf8")
   VELLIX_COLOUR(onAccent, "#ffffff", "#ffffff")
   VELLIX_COLOUR(toast, "#1d1917", "#3a332e")

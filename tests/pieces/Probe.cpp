@@ -1,0 +1,112 @@
+#include "Probe.hpp"
+
+#include <QAccessible>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QMetaEnum>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace {
+
+QStringList warnings;
+QtMessageHandler passOn = nullptr;
+
+void note(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  // The platform plugin's remarks on the machine it runs on are none of ours.
+  const bool ours = !message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
+  if (ours && type != QtDebugMsg && type != QtInfoMsg) warnings.append(message);
+  passOn(type, context, message);
+}
+
+}  // namespace
+
+Probe::Probe(QObject* parent) : QObject(parent) {
+  for (const char* scheme : {"https", "http", "mailto", "file"}) {
+    QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "open");
+  }
+}
+
+Probe::~Probe() {
+  for (const char* scheme : {"https", "http", "mailto", "file"}) {
+    QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+  }
+  if (passOn) qInstallMessageHandler(passOn);
+}
+
+void Probe::watchWarnings() {
+  const QtMessageHandler before = qInstallMessageHandler(note);
+  if (before != note) passOn = before;
+}
+
+QStringList Probe::takeWarnings() { return std::exchange(warnings, {}); }
+QStringList Probe::takeOpened() { return std::exchange(opened_, {}); }
+
+QString Probe::accessibleName(QQuickItem* item) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  return seen ? seen->text(QAccessible::Name) : QString();
+}
+
+QString Probe::accessibleRole(QQuickItem* item) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  return seen ? QString::fromLatin1(
+                    QMetaEnum::fromType<QAccessible::Role>().valueToKey(seen->role()))
+              : QString();
+}
+
+bool Probe::accessibleChecked(QQuickItem* item) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  return seen && seen->state().checked;
+}
+
+bool Probe::act(QQuickItem* item, const QString& action) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  QAccessibleActionInterface* actions = seen ? seen->actionInterface() : nullptr;
+  if (!actions || !actions->actionNames().contains(action)) return false;
+  actions->doAction(action);
+  return true;
+}
+
+bool Probe::setAccessibleValue(QQuickItem* item, double value) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  QAccessibleValueInterface* values = seen ? seen->valueInterface() : nullptr;
+  if (!values) return false;
+  values->setCurrentValue(value);
+  return true;
+}
+
+QStringList Probe::tableNames() const {
+  QFile table(QStringLiteral(SYMBOL_TABLE));
+  QStringList names;
+  if (!table.open(QIODevice::ReadOnly)) return names;
+  for (const QByteArray& line : table.readAll().split('\n')) {
+    if (!line.isEmpty() && line[0] != '#') names.append(QString::fromLatin1(line.split(' ')[0]));
+  }
+  return names;
+}
+
+QStringList Probe::compiledNames() const {
+  QStringList names;
+  for (const QString& file : QDir(QStringLiteral(":/symbols")).entryList(QDir::Files)) {
+    names.append(file.chopped(4));
+  }
+  return names;
+}
+
+bool Probe::draws(const QString& resource) const {
+  QSvgRenderer drawing(resource);
+  if (!drawing.isValid()) return false;
+  QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  drawing.render(&painter);
+  painter.end();
+  int marked = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) marked += qAlpha(image.pixel(x, y)) > 128;
+  }
+  // Not empty, and not a full square, which is what a path gone wrong looks like.
+  return marked > 40 && marked < 64 * 64 * 9 / 10;
+}

@@ -1,0 +1,256 @@
+import QtQuick
+import QtTest
+import Vellix.Pieces
+
+Item {
+    id: scene
+
+    width: 640
+    height: 480
+
+    Column {
+        spacing: 8
+
+        Pill { id: pill; title: "Share"; icon: "link" }
+        BigButton { id: big; title: "Sync"; icon: "arrow.triangle.2.circlepath"; width: 200 }
+        LinkPill { id: link; title: "Email"; icon: "envelope"; url: "https://mail.example/7" }
+        IconButton { id: bare; symbol: "gearshape"; help: "Settings" }
+        TextButton { id: stop; text: "Stop" }
+        CheckBox { id: check; text: "Only mine" }
+        Switch { id: toggle; label: "Urgent" }
+        Segmented {
+            id: segments
+
+            label: "View"
+            current: "a"
+            options: [{ key: "a", label: "Side by side" }, { key: "b", label: "Overlay", count: "3" }]
+        }
+        Slider { id: slider; label: "Zoom"; from: 1; to: 4; level: 2; width: 200 }
+        ToastView { id: toast; text: "Marked a real issue."; undoLabel: "Undo" }
+        Avatar { id: avatar; letter: "R"; email: "renny@tessarine.example"; ring: true }
+        Card { id: card; title: "Open now"; Label { text: "All caught up." } }
+        Digits { id: digits; text: "p12 · 1 of 88" }
+        Spinner { id: spinner }
+        SorelMark { id: mark; working: true }
+        DottedLine { width: 100; color: Theme.muted }
+        Hairline { id: hairline; width: 100 }
+    }
+
+    SignalSpy { id: spy }
+
+    TestCase {
+        name: "Controls"
+        when: windowShown
+
+        function initTestCase() {
+            probe.watchWarnings();
+        }
+
+        function childOf(item, fits) {
+            for (let i = 0; i < item.children.length; ++i) {
+                if (fits(item.children[i]))
+                    return item.children[i];
+            }
+            return undefined;
+        }
+
+        function cleanup() {
+            for (const control of [pill, big, link, bare, stop, check, toggle, slider])
+                control.enabled = true;
+            big.busy = false;
+            link.url = "https://mail.example/7";
+            toast.undoLabel = "Undo";
+            slider.level = 2;
+            probe.takeOpened();
+            compare(probe.takeWarnings(), []);
+        }
+
+        function watch(item, signal) {
+            spy.target = null;
+            spy.signalName = signal;
+            spy.target = item;
+            spy.clear();
+        }
+
+        function test_everyButtonIsPressed_data() {
+            return [
+                { tag: "Pill", item: pill, signal: "clicked", name: "Share", role: "Button" },
+                { tag: "BigButton", item: big, signal: "action", name: "Sync", role: "Button" },
+                { tag: "LinkPill", item: link, signal: "clicked", name: "Email", role: "Link" },
+                { tag: "IconButton", item: bare, signal: "clicked", name: "Settings", role: "Button" },
+                { tag: "TextButton", item: stop, signal: "clicked", name: "Stop", role: "Button" },
+                { tag: "CheckBox", item: check, signal: "toggled", name: "Only mine", role: "CheckBox" },
+                { tag: "Switch", item: toggle, signal: "toggled", name: "Urgent", role: "CheckBox" }
+            ];
+        }
+
+        function test_everyButtonIsPressed(row) {
+            compare(probe.accessibleName(row.item), row.name);
+            compare(probe.accessibleRole(row.item), row.role);
+            watch(row.item, row.signal);
+            mouseClick(row.item);
+            compare(spy.count, 1);
+            row.item.forceActiveFocus(Qt.TabFocusReason);
+            verify(row.item.visualFocus);
+            keyClick(Qt.Key_Space);
+            compare(spy.count, 2);
+            keyClick(Qt.Key_Return);
+            compare(spy.count, 3);
+            verify(probe.act(row.item, "Press"));
+            compare(spy.count, 4);
+
+            row.item.enabled = false;
+            mouseClick(row.item);
+            probe.act(row.item, "Press");
+            compare(spy.count, 4);
+            verify(row.item.opacity < 1);
+        }
+
+        function test_aPressLetGoElsewhereIsNone() {
+            watch(pill, "clicked");
+            mousePress(pill);
+            verify(pill.pressed);
+            mouseMove(pill, -30, -30);
+            verify(!pill.pressed);
+            mouseRelease(pill, -30, -30);
+            compare(spy.count, 0);
+        }
+
+        function test_clicksTellTheirModifiers() {
+            watch(pill, "clicked");
+            mouseClick(pill, 5, 5, Qt.LeftButton, Qt.ControlModifier);
+            compare(spy.signalArguments[0][0], Qt.ControlModifier);
+        }
+
+        function test_focusByPointerHasNoRing() {
+            pill.forceActiveFocus(Qt.MouseFocusReason);
+            verify(!pill.visualFocus);
+        }
+
+        function test_busyButtonWaits() {
+            big.busy = true;
+            watch(big, "action");
+            mouseClick(big);
+            verify(probe.act(big, "Press"));
+            compare(spy.count, 0);
+        }
+
+        function test_linkOpensWebAndMailOnly() {
+            mouseClick(link);
+            compare(probe.takeOpened(), ["https://mail.example/7"]);
+            for (const refused of ["", "file:///etc/passwd", "javascript:alert(1)"]) {
+                link.url = refused;
+                mouseClick(link);
+                compare(probe.takeOpened(), []);
+            }
+        }
+
+        function test_boxesAskAndDoNotDecide() {
+            watch(check, "toggled");
+            mouseClick(check);
+            compare(spy.signalArguments[0][0], true);
+            verify(!check.checked);
+            check.checked = true;
+            verify(probe.accessibleChecked(check));
+            mouseClick(check);
+            compare(spy.signalArguments[1][0], false);
+            check.checked = false;
+        }
+
+        function test_segments() {
+            const cells = [];
+            function collect(item) {
+                for (let i = 0; i < item.children.length; ++i) {
+                    if (item.children[i] instanceof PressArea)
+                        cells.push(item.children[i]);
+                    collect(item.children[i]);
+                }
+            }
+            collect(segments);
+            compare(cells.map(cell => probe.accessibleName(cell)), ["Side by side", "Overlay"]);
+            verify(probe.accessibleChecked(cells[0]));
+            watch(segments, "picked");
+            mouseClick(cells[1]);
+            compare(spy.signalArguments[0][0], "b");
+            compare(segments.current, "a");
+            segments.current = "b";
+            verify(probe.accessibleChecked(cells[1]));
+            cells[1].forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Left);
+            compare(spy.signalArguments[1][0], "a");
+            verify(probe.act(cells[0], "Press"));
+            compare(spy.count, 3);
+        }
+
+        function test_sliderAsks() {
+            watch(slider, "moved");
+            mouseClick(slider, slider.width - 1, 10);
+            compare(spy.signalArguments[0][0], 4);
+            compare(slider.level, 2);
+            slider.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Right);
+            fuzzyCompare(spy.signalArguments[1][0], 2.15, 0.001);
+            verify(probe.act(slider, "Increase"));
+            fuzzyCompare(spy.signalArguments[2][0], 2.15, 0.001);
+            verify(probe.setAccessibleValue(slider, 3));
+            compare(spy.signalArguments[3][0], 3);
+            slider.level = 3.5;
+            compare(slider.value, 3.5);
+        }
+
+        function test_toastOffersUndoOnlyWithALabel() {
+            const button = childOf(toast, child => child instanceof PressArea);
+            compare(probe.accessibleName(toast), "Marked a real issue.");
+            compare(probe.accessibleName(button), "Undo");
+            const wide = toast.implicitWidth;
+            watch(toast, "undo");
+            mouseClick(button);
+            verify(probe.act(button, "Press"));
+            compare(spy.count, 2);
+            toast.undoLabel = "";
+            verify(!button.visible);
+            verify(toast.implicitWidth < wide);
+            probe.act(button, "Press");
+            compare(spy.count, 2);
+        }
+
+        function test_digitsHoldTheirPlace() {
+            digits.text = "111";
+            const narrow = digits.implicitWidth;
+            digits.text = "888";
+            compare(digits.implicitWidth, narrow);
+            compare(probe.accessibleName(digits), "888");
+            digits.text = "";
+            compare(digits.implicitWidth, 0);
+        }
+
+        function test_whatMovesStandsStillWhenAsked() {
+            verify(mark.open >= 0);
+            tryVerify(() => mark.open > 0);
+            Theme.reducedMotion = true;
+            tryCompare(mark, "open", 0);
+            Theme.reducedMotion = false;
+        }
+
+        function test_helpAppearsAfterARestAndGoes() {
+            function bubble() {
+                let top = scene;
+                while (top.parent)
+                    top = top.parent;
+                return childOf(top, child => child instanceof HelpBubble);
+            }
+            mouseMove(bare, 4, 4);
+            tryVerify(() => bubble() !== undefined);
+            compare(bubble().text, "Settings");
+            mouseMove(scene, 600, 470);
+            tryVerify(() => bubble() === undefined);
+        }
+
+        function test_namesOfTheRest() {
+            compare(probe.accessibleName(avatar), "renny@tessarine.example");
+            compare(probe.accessibleName(card), "Open now");
+            compare(hairline.implicitHeight, 1 / Screen.devicePixelRatio);
+            verify(spinner.width === 14);
+        }
+    }
+}
