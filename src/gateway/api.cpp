@@ -1,5 +1,7 @@
 #include "gateway/api.hpp"
 
+#include <algorithm>
+
 #include "gateway/build_info.hpp"
 #include "gateway/url.hpp"
 
@@ -38,6 +40,10 @@ HttpLane laneOf(const API::Request& request) {
   return HttpLane::calls;
 }
 
+bool sameHeader(std::string_view one, std::string_view other) {
+  return std::ranges::equal(one, other, {}, asciiLower, asciiLower);
+}
+
 }  // namespace
 
 std::string API::base() const {
@@ -66,7 +72,13 @@ HttpRequest API::build(const Request& request) {
   http.timeout = request.timeout.value_or(kTimeout);
   http.lane = laneOf(request);
   const auto set = [&](const std::string& name, const std::string& value) {
-    http.headers.emplace_back(name, value);
+    const auto held = std::ranges::find_if(
+        http.headers, [&](const auto& entry) { return sameHeader(entry.first, name); });
+    if (held == http.headers.end()) {
+      http.headers.emplace_back(name, value);
+    } else {
+      held->second = value;
+    }
   };
   set("User-Agent", "Vellix-Mac/" + shortVersion());
   for (const auto& [name, value] : request.headers) set(name, value);

@@ -1,7 +1,6 @@
 #include "gateway/url.hpp"
 
 #include <algorithm>
-#include <cctype>
 
 namespace vellix {
 namespace {
@@ -12,7 +11,7 @@ bool isAlnum(char c) {
 
 std::string lower(std::string_view text) {
   std::string out{text};
-  std::ranges::transform(out, out.begin(), [](unsigned char c) { return std::tolower(c); });
+  std::ranges::transform(out, out.begin(), asciiLower);
   return out;
 }
 
@@ -24,6 +23,8 @@ int hexValue(char c) {
 }
 
 }  // namespace
+
+char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string percentEncode(std::string_view text, std::string_view kept) {
   static constexpr std::string_view hex = "0123456789ABCDEF";

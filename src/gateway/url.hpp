@@ -10,6 +10,9 @@
 
 namespace vellix {
 
+// The same in every locale.
+char asciiLower(char c);
+
 // Percent-encodes every byte but ASCII letters, digits and the bytes of `kept`.
 std::string percentEncode(std::string_view text, std::string_view kept = "-._~");
 std::string percentDecode(std::string_view text);
