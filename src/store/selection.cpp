@@ -13,6 +13,17 @@ constexpr std::string_view kNewTitle = "new_title";
 // The second reviewer's mailbox: that person starts in the reprints.
 constexpr std::string_view kReprintsMailbox = "jorvas";
 
+// Page numbers come from outside: whatever they are, the sum must not overflow.
+bool isNeighbour(Int one, Int other) {
+  return one == other || std::max(one, other) - 1 == std::min(one, other);
+}
+
+Int sumHeld(Int one, Int other) {
+  Int sum = 0;
+  if (!__builtin_add_overflow(one, other, &sum)) return sum;
+  return other > 0 ? std::numeric_limits<Int>::max() : std::numeric_limits<Int>::min();
+}
+
 }  // namespace
 
 const FileItem* Store::currentFile() const {
@@ -112,7 +123,7 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   }
   const Int current = page().at(file.id);
   for (const auto& candidate : detail.file.pages.value_or(std::vector<Page>{})) {
-    if (std::abs(candidate.i - current) <= 1) ports_.pictures.prefetch(candidate);
+    if (isNeighbour(candidate.i, current)) ports_.pictures.prefetch(candidate);
   }
 }
 
@@ -123,7 +134,7 @@ void Store::stepPage(const FileDetail& detail, Int delta) {
   const Int count = detail.file.pages ? static_cast<Int>(detail.file.pages->size()) : 0;
   const auto entry = page().find(id);
   const Int present = entry == page().end() ? 0 : entry->second;
-  goToPage(id, std::max<Int>(std::min(present + delta, count - 1), 0));
+  goToPage(id, std::max<Int>(std::min(sumHeld(present, delta), count - 1), 0));
   draft.set(std::nullopt);
 }
 
