@@ -1,7 +1,9 @@
 // The one file that knows simdjson: a walk over the parsed document, told by the descriptions.
 #include <simdjson.h>
 
-#include <limits>
+#include <algorithm>
+#include <array>
+#include <bit>
 
 #include "records/json.hpp"
 
@@ -124,7 +126,9 @@ class Walk {
     dom::array array;
     if (from.get_array().get(array)) return refuse("a list was expected");
     to.clear();
-    to.reserve(array.size());
+    // Two bytes of a hostile list must not claim a record's worth of memory each.
+    constexpr std::size_t kMostInAdvance = (std::size_t{64} << 20) / sizeof(T);
+    to.reserve(std::min(array.size(), kMostInAdvance));
     for (const auto entry : array) {
       if (!read(entry, to.emplace_back())) {
         under("[" + std::to_string(to.size() - 1) + "]");
@@ -197,14 +201,16 @@ class Walk {
 
 template <class T>
 std::expected<T, DecodeFailure> decode(std::string_view json) {
+  // The parser would copy from the null address of a view of nothing.
+  if (json.empty()) return std::unexpected(DecodeFailure{"", "the document is empty"});
   dom::parser parser;
   dom::element root;
   if (const auto error = parser.parse(json.data(), json.size()).get(root)) {
     return std::unexpected(DecodeFailure{"", simdjson::error_message(error)});
   }
-  std::expected<T, DecodeFailure> value;
+  T value;
   Walk walk;
-  if (!walk.read(root, *value)) {
+  if (!walk.read(root, value)) {
     return std::unexpected(DecodeFailure{std::move(walk.where), std::move(walk.why)});
   }
   return value;

@@ -10,9 +10,10 @@ std::string friendlyTime(Moment date, Moment now, const Calendar& calendar) {
   const auto whole = [](double value) { return std::to_string(static_cast<std::int64_t>(value)); };
   if (seconds < 50) return "just now";
   if (seconds < 3600) return whole(seconds / 60) + " min ago";
-  const int days = calendar.dayOf(now) - calendar.dayOf(date);
-  if (days == 0) return whole(seconds / 3600) + " hr ago";
-  if (days == 1) return "Yesterday " + calendar.shortTime(date);
+  const int today = calendar.dayOf(now);
+  const int day = calendar.dayOf(date);
+  if (day == today) return whole(seconds / 3600) + " hr ago";
+  if (day == today - 1) return "Yesterday " + calendar.shortTime(date);
   if (seconds < sixDays) return calendar.weekday(date) + " " + calendar.shortTime(date);
   return calendar.monthAndDay(date);
 }

@@ -25,7 +25,11 @@ std::string Guest::shownName() const {
   return filled(name) ? *name : email.substr(0, email.find('@'));
 }
 
-std::string Page::name() const { return filled(label) ? *label : std::to_string(i + 1); }
+std::string Page::name() const {
+  if (filled(label)) return *label;
+  // The greatest index has a successor only without the sign.
+  return i < 0 ? std::to_string(i + 1) : std::to_string(static_cast<std::uint64_t>(i) + 1);
+}
 
 double Page::aspect() const {
   if (px && px->size() == 2 && (*px)[1] > 0) return (*px)[0] / (*px)[1];
