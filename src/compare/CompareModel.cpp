@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "compare/file_header.hpp"
-
 namespace vellix {
 namespace {
 

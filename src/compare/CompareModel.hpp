@@ -7,6 +7,7 @@
 
 #include "bridge/RowsModel.hpp"
 #include "compare/canvas_view.hpp"
+#include "compare/file_header.hpp"
 
 namespace vellix {
 
@@ -53,9 +54,9 @@ class CompareModel : public QObject {
 
   Store& store_;
   std::string asked_;  // the ticket whose detail was asked for
-  QVariantMap header_;
+  QVariantMap header_ = toQml(FileHeaderView{}).toMap();
   bool loaded_ = false;
-  QVariantMap bar_;
+  QVariantMap bar_ = toQml(CanvasBarView{}).toMap();
   RowsModel<PaneView, &PaneView::key> panes_;
   Changes::Subscription onChange_;
   Changes::Subscription onPrefs_;

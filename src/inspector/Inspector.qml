@@ -11,6 +11,10 @@ Item {
     required property InspectorModel inspector
 
     readonly property var head: inspector.head
+    // Another page's findings begin at their top.
+    readonly property string place: head.file + " " + head.title
+
+    onPlaceChanged: scroll.contentY = 0
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Findings"

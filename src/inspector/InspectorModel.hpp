@@ -39,7 +39,7 @@ class InspectorModel : public QObject {
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  QVariantMap head_;
+  QVariantMap head_ = toQml(FindingsHead{}).toMap();
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;
   Changes::Subscription onChange_;

@@ -12,6 +12,12 @@ constexpr double kFarthest = 3.2e15;
 
 }  // namespace
 
+QLocale userLocale() {
+  const QLocale system = QLocale::system();
+  return system.language() == QLocale::C ? QLocale{QLocale::English, QLocale::UnitedStates}
+                                         : system;
+}
+
 QtCalendar::QtCalendar(QLocale locale, std::optional<QTimeZone> zone)
     : locale_(std::move(locale)), zone_(std::move(zone)) {}
 

@@ -12,8 +12,12 @@ namespace vellix {
 
 class QtCalendar : public Calendar {
  public:
-  // Without a zone it follows the system's, also when that changes.
-  explicit QtCalendar(QLocale locale = QLocale::system(),
+  // The user's locale. Without one, the plain English of the program's own words: the bare "C"
+// locale tells every time to the second.
+QLocale userLocale();
+
+// Without a zone it follows the system's, also when that changes.
+  explicit QtCalendar(QLocale locale = userLocale(),
                       std::optional<QTimeZone> zone = std::nullopt);
 
   int dayOf(Moment moment) const override;
