@@ -163,6 +163,7 @@ Ticket ticketOf(const TicketPlan& plan, double now, Pictures& pictures) {
 
     Page page = pageRecord(index, proof.proof, "files/" + plan.id + "/v1",
                            "thumbs/" + plan.id + "/v1", pictures);
+    if (source == plan.scanned) page.ocr = true;
     if (plan.sentFound) {
       (*page.refs)["submitted"] =
           refRecord(source, sent[s], "refs/" + plan.id + "/submitted", pictures);

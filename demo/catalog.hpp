@@ -43,6 +43,7 @@ struct TicketPlan {
   bool sentFound = true;
   std::string summary;
   bool waiting = false;
+  int scanned = -1;  // a page without live text
 };
 
 // Makes the ticket's first version and enters its pictures.

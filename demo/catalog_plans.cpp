@@ -159,7 +159,8 @@ std::vector<TicketPlan> ticketPlans(double now) {
                    .missingPage = 4,
                    .thirdMissing = {9},
                    .summary = "9 pages checked against what we sent and the last print. Page 45 "
-                              "is missing, and a word differs on p42."});
+                              "is missing, and a word differs on p42.",
+                   .scanned = 7});
   plans.push_back({.id = "bread-cover",
                    .book = "bread",
                    .component = "Cover",

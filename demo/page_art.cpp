@@ -59,7 +59,7 @@ QSize sizeOf(const PageArt& page) {
 QRectF panelBox(PageKind panel, const std::string& bookId, Element element) {
   switch (element) {
     case Element::title:
-      return {120, 150, 1200, bookId == "carto" ? 420.0 : 620.0};
+      return {120, 150, 1200, bookId == "carto" ? 420.0 : bookId == "letter" ? 500.0 : 620.0};
     case Element::author:
       return {120, 1800, 1200, 110};
     case Element::medal:
@@ -74,11 +74,11 @@ QRectF panelBox(PageKind panel, const std::string& bookId, Element element) {
       break;
   }
   if (panel == PageKind::text) return {};
-  if (bookId == "salt") return {830, 760, 330, 330};
+  if (bookId == "salt") return {860, 800, 320, 320};
   if (bookId == "lanterns") return {440, 800, 560, 700};
-  if (bookId == "carto") return {850, 1300, 300, 300};
+  if (bookId == "carto") return {800, 1190, 280, 280};
   if (bookId == "bread") return {330, 890, 780, 640};
-  if (bookId == "letter") return {300, 960, 840, 560};
+  if (bookId == "letter") return {240, 1080, 840, 540};
   return {340, 900, 760, 640};
 }
 

@@ -84,7 +84,8 @@ void salt(QPainter& painter, QPointF shift) {
   painter.fillPath(road, p.deep);
   QLinearGradient shade(0, 1720, 0, kH);
   shade.setColorAt(0, QColor(24, 52, 58, 0));
-  shade.setColorAt(1, QColor(24, 52, 58, 225));
+  shade.setColorAt(0.45, QColor(24, 52, 58, 190));
+  shade.setColorAt(1, QColor(24, 52, 58, 240));
   painter.fillRect(QRectF(0, 1690, kW, kH - 1690), shade);
 }
 
@@ -173,7 +174,7 @@ Palette paletteOf(const std::string& bookId) {
   }
   if (bookId == "bread") {
     return {QColor(244, 230, 208), QColor(150, 74, 40), QColor(206, 134, 76),
-            QColor(252, 246, 234), QColor(176, 62, 38), QColor(70, 38, 26)};
+            QColor(252, 246, 234), QColor(52, 96, 94),  QColor(70, 38, 26)};
   }
   if (bookId == "letter") {
     return {QColor(84, 44, 78),    QColor(58, 28, 56),  QColor(142, 92, 130),

@@ -49,10 +49,10 @@ void paintBreadArt(QPainter& painter, QPointF shift) {
   const Palette p = paletteOf("bread");
   painter.fillRect(QRectF(0, 0, kPageWidth, kPageHeight), p.ground);
   // A table, a cloth and the winter behind them.
-  QLinearGradient wall(0, 0, 0, 1400);
+  QLinearGradient wall(0, 0, 0, 1480);
   wall.setColorAt(0, QColor(250, 240, 222));
   wall.setColorAt(1, QColor(238, 214, 180));
-  painter.fillRect(QRectF(0, 0, kPageWidth, 1400), wall);
+  painter.fillRect(QRectF(0, 0, kPageWidth, 1480), wall);
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(255, 250, 240, 170));
   painter.drawEllipse(QPointF(720, 1190), 560, 560);

@@ -108,15 +108,15 @@ void paintCartoArt(QPainter& painter, QPointF shift) {
   wash.setColorAt(1, QColor(190, 206, 182));
   painter.fillRect(all, wash);
   painter.save();
-  painter.setClipRect(QRectF(0, 640, kPageWidth, kPageHeight - 640));
+  painter.setClipRect(QRectF(0, 730, kPageWidth, kPageHeight - 730));
   paintContours(painter, all, 0.42, QColor(62, 92, 80, 120), QColor(62, 92, 80, 190), 2.6);
   painter.restore();
   // The river and the walked line.
   QPainterPath river;
   river.moveTo(-20, 1720);
   river.cubicTo(320, 1560, 480, 1660, 640, 1400);
-  river.cubicTo(760, 1200, 560, 1000, 760, 820);
-  river.cubicTo(880, 720, 1180, 760, 1460, 660);
+  river.cubicTo(760, 1200, 560, 1060, 760, 930);
+  river.cubicTo(900, 850, 1180, 900, 1460, 800);
   painter.setPen(QPen(QColor(118, 160, 172), 26, Qt::SolidLine, Qt::RoundCap));
   painter.drawPath(river);
   QPainterPath walk;

@@ -39,11 +39,11 @@ void paintMedal(QPainter& painter, const PageArt& page) {
   painter.setPen(QPen(QColor(255, 255, 255, 210), 3));
   painter.drawEllipse(box.adjusted(11, 11, -11, -11));
   painter.setPen(Qt::white);
-  painter.setFont(spaced(24, 3));
+  painter.setFont(spaced(19, 2));
   painter.drawText(box.adjusted(0, -46, 0, -46), Qt::AlignCenter, QStringLiteral("TESSARINE"));
   painter.setFont(coverFont(62, true));
   painter.drawText(box.adjusted(0, 4, 0, 4), Qt::AlignCenter, QStringLiteral("first"));
-  painter.setFont(spaced(22, 3));
+  painter.setFont(spaced(19, 2));
   painter.drawText(box.adjusted(0, 52, 0, 52), Qt::AlignCenter, QStringLiteral("EDITION"));
 }
 
@@ -65,6 +65,31 @@ void paintDevice(QPainter& painter, QPointF centre, double size, const QColor& c
   painter.drawPath(path);
   painter.drawArc(QRectF(-size * 0.28, -size * 0.55, size * 0.56, size * 0.56), 35 * 16, 110 * 16);
   painter.restore();
+}
+
+// The front's landscape goes on over the back as a band.
+void paintBand(QPainter& painter, const std::string& bookId) {
+  painter.save();
+  painter.setClipRect(QRectF(0, 1150, kPageWidth, 330));
+  painter.translate(0, bookId == "letter" ? -130 : 10);
+  paintArt(painter, bookId, {});
+  painter.restore();
+}
+
+// Lines at a steady distance, each word whole.
+void paintRunning(QPainter& painter, const QString& text, const QRectF& box, double leading) {
+  const QFontMetricsF metrics(painter.font());
+  double x = box.left();
+  double baseline = box.top() + leading;
+  for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
+    const double width = metrics.horizontalAdvance(word);
+    if (x > box.left() && x + width > box.right()) {
+      x = box.left();
+      baseline += leading;
+    }
+    painter.drawText(QPointF(x, baseline), word);
+    x += width + metrics.horizontalAdvance(u' ');
+  }
 }
 
 }  // namespace
@@ -116,6 +141,7 @@ void paintBack(QPainter& painter, const PageArt& page) {
   for (const PlacedWord& word : blurbWords(page)) {
     painter.drawText(QPointF(word.x, word.baseline), word.text);
   }
+  paintBand(painter, page.bookId);
   const QRectF credit = panelBox(PageKind::back, page.bookId, Element::credit);
   painter.setFont(coverFont(32));
   painter.drawText(credit, Qt::AlignLeft | Qt::AlignVCenter,
@@ -133,7 +159,8 @@ void paintSpine(QPainter& painter, const PageArt& page, const QRectF& box) {
   const Book& book = bookOf(page.bookId);
   const Palette palette = paletteOf(page.bookId);
   painter.save();
-  painter.fillRect(box, palette.deep);
+  // A little over its panels' edges, so that no seam shows.
+  painter.fillRect(box.adjusted(-1.5, 0, 1.5, 0), palette.deep);
   painter.setPen(dark(page.bookId) ? palette.pale : QColor(250, 246, 236));
   painter.translate(box.center().x(), 0);
   painter.rotate(90);
@@ -178,11 +205,14 @@ void paintFlaps(QPainter& painter, const PageArt& page) {
   painter.drawText(QRectF(790, 760, 580, 60), Qt::AlignCenter,
                    QString::fromStdString(book.author).toUpper());
   painter.setFont(coverFont(42));
-  painter.drawText(QRectF(820, 850, 520, 700), Qt::TextWordWrap,
-                   QString::fromStdString(book.author) +
-                       QStringLiteral(" lives at the end of a long lane with two dogs and a great "
-                                      "many pencils. This is a first book with this house, and a "
-                                      "second is on its way."));
+  paintRunning(painter,
+               QString::fromStdString(book.author) +
+                   QStringLiteral(" lives at the end of a long lane with two dogs and a great many "
+                                  "pencils. This is a first book with this house, and a second is "
+                                  "on its way."),
+               QRectF(820, 850, 520, 700), 58);
+  painter.setFont(coverFont(52, true));
+  paintRunning(painter, QString::fromStdString(book.quote), QRectF(110, 1400, 540, 300), 66);
   paintDevice(painter, {1080, 1760}, 110, palette.ink);
   painter.setFont(coverFont(36));
   painter.drawText(QRectF(110, 1800, 540, 60), Qt::AlignVCenter,

@@ -16,14 +16,9 @@ void paintLetterArt(QPainter& painter, QPointF shift) {
   const QRectF box = panelBox(PageKind::front, "letter", Element::picture).translated(shift);
 
   // The letter itself: a strip that leaves the envelope and winds off the cover.
-  QPainterPath strip;
-  strip.moveTo(box.center().x() - 190, box.top() + 240);
-  strip.cubicTo(box.center().x() - 220, 820, 1180, 960, 1080, 830);
-  strip.cubicTo(980, 690, 420, 800, 520, 860);
-  QPainterPath ribbon;
-  const int kSteps = 150;
+  constexpr int kSteps = 150;
   const auto centreline = [&](double t) {
-    return QPointF(720 + 470 * std::sin(t * 7.3 + 0.35) * (0.25 + t), 1250 - t * 620);
+    return QPointF(720 + 470 * std::sin(t * 7.3 + 0.35) * (0.25 + t), 1290 - t * 430);
   };
   painter.setPen(Qt::NoPen);
   for (int i = 0; i < kSteps; ++i) {

@@ -14,7 +14,8 @@ void paintRipples(QPainter& painter, QPointF centre, double size, int rings, con
   painter.setBrush(Qt::NoBrush);
   for (int i = 1; i <= rings; ++i) {
     QColor tone = colour;
-    tone.setAlphaF(colour.alphaF() * static_cast<float>(1.15 - static_cast<double>(i) / rings));
+    tone.setAlphaF(colour.alphaF() *
+                   static_cast<float>(1.0 - 0.8 * static_cast<double>(i) / rings));
     painter.setPen(QPen(tone, width));
     painter.drawEllipse(centre, size * i / rings, size * i / rings * 0.34);
   }

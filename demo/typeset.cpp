@@ -14,7 +14,6 @@ namespace {
 constexpr double kLeading = 56;
 constexpr double kTextSize = 42;
 constexpr double kIndent = 52;
-constexpr double kDropIndent = 122;
 constexpr double kTop = 284;
 constexpr double kLeft = 196;
 constexpr double kRight = 176;
@@ -42,15 +41,15 @@ std::vector<Word> wordsOf(const std::string& paragraph, int& nextId) {
 }
 
 // Lines beside a drop cap are shorter, so they are filled one after another.
-std::vector<Line> openingLines(std::vector<Word> words, double measure) {
+std::vector<Line> openingLines(std::vector<Word> words, double dropIndent, double measure) {
   std::vector<Line> lines;
   std::size_t at = 0;
   while (at < words.size() && lines.size() < kDropLines) {
-    Line line{.words = {}, .indent = kDropIndent, .starts = lines.empty()};
+    Line line{.words = {}, .indent = dropIndent, .starts = lines.empty()};
     double used = 0;
     while (at < words.size()) {
       const double width = widthOf(words[at].face, words[at].text);
-      if (!line.words.empty() && used + width + 9 > measure - kDropIndent) break;
+      if (!line.words.empty() && used + width + 9 > measure - dropIndent) break;
       used += width + 10;
       line.words.push_back(words[at++]);
     }
@@ -220,7 +219,8 @@ std::vector<TextPage> pagesOf(const Book& book, int count, int firstNumber, int 
           words[w].text = words[w].text.toUpper();
           words[w].face = Face::smallCaps;
         }
-        flow.waiting = openingLines(std::move(words), measure);
+        flow.waiting =
+            openingLines(std::move(words), widthOf(Face::dropCap, page.dropCap) + 10, measure);
       }
     }
     if (secondOpening > 0 && i >= secondOpening) page.chapter = book.chapters[1];

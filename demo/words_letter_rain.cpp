@@ -6,7 +6,7 @@ Book theLongLetter() {
   return {
       .id = "letter",
       .title = "The Long Letter",
-      .titleLines = {"The", "Long", "Letter"},
+      .titleLines = {"The Long", "Letter"},
       .author = "Maud Verrinder",
       .tagline = "A novel in one envelope",
       .blurb =

@@ -6,7 +6,7 @@ Book theSaltRoads() {
   return {
       .id = "salt",
       .title = "The Salt Roads",
-      .titleLines = {"The", "Salt", "Roads"},
+      .titleLines = {"The Salt", "Roads"},
       .author = "Ilse Marrable",
       .tagline = "A novel",
       .blurb =

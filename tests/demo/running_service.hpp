@@ -1,0 +1,66 @@
+// The demo service as a process of its own, on a free port, for as long as this object lives.
+#pragma once
+
+#include <httplib.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+namespace vellix::demo_tests {
+
+class RunningService {
+ public:
+  RunningService() {
+    std::array<int, 2> in{};
+    std::array<int, 2> out{};
+    if (pipe(in.data()) != 0 || pipe(out.data()) != 0) return;
+    child_ = fork();
+    if (child_ == 0) {
+      dup2(in[0], STDIN_FILENO);
+      dup2(out[1], STDOUT_FILENO);
+      for (const int end : {in[0], in[1], out[0], out[1]}) close(end);
+      execl(DEMO_SERVICE, DEMO_SERVICE, "--no-colleague", "--until-stdin-closes", "--pace", "0.02",
+            static_cast<char*>(nullptr));
+      _exit(127);
+    }
+    close(in[0]);
+    close(out[1]);
+    stdin_ = in[1];
+    if (FILE* lines = fdopen(out[0], "r")) {
+      std::array<char, 256> line{};
+      if (std::fgets(line.data(), line.size(), lines) != nullptr) announced_ = line.data();
+      std::fclose(lines);
+    }
+    const auto colon = announced_.rfind(':');
+    if (colon != std::string::npos) port_ = std::atoi(announced_.c_str() + colon + 1);
+  }
+  RunningService(const RunningService&) = delete;
+  RunningService& operator=(const RunningService&) = delete;
+  ~RunningService() { end(); }
+
+  const std::string& announced() const { return announced_; }
+  int port() const { return port_; }
+
+  // Closes its standard input and waits; its exit status, or -1.
+  int end() {
+    if (stdin_ >= 0) close(stdin_);
+    stdin_ = -1;
+    if (child_ <= 0) return -1;
+    int status = 0;
+    waitpid(child_, &status, 0);
+    child_ = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+ private:
+  pid_t child_ = -1;
+  int stdin_ = -1;
+  int port_ = 0;
+  std::string announced_;
+};
+
+}  // namespace vellix::demo_tests
