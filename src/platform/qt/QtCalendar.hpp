@@ -10,13 +10,13 @@
 
 namespace vellix {
 
-class QtCalendar : public Calendar {
- public:
-  // The user's locale. Without one, the plain English of the program's own words: the bare "C"
+// The user's locale. Without one, the plain English of the program's own words: the bare "C"
 // locale tells every time to the second.
 QLocale userLocale();
 
-// Without a zone it follows the system's, also when that changes.
+class QtCalendar : public Calendar {
+ public:
+  // Without a zone it follows the system's, also when that changes.
   explicit QtCalendar(QLocale locale = userLocale(),
                       std::optional<QTimeZone> zone = std::nullopt);
 
