@@ -20,7 +20,8 @@ Failure failureOf(HttpError error) {
     case HttpError::timedOut:
     case HttpError::cancelled:
     case HttpError::tooLarge:
-    case HttpError::other: break;
+    case HttpError::other:
+      break;
   }
   return Failure::offline("Can't reach the Vellix server right now. Trying again…");
 }
