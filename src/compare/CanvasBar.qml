@@ -71,7 +71,8 @@ Rectangle {
             PaneToggle {
                 required property var modelData
 
-                anchors.verticalCenter: parent.verticalCenter
+                // By id: a toggle that goes has no parent any more.
+                anchors.verticalCenter: toggles.verticalCenter
                 toggle: modelData
                 onClicked: bar.compare.togglePane(modelData.key)
             }

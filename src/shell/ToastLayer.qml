@@ -14,7 +14,8 @@ Item {
     property string label: ""
 
     onToastChanged: {
-        if (!open)
+        // Not `open`, which may still hold the answer for the toast before.
+        if (toast.id === "")
             return;
         words = toast.text;
         label = toast.undoLabel;
