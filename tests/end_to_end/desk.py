@@ -108,7 +108,7 @@ def run(test):
     attempts = int(os.environ.get("VELLIX_ATTEMPTS", "1"))
     name = Path(sys.argv[0]).stem
     for attempt in range(1, attempts + 1):
-        # Each attempt is a process of its own: the accessibility library keeps its first bus.
+        # Each attempt is a process of its own, so that nothing of a failed one is left.
         child = os.fork()
         if child == 0:
             os._exit(_attempt(test, build))

@@ -142,7 +142,8 @@ class PrivateSession:
                             stdout=subprocess.PIPE)
         self.environment["DISPLAY"] = ":" + self.read_line(server, "a display")
         # Without a window manager a window never gets the keyboard.
-        self.start("manager", ["openbox", "--sm-disable"])
+        self.start("manager", ["openbox", "--sm-disable", "--config-file",
+                               Path(__file__).with_name("openbox.xml")])
         wait_until("the window manager",
                    lambda: self._run_quietly(["xdotool", "get_num_desktops"]).strip())
 
