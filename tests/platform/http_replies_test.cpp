@@ -70,7 +70,7 @@ TEST(HttpRequest, GoesOutAsGiven) {
   LoopbackServer server(always(self, answer(200, "{}", "Set-Cookie: a=b\r\n")));
   self = &server;
   QtHttp http;
-  const std::string body("{\"text\":\"\xC3\xA9\\u0000\"}\0\x01\xFF", 24);
+  const std::string body("{\"text\":\"\xC3\xA9\\u0000\"}\0\x01\xFF", 22);
   auto post = request("POST", server.url("/api/files/a%20b?v=1%2B2&q=x"));
   post.headers = {{"User-Agent", "Vellix-Mac/1.0"},
                   {"Authorization", "Bearer t0ken"},
