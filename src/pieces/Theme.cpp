@@ -65,8 +65,10 @@ void Theme::setReducedMotion(bool reduced) {
 }
 
 qreal Theme::pointsPerPixel() const {
+  // Where Qt rounds faces to whole pixels, halves shall go down for certain and not by luck.
+  constexpr qreal kJustBelow = 0.9999;
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return 72.0 / (screen ? screen->logicalDotsPerInch() : 96.0);
+  return kJustBelow * 72.0 / (screen ? screen->logicalDotsPerInch() : 96.0);
 }
 
 bool Theme::eventFilter(QObject* watched, QEvent* event) {

@@ -70,7 +70,8 @@ class Theme : public QObject {
   Q_PROPERTY(QObject* fore READ fore CONSTANT)
   Q_PROPERTY(QObject* tint READ tint CONSTANT)
 
-  // Faces. `pointsPerPixel` turns a size in logical pixels into font.pointSize, which keeps halves.
+  // Faces. `pointsPerPixel` turns a size in logical pixels into font.pointSize, which keeps halves
+  // where the platform draws them.
   Q_PROPERTY(QString family READ family CONSTANT)
   Q_PROPERTY(QString serif READ serif CONSTANT)
   Q_PROPERTY(qreal pointsPerPixel READ pointsPerPixel CONSTANT)

@@ -66,7 +66,7 @@ Item {
             compare(row.pill.radius, row.pill.height / 2);
         }
 
-        function test_halvesOfPixelsCount() {
+        function test_sizeReachesTheFace() {
             const words = wordsOf(small);
             compare(words.font.pointSize.toFixed(3), (11.5 * Theme.pointsPerPixel).toFixed(3));
         }
