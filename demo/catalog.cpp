@@ -156,6 +156,22 @@ Ticket ticketOf(const TicketPlan& plan, double now, Pictures& pictures) {
       std::swap(finding.before, finding.after);
       findings.push_back(std::move(finding));
     }
+    const bool front = sent[s].kind == PageKind::front || sent[s].kind == PageKind::jacket;
+    if (front && hasThird && third.earlierPrinting) {
+      Finding finding;
+      finding.page = index;
+      finding.against = thirdRole;
+      finding.kind = "expected";
+      finding.state = "expected";
+      finding.severity = "low";
+      finding.title = "Our edit came through";
+      finding.detail = "The line under the title is new since the last print.";
+      finding.before = kEarlierTagline;
+      finding.after = book.tagline;
+      finding.box = fractionBox(proof.proof, Element::tagline);
+      finding.ref_box = fractionBox(third, Element::tagline);
+      findings.push_back(std::move(finding));
+    }
     const bool barcodeOk = proof.proof.barcode == book.isbn && !proof.proof.barcode.empty();
     if (barcodeOk && (sent[s].kind == PageKind::back || sent[s].kind == PageKind::jacket)) {
       findings.push_back(passed(index, proof.proof));
@@ -314,6 +330,7 @@ std::vector<Finding> findingsAgainstPrevious(const Ticket& ticket) {
       finding.state = "open";
       if (std::ranges::any_of(old.proofs[i].planted, same)) {
         finding.title = "Not repaired: " + kept.title;
+        finding.before.reset();  // the version before reads the same
       }
       findings.push_back(std::move(finding));
     }

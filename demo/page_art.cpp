@@ -22,8 +22,8 @@ std::vector<double> asFractions(const PageArt& page, const QRectF& box) {
 // From a panel's pixels to its page's: a jacket holds the back on the left, the front on the right.
 QRectF onPage(const PageArt& page, Element element, QRectF box) {
   if (page.kind != PageKind::jacket) return box;
-  const bool onFront =
-      element == Element::title || element == Element::author || element == Element::picture;
+  const bool onFront = element == Element::title || element == Element::tagline ||
+                       element == Element::author || element == Element::picture;
   const double left = onFront || element == Element::medal ? kPageWidth * kJacketScale + kSpine : 0;
   return {left + box.left() * kJacketScale, box.top() * kJacketScale, box.width() * kJacketScale,
           box.height() * kJacketScale};
@@ -60,6 +60,11 @@ QRectF panelBox(PageKind panel, const std::string& bookId, Element element) {
   switch (element) {
     case Element::title:
       return {120, 150, 1200, bookId == "carto" ? 420.0 : bookId == "letter" ? 500.0 : 620.0};
+    case Element::tagline: {
+      const Book& book = bookOf(bookId);
+      const auto lines = static_cast<double>(book.titleLines.size());
+      return {320, 150 + lines * titlePixels(book) * 0.94 + 40, 800, 78};
+    }
     case Element::author:
       return {120, 1800, 1200, 110};
     case Element::medal:
@@ -80,6 +85,20 @@ QRectF panelBox(PageKind panel, const std::string& bookId, Element element) {
   if (bookId == "bread") return {330, 890, 780, 640};
   if (bookId == "letter") return {240, 1080, 840, 540};
   return {340, 900, 760, 640};
+}
+
+int titlePixels(const Book& book) {
+  const QRectF title = panelBox(PageKind::front, book.id, Element::title);
+  const auto lines = static_cast<double>(book.titleLines.size());
+  double pixels = title.height() / lines / 0.98;
+  QFont font = fontOf(Face::roman);
+  font.setPixelSize(100);
+  const QFontMetricsF metrics(font);
+  for (const std::string& line : book.titleLines) {
+    const double width = metrics.horizontalAdvance(QString::fromStdString(line));
+    pixels = std::min(pixels, title.width() / width * 100);
+  }
+  return static_cast<int>(pixels);
 }
 
 QFont blurbFont() {

@@ -15,7 +15,7 @@
 namespace vellix::demo {
 
 enum class PageKind { text, front, back, jacket, flaps };
-enum class Element { title, author, picture, medal, barcode, credit, blurb };
+enum class Element { title, tagline, author, picture, medal, barcode, credit, blurb };
 
 struct PageArt {
   PageKind kind = PageKind::text;
@@ -30,6 +30,9 @@ struct PageArt {
   bool earlierPrinting = false;
 };
 
+// What stands under the title in an earlier printing.
+inline constexpr const char* kEarlierTagline = "The celebrated first book";
+
 PageArt textArt(TextPage page);
 PageArt coverArt(const Book& book, PageKind kind);
 
@@ -42,6 +45,9 @@ inline constexpr double kJacketScale = 1515.0 / kPageHeight;
 
 // The place of an element in the pixels of the panel it stands on.
 QRectF panelBox(PageKind panel, const std::string& bookId, Element element);
+
+// The size of a front's title, in the panel's pixels; its lines stand 0.94 of it apart.
+int titlePixels(const Book& book);
 
 // The words of the back's blurb as set, in the panel's pixels.
 std::vector<PlacedWord> blurbWords(const PageArt& page);

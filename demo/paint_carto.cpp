@@ -108,7 +108,7 @@ void paintCartoArt(QPainter& painter, QPointF shift) {
   wash.setColorAt(1, QColor(190, 206, 182));
   painter.fillRect(all, wash);
   painter.save();
-  painter.setClipRect(QRectF(0, 730, kPageWidth, kPageHeight - 730));
+  painter.setClipRect(QRectF(0, 730, kPageWidth, kPageHeight - 730), Qt::IntersectClip);
   paintContours(painter, all, 0.42, QColor(62, 92, 80, 120), QColor(62, 92, 80, 190), 2.6);
   painter.restore();
   // The river and the walked line.

@@ -71,7 +71,7 @@ void paintDevice(QPainter& painter, QPointF centre, double size, const QColor& c
 void paintBand(QPainter& painter, const std::string& bookId) {
   painter.save();
   painter.setClipRect(QRectF(0, 1150, kPageWidth, 330));
-  painter.translate(0, bookId == "letter" ? -130 : 10);
+  painter.translate(0, bookId == "letter" ? -60 : bookId == "lanterns" ? -330 : 10);
   paintArt(painter, bookId, {});
   painter.restore();
 }
@@ -100,13 +100,7 @@ void paintFront(QPainter& painter, const PageArt& page) {
            {page.pictureShift.x() * kPageWidth, page.pictureShift.y() * kPageHeight});
   const QColor ink = lettering(page.bookId);
   const QRectF title = panelBox(PageKind::front, page.bookId, Element::title);
-  const auto lines = static_cast<double>(book.titleLines.size());
-  int pixels = static_cast<int>(title.height() / lines / 0.98);
-  for (const std::string& line : book.titleLines) {
-    const double width =
-        QFontMetricsF(coverFont(100)).horizontalAdvance(QString::fromStdString(line));
-    pixels = std::min(pixels, static_cast<int>(title.width() / width * 100));
-  }
+  const int pixels = titlePixels(book);
   painter.setPen(ink);
   painter.setFont(coverFont(pixels));
   double y = title.top();
@@ -116,9 +110,8 @@ void paintFront(QPainter& painter, const PageArt& page) {
     y += pixels * 0.94;
   }
   painter.setFont(coverFont(50, true));
-  painter.drawText(
-      QRectF(120, y + 44, 1200, 70), Qt::AlignCenter,
-      QString::fromStdString(page.earlierPrinting ? "The celebrated first book" : book.tagline));
+  painter.drawText(panelBox(PageKind::front, page.bookId, Element::tagline), Qt::AlignCenter,
+                   QString::fromStdString(page.earlierPrinting ? kEarlierTagline : book.tagline));
   painter.setFont(spaced(58, 9));
   painter.drawText(panelBox(PageKind::front, page.bookId, Element::author), Qt::AlignCenter,
                    QString::fromStdString(book.author).toUpper());
