@@ -11,7 +11,12 @@ constexpr double kHour = 3'600;
 constexpr double kDay = 86'400;
 constexpr double kNear = 6 * kHour;
 
-std::string whole(double value) { return std::to_string(static_cast<std::int64_t>(value)); }
+// Beyond this no count of minutes, hours or days makes sense, and none may overflow.
+constexpr double kMostCounted = 1e15;
+
+std::string whole(double value) {
+  return std::to_string(static_cast<std::int64_t>(std::min(value, kMostCounted)));
+}
 std::string minutes(double seconds) { return whole(std::max(1.0, seconds / 60)); }
 
 int daysAhead(Moment date, Moment now, const Calendar& calendar) {
