@@ -11,7 +11,7 @@ PaneView paneView(const PaneInfo& pane, const FileItem& file) {
                 .aspect = pane.aspect,
                 .label = pane.label,
                 .tone = pane.tone};
-  if (pane.img) return view;
+  if (!view.img.empty()) return view;
   const std::string role = pane.role.value_or("submitted");
   view.missing = role == "submitted" ? "No file of ours for this page"
                                      : "No " + roleLabel(role) + " for this page";
