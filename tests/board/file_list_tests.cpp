@@ -1,0 +1,177 @@
+// The list's order, its groups and the folding of the reviewed ones.
+#include "board/file_list.hpp"
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+class FileList : public StoreTest {
+ protected:
+  void show(std::vector<FileItem> files) { store().board.set(boardOf(std::move(files))); }
+  FileListView list(bool showReviewed = false) {
+    return fileList(store(), showReviewed, desk.time.now(), desk.calendar);
+  }
+  // The lines by their keys, without the word that tells their kind.
+  std::vector<std::string> lines(bool showReviewed = false) {
+    std::vector<std::string> all;
+    for (const auto& row : list(showReviewed).rows) {
+      all.push_back(row.header ? row.title : row.ticket.id);
+    }
+    return all;
+  }
+};
+
+using Lines = std::vector<std::string>;
+
+struct Dates {
+  std::optional<double> due;
+  std::optional<double> received;
+};
+
+FileItem dated(std::string id, Dates dates) {
+  FileItem file = ticketOf(std::move(id));
+  file.due = dates.due;
+  file.received = dates.received;
+  return file;
+}
+
+struct Order {
+  const char* name;
+  std::vector<Dates> dates;  // of a, b, c and so on
+  Lines order;
+};
+
+class FileListOrders : public FileList, public testing::WithParamInterface<Order> {};
+
+TEST_P(FileListOrders, GoByDueAndThenByReceived) {
+  std::vector<FileItem> files;
+  for (const auto& dates : GetParam().dates) {
+    files.push_back(dated(std::string(1, static_cast<char>('a' + files.size())), dates));
+  }
+  show(files);
+  Lines expected{"To review"};
+  expected.insert(expected.end(), GetParam().order.begin(), GetParam().order.end());
+  EXPECT_EQ(lines(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, FileListOrders,
+    testing::Values(
+        Order{"SoonestFirst", {{30, {}}, {10, {}}, {20, {}}}, {"b", "c", "a"}},
+        Order{"NoDueComesLast", {{{}, 900}, {10, {}}}, {"b", "a"}},
+        Order{"SameDueNewestFirst", {{10, 1}, {10, 3}, {10, 2}}, {"b", "c", "a"}},
+        Order{"NoDueNewestFirst", {{{}, 1}, {{}, 3}, {{}, 2}}, {"b", "c", "a"}},
+        Order{"NoReceivedIsTheOldest", {{10, {}}, {10, 5}}, {"b", "a"}},
+        Order{"NoReceivedCountsAsZero", {{10, {}}, {10, 0.0}, {10, -1}}, {"a", "b", "c"}},
+        Order{"AllEqualKeepTheBoardsOrder", {{10, 1}, {10, 1}, {10, 1}}, {"a", "b", "c"}}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(FileList, CutsTheTicketsIntoGroupsInTheirOrder) {
+  show({ticketOf("c", "reviewed"), ticketOf("b", "in_review"), ticketOf("a", "new")});
+  EXPECT_EQ(lines(true), (Lines{"To review", "a", "In review", "b", "Reviewed", "c"}));
+}
+
+TEST_F(FileList, LeavesAGroupWithoutTicketsOutWhole) {
+  show({ticketOf("b", "in_review")});
+  EXPECT_EQ(lines(), (Lines{"In review", "b"}));
+}
+
+TEST_F(FileList, StaysBlankOverTicketsOfUnknownStatus) {
+  show({ticketOf("a", "New"), ticketOf("b", ""), ticketOf("c", "archived")});
+  EXPECT_EQ(lines(), Lines{});
+  EXPECT_FALSE(list().head.empty);
+  EXPECT_EQ(list().head.emptyFirst, "");
+}
+
+TEST_F(FileList, OrdersTheReviewedByWhenTheyWereReviewed) {
+  std::vector<FileItem> files;
+  const std::vector<std::optional<double>> moments{10, std::nullopt, 30, 20, std::nullopt};
+  for (const auto& moment : moments) {
+    files.push_back(ticketOf(std::string(1, static_cast<char>('a' + files.size())), "reviewed"));
+    files.back().status_at = moment;
+  }
+  files.front().due = 1;  // due dates do not matter here
+  show(files);
+  EXPECT_EQ(lines(true), (Lines{"Reviewed", "c", "d", "a", "b", "e"}));
+}
+
+TEST_F(FileList, OrdersTheReviewedOfOneMomentAsTheOthers) {
+  auto later = dated("a", {20, {}});
+  auto sooner = dated("b", {10, {}});
+  later.status = sooner.status = "reviewed";
+  later.status_at = sooner.status_at = 5;
+  show({later, sooner});
+  EXPECT_EQ(lines(true), (Lines{"Reviewed", "b", "a"}));
+}
+
+struct Fold {
+  const char* name;
+  bool foldReviewed;
+  bool showReviewed;
+  bool folds;
+  bool open;
+  const char* count;
+};
+
+class FileListFolds : public FileList, public testing::WithParamInterface<Fold> {};
+
+TEST_P(FileListFolds, HideTheReviewedOnlyWhileTheyFold) {
+  const auto& each = GetParam();
+  store().prefs.foldReviewed.set(each.foldReviewed);
+  show({ticketOf("a"), ticketOf("b", "reviewed"), ticketOf("c", "reviewed")});
+  const auto rows = list(each.showReviewed).rows;
+  ASSERT_EQ(rows.size(), each.open ? 5U : 3U);
+  const auto& header = rows.at(2);
+  EXPECT_TRUE(header.header);
+  EXPECT_EQ(header.title, "Reviewed");
+  EXPECT_EQ(header.folds, each.folds);
+  EXPECT_EQ(header.open, each.open);
+  EXPECT_EQ(header.count, each.count);
+  EXPECT_FALSE(rows.front().folds);
+  EXPECT_EQ(rows.front().count, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FileListFolds,
+                         testing::Values(Fold{"FoldedAway", true, false, true, false, "2"},
+                                         Fold{"Opened", true, true, true, true, "2"},
+                                         Fold{"NotFolding", false, false, false, true, ""},
+                                         Fold{"NotFoldingAndShown", false, true, false, true, ""}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST_F(FileList, CountsOnlyTheReviewerSOwnBesideTheFoldedHeader) {
+  auto mine = ticketOf("a", "reviewed");
+  mine.assignee = "renny@tessarine.example";
+  show({mine, ticketOf("b", "reviewed")});
+  EXPECT_EQ(list().rows.at(0).count, "2");
+  store().setMineOnly(true);
+  EXPECT_EQ(list().rows.at(0).count, "1");
+}
+
+TEST_F(FileList, GivesEveryLineAKeyThatOutlastsItsContent) {
+  show({ticketOf("a"), ticketOf("group new", "in_review")});
+  const auto before = list().rows;
+  auto board = *store().board();
+  board.files[0].title = "Another title";
+  store().board.set(board);
+  const auto after = list().rows;
+  ASSERT_EQ(before.size(), after.size());
+  std::set<std::string> keys;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    EXPECT_EQ(before[i].key, after[i].key);
+    keys.insert(before[i].key);
+  }
+  EXPECT_EQ(keys.size(), before.size()) << "a ticket may be named like a group";
+}
+
+TEST_F(FileList, MarksTheSelectedTickets) {
+  show({ticketOf("a"), ticketOf("b"), ticketOf("c")});
+  store().selection.set({"a", "c"});
+  const auto rows = list().rows;
+  EXPECT_TRUE(rows.at(1).ticket.selected);
+  EXPECT_FALSE(rows.at(2).ticket.selected);
+  EXPECT_TRUE(rows.at(3).ticket.selected);
+}
+
+}  // namespace
+}  // namespace vellix
