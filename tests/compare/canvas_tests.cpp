@@ -1,0 +1,207 @@
+// The page on show, what it is compared with, the room for it, and the panes that are shown.
+#include "compare/canvas.hpp"
+
+#include <limits>
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+using Keys = std::set<std::string>;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Index {
+  const char* name;
+  std::optional<Int> stored;
+  std::optional<Int> pages;
+  Int index;
+  bool reaches;
+};
+
+class PageIndexes : public StoreTest, public testing::WithParamInterface<Index> {};
+
+TEST_P(PageIndexes, AreHeldToThePagesThereAre) {
+  const auto& each = GetParam();
+  FileItem file = ticketOf("t1");
+  if (each.pages) file.pages = pagesOf(*each.pages);
+  if (each.stored) store().page.set({{"t1", *each.stored}, {"t2", 1}});
+  const auto stored = store().page();
+  EXPECT_EQ(pageIndex(store(), file), each.index);
+  EXPECT_EQ(pageAt(file, each.index) != nullptr, each.reaches);
+  EXPECT_EQ(store().page(), stored) << "what is stored stays until it is stepped";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, PageIndexes,
+    testing::Values(Index{"NothingStored", std::nullopt, 3, 0, true},
+                    Index{"Inside", 2, 3, 2, true}, Index{"JustBeyond", 3, 3, 2, true},
+                    Index{"FarBeyond", std::numeric_limits<Int>::max(), 3, 2, true},
+                    Index{"OnePage", 5, 1, 0, true}, Index{"NoPages", 2, 0, 0, false},
+                    Index{"PagesUntold", 2, std::nullopt, 0, false},
+                    Index{"BelowTheFirst", -1, 3, -1, false}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(PageAt, GivesThePageAtTheIndexWhateverItCallsItself) {
+  FileItem file = ticketOf("t1");
+  file.pages = {pageOf(7), pageOf(3)};
+  EXPECT_EQ(pageAt(file, 1)->i, 3);
+  EXPECT_EQ(pageAt(file, 2), nullptr);
+}
+
+TEST(RoleLabel, IsOneOfFour) {
+  EXPECT_EQ(roleLabel("submitted"), "What we sent");
+  EXPECT_EQ(roleLabel("previous"), "Last version");
+  EXPECT_EQ(roleLabel("fbc"), "FBC");
+  EXPECT_EQ(roleLabel("latest"), "Last print");
+  EXPECT_EQ(roleLabel("anything"), "Last print");
+}
+
+TEST(Version, ComesFromTheDetailThenTheTicketThenIsTheFirst) {
+  FileDetail detail = detailOf(ticketOf("t1"));
+  EXPECT_EQ(versionOf(detail), 1);
+  detail.file.version = 2;
+  EXPECT_EQ(versionOf(detail), 2);
+  detail.version = 3;
+  EXPECT_EQ(versionOf(detail), 3);
+}
+
+struct Third {
+  const char* name;
+  Int version;
+  std::optional<std::string> track;
+  Keys onPage;    // roles that the page has a reference of
+  Keys onTicket;  // roles that the ticket has a reference of
+  const char* role;
+};
+
+class ThirdRoles : public testing::TestWithParam<Third> {};
+
+TEST_P(ThirdRoles, AreChosenInOrder) {
+  const auto& each = GetParam();
+  FileItem file = ticketOf("t1");
+  file.track = each.track;
+  file.refs.emplace();
+  for (const auto& role : each.onTicket) file.refs->push_back({.role = role});
+  Page page;
+  page.refs.emplace();
+  for (const auto& role : each.onPage) page.refs->emplace(role, RefPage{});
+  EXPECT_EQ(thirdRole(page, file, each.version), each.role);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ThirdRoles,
+    testing::Values(
+        Third{"ARevisionHasThePrevious", 2, {}, {"fbc", "latest"}, {"fbc"}, "previous"},
+        Third{"ARevisedReprintToo", 7, "reprint", {"latest"}, {"latest"}, "previous"},
+        Third{"ANewTitleOnItsPage", 1, "new_title", {"fbc", "latest"}, {}, "fbc"},
+        Third{"WithoutATrack", 1, {}, {"fbc", "latest"}, {}, "fbc"},
+        Third{"OfAnyOtherTrack", 1, "atlas", {"fbc", "latest"}, {}, "fbc"},
+        Third{"AReprintOnItsPage", 1, "reprint", {"fbc", "latest"}, {}, "latest"},
+        Third{"OfTheTicketAlone", 1, "new_title", {"latest"}, {"fbc"}, "fbc"},
+        Third{"AReprintOfTheTicketAlone", 1, "reprint", {"fbc"}, {"latest"}, "latest"},
+        Third{"AReprintWithOnlyFbc", 1, "reprint", {"fbc"}, {"fbc"}, "fbc"},
+        Third{"ANewTitleWithOnlyLatest", 1, "new_title", {"latest"}, {"latest"}, "latest"},
+        Third{"NeitherForANewTitle", 1, "new_title", {"submitted"}, {"submitted"}, "fbc"},
+        Third{"NeitherForAReprint", 1, "reprint", {}, {}, "latest"},
+        Third{"VersionZero", 0, "reprint", {"latest"}, {}, "latest"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(ThirdRole, StandsWithoutAnyReferencesTold) {
+  EXPECT_EQ(thirdRole(Page{}, ticketOf("t1"), 1), "fbc");
+}
+
+struct Room {
+  std::size_t panes;
+  Extent room;
+};
+
+class PaneRooms : public testing::TestWithParam<Room> {};
+
+TEST_P(PaneRooms, ShareTheStage) {
+  EXPECT_EQ(paneRoom({1'000, 700}, GetParam().panes), GetParam().room);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PaneRooms,
+                         testing::Values(Room{0, {964, 650}}, Room{1, {964, 650}},
+                                         Room{2, {474, 650}}, Room{3, {932.0 / 3, 650}}),
+                         [](const auto& each) { return std::to_string(each.param.panes); });
+
+struct Fit {
+  const char* name;
+  Extent room;
+  double aspect;
+  double zoom;
+  Extent image;
+};
+
+class FittedImages : public testing::TestWithParam<Fit> {};
+
+TEST_P(FittedImages, FillTheRoomInTheirShape) {
+  const auto& each = GetParam();
+  const Extent image = fittedImage(each.room, each.aspect, each.zoom);
+  EXPECT_DOUBLE_EQ(image.width, each.image.width);
+  EXPECT_DOUBLE_EQ(image.height, each.image.height);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FittedImages,
+                         testing::Values(Fit{"ByHeight", {400, 600}, 0.5, 1, {300, 600}},
+                                         Fit{"ByWidth", {400, 600}, 2, 1, {400, 200}},
+                                         Fit{"ExactlyBoth", {400, 600}, 400.0 / 600, 1, {400, 600}},
+                                         Fit{"Zoomed", {400, 600}, 2, 2.5, {1'000, 500}},
+                                         Fit{"AtLeastAFifth", {400, 600}, 0.1, 1, {120, 600}},
+                                         Fit{"NoWidth", {400, 600}, 0, 1, {120, 600}},
+                                         Fit{"BelowZero", {400, 600}, -3, 1, {120, 600}},
+                                         Fit{"NotANumber", {400, 600}, kNaN, 1, {120, 600}},
+                                         Fit{"Huge", {400, 600}, 1e300, 1, {400, 1}},
+                                         Fit{"Endless", {400, 600}, kInfinity, 4, {1'600, 4}},
+                                         Fit{"NoRoom", {0, 0}, 1, 1, {1, 1}},
+                                         Fit{"LessThanNoRoom", {-12, -50}, 1, 2, {2, 2}}),
+                         [](const auto& each) { return each.param.name; });
+
+struct Toggle {
+  const char* name;
+  Keys before;
+  const char* key;
+  Keys after;
+};
+
+class PaneToggles : public StoreTest, public testing::WithParamInterface<Toggle> {};
+
+TEST_P(PaneToggles, LeaveAtLeastOnePane) {
+  store().shown.set(GetParam().before);
+  store().focus.set("f1");
+  togglePane(store(), GetParam().key);
+  EXPECT_EQ(store().shown(), GetParam().after);
+  EXPECT_FALSE(store().focus());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, PaneToggles,
+    testing::Values(
+        Toggle{"Hides", {"submitted", "supplier", "third"}, "third", {"submitted", "supplier"}},
+        Toggle{"Shows", {"supplier"}, "third", {"supplier", "third"}},
+        Toggle{"KeepsTheLast", {"supplier"}, "supplier", {"supplier"}},
+        Toggle{"CountsAKeyLeftOver", {"submitted", "supplier"}, "supplier", {"submitted"}}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(StoreTest, StartsWithAllThreePanesShown) {
+  EXPECT_EQ(store().shown(), (Keys{"submitted", "supplier", "third"}));
+}
+
+TEST(StandsAlone, HoldsForTheFiveKindsWithoutAReference) {
+  Finding finding;
+  for (const char* kind : {"hidden", "barcode", "spots", "pass", "missing_page"}) {
+    finding.kind = kind;
+    EXPECT_TRUE(standsAlone(finding)) << kind;
+  }
+  for (const char* kind :
+       {"words", "expected", "breaks", "fonts", "size", "picture", "extra_page", "", "Hidden"}) {
+    finding.kind = kind;
+    EXPECT_FALSE(standsAlone(finding)) << kind;
+  }
+}
+
+}  // namespace
+}  // namespace vellix

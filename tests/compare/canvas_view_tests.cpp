@@ -1,0 +1,241 @@
+// The words of the canvas and of its bar.
+#include "compare/canvas_view.hpp"
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+class Canvas : public StoreTest {
+ protected:
+  Canvas() {
+    detail.file.supplier = "Harrow Print";
+    detail.file.pages = pagesOf(3);
+  }
+  CanvasView view() { return canvasView(store(), detail); }
+  void goTo(Int page) { store().page.set({{"t1", page}}); }
+  std::vector<std::string> toggles() {
+    std::vector<std::string> all;
+    for (const auto& each : view().bar.toggles) {
+      all.push_back(each.key + " / " + each.label + " / " + each.tone);
+    }
+    return all;
+  }
+
+  FileDetail detail = detailOf(ticketOf("t1"));
+};
+
+using Texts = std::vector<std::string>;
+
+struct Place {
+  const char* name;
+  Int pages;
+  Int page;
+  const char* place;
+  bool first;
+  bool last;
+};
+
+class CanvasPlaces : public Canvas, public testing::WithParamInterface<Place> {};
+
+TEST_P(CanvasPlaces, AreToldWithTheEndsOfTheTicket) {
+  detail.file.pages = pagesOf(GetParam().pages);
+  goTo(GetParam().page);
+  EXPECT_EQ(view().bar.place, GetParam().place);
+  EXPECT_EQ(view().bar.first, GetParam().first);
+  EXPECT_EQ(view().bar.last, GetParam().last);
+  EXPECT_EQ(view().bar.empty, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CanvasPlaces,
+                         testing::Values(Place{"First", 3, 0, "p1 · 1 of 3", true, false},
+                                         Place{"Middle", 3, 1, "p2 · 2 of 3", false, false},
+                                         Place{"Last", 3, 2, "p3 · 3 of 3", false, true},
+                                         Place{"Beyond", 3, 9, "p3 · 3 of 3", false, true},
+                                         Place{"Only", 1, 0, "p1 · 1 of 1", true, true}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST_F(Canvas, CallsThePageByItsOwnName) {
+  (*detail.file.pages)[1].label = "iv";
+  goTo(1);
+  EXPECT_EQ(view().bar.place, "piv · 2 of 3");
+}
+
+TEST_F(Canvas, OfATicketWithoutPagesKeepsItsBar) {
+  for (const auto& pages : {std::optional{pagesOf(0)}, std::optional<std::vector<Page>>{}}) {
+    detail.file.pages = pages;
+    EXPECT_EQ(view().bar.empty, "No pages in this file.");
+    EXPECT_TRUE(view().panes.empty());
+    EXPECT_TRUE(view().bar.first);
+    EXPECT_TRUE(view().bar.last);
+    EXPECT_EQ(view().bar.percent, "100%");
+    EXPECT_EQ(toggles(), (Texts{"supplier / Harrow Print / purple",
+                                "submitted / What we sent / blue", "third / FBC / orange"}));
+  }
+}
+
+TEST_F(Canvas, TogglesTheThreePanesOfAFirstVersion) {
+  detail.file.track = "reprint";
+  EXPECT_EQ(toggles(), (Texts{"supplier / Harrow Print / purple", "submitted / What we sent / blue",
+                              "third / Last print / orange"}));
+  detail.file.supplier.reset();
+  EXPECT_EQ(toggles()[0], "supplier / Supplier / purple");
+}
+
+TEST_F(Canvas, NamesTheThirdToggleByThePage) {
+  (*detail.file.pages)[1].refs = {{"latest", RefPage{}}};
+  EXPECT_EQ(toggles()[2], "third / FBC / orange");
+  goTo(1);
+  EXPECT_EQ(toggles()[2], "third / Last print / orange");
+}
+
+TEST_F(Canvas, TogglesTheTwoVersionsOfARevision) {
+  detail.version = 4;
+  EXPECT_EQ(toggles(), (Texts{"supplier / v4 / purple", "third / v3 / orange"}));
+}
+
+TEST_F(Canvas, MarksAToggleByWhetherItsPaneIsShown) {
+  store().shown.set({"supplier"});
+  const auto bar = view().bar;
+  EXPECT_EQ(bar.toggles[0], (PaneToggleView{"supplier", "Harrow Print", "purple",
+                                            "checkmark.circle.fill", "Hide this page", true}));
+  EXPECT_EQ(bar.toggles[1], (PaneToggleView{"submitted", "What we sent", "blue", "circle",
+                                            "Show this page", false}));
+}
+
+struct Zoom {
+  const char* name;
+  double zoom;
+  const char* percent;
+  bool out;
+  bool in;
+  bool scrolls;
+};
+
+class CanvasZooms : public Canvas, public testing::WithParamInterface<Zoom> {};
+
+TEST_P(CanvasZooms, AreToldInPercentAndEndAtTheirBounds) {
+  store().zoom.set(GetParam().zoom);
+  const auto bar = view().bar;
+  EXPECT_EQ(bar.zoom, GetParam().zoom);
+  EXPECT_EQ(bar.percent, GetParam().percent);
+  EXPECT_EQ(bar.canZoomOut, GetParam().out);
+  EXPECT_EQ(bar.canZoomIn, GetParam().in);
+  EXPECT_EQ(bar.scrolls, GetParam().scrolls);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CanvasZooms,
+                         testing::Values(Zoom{"Fit", 1, "100%", false, true, false},
+                                         Zoom{"JustAboveFit", 1.006, "101%", true, true, false},
+                                         Zoom{"AtTheGuard", 1.01, "101%", true, true, false},
+                                         Zoom{"AboveTheGuard", 1.011, "101%", true, true, true},
+                                         Zoom{"RoundedDown", 1.374, "137%", true, true, true},
+                                         Zoom{"RoundedUp", 1.376, "138%", true, true, true},
+                                         Zoom{"JustBelowTheMost", 3.99, "399%", true, true, true},
+                                         Zoom{"TheMost", 4, "400%", true, false, true}),
+                         [](const auto& each) { return each.param.name; });
+
+struct Notes {
+  const char* name;
+  bool floats;
+  bool drawer;
+  bool pref;
+  bool open;
+};
+
+class CanvasNotes : public Canvas, public testing::WithParamInterface<Notes> {};
+
+TEST_P(CanvasNotes, AreOpenByTheDrawerOrThePreference) {
+  const auto& each = GetParam();
+  store().notesFloat = each.floats;
+  store().notesDrawer.set(each.drawer);
+  store().prefs.showNotes.set(each.pref);
+  EXPECT_EQ(view().bar.notesOpen, each.open);
+  EXPECT_EQ(view().bar.notesFloat, each.floats);
+  EXPECT_EQ(view().bar.notesHelp,
+            each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CanvasNotes,
+                         testing::Values(Notes{"DockedAndOn", false, false, true, true},
+                                         Notes{"DockedAndOff", false, true, false, false},
+                                         Notes{"FloatingAndOut", true, true, false, true},
+                                         Notes{"FloatingAndIn", true, false, true, false}),
+                         [](const auto& each) { return each.param.name; });
+
+struct Missing {
+  const char* name;
+  Int version;
+  const char* track;
+  const char* key;  // of the pane, among all that are missing
+  const char* says;
+};
+
+class MissingPanes : public Canvas, public testing::WithParamInterface<Missing> {
+ protected:
+  PaneView pane() {
+    for (const auto& each : view().panes) {
+      if (each.key == std::string{"t1 "} + GetParam().key) return each;
+    }
+    return {};
+  }
+};
+
+TEST_P(MissingPanes, SayWhatIsNotThere) {
+  detail.version = GetParam().version;
+  detail.file.track = GetParam().track;
+  EXPECT_EQ(pane().img, "");
+  EXPECT_EQ(pane().missing, GetParam().says);
+  EXPECT_EQ(pane().missingWhy, "The sync couldn't find one to compare with.");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, MissingPanes,
+    testing::Values(Missing{"Supplier", 1, "", "supplier", "No file of ours for this page"},
+                    Missing{"Submitted", 1, "", "submitted", "No file of ours for this page"},
+                    Missing{"Fbc", 1, "", "fbc", "No FBC for this page"},
+                    Missing{"Latest", 1, "reprint", "latest", "No Last print for this page"},
+                    Missing{"Previous", 2, "", "previous", "No Last version for this page"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(Canvas, TellsTheNoteOfAMissingReference) {
+  detail.file.refs = {{.role = "fbc", .note = "Only the cover was kept."}, {.role = "submitted"}};
+  const auto panes = view().panes;
+  EXPECT_EQ(panes.at(2).missingWhy, "Only the cover was kept.");
+  EXPECT_EQ(panes.at(1).missingWhy, "The sync couldn't find one to compare with.");
+}
+
+TEST_F(Canvas, ShowsAnotherReferenceOnlyWhenTheTicketHasNoneOfItsOwn) {
+  detail.file.track = "reprint";
+  detail.file.pages = pagesOf(1);
+  detail.file.pages->front().refs = {{"fbc", RefPage{.img = "blob-fbc"}}};
+  EXPECT_EQ(view().panes.at(2).img, "blob-fbc");
+  EXPECT_EQ(view().panes.at(2).label, "FBC · p1");
+  detail.file.refs = {{.role = "latest"}};
+  EXPECT_EQ(view().panes.at(2).img, "");
+  EXPECT_EQ(view().panes.at(2).missing, "No Last print for this page");
+}
+
+TEST_F(Canvas, ShowsAPaneWithItsPicture) {
+  detail.file.pages->front().img = "blob-1";
+  detail.file.pages->front().px = {200, 400};
+  EXPECT_EQ(view().panes.at(0), (PaneView{.key = "t1 supplier",
+                                          .img = "blob-1",
+                                          .aspect = 0.5,
+                                          .label = "Harrow Print file · p1",
+                                          .tone = "purple"}));
+}
+
+TEST_F(Canvas, TakesAnEmptyPictureForNone) {
+  detail.file.pages->front().img = "";
+  EXPECT_EQ(view().panes.at(0).missing, "No file of ours for this page");
+}
+
+TEST_F(Canvas, GivesPanesOfAnotherTicketOtherKeys) {
+  const auto here = view().panes.at(0).key;
+  detail.file.id = "t2";
+  EXPECT_NE(view().panes.at(0).key, here);
+}
+
+}  // namespace
+}  // namespace vellix
