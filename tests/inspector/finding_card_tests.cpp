@@ -1,0 +1,109 @@
+// One finding's card.
+#include "inspector/panel_test.hpp"
+
+namespace vellix {
+namespace {
+
+class FindingCards : public PanelTest {
+ protected:
+  FindingCards() {
+    store().board.set(boardOf({}));
+    detail.findings = {finding("f1", {})};
+    held().detail = "\"ligth\" for \"light\"";
+  }
+  Finding& held() { return detail.findings.front(); }
+  void decide(std::string state, std::string by, double minutesAgo) {
+    held().state = std::move(state);
+    held().state_by = std::move(by);
+    held().state_at = wireOf(desk.time.now()) - minutesAgo * 60'000;
+  }
+};
+
+TEST_F(FindingCards, ShowTheFindingsWords) {
+  EXPECT_EQ(card(), (FindingCardView{.id = "f1",
+                                     .caption = "Words · vs what we sent",
+                                     .title = "One word changed",
+                                     .detail = "\"ligth\" for \"light\"",
+                                     .state = "open",
+                                     .selectable = true}));
+}
+
+TEST_F(FindingCards, HaveNoDetailWhenThereIsNone) {
+  held().detail.reset();
+  EXPECT_EQ(card().detail, "");
+}
+
+TEST_F(FindingCards, LightTheDecisionThatHolds) {
+  held().state = "issue";
+  EXPECT_TRUE(card().issue);
+  EXPECT_FALSE(card().fine);
+  held().state = "fine";
+  EXPECT_FALSE(card().issue);
+  EXPECT_TRUE(card().fine);
+  held().state = "odd";
+  EXPECT_FALSE(card().issue);
+  EXPECT_FALSE(card().fine);
+}
+
+TEST_F(FindingCards, TellWhoDecidedAndWhen) {
+  EXPECT_EQ(card().decided, "");
+  decide("issue", "jorvas@tessarine.example", 5);
+  EXPECT_EQ(card().decided, "Real issue · Jorvas Lind · 5 min ago");
+  decide("fine", "renny@tessarine.example", 0);
+  EXPECT_EQ(card().decided, "Fine · Renny Vale · just now");
+}
+
+TEST_F(FindingCards, TellTheAddressOfSomebodyUnknown) {
+  decide("fine", "ines@elsewhere.example", 0);
+  EXPECT_EQ(card().decided, "Fine · ines@elsewhere.example · just now");
+}
+
+TEST_F(FindingCards, TellNoMomentThatIsNotKnown) {
+  decide("fine", "renny@tessarine.example", 0);
+  held().state_at.reset();
+  EXPECT_EQ(card().decided, "Fine · Renny Vale");
+}
+
+TEST_F(FindingCards, TellNobodyOfAnOpenFindingOrAnUnsignedDecision) {
+  decide("open", "renny@tessarine.example", 5);
+  EXPECT_EQ(card().decided, "");
+  held().state = "issue";
+  held().state_by.reset();
+  EXPECT_EQ(card().decided, "");
+}
+
+TEST_F(FindingCards, FoldOnceDecidedWhenDecidedOnesFold) {
+  EXPECT_FALSE(card().folds);
+  for (const char* state : {"issue", "fine"}) {
+    held().state = state;
+    store().prefs.foldDecided.set(true);
+    EXPECT_TRUE(card().folds);
+    store().prefs.foldDecided.set(false);
+    EXPECT_FALSE(card().folds);
+  }
+}
+
+TEST_F(FindingCards, AreSelectedByTheFocus) {
+  EXPECT_FALSE(card().selected);
+  store().focus.set("f2");
+  EXPECT_FALSE(card().selected);
+  store().focus.set("f1");
+  EXPECT_TRUE(card().selected);
+}
+
+TEST_F(FindingCards, AreSelectableByTheirBox) {
+  EXPECT_TRUE(card().selectable);
+  held().box.reset();
+  EXPECT_FALSE(card().selectable);
+}
+
+TEST_F(FindingCards, AreBusyWhileTheirDecisionIsOnItsWay) {
+  EXPECT_FALSE(card().busy);
+  store().busy.set({"f2"});
+  EXPECT_FALSE(card().busy);
+  store().busy.set({"f1"});
+  EXPECT_TRUE(card().busy);
+}
+
+}  // namespace
+}  // namespace vellix
