@@ -1,0 +1,107 @@
+// What fills the window.
+#include "shell/root_view.hpp"
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+using Ids = std::set<std::string>;
+
+class RootViews : public StoreTest {
+ protected:
+  void show(std::vector<FileItem> files) { store().board.set(boardOf(std::move(files))); }
+  RootViewValue view() { return rootView(store()); }
+  FileItem titled(std::string id, std::string title) {
+    FileItem file = ticketOf(std::move(id));
+    file.title = std::move(title);
+    return file;
+  }
+};
+
+struct Content {
+  const char* name;
+  std::optional<std::vector<FileItem>> files;  // none while there is no board
+  Ids selection;
+  const char* content;
+  const char* headline;
+  const char* line;
+};
+
+class Contents : public RootViews, public testing::WithParamInterface<Content> {};
+
+TEST_P(Contents, FollowTheFirstRuleThatHolds) {
+  const auto& each = GetParam();
+  if (each.files) show(*each.files);
+  store().selection.set(each.selection);
+  EXPECT_EQ(view().content, each.content);
+  EXPECT_EQ(view().headline, each.headline);
+  EXPECT_EQ(view().line, each.line);
+}
+
+std::vector<FileItem> two() { return {ticketOf("a"), ticketOf("b")}; }
+constexpr const char* kPick = "Pick a file.";
+constexpr const char* kPickLine = "Pick one on the left to compare it with our files.";
+constexpr const char* kNothing = "Nothing to review yet.";
+constexpr const char* kNothingLine =
+    "Press Sync. Claude on the Mac mini checks supplier mail for new proofs.";
+constexpr const char* kLoadingLine = "Loading the board…";
+
+INSTANTIATE_TEST_SUITE_P(
+    All, Contents,
+    testing::Values(Content{"OneTicket", two(), {"b"}, "file", "", ""},
+                    Content{"NoneSelected", two(), {}, "empty", kPick, kPickLine},
+                    Content{"TheSelectedIsGone", two(), {"z"}, "empty", kPick, kPickLine},
+                    Content{"NoTickets", {{}}, {}, "empty", kNothing, kNothingLine},
+                    Content{"NoBoard", {}, {}, "loading", "", kLoadingLine},
+                    Content{"SelectedAheadOfTheBoard", {}, {"a"}, "loading", "", kLoadingLine}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(RootViews, NameTheTicketsWhenSeveralAreSelected) {
+  show({titled("a", "The Lighthouse"), titled("b", "Harbour Bread"), titled("c", "Rain")});
+  store().selection.set({"c", "a"});
+  EXPECT_EQ(view().content, "multi");
+  EXPECT_EQ(view().headline, "2 files");
+  EXPECT_EQ(view().line, "The Lighthouse · Rain");
+}
+
+TEST_F(RootViews, KeepSeveralSelectedAheadOfEverythingElse) {
+  store().selection.set({"a", "b"});
+  EXPECT_EQ(view().content, "multi");
+  EXPECT_EQ(view().line, "");
+}
+
+TEST_F(RootViews, ShowTheBannerOnlyOverABoard) {
+  EXPECT_FALSE(view().offline);
+  store().problem.set(kOfflineText);
+  EXPECT_FALSE(view().offline);
+  EXPECT_EQ(view().content, "loading");
+  show({});
+  EXPECT_TRUE(view().offline);
+  EXPECT_EQ(view().problem, kOfflineText);
+  store().problem.set(std::nullopt);
+  EXPECT_FALSE(view().offline);
+  EXPECT_EQ(view().problem, "");
+}
+
+TEST_F(RootViews, TellWhetherSomebodyIsSignedIn) {
+  EXPECT_TRUE(view().signedIn);
+  store().signOut(true);
+  EXPECT_FALSE(view().signedIn);
+}
+
+struct Width {
+  double window;
+  double sidebar;
+};
+
+TEST(SidebarWidth, HasThreeSteps) {
+  for (const auto& each :
+       {Width{0, 236}, Width{760, 236}, Width{979, 236}, Width{979.9, 236}, Width{980, 260},
+        Width{1'279, 260}, Width{1'280, 284}, Width{1'500, 284}}) {
+    EXPECT_EQ(sidebarWidth(each.window), each.sidebar) << each.window;
+  }
+}
+
+}  // namespace
+}  // namespace vellix
