@@ -160,7 +160,6 @@ QSGNode* RemoteImage::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     root->picture->setOwnsTexture(true);
     root->picture->setFiltering(QSGTexture::Linear);
     root->picture->setMipmapFiltering(QSGTexture::Linear);
-    root->appendChildNode(root->picture);
     fresh_ = true;
   }
   if (fresh_) {
@@ -171,6 +170,8 @@ QSGNode* RemoteImage::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
   const Placing placing = place(image_.size(), boundingRect(), fill_);
   root->picture->setSourceRect(placing.source);
   root->picture->setRect(placing.target);
+  // The software renderer looks at the texture the moment a node joins the scene.
+  if (!root->picture->parent()) root->appendChildNode(root->picture);
   return root;
 }
 
