@@ -1,0 +1,166 @@
+// What the list tells its view, and when.
+#include "board/BoardModel.hpp"
+
+#include <QSignalSpy>
+
+#include "store/store_test.hpp"
+#include "views/operations.hpp"
+
+namespace vellix {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class BoardModels : public StoreTest {
+ protected:
+  BoardModel& model() {
+    if (!model_) model_.emplace(store(), desk.defaults, desk.time, desk.calendar);
+    return *model_;
+  }
+  QVariantMap ticketAtRow(int row) { return fieldOf(model().rows(), row, "ticket").toMap(); }
+  QString dueAtRow(int row) { return ticketAtRow(row)["due"].toMap()["text"].toString(); }
+  void wait(double seconds) { desk.time.advance(Milliseconds{seconds * 1'000}); }
+  FileItem dueIn(std::string id, double minutes) {
+    FileItem file = ticketOf(std::move(id));
+    file.due = wireOf(desk.time.now()) + minutes * 60'000;
+    return file;
+  }
+
+ private:
+  std::optional<BoardModel> model_;
+};
+
+TEST_F(BoardModels, SignalOneRowForOneChangedTicketOfManyThousand) {
+  BoardState board = boardOf({});
+  for (int i = 0; i < 5'000; ++i) board.files.push_back(ticketOf("t" + std::to_string(i)));
+  serveBoard(board, "\"b1\"");
+  poll();
+  ASSERT_EQ(model().rows()->rowCount(), 5'001);
+  Operations operations{model().rows()};
+  const QSignalSpy heads{&model(), &BoardModel::headChanged};
+  board.files[1'233].title = "Another title";
+  serveBoard(board, "\"b2\"");
+  poll();
+  EXPECT_EQ(operations.take(), Lines{"change 1234-1234 ticket"});
+  EXPECT_EQ(heads.count(), 0);
+  EXPECT_EQ(ticketAtRow(1'234)["heading"].toString(), "Another title");
+}
+
+TEST_F(BoardModels, MoveATicketThatChangesItsGroup) {
+  BoardState board = boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c", "in_review")});
+  serveBoard(board, "\"b1\"");
+  poll();
+  Operations operations{model().rows()};
+  board.files[0].status = "in_review";
+  serveBoard(board, "\"b2\"");
+  poll();
+  const auto told = operations.take();
+  EXPECT_EQ(told, Lines{"move 1>4"}) << "behind the header of its new group";
+}
+
+TEST_F(BoardModels, TellNothingOfAPollThatBringsNothingWithinTheMinute) {
+  serveBoard(boardOf({dueIn("a", 30)}));
+  poll();
+  Operations operations{model().rows()};
+  const QSignalSpy heads{&model(), &BoardModel::headChanged};
+  wait(5);
+  poll();
+  ASSERT_EQ(polls(), 2U);
+  ASSERT_EQ(store().lastOK(), desk.time.now());
+  EXPECT_EQ(operations.take(), Lines{});
+  EXPECT_EQ(heads.count(), 0);
+}
+
+TEST_F(BoardModels, MoveTheWordsOfTimeOnWhenTheMinuteIsOver) {
+  serveBoard(boardOf({dueIn("a", 30), ticketOf("b")}));
+  poll();
+  EXPECT_EQ(dueAtRow(1), "Due in 30 min");
+  Operations operations{model().rows()};
+  wait(60);
+  EXPECT_EQ(operations.take(), Lines{}) << "no timer of its own";
+  poll();
+  EXPECT_EQ(operations.take(), Lines{"change 1-1 ticket"});
+  EXPECT_EQ(dueAtRow(1), "Due in 29 min");
+}
+
+TEST_F(BoardModels, CountTheOverdueAnewWhenTheMinuteIsOver) {
+  serveBoard(boardOf({dueIn("a", 1)}));
+  poll();
+  EXPECT_EQ(model().head()["overdue"].toString(), "");
+  const QSignalSpy heads{&model(), &BoardModel::headChanged};
+  wait(61);
+  poll();
+  EXPECT_EQ(heads.count(), 1);
+  EXPECT_EQ(model().head()["overdue"].toString(), "1 overdue");
+}
+
+TEST_F(BoardModels, MarkTheTwoRowsOfAnotherSelection) {
+  serveBoard(boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c")}));
+  poll();
+  model().select("a", false);
+  desk.time.run();
+  Operations operations{model().rows()};
+  model().select("c", false);
+  desk.time.run();
+  EXPECT_EQ(operations.take(), (Lines{"change 1-1 ticket", "change 3-3 ticket"}));
+  EXPECT_EQ(store().selection(), std::set<std::string>{"c"});
+  model().select("b", true);
+  EXPECT_EQ(store().selection(), (std::set<std::string>{"b", "c"}));
+}
+
+TEST_F(BoardModels, FoldTheReviewedAndRememberIt) {
+  serveBoard(boardOf({ticketOf("a"), ticketOf("b", "reviewed")}));
+  poll();
+  Operations operations{model().rows()};
+  model().toggleReviewed();
+  EXPECT_EQ(operations.take(), (Lines{"insert 3-3", "change 2-2 open"}));
+  EXPECT_EQ(desk.defaults.flags.at("ShowReviewed"), true);
+  model().toggleReviewed();
+  EXPECT_EQ(operations.take(), (Lines{"remove 3-3", "change 2-2 open"}));
+  EXPECT_EQ(desk.defaults.flags.at("ShowReviewed"), false);
+}
+
+TEST_F(BoardModels, ComeUpAsTheyWereLeft) {
+  desk.defaults.flags["ShowReviewed"] = true;
+  store().board.set(boardOf({ticketOf("b", "reviewed")}));
+  EXPECT_EQ(model().rows()->rowCount(), 2);
+}
+
+TEST_F(BoardModels, FollowThePreferenceThatFoldsTheReviewed) {
+  store().board.set(boardOf({ticketOf("b", "reviewed")}));
+  EXPECT_EQ(model().rows()->rowCount(), 1);
+  store().prefs.foldReviewed.set(false);
+  desk.time.run();
+  EXPECT_EQ(model().rows()->rowCount(), 2);
+}
+
+TEST_F(BoardModels, SwitchQueuesAndTheFilter) {
+  auto reprint = ticketOf("b");
+  reprint.track = "reprint";
+  serveBoard(boardOf({ticketOf("a"), reprint}));
+  poll();
+  EXPECT_EQ(ticketAtRow(1)["id"].toString(), "a");
+  model().setQueue("reprint");
+  desk.time.run();
+  EXPECT_EQ(ticketAtRow(1)["id"].toString(), "b");
+  EXPECT_EQ(store().selection(), std::set<std::string>{"b"});
+  EXPECT_EQ(desk.defaults.texts.at("Queue"), "reprint");
+  model().setMineOnly(true);
+  desk.time.run();
+  EXPECT_EQ(model().rows()->rowCount(), 0);
+  EXPECT_TRUE(model().head()["mineOnly"].toBool());
+  EXPECT_EQ(model().head()["emptySecond"].toString(), "Turn off Only mine to see everyone's.");
+}
+
+TEST_F(BoardModels, AreEmptiedBySigningOut) {
+  serveBoard(boardOf({ticketOf("a")}));
+  poll();
+  EXPECT_EQ(model().rows()->rowCount(), 2);
+  store().signOut(true);
+  desk.time.run();
+  EXPECT_EQ(model().rows()->rowCount(), 0);
+  EXPECT_EQ(model().head()["emptyFirst"].toString(), "Nothing to review.");
+}
+
+}  // namespace
+}  // namespace vellix

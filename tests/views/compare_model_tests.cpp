@@ -1,0 +1,209 @@
+// What the canvas tells its view, and what it asks the service for.
+#include "compare/CompareModel.hpp"
+
+#include <QSignalSpy>
+
+#include "store/store_test.hpp"
+#include "views/operations.hpp"
+
+namespace vellix {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class CompareModels : public StoreTest {
+ protected:
+  // Three pages, each with pictures of its own.
+  static FileDetail ticket(std::string id, Int rev = 1) {
+    FileDetail detail = detailOf(ticketAt(std::move(id), rev));
+    detail.file.pages = pagesOf(3);
+    for (auto& page : *detail.file.pages) {
+      const std::string number = detail.file.id + "-" + std::to_string(page.i);
+      page.img = "supplier-" + number;
+      page.refs = {{"submitted", RefPage{.img = "submitted-" + number}},
+                   {"fbc", RefPage{.img = "fbc-" + number}}};
+    }
+    return detail;
+  }
+  void serve(const std::vector<FileDetail>& details, std::string tag = "\"b1\"") {
+    BoardState board = boardOf({});
+    for (const auto& detail : details) {
+      board.files.push_back(detail.file);
+      board.files.back().pages.reset();
+      serveDetail(detail, "\"" + detail.file.id + std::to_string(*detail.file.rev) + "\"");
+    }
+    serveBoard(board, std::move(tag));
+  }
+  void select(const std::string& id) {
+    store().selection.set({id});
+    desk.time.run();
+  }
+  CompareModel& model() {
+    if (!model_) model_.emplace(store());
+    return *model_;
+  }
+  QString picture(int pane) { return fieldOf(model().panes(), pane, "img").toString(); }
+
+ private:
+  std::optional<CompareModel> model_;
+};
+
+TEST_F(CompareModels, AskForTheDetailOnceForEachTicketShown) {
+  model();
+  store().board.set(boardOf({ticketAt("t1", 1), ticketAt("t2", 1)}));
+  select("t1");
+  EXPECT_EQ(detailRequests("t1"), 1U);
+  for (Int rev = 2; rev < 6; ++rev) {
+    store().board.set(boardOf({ticketAt("t1", rev), ticketAt("t2", rev)}));
+    desk.time.run();
+  }
+  EXPECT_EQ(detailRequests("t1"), 1U) << "the polls look after it from here";
+  select("t2");
+  EXPECT_EQ(detailRequests("t2"), 1U);
+  EXPECT_EQ(detailRequests("t1"), 1U);
+}
+
+TEST_F(CompareModels, AskAgainForATicketThatComesBack) {
+  model();
+  store().board.set(boardOf({ticketAt("t1", 1), ticketAt("t2", 1)}));
+  select("t1");
+  store().selection.set({});
+  desk.time.run();
+  select("t1");
+  EXPECT_EQ(detailRequests("t1"), 2U);
+}
+
+TEST_F(CompareModels, NeedNoAnswerTwice) {
+  model();
+  serve({ticket("t1"), ticket("t2")});
+  poll();
+  select("t1");
+  for (int i = 0; i < 5; ++i) poll();
+  EXPECT_EQ(polls(), 6U);
+  EXPECT_EQ(detailRequests("t1"), 1U);
+}
+
+TEST_F(CompareModels, ShowTheHeaderAheadOfTheDetail) {
+  const QSignalSpy headers{&model(), &CompareModel::headerChanged};
+  const QSignalSpy loads{&model(), &CompareModel::loadedChanged};
+  auto file = ticketAt("t1", 1);
+  file.title = "The Lighthouse";
+  store().board.set(boardOf({file}));
+  select("t1");
+  EXPECT_EQ(model().header()["heading"].toString(), "The Lighthouse");
+  EXPECT_FALSE(model().loaded());
+  store().details.set({{"t1", ticket("t1")}});
+  desk.time.run();
+  EXPECT_TRUE(model().loaded());
+  EXPECT_EQ(headers.count(), 1);
+  EXPECT_EQ(loads.count(), 1);
+}
+
+TEST_F(CompareModels, ChangeTheirPanesInPlaceAcrossPageSteps) {
+  serve({ticket("t1")});
+  poll();
+  ASSERT_EQ(model().panes()->rowCount(), 3);
+  EXPECT_EQ(picture(1), "submitted-t1-0");
+  Operations operations{model().panes()};
+  model().stepPage(1);
+  desk.time.run();
+  EXPECT_EQ(operations.take(),
+            (Lines{"change 0-0 img label", "change 1-1 img label", "change 2-2 img label"}));
+  EXPECT_EQ(picture(1), "submitted-t1-1");
+  model().stepPage(-1);
+  desk.time.run();
+  EXPECT_EQ(operations.take().size(), 3U);
+  EXPECT_EQ(picture(1), "submitted-t1-0");
+}
+
+TEST_F(CompareModels, ReplaceTheirPanesAcrossTickets) {
+  model();
+  serve({ticket("t1"), ticket("t2")});
+  poll();
+  select("t2");
+  select("t1");
+  ASSERT_EQ(store().details().size(), 2U);
+  Operations operations{model().panes()};
+  select("t2");
+  EXPECT_EQ(operations.take(), (Lines{"remove 0-2", "insert 0-2"}));
+  EXPECT_EQ(picture(0), "supplier-t2-0");
+}
+
+TEST_F(CompareModels, TellNothingOfAPollThatBringsTheSame) {
+  serve({ticket("t1")});
+  poll();
+  ASSERT_TRUE(model().loaded());
+  Operations operations{model().panes()};
+  const QSignalSpy headers{&model(), &CompareModel::headerChanged};
+  const QSignalSpy bars{&model(), &CompareModel::barChanged};
+  poll();
+  serve({ticket("t1", 2)}, "\"b2\"");
+  poll();
+  ASSERT_EQ(detailRequests("t1"), 2U);
+  EXPECT_EQ(operations.take(), Lines{});
+  EXPECT_EQ(headers.count(), 0);
+  EXPECT_EQ(bars.count(), 0);
+}
+
+TEST_F(CompareModels, TakeAPaneAwayAndBringItBackInItsPlace) {
+  serve({ticket("t1")});
+  poll();
+  Operations operations{model().panes()};
+  model().togglePane("submitted");
+  desk.time.run();
+  EXPECT_EQ(operations.take(), Lines{"remove 1-1"});
+  model().togglePane("submitted");
+  desk.time.run();
+  EXPECT_EQ(operations.take(), Lines{"insert 1-1"});
+}
+
+TEST_F(CompareModels, ZoomWithinBounds) {
+  serve({ticket("t1")});
+  poll();
+  const QSignalSpy bars{&model(), &CompareModel::barChanged};
+  model().zoomIn();
+  desk.time.run();
+  EXPECT_EQ(model().bar()["percent"].toString(), "125%");
+  EXPECT_EQ(bars.count(), 1);
+  model().zoomTo(1.37);
+  EXPECT_EQ(store().zoom(), 1.37);
+  model().zoomIn();
+  EXPECT_EQ(store().zoom(), 1.75);
+  model().zoomOut();
+  EXPECT_EQ(store().zoom(), 1.5);
+  model().zoomTo(9);
+  EXPECT_EQ(store().zoom(), 4);
+  model().zoomTo(0);
+  EXPECT_EQ(store().zoom(), 1);
+  model().zoomIn();
+  model().fit();
+  EXPECT_EQ(store().zoom(), 1);
+}
+
+TEST_F(CompareModels, FloatTheNotesWhereTheViewIsNarrow) {
+  serve({ticket("t1")});
+  poll();
+  ASSERT_TRUE(model().bar()["notesOpen"].toBool());
+  model().layNotes(899);
+  EXPECT_TRUE(model().bar()["notesFloat"].toBool());
+  EXPECT_FALSE(model().bar()["notesOpen"].toBool());
+  model().toggleNotes();
+  desk.time.run();
+  EXPECT_TRUE(model().bar()["notesOpen"].toBool());
+  EXPECT_TRUE(store().prefs.showNotes());
+  model().layNotes(900);
+  EXPECT_FALSE(model().bar()["notesFloat"].toBool());
+  model().toggleNotes();
+  desk.time.run();
+  EXPECT_FALSE(model().bar()["notesOpen"].toBool());
+  EXPECT_FALSE(store().prefs.showNotes());
+}
+
+TEST(CompareModel, MeasuresForItsViews) {
+  EXPECT_EQ(CompareModel::paneRoom({1'000, 700}, 2), QSizeF(474, 650));
+  EXPECT_EQ(CompareModel::paneRoom({1'000, 700}, -1), QSizeF(964, 650));
+  EXPECT_EQ(CompareModel::fittedImage({400, 600}, 0.5, 2), QSizeF(600, 1'200));
+}
+
+}  // namespace
+}  // namespace vellix

@@ -1,0 +1,139 @@
+// Every view there is loads and paints, small and large, without a warning.
+#include <QDir>
+#include <QQmlComponent>
+
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class EveryView : public ViewTest {
+ protected:
+  EveryView() {
+    serveTheDay();
+    panel_.setData("import QtQuick\nItem {}", {});
+    // Values like those that the models bring.
+    const QVariantMap due{{"text", "Overdue 5 min"},
+                          {"shortText", "Late 5 min"},
+                          {"tinyText", "Late 5 min"},
+                          {"icon", "clock"},
+                          {"tone", "red"}};
+    const QVariantMap count{
+        {"text", "2"}, {"icon", ""}, {"tone", "red"}, {"help", "2 real issues"}};
+    const QVariantMap ticket{{"id", "t1"},        {"heading", "The Lighthouse"},
+                             {"subline", "PO 7"}, {"thumb", "thumb-1"},
+                             {"due", due},        {"count", count},
+                             {"spoken", "PO 7"},  {"selected", true}};
+    const QVariantMap pill{{"text", "New"}, {"icon", ""}, {"tone", "gray"}, {"dashed", true}};
+    own_ = {
+        {"Board/DueChip", {{"due", due}}},
+        {"Board/FileCount", {{"count", count}}},
+        {"Board/FileRow", {{"ticket", ticket}, pick("pictures")}},
+        {"Board/GroupHeader",
+         {{"title", "Reviewed"}, {"folds", true}, {"open", false}, {"count", "3"}}},
+        {"Board/FileList", {pick("board"), pick("pictures")}},
+        {"Board/QueueSwitch", {pick("board")}},
+        {"Board/Sidebar", {pick("board"), pick("pictures")}},
+        {"Compare/CanvasBar", {pick("compare")}},
+        {"Compare/CompareCanvas", {pick("compare"), pick("pictures")}},
+        {"Compare/FileHeader",
+         {{"header", QVariantMap{{"id", "t1"},
+                                 {"heading", "The Lighthouse"},
+                                 {"status", pill},
+                                 {"track", pill},
+                                 {"summary", "One word differs."}}}}},
+        {"Compare/FileView",
+         {pick("compare"), pick("pictures"), {"panel", QVariant::fromValue(&panel_)}}},
+        {"Compare/NoRef", {{"what", "No FBC for this page"}, {"why", "It was never made."}}},
+        {"Compare/Pane",
+         {{"img", "supplier-0"},
+          {"aspect", 0.75},
+          {"label", "Harrow Print file · p1"},
+          {"tone", "purple"},
+          {"missing", ""},
+          {"missingWhy", ""},
+          pick("pictures"),
+          {"room", QSizeF{300, 400}},
+          {"picture", QSizeF{300, 400}}}},
+        {"Compare/PaneToggle",
+         {{"toggle", QVariantMap{{"key", "third"},
+                                 {"label", "FBC"},
+                                 {"tone", "orange"},
+                                 {"icon", "circle"},
+                                 {"help", "Show this page"},
+                                 {"shown", false}}}}},
+        {"Inspector/FindingCard",
+         {{"id", "f1"},
+          {"caption", "Words · vs what we sent"},
+          {"title", "A word changed"},
+          {"detail", "\"ligth\" for \"light\""},
+          {"state", "issue"},
+          {"issue", true},
+          {"fine", false},
+          {"busy", false},
+          {"selectable", true},
+          {"selected", true},
+          {"folds", true},
+          {"decided", "Real issue · Renny Vale · just now"}}},
+        {"Inspector/Inspector", {pick("inspector")}},
+        {"Inspector/OtherPageRow", {{"name", "Page 3"}, {"count", "1 to look at"}}},
+        {"Inspector/StateButton",
+         {{"title", "Fine"}, {"icon", "checkmark"}, {"on", true}, {"color", "#2e8b57"}}},
+        {"Shell/OfflineBanner", {{"open", true}, {"problem", "This Mac is offline."}}},
+        {"Shell/PlainView", {{"loading", true}, {"headline", ""}, {"line", "Loading the board…"}}},
+        {"Shell/RootView", models()},
+        {"Shell/SignInView", {}},
+        {"Shell/ToastLayer",
+         {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
+    };
+  }
+
+  // All views of a module, from the program's own resources.
+  static QStringList viewsOf(const QString& module) {
+    QStringList views;
+    for (const QString& file : QDir{":/qt/qml/Vellix/" + module}.entryList({"*.qml"})) {
+      views.append(module + "/" + file.chopped(4));
+    }
+    return views;
+  }
+  void loadAll(const QString& module) {
+    const QStringList views = viewsOf(module);
+    ASSERT_FALSE(views.isEmpty());
+    for (const QString& view : views) {
+      SCOPED_TRACE(view.toStdString());
+      if (view == "Shell/Main") continue;  // a window of its own, loaded below
+      ASSERT_TRUE(own_.contains(view)) << "a view that no test gives its properties";
+      for (const QSize size : kSizes) show(view, own_.value(view), size);
+    }
+  }
+
+ private:
+  std::pair<QString, QVariant> pick(const QString& name) { return {name, models()[name]}; }
+
+  QQmlComponent panel_{engine()};
+  QMap<QString, QVariantMap> own_;
+};
+
+TEST_F(EveryView, OfTheBoardLoads) { loadAll("Board"); }
+TEST_F(EveryView, OfTheCanvasLoads) { loadAll("Compare"); }
+TEST_F(EveryView, OfTheInspectorLoads) { loadAll("Inspector"); }
+TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
+
+TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {
+  showMain(kSizes.front());
+  for (const QSize size : kSizes) {
+    for (const std::set<std::string>& selection :
+         {std::set<std::string>{"t1"}, {"t2"}, {"t3", "t1"}, {}}) {
+      store().selection.set(selection);
+      resize(size);
+    }
+  }
+}
+
+TEST_F(EveryView, StandsInTheMainWindowInTheDark) {
+  store().prefs.appearance.set("dark");
+  showMain(kSizes.back());
+}
+
+}  // namespace
+}  // namespace vellix

@@ -1,0 +1,87 @@
+// What fills the main window, and the toast and the banner over it.
+#include <QTest>
+
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class RootViews : public ViewTest {
+ protected:
+  bool says(const QString& text) {
+    return reader().find(text, QAccessible::StaticText) ||
+           reader().find(text, QAccessible::Heading);
+  }
+  bool warns(const QString& text) { return reader().find(text, QAccessible::AlertMessage); }
+};
+
+TEST_F(RootViews, LoadTheBoard) {
+  showMain({1'500, 940});
+  EXPECT_TRUE(says("Loading the board…"));
+  EXPECT_EQ(polls(), 1U) << "the first view starts the polling";
+  EXPECT_TRUE(store().looping());
+}
+
+TEST_F(RootViews, AskForAChoice) {
+  serveBoard(boardOf({ticketOf("t1")}));
+  showMain({1'500, 940});
+  store().selection.set({});
+  settle();
+  EXPECT_TRUE(says("Pick a file."));
+  EXPECT_TRUE(says("Pick one on the left to compare it with our files."));
+}
+
+TEST_F(RootViews, SayThatThereIsNothingToReview) {
+  serveBoard(boardOf({}));
+  showMain({760, 540});
+  EXPECT_TRUE(says("Nothing to review yet."));
+  EXPECT_TRUE(says("Press Sync. Claude on the Mac mini checks supplier mail for new proofs."));
+}
+
+TEST_F(RootViews, ShowTheTicketThatIsSelected) {
+  serveTheDay();
+  showMain({1'500, 940});
+  EXPECT_TRUE(says("One word differs on the first page."));
+  ASSERT_TRUE(press("Harbour Bread", QAccessible::ListItem));
+  EXPECT_FALSE(says("One word differs on the first page."));
+  EXPECT_TRUE(reader().find("Harbour Bread", QAccessible::Heading));
+}
+
+TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {
+  serveTheDay();
+  showMain({1'500, 940});
+  EXPECT_FALSE(warns(kOfflineText));
+  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
+  poll();
+  settle();
+  EXPECT_EQ(store().problem(), kOfflineText);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return warns(kOfflineText); }));
+  EXPECT_TRUE(says("What's here stays. It tries again on its own."));
+}
+
+TEST_F(RootViews, ShowTheToastAndItsUndo) {
+  serveTheDay();
+  showMain({1'500, 940});
+  bool undone = false;
+  store().toast.set(Toast{"Marked fine.", "Undo", [&] { undone = true; }});
+  settle();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return warns("Marked fine."); }));
+  ASSERT_TRUE(press("Undo"));
+  EXPECT_TRUE(undone);
+  EXPECT_FALSE(store().toast());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !warns("Marked fine."); }));
+}
+
+TEST_F(RootViews, ReturnToTheSignInScreen) {
+  serveTheDay();
+  showMain({1'500, 940});
+  EXPECT_FALSE(says("Supplier proofs, checked against what we sent."));
+  store().signOut(true);
+  settle();
+  EXPECT_TRUE(says("Supplier proofs, checked against what we sent."));
+  EXPECT_TRUE(says("For Renny and Jorvas"));
+  EXPECT_TRUE(reader().names(QAccessible::ListItem).isEmpty());
+}
+
+}  // namespace
+}  // namespace vellix

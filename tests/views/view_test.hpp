@@ -1,0 +1,56 @@
+// The views in a window, over models, over a Store whose service is scripted. Every warning fails.
+#pragma once
+
+#include <QQmlApplicationEngine>
+#include <QQuickView>
+#include <QQuickWindow>
+
+#include "board/BoardModel.hpp"
+#include "compare/CompareModel.hpp"
+#include "inspector/InspectorModel.hpp"
+#include "shell/RootModel.hpp"
+#include "store/store_test.hpp"
+#include "views/plain_pictures.hpp"
+#include "views/screen_reader.hpp"
+
+namespace vellix {
+
+class ViewTest : public StoreTest {
+ protected:
+  ViewTest();
+  ~ViewTest() override;
+
+  // Three tickets, the first with three pages and findings, all of it served and polled.
+  void serveTheDay();
+  static FileDetail lighthouse(Int rev = 1);
+
+  // The models as initial properties, under the names that the views give them.
+  QVariantMap models();
+  // Loads one view, "Board/FileList" say, into a window of its own and shows it.
+  void show(const QString& view, const QVariantMap& properties, QSize size);
+  // Loads the main window.
+  void showMain(QSize size);
+  QQuickWindow* window() { return window_; }
+  QQmlEngine* engine() { return engine_.get(); }
+  ScreenReader reader() { return ScreenReader{window_}; }
+  // Presses what a screen reader finds, and settles.
+  bool press(const QString& name, QAccessible::Role role = QAccessible::Button);
+  // Lets the Store, the bindings and the layout come to rest, and paints.
+  void settle();
+  void resize(QSize size);
+
+  PlainPictures pictures;
+
+ private:
+  std::optional<RootModel> root_;
+  std::optional<BoardModel> board_;
+  std::optional<CompareModel> compare_;
+  std::optional<InspectorModel> inspector_;
+  std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();
+  std::unique_ptr<QQuickView> view_;
+  QQuickWindow* window_ = nullptr;
+};
+
+inline const QList<QSize> kSizes{{760, 540}, {1500, 940}};
+
+}  // namespace vellix
