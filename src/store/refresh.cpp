@@ -81,7 +81,8 @@ Task<> Store::refreshNow() {
   auto poll = refresh();
   co_await std::move(poll);
   refreshing.set(false);
-  toast.set(Toast{problem().value_or("Up to date.")});
+  // A session that ended has said so already.
+  if (signedIn()) toast.set(Toast{problem().value_or("Up to date.")});
 }
 
 void Store::requestRefresh() {

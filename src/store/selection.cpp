@@ -108,7 +108,8 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   // Silence on purpose: the next poll repairs it, and it alone reports trouble.
   if (!response || response->status == 304) co_return;
   auto decoded = decode<FileDetail>(response->body);
-  if (!decoded) co_return;
+  // A sign-out in the meantime took the details away on purpose.
+  if (!decoded || !signedIn()) co_return;
   const FileDetail detail = std::move(*decoded);
   details.edit([&](auto& all) { all.insert_or_assign(file.id, detail); });
   if (const auto fresh = response->header("etag")) {

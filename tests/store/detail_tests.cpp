@@ -196,6 +196,13 @@ TEST_F(Detail, ArrivesAlsoWhenTheSelectionHasMovedOn) {
   EXPECT_TRUE(store().details().contains("t1"));
 }
 
+TEST_F(Detail, DoesNotComeBackAfterASignOut) {
+  desk.tasks.start(store().loadDetail(ticketAt("t1", 1), true));
+  store().signOut(false);
+  answer(0, answerOf(200, jsonOf(detailOf(ticketAt("t1", 1)))));
+  EXPECT_TRUE(store().details().empty());
+}
+
 TEST_F(Detail, IsRequestedInTheBackground) {
   store().requestDetail(ticketAt("t1", 1));
   EXPECT_EQ(detailRequests(), 0U);

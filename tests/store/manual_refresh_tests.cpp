@@ -54,6 +54,15 @@ TEST_F(ManualRefresh, EndsInTheTextOfWhateverWentWrong) {
   }
 }
 
+TEST_F(ManualRefresh, LeavesTheLastWordToASessionThatEnded) {
+  holdABoard();
+  routes.set(kStateLine, answerOf(401));
+  refreshByHand();
+  EXPECT_FALSE(store().refreshing());
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_EQ(desk.toastText(), kSignedOutText);
+}
+
 TEST_F(ManualRefresh, GivesEachToastAnIdentityOfItsOwn) {
   holdABoard();
   refreshByHand();
