@@ -1,6 +1,9 @@
 #include "gateway/url.hpp"
 
+#include <arpa/inet.h>
+
 #include <algorithm>
+#include <charconv>
 
 namespace vellix {
 namespace {
@@ -20,6 +23,78 @@ int hexValue(char c) {
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
   return -1;
+}
+
+struct Authority {
+  std::string_view user;  // empty without one
+  std::string_view host;
+  std::string_view port;  // with its colon; empty without one
+};
+
+Authority authorityOf(std::string_view text) {
+  Authority parts;
+  if (const auto at = text.rfind('@'); at != std::string_view::npos) {
+    parts.user = text.substr(0, at);
+    text = text.substr(at + 1);
+  }
+  const auto start = text.starts_with('[') ? text.find(']') : 0;
+  const auto colon = text.find(':', start);
+  parts.host = text.substr(0, colon);
+  if (colon != std::string_view::npos) parts.port = text.substr(colon);
+  return parts;
+}
+
+// What no URL may hold in any of its parts, whether or not a client would be lenient.
+bool isCleanUrl(std::string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c <= 0x20 || c == 0x7f ||
+        std::string_view{"\"<>\\^`{|}"}.find(text[i]) != std::string_view::npos) {
+      return false;
+    }
+    if (c != '%') continue;
+    if (i + 2 >= text.size() || hexValue(text[i + 1]) < 0 || hexValue(text[i + 2]) < 0)
+      return false;
+  }
+  return true;
+}
+
+bool isIpv6(std::string_view host) {
+  if (!host.starts_with('[') || !host.ends_with(']')) return false;
+  in6_addr address{};
+  return ::inet_pton(AF_INET6, std::string{host.substr(1, host.size() - 2)}.c_str(), &address) == 1;
+}
+
+// One part of a host name. Names of other scripts are for the network's library to judge.
+bool isLabel(std::string_view label) {
+  return !label.empty() && label.size() <= 63 && !label.starts_with('-') && !label.ends_with('-') &&
+         std::ranges::all_of(label, [](char c) {
+           return isAlnum(c) || c == '-' || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+         });
+}
+
+bool isHostName(std::string_view host) {
+  if (host.ends_with('.')) host.remove_suffix(1);
+  if (host.size() > 253) return false;
+  for (auto dot = host.find('.'); dot != std::string_view::npos; dot = host.find('.')) {
+    if (!isLabel(host.substr(0, dot))) return false;
+    host = host.substr(dot + 1);
+  }
+  return isLabel(host);
+}
+
+bool isPort(std::string_view port) {
+  if (port.empty() || port == ":") return true;
+  unsigned number = 0;
+  const auto [end, error] = std::from_chars(port.data() + 1, port.data() + port.size(), number);
+  return error == std::errc{} && end == port.data() + port.size() && number >= 1 &&
+         number <= 65'535;
+}
+
+// Of what stands behind the scheme and its colon.
+std::string_view authorityIn(std::string_view rest) {
+  return rest.starts_with("//") ? rest.substr(2, rest.substr(2).find_first_of("/?#"))
+                                : std::string_view{};
 }
 
 }  // namespace
@@ -57,11 +132,13 @@ std::string percentDecode(std::string_view text) {
 }
 
 bool isWebUrl(std::string_view text) {
-  const bool clean =
-      std::ranges::all_of(text, [](unsigned char c) { return c > 0x20 && c != 0x7f; });
-  const auto parts = parseUrl(text);
-  return clean && parts && (parts->scheme == "http" || parts->scheme == "https") &&
-         !parts->host.empty();
+  const auto colon = text.find(':');
+  if (!isCleanUrl(text) || colon == std::string_view::npos) return false;
+  const std::string scheme = lower(text.substr(0, colon));
+  const Authority authority = authorityOf(authorityIn(text.substr(colon + 1)));
+  return (scheme == "http" || scheme == "https") &&
+         authority.user.find_first_of("@[]") == std::string_view::npos &&
+         (isIpv6(authority.host) || isHostName(authority.host)) && isPort(authority.port);
 }
 
 std::string appendPath(std::string base, std::string_view path) {
@@ -100,15 +177,7 @@ std::optional<UrlParts> parseUrl(std::string_view text) {
     query = rest.substr(mark + 1);
     rest = rest.substr(0, mark);
   }
-  if (rest.starts_with("//")) {
-    std::string_view authority = rest.substr(2, rest.substr(2).find('/'));
-    if (const auto at = authority.rfind('@'); at != std::string_view::npos) {
-      authority = authority.substr(at + 1);
-    }
-    const auto port = authority.starts_with('[') ? authority.find(':', authority.find(']'))
-                                                 : authority.find(':');
-    parts.host = lower(authority.substr(0, port));
-  }
+  parts.host = lower(authorityOf(authorityIn(rest)).host);
   while (!query.empty()) {
     const auto end = query.find('&');
     const std::string_view entry = query.substr(0, end);

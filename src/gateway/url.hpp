@@ -17,7 +17,7 @@ char asciiLower(char c);
 std::string percentEncode(std::string_view text, std::string_view kept = "-._~");
 std::string percentDecode(std::string_view text);
 
-// True for an absolute http or https URL with a host and no space or control character.
+// True for an absolute http or https URL that can be called: its host, port and escapes are sound.
 bool isWebUrl(std::string_view text);
 
 // The base with the path put behind it, one slash between; the path may have several components.

@@ -34,7 +34,8 @@ TEST(BaseUrl, IsTheServerUrlWhenItParses) {
 
 TEST(BaseUrl, FallsBackWhenTheServerUrlDoesNotParse) {
   Desk desk;
-  for (const char* text : {"", "not a url", "http://", "http://a b", "file:///etc"}) {
+  for (const char* text : {"", "not a url", "http://", "http://a b", "file:///etc", "https://a:x",
+                           "https://a:99999", "http://[::1", "http://a/%zz"}) {
     desk.defaults.texts["ServerURL"] = text;
     EXPECT_EQ(desk.api.base(), kBuiltIn) << text;
   }

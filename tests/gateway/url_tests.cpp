@@ -63,6 +63,52 @@ INSTANTIATE_TEST_SUITE_P(
                     WebCase{"https://?x", false}, WebCase{"https://#x", false},
                     WebCase{"https://:80", false}));
 
+INSTANTIATE_TEST_SUITE_P(
+    Ports, WebUrls,
+    testing::Values(WebCase{"https://a:1", true}, WebCase{"https://a:65535", true},
+                    WebCase{"https://a:", true}, WebCase{"https://a:0080", true},
+                    WebCase{"https://a:0", false}, WebCase{"https://a:65536", false},
+                    WebCase{"https://a:99999", false}, WebCase{"https://a:4294967376", false},
+                    WebCase{"https://a:x", false}, WebCase{"https://a:8x", false},
+                    WebCase{"https://a:-1", false}, WebCase{"https://a:+80", false},
+                    WebCase{"https://a:80:90", false}, WebCase{"http://[::1]:x", false},
+                    WebCase{"https://a:x?y", false}, WebCase{"https://a:x#y", false}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Hosts, WebUrls,
+    testing::Values(WebCase{"http://[::ffff:1.2.3.4]", true}, WebCase{"http://a-b_c.d.", true},
+                    WebCase{"http://b\xC3\xBC"
+                            "cher.example",
+                            true},
+                    WebCase{"http://a?x=1", true}, WebCase{"http://[::1", false},
+                    WebCase{"http://[::1]x", false}, WebCase{"http://[]", false},
+                    WebCase{"http://[1:2]", false}, WebCase{"http://a]", false},
+                    WebCase{"http://a[1]", false}, WebCase{"http://::1", false},
+                    WebCase{"http://a..b", false}, WebCase{"http://.", false},
+                    WebCase{"http://-a", false}, WebCase{"http://a-", false},
+                    WebCase{"http://a'b", false}, WebCase{"http://a%20b", false},
+                    WebCase{"http://u@v@a", false}, WebCase{"http://u[@a", false},
+                    WebCase{"http://a<b", false}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, WebUrls,
+    testing::Values(WebCase{"http://a/b%20c", true}, WebCase{"http://a/%C3%a9", true},
+                    WebCase{"http://a/(b)[c]", true}, WebCase{"http://a/b%", false},
+                    WebCase{"http://a/b%2", false}, WebCase{"http://a/b%2g", false},
+                    WebCase{"http://a/\"b", false}, WebCase{"http://a/<b", false},
+                    WebCase{"http://a/b>", false}, WebCase{"http://a/b\\c", false},
+                    WebCase{"http://a/b^", false}, WebCase{"http://a/`b", false},
+                    WebCase{"http://a/{b", false}, WebCase{"http://a/b|c", false},
+                    WebCase{"http://a/b}", false}, WebCase{"http://a/b c", false}));
+
+TEST(LongHosts, AreNoWebUrls) {
+  EXPECT_TRUE(isWebUrl("http://" + std::string(63, 'a') + ".example"));
+  EXPECT_FALSE(isWebUrl("http://" + std::string(64, 'a') + ".example"));
+  std::string many = "http://a";
+  for (int i = 0; i < 200; ++i) many += ".a";
+  EXPECT_FALSE(isWebUrl(many));
+}
+
 struct PathCase {
   const char* base;
   const char* path;
