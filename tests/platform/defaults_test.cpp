@@ -76,8 +76,36 @@ TEST_F(QtDefaultsTest, ReadsWhatAPersonWrote) {
   EXPECT_EQ(defaults.flag("LiveToasts"), false);
   EXPECT_EQ(defaults.flag("DockBadge"), false);
   EXPECT_EQ(defaults.flag("AutoAdvance"), true);
-  EXPECT_EQ(defaults.flag("ShowNotes"), std::nullopt);
+  EXPECT_EQ(defaults.flag("ShowNotes"), false);
+  EXPECT_EQ(defaults.flag("OpenLoupe"), std::nullopt);
 }
+
+struct FlagCase {
+  const char* written;
+  bool isOn;
+};
+
+class WrittenFlags : public QtDefaultsTest, public testing::WithParamInterface<FlagCase> {};
+
+TEST_P(WrittenFlags, AreThereAndOnOnlyWhenTheyReadAsTrue) {
+  {
+    QtDefaults(path_).setFlag("MakesTheFolder", true);
+  }
+  write(QByteArray("[General]\nShowNotes=") + GetParam().written + "\n");
+  EXPECT_EQ(QtDefaults(path_).flag("ShowNotes"), GetParam().isOn);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, WrittenFlags,
+    testing::Values(FlagCase{"true", true}, FlagCase{"True", true}, FlagCase{"TRUE", true},
+                    FlagCase{"1", true}, FlagCase{"yes", true}, FlagCase{"YES", true},
+                    FlagCase{"\"yes\"", true}, FlagCase{"2", true}, FlagCase{"-1", true},
+                    FlagCase{"0.5", true}, FlagCase{"false", false}, FlagCase{"0", false},
+                    FlagCase{"0.0", false}, FlagCase{"-0", false}, FlagCase{"no", false},
+                    FlagCase{"maybe", false}, FlagCase{"on", false}, FlagCase{"", false},
+                    FlagCase{"truest", false}, FlagCase{"1x", false}, FlagCase{"1, 2", false},
+                    FlagCase{"nan", false}, FlagCase{"1e999", false}, FlagCase{"@Invalid()", false},
+                    FlagCase{"@ByteArray(true)", true}, FlagCase{"@Variant(garbage", false}));
 
 TEST_F(QtDefaultsTest, ADamagedFileGivesWhatIsReadable) {
   {

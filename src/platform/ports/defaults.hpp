@@ -9,8 +9,10 @@ namespace vellix {
 class Defaults {
  public:
   virtual ~Defaults() = default;
-  // None when the key is absent or the value does not read as the type.
+  // None when the key is absent or holds no text.
   virtual std::optional<std::string> text(const std::string& key) const = 0;
+  // None when the key is absent, and only then. "true", "yes", in any case, and any number but 0
+  // read as true, all else as false.
   virtual std::optional<bool> flag(const std::string& key) const = 0;
   // Readable at once; on disk soon after. A file that cannot be written is not an error here.
   virtual void setText(const std::string& key, const std::string& value) = 0;

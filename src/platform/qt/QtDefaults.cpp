@@ -1,11 +1,21 @@
 #include "platform/qt/QtDefaults.hpp"
 
 #include <QStandardPaths>
+#include <cmath>
 
 namespace vellix {
 namespace {
 
 QString keyOf(const std::string& key) { return QString::fromStdString(key); }
+
+bool readsAsTrue(const QString& word) {
+  const auto is = [&word](const char* other) {
+    return word.compare(QLatin1String{other}, Qt::CaseInsensitive) == 0;
+  };
+  bool isNumber = false;
+  const double number = word.toDouble(&isNumber);
+  return is("true") || is("yes") || (isNumber && std::isfinite(number) && number != 0);
+}
 
 }  // namespace
 
@@ -27,10 +37,8 @@ std::optional<std::string> QtDefaults::text(const std::string& key) const {
 }
 
 std::optional<bool> QtDefaults::flag(const std::string& key) const {
-  const auto word = text(key);
-  if (word == "true" || word == "1") return true;
-  if (word == "false" || word == "0") return false;
-  return std::nullopt;
+  if (!settings_.contains(keyOf(key))) return std::nullopt;
+  return readsAsTrue(QString::fromStdString(text(key).value_or("")));
 }
 
 void QtDefaults::setText(const std::string& key, const std::string& value) {
