@@ -1,0 +1,34 @@
+// The program's pictures, with a note of what the pages were given and when they had to wait.
+#pragma once
+
+#include "pieces/PictureSource.hpp"
+
+namespace vellix::bench {
+
+class WatchedPictures : public PictureSource {
+  Q_OBJECT
+
+ public:
+  explicit WatchedPictures(PictureSource& pictures) : pictures_(pictures) {}
+
+  QImage atHand(const QString& key, QSize shown) override;
+  void bring(const QString& key, QSize shown, QObject* context,
+             std::function<void(QImage)> done) override;
+
+  // Of the page that was last given its picture; thumbnails are not looked at.
+  const QString& given() const { return given_; }
+  QSize pixels() const { return pixels_; }  // the size of that picture
+  QSize shown() const { return shown_; }    // the size it was asked for
+  int waits() const { return waits_; }      // pages that were not at hand
+
+ private:
+  void note(const QString& key, QSize shown, const QImage& image);
+
+  PictureSource& pictures_;
+  QString given_;
+  QSize pixels_;
+  QSize shown_;
+  int waits_ = 0;
+};
+
+}  // namespace vellix::bench

@@ -1,0 +1,272 @@
+// Steps from page to page, against a bare picture that is swapped; and a long walk through many.
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImageReader>
+#include <QPainter>
+#include <filesystem>
+
+#include "Desk.hpp"
+#include "SwapItem.hpp"
+#include "WatchedPictures.hpp"
+#include "children.hpp"
+#include "measure.hpp"
+#include "platform/qt/QtPictureFiles.hpp"
+#include "report.hpp"
+
+namespace vellix::bench {
+namespace {
+
+constexpr int kPages = 401;
+constexpr int kPaintings = 8;  // the others are the same files under other names
+constexpr QSize kPicture{2000, 3000};
+constexpr const char* kTicket = "walk";
+
+std::string keyOf(int page) { return "bench-" + std::to_string(page) + ".jpg"; }
+QString pathOf(int page) { return QString::fromStdString(pictureCachePath() + "/" + keyOf(page)); }
+QColor markOf(int page) { return QColor::fromHsv(page % kPaintings * 360 / kPaintings, 220, 200); }
+
+// A page of type, with a coloured mark in its middle that tells it from the others.
+QImage painting(int page) {
+  QImage image(kPicture, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  QFont face("EB Garamond");
+  face.setPixelSize(44);
+  painter.setFont(face);
+  for (int line = 0; line < 48; ++line) {
+    painter.drawText(200, 240 + line * 56,
+                     QString("%1 The harbour was grey at first light, and no boat had come in %2")
+                         .arg(page * 48 + line)
+                         .arg(line * 7));
+  }
+  painter.fillRect(QRect(800, 1300, 400, 400), markOf(page));
+  return image;
+}
+
+bool layOutPictures() {
+  QDir().mkpath(QString::fromStdString(pictureCachePath()));
+  for (int page = 0; page < kPages; ++page) {
+    if (QFile::exists(pathOf(page))) continue;
+    if (page < kPaintings) {
+      if (!painting(page).save(pathOf(page), "JPEG", 85)) return false;
+    } else {
+      std::error_code error;
+      std::filesystem::create_hard_link(pathOf(page % kPaintings).toStdString(),
+                                        pathOf(page).toStdString(), error);
+      if (error) return false;
+    }
+  }
+  return true;
+}
+
+FileDetail ticket() {
+  FileDetail detail;
+  detail.file.id = kTicket;
+  detail.file.title = "A long walk";
+  detail.file.status = "new";
+  detail.file.pages.emplace();
+  for (int i = 0; i < kPages; ++i) {
+    detail.file.pages->push_back({.i = i,
+                                  .label = std::to_string(i + 1),
+                                  .img = keyOf(i),
+                                  .px = std::vector<double>{2000, 3000}});
+  }
+  return detail;
+}
+
+// The program with one long ticket open, its pages on disk.
+class Walk {
+ public:
+  Walk() : desk_("staged", Desk::Board::staged) {}
+
+  bool begin() {
+    if (!desk_.shown() || !layOutPictures()) return false;
+    watched_.emplace(desk_.pictures());
+    desk_.setPictures(*watched_);
+    const FileDetail detail = ticket();
+    Store& store = desk_.store();
+    store.shown.set({"supplier"});
+    store.details.edit([&](auto& details) { details[kTicket] = detail; });
+    store.selection.set({kTicket});
+    BoardState board{.me = {"renny@tessarine.example", "Renny Vale"}, .files = {detail.file}};
+    board.files.front().pages.reset();
+    store.board.set(board);
+    desk_.frames().onFrame = [this] { look(); };
+    return awaitPage(0) && desk_.frames().settle();
+  }
+
+  // The milliseconds from the step to the frame that shows it; none when it never came.
+  std::optional<double> goTo(int page) {
+    const double start = wallTime();
+    desk_.store().goToPage(kTicket, page);
+    if (!awaitPage(page)) return std::nullopt;
+    return shownAt_ - start;
+  }
+
+  // What the window really shows: the mark in the middle of the page.
+  bool shows(int page) {
+    const QImage image = desk_.window()->grabWindow();
+    const QPointF middle = place().center() * image.devicePixelRatio();
+    const QColor seen = image.pixelColor(middle.toPoint());
+    const QColor mark = markOf(page);
+    return std::abs(seen.red() - mark.red()) + std::abs(seen.green() - mark.green()) +
+               std::abs(seen.blue() - mark.blue()) <
+           40;
+  }
+
+  Desk& desk() { return desk_; }
+  WatchedPictures& watched() { return *watched_; }
+  QRectF place() {
+    const RemoteImage* page = desk_.page();
+    return page->mapRectToScene(page->boundingRect());
+  }
+  int placeholders() const { return placeholders_; }
+
+ private:
+  void look() {
+    const RemoteImage* page = desk_.page();
+    if (!page) return;
+    if (!page->ready() && !shown_.isEmpty()) ++placeholders_;
+    if (page->ready() && page->key() == watched_->given() && page->key() != shown_) {
+      shown_ = page->key();
+      shownAt_ = desk_.frames().lastAt();
+    }
+  }
+
+  bool awaitPage(int page) {
+    const QString key = QString::fromStdString(keyOf(page));
+    return waitUntil([&] { return shown_ == key; });
+  }
+
+  Desk desk_;
+  std::optional<WatchedPictures> watched_;
+  QString shown_;  // by a painted frame
+  double shownAt_ = 0;
+  int placeholders_ = 0;
+};
+
+// A bare window of the same size, with a picture in the same place.
+class BareSwap {
+ public:
+  BareSwap(QQuickWindow* like, QRectF place) {
+    window_.resize(like->size());
+    window_.setColor(like->color());
+    item_ = new SwapItem(window_.contentItem());
+    item_->setPosition(place.topLeft());
+    item_->setSize(place.size());
+    window_.show();
+  }
+
+  // The milliseconds from `start` to the frame that shows it; none when it never came.
+  std::optional<double> show(QImage image, double start) {
+    const int frames = frames_.count();
+    item_->show(std::move(image));
+    if (!waitUntil([&] { return frames_.count() > frames; })) return std::nullopt;
+    return frames_.lastAt() - start;
+  }
+  Frames& frames() { return frames_; }
+
+ private:
+  QQuickWindow window_;
+  Frames frames_{&window_};
+  SwapItem* item_ = nullptr;
+};
+
+QImage bareDecode(int page, QSize pixels) {
+  QImageReader reader(pathOf(page), "jpeg");
+  reader.setScaledSize(pixels);
+  return reader.read();
+}
+
+void measureSwaps(Walk& walk, BareSwap& bare, QSize pixels) {
+  const QImage pictures[] = {bareDecode(0, pixels), bareDecode(1, pixels)};
+  const int waits = walk.watched().waits();
+  bool good = true;
+  int turn = 0;
+  const auto ours = [&] {
+    const int page = ++turn % 2;
+    const auto took = walk.goTo(page);
+    good = good && took && walk.shows(page);
+    walk.desk().frames().settle(30);
+    return took.value_or(0);
+  };
+  const auto theirs = [&] {
+    const auto took = bare.show(pictures[turn % 2], wallTime());
+    good = good && took;
+    bare.frames().settle(30);
+    return took.value_or(0);
+  };
+  const auto [our, their] = alternate(ours, theirs, 41);
+  tell({"page step to a page at hand, to its frame", our, their, "ms", 1.2});
+  if (!good) tellFault("a page step to a page at hand did not show the page");
+  if (walk.watched().waits() > waits) tellFault("a page at hand was waited for");
+}
+
+void measureFromDisk(Walk& walk, BareSwap& bare, QSize pixels) {
+  int next = 20;
+  bool good = true;
+  const auto ours = [&] {
+    const int page = ++next;
+    const auto took = walk.goTo(page);
+    good = good && took && walk.shows(page);
+    walk.desk().frames().settle(30);
+    return took.value_or(0);
+  };
+  const auto theirs = [&] {
+    const double start = wallTime();
+    const auto took = bare.show(bareDecode(next, pixels), start);
+    good = good && took;
+    bare.frames().settle(30);
+    return took.value_or(0);
+  };
+  const int waits = walk.watched().waits();
+  const auto [our, their] = alternate(ours, theirs, 21);
+  tell({"page step to a page on disk, to its frame", our, their, "ms", 1.3});
+  if (!good) tellFault("a page step to a page on disk did not show the page");
+  if (walk.watched().waits() - waits != next - 20) tellFault("a page on disk was there already");
+}
+
+}  // namespace
+
+int pagesChild(int argc, char** argv) {
+  const QGuiApplication application(argc, argv);
+  Walk walk;
+  if (!walk.begin() || !walk.goTo(1)) {
+    tellFault("the long ticket was never shown");
+    return 1;
+  }
+  const QSize pixels = walk.watched().pixels();
+  BareSwap bare(walk.desk().window(), walk.place());
+  measureSwaps(walk, bare, pixels);
+  measureFromDisk(walk, bare, pixels);
+  if (walk.placeholders() > 0) tellFault("a page step showed a placeholder");
+  tellNote("A page is shown at " + std::to_string(walk.watched().shown().width()) + " x " +
+           std::to_string(walk.watched().shown().height()) + " from " +
+           std::to_string(pixels.width()) + " x " + std::to_string(pixels.height()) + " pixels.");
+  return 0;
+}
+
+int visitsChild(int argc, char** argv) {
+  const QGuiApplication application(argc, argv);
+  constexpr double kBudgetMegabytes = 256;
+  Walk walk;
+  if (!walk.begin()) {
+    tellFault("the long ticket was never shown");
+    return 1;
+  }
+  const double before = residentMegabytes();
+  double most = before;
+  for (int page = 1; page < kPages; ++page) {
+    if (!walk.goTo(page)) {
+      tellFault("page " + std::to_string(page) + " was never shown");
+      return 1;
+    }
+    if (page % 10 == 0) most = std::max(most, residentMegabytes());
+  }
+  tell({"400 pictures of 2000 x 3000 visited: growth", most - before, kBudgetMegabytes, "MB", 1.2});
+  if (walk.placeholders() > 0) tellFault("a visited page showed a placeholder");
+  return 0;
+}
+
+}  // namespace vellix::bench

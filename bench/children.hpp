@@ -1,0 +1,21 @@
+// The measurements that run in a process of their own. Each tells its results on standard output
+// and returns the process's exit code.
+#pragma once
+
+namespace vellix::bench {
+
+int decodeChild();
+int listChild(int argc, char** argv);
+int pollChild(int argc, char** argv);
+int pagesChild(int argc, char** argv);
+int visitsChild(int argc, char** argv);
+
+// Shows the board as the program does, and tells when it was first painted.
+//   START     the moment, on wallTime's clock, when the process was asked for
+//   SECONDS   how long to look on at the idle window; 0 for not at all
+int launchChild(int argc, char** argv, double start, double seconds);
+
+// What a board with many tickets means.
+inline constexpr int kManyTickets = 10'000;
+
+}  // namespace vellix::bench

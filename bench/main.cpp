@@ -1,0 +1,38 @@
+// Measures the budgets.
+//
+//   vellix_bench [decode|list|poll|pages|visits|launch|rest]...
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <cstdlib>
+#include <string_view>
+
+#include "children.hpp"
+#include "parent.hpp"
+
+namespace {
+
+constexpr unsigned kLongestChild = 115;  // seconds; it must not outlive the run that started it
+
+int runChild(int argc, char* argv[]) {
+  using namespace vellix::bench;
+  alarm(kLongestChild);
+  const std::string_view name = argv[2];
+  if (name == "decode") return decodeChild();
+  if (name == "list") return listChild(argc, argv);
+  if (name == "poll" && argc == 5) return pollChild(argc, argv);
+  if (name == "pages") return pagesChild(argc, argv);
+  if (name == "visits") return visitsChild(argc, argv);
+  if (name == "launch" && argc == 5) {
+    return launchChild(argc, argv, std::atof(argv[3]), std::atof(argv[4]));
+  }
+  return 2;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  if (argc >= 3 && std::string_view(argv[1]) == "--child") return runChild(argc, argv);
+  const QCoreApplication application{argc, argv};
+  return vellix::bench::run(application.arguments().mid(1));
+}
