@@ -14,14 +14,29 @@ void Pictures::bring(const QString& key, QSize shown, QObject* context,
 
 Task<> Pictures::load(std::string key, QSize shown, QPointer<QObject> context,
                       std::function<void(QImage)> done) {
-  auto loading = images_.image(std::move(key));
+  auto loading = images_.image(key);
   const PictureHandle picture = co_await std::move(loading);
   if (!context) co_return;
-  if (picture) {
-    pixels_.requestPixels(picture, shown, context, done);
-  } else {
-    done({});
+  auto decoding = pixelsOf(picture, shown);
+  QImage image = co_await std::move(decoding);
+  if (image.isNull() && picture && !picture->file.empty()) {
+    // The disk lost or tore what it once took. The service still has it: one more try, no more.
+    images_.forget(picture);
+    if (!context) co_return;
+    auto loadingAnew = images_.image(std::move(key));
+    const PictureHandle anew = co_await std::move(loadingAnew);
+    auto decodingAnew = pixelsOf(anew, shown);
+    image = co_await std::move(decodingAnew);
   }
+  if (context) done(image);
+}
+
+Task<QImage> Pictures::pixelsOf(PictureHandle picture, QSize shown) {
+  if (!picture) co_return QImage{};
+  const Resolver<QImage> resolver;
+  pixels_.requestPixels(picture, shown, this, resolver);
+  const auto pending = resolver.pending();
+  co_return co_await pending;
 }
 
 }  // namespace vellix

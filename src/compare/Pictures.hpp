@@ -25,6 +25,7 @@ class Pictures : public PictureSource {
  private:
   Task<> load(std::string key, QSize shown, QPointer<QObject> context,
               std::function<void(QImage)> done);
+  Task<QImage> pixelsOf(PictureHandle picture, QSize shown);
 
   Images& images_;
   PixelCache& pixels_;

@@ -19,7 +19,9 @@ PictureHandle Images::cached(const std::optional<std::string>& key) {
   if (!key) return nullptr;
   if (const auto sample = samples.find(*key); sample != samples.end()) return sample->second;
   if (const auto held = memory_.find(*key); held != memory_.end()) return held->second;
-  std::string file = files_.find(fileName(*key));
+  const std::string name = fileName(*key);
+  if (broken_.contains(name)) return nullptr;
+  std::string file = files_.find(name);
   if (file.empty()) return nullptr;
   const auto found = decoder_.inspect({.key = *key, .file = std::move(file)});
   if (!found) return nullptr;
@@ -40,6 +42,14 @@ Task<PictureHandle> Images::image(std::optional<std::string> key) {
   co_return co_await pending;
 }
 
+void Images::forget(const PictureHandle& broken) {
+  const auto held = memory_.find(broken->key);
+  const bool cameAnew = held != memory_.end() && held->second != broken;
+  if (cameAnew) return;
+  memory_.erase(broken->key);
+  broken_.insert(fileName(broken->key));
+}
+
 Task<> Images::load(std::string key, Resolver<PictureHandle> done) {
   auto call = fetch(key);
   const PictureHandle picture = co_await std::move(call);
@@ -58,8 +68,10 @@ Task<PictureHandle> Images::fetch(std::string key) {
   const auto decoding = decoder_.decode({.key = key, .bytes = response->body});
   const PictureHandle decoded = co_await decoding;
   if (!decoded) co_return nullptr;
-  std::string file = files_.write(fileName(key), response->body);
+  const std::string name = fileName(key);
+  std::string file = files_.write(name, response->body);
   if (file.empty()) co_return decoded;
+  broken_.erase(name);
   Picture onDisk = *decoded;
   onDisk.bytes.clear();
   onDisk.file = std::move(file);
@@ -74,7 +86,8 @@ Task<> Images::prefetchAll(Page page) {
   co_await turn;
   auto own = bring(page.img);
   co_await std::move(own);
-  for (const auto& [role, ref] : page.refs.value_or(std::map<std::string, RefPage>{})) {
+  const auto refs = std::move(page.refs).value_or(std::map<std::string, RefPage>{});
+  for (const auto& [role, ref] : refs) {
     auto other = bring(ref.img);
     co_await std::move(other);
   }
@@ -85,11 +98,12 @@ Task<> Images::prefetchAll(Page page) {
 Task<> Images::bring(std::optional<std::string> key) {
   if (const auto held = cached(key)) {
     const auto decoding = decoder_.decode(*held);
-    co_await decoding;
-  } else {
-    auto loading = image(key);
-    co_await std::move(loading);
+    const PictureHandle decoded = co_await decoding;
+    if (decoded || held->file.empty()) co_return;
+    forget(held);
   }
+  auto loading = image(key);
+  co_await std::move(loading);
 }
 
 }  // namespace vellix

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "gateway/api.hpp"
@@ -25,6 +26,9 @@ class Images : public PagePrefetch {
   PictureHandle cached(const std::optional<std::string>& key);
   // The picture, fetched when it has to be; null when it cannot be had.
   Task<PictureHandle> image(std::optional<std::string> key);
+  // Lets go of a picture whose file has gone or does not decode to its end. Until its bytes have
+  // come and been written anew, `cached` has none, so that `image` fetches it.
+  void forget(const PictureHandle& broken);
   // Brings a page's pictures in, in the background.
   void prefetch(const Page& page) override;
 
@@ -46,6 +50,7 @@ class Images : public PagePrefetch {
   PictureFiles& files_;
   std::map<std::string, PictureHandle> memory_;
   std::map<std::string, Pending<PictureHandle>> inflight_;
+  std::set<std::string> broken_;  // names of files that are not to be taken
   TaskScope tasks_;
 };
 

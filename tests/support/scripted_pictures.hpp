@@ -1,4 +1,5 @@
-// Picture ports that live in memory. A picture is any text that begins with "pic".
+// Picture ports that live in memory. A picture is any text that begins with "pic"; one that begins
+// with "pic torn" has a good header and does not decode to its end.
 #pragma once
 
 #include <map>
@@ -42,7 +43,8 @@ class ScriptedDecoder : public PictureDecoder {
     const Resolver<PictureHandle> resolver;
     loop_.post([this, resolver, encoded] {
       const auto picture = read(encoded);
-      resolver(picture ? std::make_shared<const Picture>(*picture) : nullptr);
+      const bool whole = picture && !bytesOf(encoded).starts_with("pic torn");
+      resolver(whole ? std::make_shared<const Picture>(*picture) : nullptr);
     });
     return resolver.pending();
   }
@@ -51,14 +53,15 @@ class ScriptedDecoder : public PictureDecoder {
   mutable std::map<std::string, int> inspected;  // times, by key
 
  private:
-  std::optional<Picture> read(Picture encoded) const {
+  std::string bytesOf(const Picture& encoded) const {
+    if (encoded.file.empty()) return encoded.bytes;
     const std::string folder = FakePictureFiles::kFolder;
-    std::string bytes = encoded.bytes;
-    if (!encoded.file.empty()) {
-      const auto file = files_.files.find(encoded.file.substr(folder.size()));
-      if (file == files_.files.end()) return std::nullopt;
-      bytes = file->second;
-    }
+    const auto file = files_.files.find(encoded.file.substr(folder.size()));
+    return file == files_.files.end() ? std::string{} : file->second;
+  }
+
+  std::optional<Picture> read(Picture encoded) const {
+    const std::string bytes = bytesOf(encoded);
     if (!bytes.starts_with("pic")) return std::nullopt;
     encoded.width = static_cast<int>(bytes.size());
     encoded.height = 1;

@@ -1,0 +1,162 @@
+// The pictures that views ask for, over real files and decodes and a scripted service.
+#include "compare/Pictures.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/pictures.hpp"
+#include "platform/qt/QtPictureDecoder.hpp"
+#include "platform/qt/QtPictureFiles.hpp"
+#include "platform/waiting.hpp"
+#include "support/desk.hpp"
+#include "support/routes.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr QSize kWhole{400, 200};
+const std::string kLine = "GET api/blob/a";
+
+class PicturesTest : public testing::Test {
+ protected:
+  QTemporaryDir folder;
+  Desk desk;
+  Routes routes{desk.http};
+  PixelCache pixels;
+  QtPictureDecoder decoder{pixels};
+  QtPictureFiles files{folder.path().toStdString()};
+  Images images{desk.api, desk.time, decoder, files};
+  std::optional<Pictures> pictures{std::in_place, images, pixels};
+  std::optional<QObject> view{std::in_place};
+  const std::string whole = encodedAs("jpg", testImage(kWhole.width(), kWhole.height()));
+  const std::string torn = whole.substr(0, whole.size() / 2);
+  std::vector<QImage> answers;
+
+  void serve(const std::string& bytes) { routes.set(kLine, answerOf(200, bytes)); }
+  void bring() {
+    pictures->bring("a", kWhole, &*view, [this](const QImage& image) { answers.push_back(image); });
+  }
+  bool settles(const std::function<bool()>& condition) {
+    return waitUntil([this, &condition] {
+      desk.time.run();
+      return condition();
+    });
+  }
+  // Brings the picture and waits for the answer.
+  QImage brought() {
+    const auto before = answers.size();
+    bring();
+    EXPECT_EQ(answers.size(), before) << "an answer comes later";
+    EXPECT_TRUE(settles([&] { return answers.size() > before; }));
+    return answers.empty() ? QImage{} : answers.back();
+  }
+  std::size_t requests() { return desk.http.count(kLine); }
+  QByteArray onDisk() {
+    QFile file(folder.filePath("a"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+};
+
+TEST_F(PicturesTest, AreBroughtOverTheNetworkOnceAndThenAtHand) {
+  serve(whole);
+  EXPECT_TRUE(pictures->atHand("a", kWhole).isNull());
+  const QImage image = brought();
+  EXPECT_EQ(image.size(), kWhole);
+  EXPECT_EQ(pictures->atHand("a", kWhole).cacheKey(), image.cacheKey());
+  EXPECT_EQ(brought().cacheKey(), image.cacheKey());
+  EXPECT_EQ(requests(), 1U);
+}
+
+TEST_F(PicturesTest, ComeFromTheDiskWithoutARequest) {
+  files.write("a", whole);
+  EXPECT_EQ(brought().size(), kWhole);
+  EXPECT_EQ(requests(), 0U);
+}
+
+TEST_F(PicturesTest, WhoseFileHasGoneAreFetchedAnew) {
+  files.write("a", whole);
+  ASSERT_TRUE(images.cached("a"));
+  ASSERT_TRUE(QFile::remove(folder.filePath("a")));
+  serve(whole);
+  EXPECT_EQ(brought().size(), kWhole);
+  EXPECT_EQ(onDisk().toStdString(), whole);
+  EXPECT_EQ(requests(), 1U);
+}
+
+TEST_F(PicturesTest, WhoseFileIsTornBehindAGoodHeaderAreFetchedAnew) {
+  files.write("a", torn);
+  serve(whole);
+  EXPECT_EQ(brought().size(), kWhole);
+  EXPECT_EQ(onDisk().toStdString(), whole);
+  EXPECT_EQ(requests(), 1U);
+}
+
+TEST_F(PicturesTest, ThatCannotBeFetchedAnewAreNoneAfterOneRequestEach) {
+  files.write("a", torn);
+  for (const auto& answer : {answerOf(404), answerOf(200, torn), answerOf(500)}) {
+    const auto before = requests();
+    routes.set(kLine, answer);
+    EXPECT_TRUE(brought().isNull());
+    EXPECT_EQ(requests(), before + 1);
+  }
+  EXPECT_EQ(onDisk().toStdString(), torn);
+}
+
+TEST_F(PicturesTest, OfSeveralViewsAreFetchedAnewOnce) {
+  files.write("a", torn);
+  serve(whole);
+  for (int i = 0; i < 3; ++i) bring();
+  ASSERT_TRUE(settles([this] { return answers.size() == 3; }));
+  for (const auto& image : answers) EXPECT_EQ(image.size(), kWhole);
+  EXPECT_EQ(requests(), 1U);
+}
+
+TEST_F(PicturesTest, ThatBreakAgainAreFetchedAnewAgain) {
+  serve(whole);
+  for (std::size_t times = 1; times <= 2; ++times) {
+    files.write("a", torn);
+    PixelCache none;
+    Pictures others(images, none);
+    bool told = false;
+    others.bring("a", kWhole, &*view, [&told](const QImage& image) { told = !image.isNull(); });
+    EXPECT_TRUE(settles([&told] { return told; }));
+    EXPECT_EQ(requests(), times);
+  }
+}
+
+TEST_F(PicturesTest, TellNobodyWhoHasGone) {
+  serve(whole);
+  bring();
+  view.reset();
+  ASSERT_TRUE(settles([this] { return images.heldInMemory() == 1; }));
+  view.emplace();
+  EXPECT_FALSE(brought().isNull());
+  EXPECT_EQ(answers.size(), 1U);
+}
+
+TEST_F(PicturesTest, TellNobodyWhoWentWhileTheyWereFetchedAnew) {
+  files.write("a", torn);
+  bring();
+  ASSERT_TRUE(settles([this] { return requests() == 1; }));
+  view.reset();
+  desk.http.answer(0, answerOf(200, whole));
+  ASSERT_TRUE(settles([this] { return images.heldInMemory() == 1; }));
+  view.emplace();
+  EXPECT_FALSE(brought().isNull());
+  EXPECT_EQ(answers.size(), 1U);
+}
+
+TEST_F(PicturesTest, MayEndWithRequestsOut) {
+  files.write("a", torn);
+  bring();
+  pictures.reset();
+  pictures.emplace(images, pixels);
+  serve(whole);
+  EXPECT_FALSE(brought().isNull());
+  EXPECT_EQ(answers.size(), 1U);
+}
+
+}  // namespace
+}  // namespace vellix
