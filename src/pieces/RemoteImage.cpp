@@ -52,6 +52,8 @@ RemoteImage::RemoteImage(QQuickItem* parent) : QQuickItem(parent) { setFlag(Item
 void RemoteImage::setPictures(PictureSource* pictures) {
   if (pictures_ == pictures) return;
   pictures_ = pictures;
+  askedKey_.clear();
+  askedSize_ = {};
   ask();
   emit picturesChanged();
 }
@@ -107,20 +109,27 @@ QSize RemoteImage::shownPixels() const {
 void RemoteImage::updatePolish() {
   const QSize size = shownPixels();
   if (!pictures_ || size.isEmpty() || (key_ == askedKey_ && size == askedSize_)) return;
+  if (key_ != askedKey_) settled_ = false;
   askedKey_ = key_;
   askedSize_ = size;
   const quint64 request = ++asking_;
-  if (key_.isEmpty()) {
-    show({});
-    return;
-  }
+  if (key_.isEmpty()) return;
   if (QImage image = pictures_->atHand(key_, size); !image.isNull()) {
-    show(std::move(image));
+    answer(std::move(image));
     return;
   }
+  const bool enough = image_.width() >= size.width() && image_.height() >= size.height();
+  if (settled_ && (image_.isNull() || enough)) return;
   pictures_->bring(key_, size, this, [this, request](QImage image) {
-    if (request == asking_) show(std::move(image));
+    if (request == asking_) answer(std::move(image));
   });
+}
+
+void RemoteImage::answer(QImage image) {
+  // When more pixels of the same picture cannot be had, the fewer are better than none.
+  if (settled_ && image.isNull()) return;
+  settled_ = true;
+  show(std::move(image));
 }
 
 void RemoteImage::show(QImage image) {

@@ -1,5 +1,6 @@
 // Shows the picture of one blob key, with a plain ground until it is here. A new key's picture
-// takes the old one's place when it is ready, so stepping through pages never shows a gap.
+// takes the old one's place when it is ready, so stepping through pages never shows a gap; one
+// that cannot be had leaves the ground. No key asks for nothing and leaves what is on show.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -15,7 +16,7 @@ class RemoteImage : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
-  Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)  // empty for none
+  Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)   // empty for none
   Q_PROPERTY(bool fill READ fill WRITE setFill NOTIFY fillChanged)  // fills and crops, or fits
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
   Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
@@ -49,6 +50,7 @@ class RemoteImage : public QQuickItem {
 
  private:
   void ask();  // looks again for the right pixels at the next polish
+  void answer(QImage image);
   void show(QImage image);
   QSize shownPixels() const;
 
@@ -57,8 +59,9 @@ class RemoteImage : public QQuickItem {
   bool fill_ = false;
   QColor placeholder_;
   QImage image_;
-  bool fresh_ = false;     // image_ is not in the texture yet
-  quint64 asking_ = 0;     // the last request; answers of earlier ones are dropped
+  bool fresh_ = false;    // image_ is not in the texture yet
+  bool settled_ = false;  // image_ is the asked key's, or null because it cannot be had
+  quint64 asking_ = 0;    // the last request; answers of earlier ones are dropped
   QString askedKey_;
   QSize askedSize_;
 };

@@ -1,0 +1,389 @@
+// What a picture's place shows, frame by frame.
+#include "pieces/RemoteImage.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QQuickWindow>
+#include <QSignalSpy>
+
+#include "scripted_source.hpp"
+
+namespace vellix {
+namespace {
+
+const QColor kBehind(Qt::white);
+const QColor kGround(10, 20, 30);
+const QColor kRed(200, 0, 0);
+const QColor kBlue(0, 0, 200);
+const QColor kGreen(0, 200, 0);
+constexpr QSize kRoom(100, 100);
+
+QImage plain(const QColor& colour, QSize size = kRoom) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(colour);
+  return image;
+}
+
+// Red, green and blue thirds, side by side or one below the other.
+QImage thirds(Qt::Orientation along) {
+  const bool across = along == Qt::Horizontal;
+  QImage image = plain(kGreen, across ? QSize(300, 100) : QSize(100, 300));
+  QPainter painter(&image);
+  painter.fillRect(0, 0, 100, 100, kRed);
+  painter.fillRect(across ? 200 : 0, across ? 0 : 200, 100, 100, kBlue);
+  return image;
+}
+
+class RemoteImageTest : public testing::Test {
+ protected:
+  QQuickWindow window;
+  ScriptedSource source;
+  std::unique_ptr<RemoteImage> item = std::make_unique<RemoteImage>();
+
+  RemoteImageTest() {
+    window.setColor(kBehind);
+    window.resize(kRoom);
+    item->setPlaceholder(kGround);
+    item->setPictures(&source);
+    item->setSize(kRoom);
+    item->setParentItem(window.contentItem());
+    window.show();
+  }
+
+  QImage frame() {
+    QImage image = window.grabWindow();
+    EXPECT_EQ(image.size(), kRoom * window.effectiveDevicePixelRatio());
+    return image.scaled(kRoom);
+  }
+  // The colour of the very next frame at a point in the window.
+  QColor seen(QPoint point = {50, 50}) { return frame().pixelColor(point); }
+  void ask(const QString& key) {
+    item->setKey(key);
+    frame();
+  }
+  void showRed() {
+    ask("red");
+    source.answer(0, plain(kRed));
+    ASSERT_EQ(seen(), kRed);
+    source.requests.clear();
+  }
+};
+
+TEST_F(RemoteImageTest, ShowsThePlaceholderUntilThePictureComes) {
+  item->setKey("a");
+  EXPECT_EQ(seen(), kGround);
+  EXPECT_FALSE(item->ready());
+  ASSERT_EQ(source.requests.size(), 1U);
+  EXPECT_EQ(source.requests[0].key, "a");
+  EXPECT_EQ(source.requests[0].shown, kRoom * window.effectiveDevicePixelRatio());
+  EXPECT_EQ(seen(), kGround);
+  QSignalSpy ready(item.get(), &RemoteImage::readyChanged);
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen(), kRed);
+  EXPECT_TRUE(item->ready());
+  EXPECT_EQ(ready.count(), 1);
+  EXPECT_EQ(source.requests.size(), 1U);
+}
+
+TEST_F(RemoteImageTest, ShowsAnotherPlaceholderAtOnce) {
+  frame();
+  item->setPlaceholder(kGreen);
+  EXPECT_EQ(seen(), kGreen);
+}
+
+TEST_F(RemoteImageTest, ShowsAPictureAtHandInTheVeryNextFrame) {
+  source.held["a"] = plain(kRed);
+  source.held["b"] = plain(kBlue);
+  item->setKey("a");
+  EXPECT_EQ(seen(), kRed);
+  item->setKey("b");
+  EXPECT_EQ(seen(), kBlue);
+  EXPECT_TRUE(source.requests.empty());
+}
+
+TEST_F(RemoteImageTest, KeepsTheOldPictureUntilTheNewOneIsThere) {
+  showRed();
+  item->setKey("b");
+  EXPECT_EQ(seen(), kRed);
+  EXPECT_EQ(seen(), kRed);
+  source.answer(0, plain(kBlue));
+  EXPECT_EQ(seen(), kBlue);
+}
+
+TEST_F(RemoteImageTest, ShowsThePlaceholderWhenTheNewKeyFails) {
+  showRed();
+  ask("b");
+  QSignalSpy ready(item.get(), &RemoteImage::readyChanged);
+  source.answer(0, {});
+  EXPECT_EQ(seen(), kGround);
+  EXPECT_FALSE(item->ready());
+  EXPECT_EQ(ready.count(), 1);
+}
+
+TEST_F(RemoteImageTest, AsksAgainForAKeyThatFailedWhenItIsGivenAnew) {
+  ask("a");
+  source.answer(0, {});
+  frame();
+  EXPECT_EQ(source.requests.size(), 1U) << "a failure by itself asks nobody";
+  ask("b");
+  ask("a");
+  ASSERT_EQ(source.requests.size(), 3U);
+  source.answer(2, plain(kRed));
+  EXPECT_EQ(seen(), kRed);
+}
+
+TEST_F(RemoteImageTest, DropsALateAnswerOfAnEarlierKey) {
+  ask("a");
+  ask("b");
+  source.answer(1, plain(kBlue));
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen(), kBlue);
+  ask("c");
+  ask("d");
+  source.answer(2, {});
+  EXPECT_EQ(seen(), kBlue) << "nor does an earlier key's failure take the picture away";
+}
+
+TEST_F(RemoteImageTest, DropsTheAnswerOfAKeyThatWasTakenBack) {
+  ask("a");
+  ask("");
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen(), kGround);
+}
+
+TEST_F(RemoteImageTest, AsksOnlyForTheLastOfSeveralKeysInOneFrame) {
+  item->setKey("a");
+  item->setKey("b");
+  frame();
+  ASSERT_EQ(source.requests.size(), 1U);
+  EXPECT_EQ(source.requests[0].key, "b");
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWithoutAKey) {
+  item->setKey("");
+  EXPECT_EQ(seen(), kGround);
+  item->setSize({50, 50});
+  frame();
+  EXPECT_TRUE(source.requests.empty());
+  EXPECT_EQ(source.looks, 0);
+}
+
+TEST_F(RemoteImageTest, LeavesThePictureOnShowWhenTheKeyBecomesAbsent) {
+  showRed();
+  ask("");
+  EXPECT_EQ(seen(), kRed);
+  EXPECT_TRUE(item->ready());
+  ask("b");
+  EXPECT_EQ(seen(), kRed);
+  source.answer(0, {});
+  EXPECT_EQ(seen(), kGround);
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWhileItHasNoSizeOrNoWindow) {
+  item->setSize({0, 100});
+  ask("a");
+  EXPECT_EQ(seen(), kBehind);
+  EXPECT_TRUE(source.requests.empty());
+  item->setSize(kRoom);
+  frame();
+  EXPECT_EQ(source.requests.size(), 1U);
+}
+
+TEST_F(RemoteImageTest, AsksForMorePixelsWhenItGrowsAndShowsTheFewerMeanwhile) {
+  ask("a");
+  item->setSize({50, 50});
+  frame();
+  source.requests.clear();
+  ask("b");
+  source.answer(0, plain(kRed, {50, 50}));
+  frame();
+  item->setSize(kRoom);
+  EXPECT_EQ(seen({90, 90}), kRed);
+  ASSERT_EQ(source.requests.size(), 2U);
+  EXPECT_EQ(source.requests[1].shown, kRoom * window.effectiveDevicePixelRatio());
+  source.answer(1, plain(kBlue));
+  EXPECT_EQ(seen({90, 90}), kBlue);
+}
+
+TEST_F(RemoteImageTest, KeepsTheFewerPixelsWhenMoreCannotBeHad) {
+  ask("a");
+  source.answer(0, plain(kRed, {50, 50}));
+  frame();
+  item->setSize({99, 99});
+  frame();
+  ASSERT_EQ(source.requests.size(), 2U);
+  source.answer(1, {});
+  EXPECT_EQ(seen(), kRed);
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWhenItShrinks) {
+  showRed();
+  item->setSize({40, 40});
+  EXPECT_EQ(seen({20, 20}), kRed);
+  EXPECT_EQ(seen({60, 60}), kBehind);
+  EXPECT_TRUE(source.requests.empty());
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWhenItGrowsAndEnoughIsAtHand) {
+  showRed();
+  source.held["red"] = plain(kBlue, {400, 400});
+  item->setSize({50, 50});
+  EXPECT_EQ(seen({20, 20}), kBlue);
+  EXPECT_TRUE(source.requests.empty());
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWhenItMoves) {
+  ask("a");
+  const int looks = source.looks;
+  item->setPosition({10, 10});
+  EXPECT_EQ(seen({5, 5}), kBehind);
+  EXPECT_EQ(source.requests.size(), 1U);
+  EXPECT_EQ(source.looks, looks);
+}
+
+TEST_F(RemoteImageTest, AsksNobodyAgainForAKeyThatFailedBecauseTheSizeChanged) {
+  ask("a");
+  source.answer(0, {});
+  for (int width = 90; width > 50; width -= 10) {
+    item->setWidth(width);
+    frame();
+  }
+  EXPECT_EQ(source.requests.size(), 1U);
+  source.held["a"] = plain(kRed);
+  item->setSize(kRoom);
+  EXPECT_EQ(seen(), kRed) << "what came for another view is taken";
+}
+
+TEST_F(RemoteImageTest, AsksANewSourceForTheSameKey) {
+  ask("a");
+  ScriptedSource other;
+  item->setPictures(&other);
+  frame();
+  ASSERT_EQ(other.requests.size(), 1U);
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen(), kGround);
+  other.answer(0, plain(kBlue));
+  EXPECT_EQ(seen(), kBlue);
+}
+
+TEST_F(RemoteImageTest, LivesOnWithoutASource) {
+  {
+    ScriptedSource passing;
+    passing.held["a"] = plain(kRed);
+    item->setPictures(&passing);
+    ask("a");
+  }
+  EXPECT_EQ(seen(), kRed);
+  ask("b");
+  item->setSize({60, 60});
+  EXPECT_EQ(seen(), kRed);
+  item->setPictures(nullptr);
+  EXPECT_EQ(seen(), kRed);
+}
+
+TEST_F(RemoteImageTest, FitsAWidePictureCentredWithNothingAboveAndBelow) {
+  source.held["a"] = thirds(Qt::Horizontal);
+  ask("a");
+  const QImage image = frame();
+  EXPECT_EQ(image.pixelColor(16, 50), kRed);
+  EXPECT_EQ(image.pixelColor(50, 50), kGreen);
+  EXPECT_EQ(image.pixelColor(84, 50), kBlue);
+  EXPECT_EQ(image.pixelColor(50, 36), kGreen);
+  EXPECT_EQ(image.pixelColor(50, 64), kGreen);
+  EXPECT_EQ(image.pixelColor(50, 30), kBehind);
+  EXPECT_EQ(image.pixelColor(50, 70), kBehind);
+}
+
+TEST_F(RemoteImageTest, FitsATallPictureCentredWithNothingBeside) {
+  source.held["a"] = thirds(Qt::Vertical);
+  ask("a");
+  const QImage image = frame();
+  EXPECT_EQ(image.pixelColor(50, 16), kRed);
+  EXPECT_EQ(image.pixelColor(50, 84), kBlue);
+  EXPECT_EQ(image.pixelColor(36, 50), kGreen);
+  EXPECT_EQ(image.pixelColor(64, 50), kGreen);
+  EXPECT_EQ(image.pixelColor(30, 50), kBehind);
+  EXPECT_EQ(image.pixelColor(70, 50), kBehind);
+}
+
+TEST_F(RemoteImageTest, FillsWithTheMiddleOfAPicture) {
+  item->setFill(true);
+  for (const auto along : {Qt::Horizontal, Qt::Vertical}) {
+    const QString key = along == Qt::Horizontal ? "wide" : "tall";
+    source.held[key] = thirds(along);
+    ask(key);
+    const QImage image = frame();
+    for (const QPoint point : {QPoint(3, 3), QPoint(96, 3), QPoint(3, 96), QPoint(96, 96)}) {
+      EXPECT_EQ(image.pixelColor(point), kGreen) << qPrintable(key) << point.x() << point.y();
+    }
+  }
+}
+
+TEST_F(RemoteImageTest, ShowsSeeThroughPicturesOverWhatIsBehind) {
+  QImage half(kRoom, QImage::Format_ARGB32_Premultiplied);
+  half.fill(Qt::transparent);
+  source.held["a"] = half;
+  item->setKey("a");
+  EXPECT_EQ(seen(), kBehind);
+}
+
+TEST_F(RemoteImageTest, ChangesBetweenFitAndFillAtOnceWithoutAsking) {
+  source.held["a"] = thirds(Qt::Horizontal);
+  ask("a");
+  const int looks = source.looks;
+  EXPECT_EQ(seen({50, 10}), kBehind);
+  item->setFill(true);
+  EXPECT_EQ(seen({50, 10}), kGreen);
+  item->setFill(false);
+  EXPECT_EQ(seen({50, 10}), kBehind);
+  EXPECT_EQ(source.looks, looks);
+}
+
+TEST_F(RemoteImageTest, ShowsItsPictureInAnotherWindow) {
+  showRed();
+  QQuickWindow other;
+  other.resize(kRoom);
+  other.show();
+  item->setParentItem(other.contentItem());
+  EXPECT_EQ(other.grabWindow().pixelColor(50, 50), kRed);
+  EXPECT_EQ(seen(), kBehind);
+  item->setParentItem(nullptr);
+  item->setKey("b");
+  item->setParentItem(window.contentItem());
+  EXPECT_EQ(seen(), kRed);
+  EXPECT_EQ(source.requests.size(), 1U);
+}
+
+TEST_F(RemoteImageTest, MayGoWhileARequestIsOut) {
+  ask("a");
+  item.reset();
+  EXPECT_EQ(seen(), kBehind);
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen(), kBehind);
+}
+
+TEST_F(RemoteImageTest, DoesNotHoldThePicturesThatItShowedBefore) {
+  int freed = 0;
+  const auto countFreed = [](void* count) { ++*static_cast<int*>(count); };
+  std::vector<uchar> bytes(400, 0xff);
+  for (int i = 0; i < 20; ++i) {
+    const QString key = QString::number(i);
+    source.held[key] = QImage(bytes.data(), 10, 10, 40, QImage::Format_RGB32, countFreed, &freed);
+    ask(key);
+    source.held.clear();
+  }
+  EXPECT_EQ(freed, 19);
+}
+
+}  // namespace
+}  // namespace vellix
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) qputenv("QT_QUICK_BACKEND", "software");
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
