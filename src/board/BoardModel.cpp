@@ -1,13 +1,11 @@
 #include "board/BoardModel.hpp"
 
-#include <cmath>
+#include "bridge/replaced.hpp"
 
 namespace vellix {
 namespace {
 
 constexpr const char* kShowReviewed = "ShowReviewed";
-
-double minuteOf(Moment moment) { return std::floor(wireOf(moment) / 60'000); }
 
 }  // namespace
 
@@ -28,18 +26,15 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
 
 void BoardModel::update() {
   const Moment now = clock_.now();
-  minute_ = minuteOf(now);
+  minute_.begin(now);
   auto view = fileList(store_, showReviewed_, now, calendar_);
   rows_.setRows(std::move(view.rows));
-  auto head = toQml(view.head).toMap();
-  if (head == head_) return;
-  head_ = std::move(head);
-  emit headChanged();
+  if (replaced(head_, view.head)) emit headChanged();
 }
 
 // A poll that brought nothing new still lets time pass, but not before the minute is over.
 void BoardModel::pollEnded() {
-  if (minuteOf(clock_.now()) != minute_) update();
+  if (minute_.over(clock_.now())) update();
 }
 
 void BoardModel::select(const QString& id, bool command) {

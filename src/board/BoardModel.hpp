@@ -1,4 +1,4 @@
-// The ticket list for its view.
+// The ticket list for its view. Main thread only.
 #pragma once
 
 #include <QObject>
@@ -6,6 +6,7 @@
 
 #include "board/file_list.hpp"
 #include "bridge/RowsModel.hpp"
+#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -41,7 +42,7 @@ class BoardModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   bool showReviewed_;
-  double minute_ = 0;  // of the last update: due dates are told to the minute
+  Minute minute_;  // of the last update: due dates are told to the minute
   QVariantMap head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
   Changes::Subscription onChange_;

@@ -126,7 +126,16 @@ Item {
         }
 
         add: Transition {
+            id: coming
+
             NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.standard }
+            Glide { property: "y"; from: coming.ViewTransition.destination.y - 20 }
+        }
+        remove: Transition {
+            id: going
+
+            NumberAnimation { property: "opacity"; to: 0; duration: Theme.hover }
+            Glide { property: "y"; to: going.ViewTransition.destination.y - 20 }
         }
         move: Transition {
             Glide { property: "y" }

@@ -25,6 +25,7 @@ Rectangle {
         SorelMark {
             anchors.verticalCenter: parent.verticalCenter
             size: 20
+            working: sidebar.board.head.syncing
         }
 
         Label {

@@ -55,6 +55,8 @@ FileListView fileList(const Store& store, bool showReviewed, Moment now, const C
   view.head.queues = {queueView(store, "new_title", "New titles", now),
                  queueView(store, "reprint", "Reprints", now)};
   view.head.mineOnly = store.mineOnly();
+  const auto& board = store.board();
+  view.head.syncing = board && board->sync && board->sync->status == "running";
   Tickets tickets = store.filesInQueue(store.effectiveQueue());
   if (const auto late = lateCount(tickets, now); late > 0) {
     view.head.overdue = std::to_string(late) + " overdue";

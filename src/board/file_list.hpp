@@ -41,10 +41,11 @@ struct FileListHead {
   bool empty = false;
   std::string emptyFirst;
   std::string emptySecond;
+  bool syncing = false;  // the mark over the list moves
   bool operator==(const FileListHead&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FileListHead, (),
-                      (queues, mineOnly, overdue, empty, emptyFirst, emptySecond))
+                      (queues, mineOnly, overdue, empty, emptyFirst, emptySecond, syncing))
 
 struct FileListView {
   FileListHead head;

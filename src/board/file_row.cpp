@@ -18,6 +18,9 @@ std::string sublineOf(const FileItem& file) {
   return line;
 }
 
+// A round of approval takes the due date's place, until it comes back with changes.
+bool showsDue(const FileItem& file) { return !file.approval || *file.approval == "changes"; }
+
 }  // namespace
 
 FileCountView fileCount(const FileItem& file) {
@@ -33,9 +36,9 @@ FileCountView fileCount(const FileItem& file) {
     const std::string text = std::to_string(open);
     return {.text = text, .tone = "accent", .help = text + " to look at"};
   }
-  const auto refs = file.refs.value_or(std::vector<Ref>{});
   const bool compared =
-      std::ranges::any_of(refs, [](const Ref& ref) { return ref.matched.value_or(0) > 0; });
+      file.refs && std::ranges::any_of(
+                       *file.refs, [](const Ref& ref) { return ref.matched.value_or(0) > 0; });
   // A count below zero is no count: like none, it falls to the last two.
   if (open == 0 && compared) return {.icon = "equal.circle", .tone = "muted", .help = "No differences"};
   return {.icon = "questionmark.circle",
@@ -49,7 +52,7 @@ FileRowView fileRow(const FileItem& file, bool selected, Moment now, const Calen
       .heading = file.heading(),
       .subline = sublineOf(file),
       .thumb = file.thumb.value_or(""),
-      .due = dueChip(file, now, calendar),
+      .due = showsDue(file) ? dueChip(file, now, calendar) : std::nullopt,
       .count = fileCount(file),
       .selected = selected,
   };

@@ -43,8 +43,9 @@ class RowsModel : public QAbstractListModel {
   const std::vector<Row>& rows() const { return rows_; }
 
   void setRows(std::vector<Row> next) {
-    dropRepeats(next);
+    // The rows here have no repeats, so neither have new ones with the same keys.
     if (!sameKeys(next)) {
+      dropRepeats(next);
       removeGone(next);
       place(next);
     }

@@ -66,15 +66,15 @@ Rectangle {
         spacing: Theme.gap12
 
         Repeater {
-            model: bar.view.toggles
+            id: panes
+
+            model: bar.compare.toggles
 
             PaneToggle {
-                required property var modelData
-
                 // By id: a toggle that goes has no parent any more.
                 anchors.verticalCenter: toggles.verticalCenter
-                toggle: modelData
-                onClicked: bar.compare.togglePane(modelData.key)
+                widest: (bar.width - 2 * Theme.gap16) / panes.count - toggles.spacing
+                onClicked: bar.compare.togglePane(key)
             }
         }
     }
@@ -134,8 +134,8 @@ Rectangle {
         IconButton {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "sidebar.right"
-            help: bar.view.notesHelp
-            checked: bar.view.notesOpen
+            help: bar.compare.notes.help
+            checked: bar.compare.notes.open
             onClicked: bar.compare.toggleNotes()
         }
     }

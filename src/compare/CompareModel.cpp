@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "bridge/replaced.hpp"
+
 namespace vellix {
 namespace {
-
-constexpr double kFloatsBelow = 900;
 
 Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
 QSizeF sizeOf(Extent extent) { return {extent.width, extent.height}; }
@@ -15,38 +15,33 @@ QSizeF sizeOf(Extent extent) { return {extent.width, extent.height}; }
 CompareModel::CompareModel(Store& store)
     : store_(store),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
-                                          Store::kPage | Store::kCanvas | Store::kPanels |
-                                          Store::kSignedIn,
+                                          Store::kPage | Store::kCanvas | Store::kSignedIn,
                                       [this] { update(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
+      onPanels_(store.changes.observe(Store::kPanels, [this] { updateNotes(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { updateNotes(); })) {
   update();
+  updateNotes();
 }
 
 void CompareModel::update() {
   const FileItem* file = store_.currentFile();
-  if (!file) {
-    asked_.clear();
-    return;
-  }
-  if (asked_ != file->id) {
-    asked_ = file->id;
-    store_.requestDetail(*file);
-  }
-  if (auto header = toQml(fileHeader(*file)).toMap(); header != header_) {
-    header_ = std::move(header);
-    emit headerChanged();
-  }
+  if (file && asked_ != file->id) store_.requestDetail(*file);
+  asked_ = file ? file->id : std::string{};
+
   const FileDetail* detail = store_.currentDetail();
   auto view = detail ? canvasView(store_, *detail) : CanvasView{};
   panes_.setRows(std::move(view.panes));
-  if (auto bar = toQml(view.bar).toMap(); bar != bar_) {
-    bar_ = std::move(bar);
-    emit barChanged();
-  }
+  toggles_.setRows(std::move(view.toggles));
+  if (replaced(header_, file ? fileHeader(*file) : FileHeaderView{})) emit headerChanged();
+  if (replaced(bar_, view.bar)) emit barChanged();
   if (loaded_ != (detail != nullptr)) {
     loaded_ = detail != nullptr;
     emit loadedChanged();
   }
+}
+
+void CompareModel::updateNotes() {
+  if (replaced(notes_, notesPanel(store_, width_))) emit notesChanged();
 }
 
 void CompareModel::stepPage(int delta) {
@@ -59,14 +54,15 @@ void CompareModel::togglePane(const QString& key) {
 
 void CompareModel::zoomIn() { store_.stepZoom(1.25); }
 void CompareModel::zoomOut() { store_.stepZoom(0.8); }
-void CompareModel::zoomTo(double zoom) { store_.zoom.set(std::clamp(zoom, 1.0, 4.0)); }
+void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
 void CompareModel::toggleNotes() { store_.toggleNotes(); }
 
 void CompareModel::layNotes(double width) {
-  if (store_.notesFloat == (width < kFloatsBelow)) return;
-  store_.notesFloat = width < kFloatsBelow;
-  update();
+  if (!(width > 0)) return;  // a view that is not laid out yet
+  width_ = width;
+  store_.notesFloat = notesFloat(width);
+  updateNotes();
 }
 
 QSizeF CompareModel::paneRoom(QSizeF stage, int panes) {

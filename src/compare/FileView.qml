@@ -13,9 +13,7 @@ Item {
     // What stands in the panel.
     required property Component panel
 
-    readonly property bool floats: compare.bar.notesFloat
-    readonly property bool panelOpen: compare.loaded && compare.bar.notesOpen
-    readonly property real dockedWidth: width < 1100 ? 290 : 330
+    readonly property var notes: compare.notes
 
     onWidthChanged: compare.layNotes(width)
     Component.onCompleted: compare.layNotes(width)
@@ -66,11 +64,11 @@ Item {
         Item {
             id: dock
 
-            readonly property bool open: file.panelOpen && !file.floats
+            readonly property bool open: file.notes.open && !file.notes.floats
 
             anchors.right: parent.right
             height: parent.height
-            width: open ? file.dockedWidth : 0
+            width: open ? file.notes.width : 0
             clip: true
 
             Behavior on width {
@@ -78,8 +76,8 @@ Item {
             }
 
             Loader {
-                active: dock.width > 0
-                width: file.dockedWidth
+                active: dock.width > 0 && file.compare.loaded
+                width: file.notes.width
                 height: parent.height
                 sourceComponent: file.panel
             }
@@ -91,12 +89,12 @@ Item {
         }
 
         Loader {
-            active: file.panelOpen && file.floats
+            active: file.notes.open && file.notes.floats && file.compare.loaded
             anchors.right: parent.right
             anchors.rightMargin: Theme.gap16
             y: Theme.gap16
             height: parent.height - 76
-            width: Math.min(parent.width - 40, 320)
+            width: file.notes.width
 
             sourceComponent: Rectangle {
                 radius: Theme.radiusCard

@@ -27,6 +27,7 @@ Item {
     Accessible.name: label
 
     Row {
+        visible: pane.img !== ""
         x: Math.max(0, page.x)
         spacing: 6
         height: 16
@@ -78,7 +79,6 @@ Item {
 
     Loader {
         active: pane.img === ""
-        y: pane.captionHeight
         width: pane.room.width
         height: pane.room.height
 

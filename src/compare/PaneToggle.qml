@@ -1,43 +1,46 @@
 import QtQuick
 import Vellix.Pieces
 
-// Shows or hides one pane. `toggle` is a PaneToggleView.
+// Shows or hides one pane.
 Pressable {
     id: button
 
-    required property var toggle
+    required property string key
+    required property string tone
+    required property string icon
+    required property bool shown
+    required help
+    property real widest: 1000
 
-    readonly property color colour: toggle.shown ? Theme.fore[toggle.tone] : Theme.muted
+    readonly property color colour: shown ? Theme.fore[tone] : Theme.muted
 
-    label: toggle.label
-    help: toggle.help
-    implicitWidth: row.implicitWidth
+    implicitWidth: words.x + words.width
     implicitHeight: 26
 
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true
-    Accessible.checked: toggle.shown
+    Accessible.checked: shown
     Accessible.onToggleAction: button.click()
 
-    Row {
-        id: row
+    Symbol {
+        id: mark
 
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 5
+        size: 13
+        name: button.icon
+        color: button.colour
+    }
 
-        Symbol {
-            anchors.verticalCenter: parent.verticalCenter
-            size: 13
-            name: button.toggle.icon
-            color: button.colour
-        }
+    Label {
+        id: words
 
-        Label {
-            anchors.verticalCenter: parent.verticalCenter
-            size: Theme.body
-            color: button.colour
-            text: button.toggle.label
-            Accessible.ignored: true
-        }
+        x: mark.width + 5
+        width: Math.min(Math.ceil(implicitWidth), button.widest - x)
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.body
+        tellsWhole: true
+        color: button.colour
+        text: button.label
+        Accessible.ignored: true
     }
 }

@@ -1,5 +1,6 @@
 #include "compare/canvas_view.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vellix {
@@ -53,7 +54,7 @@ CanvasView canvasView(const Store& store, const FileDetail& detail) {
   // Without a page the bar still stands, with the roles that a page would have.
   static const Page kNoPage;
   const Page* page = pageAt(file, index);
-  view.bar.toggles = togglesOf(store, page ? *page : kNoPage, file, version);
+  view.toggles = togglesOf(store, page ? *page : kNoPage, file, version);
   if (page) {
     for (const auto& pane : panesOf(*page, file, version, store.shown())) {
       view.panes.push_back(paneView(pane, file));
@@ -70,9 +71,17 @@ CanvasView canvasView(const Store& store, const FileDetail& detail) {
   view.bar.canZoomOut = store.zoom() > 1;
   view.bar.canZoomIn = store.zoom() < 4;
   view.bar.scrolls = store.zoom() > 1.01;
-  view.bar.notesOpen = store.notesFloat ? store.notesDrawer() : store.prefs.showNotes();
-  view.bar.notesFloat = store.notesFloat;
-  view.bar.notesHelp = view.bar.notesOpen ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
+  return view;
+}
+
+bool notesFloat(double width) { return width < 900; }
+
+NotesPanelView notesPanel(const Store& store, double width) {
+  NotesPanelView view;
+  view.floats = store.notesFloat;
+  view.open = store.notesFloat ? store.notesDrawer() : store.prefs.showNotes();
+  view.width = view.floats ? std::min(width - 40, 320.0) : width < 1100 ? 290 : 330;
+  view.help = view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
   return view;
 }
 

@@ -36,26 +36,36 @@ struct CanvasBarView {
   std::string place;  // "p{name} · {n} of {count}"
   bool first = true;
   bool last = true;
-  std::vector<PaneToggleView> toggles;
   double zoom = 1;
   std::string percent;
   bool canZoomIn = true;
   bool canZoomOut = false;
   bool scrolls = false;
-  bool notesOpen = true;
-  bool notesFloat = false;
-  std::string notesHelp;
   bool operator==(const CanvasBarView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
-                      (empty, place, first, last, toggles, zoom, percent, canZoomIn,
-                       canZoomOut, scrolls, notesOpen, notesFloat, notesHelp))
+                      (empty, place, first, last, zoom, percent, canZoomIn, canZoomOut, scrolls))
+
+// The notes panel beside the page: known before the ticket's detail is here.
+struct NotesPanelView {
+  bool open = true;
+  bool floats = false;  // over the page, where there is no room beside it
+  double width = 0;     // logical pixels
+  std::string help;     // of its button
+  bool operator==(const NotesPanelView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(NotesPanelView, (), (open, floats, width, help))
 
 struct CanvasView {
   CanvasBarView bar;
   std::vector<PaneView> panes;
+  std::vector<PaneToggleView> toggles;
 };
 
 CanvasView canvasView(const Store& store, const FileDetail& detail);
+
+// `width` is that of the view which the panel stands in, in logical pixels.
+bool notesFloat(double width);
+NotesPanelView notesPanel(const Store& store, double width);
 
 }  // namespace vellix

@@ -11,7 +11,7 @@ Item {
     required property string caption
     required property string title
     required property string detail
-    required property string state
+    required property string decision
     required property bool issue
     required property bool fine
     required property bool busy
@@ -19,6 +19,9 @@ Item {
     required property bool selected
     required property bool folds
     required property string decided
+    required property string foldedIcon
+    required property string foldedTone
+    required property string foldedHelp
 
     property bool expanded: false
     readonly property bool folded: folds && !expanded
@@ -29,8 +32,8 @@ Item {
 
     implicitHeight: folded ? foldedRow.implicitHeight : open.implicitHeight
 
-    onStateChanged: {
-        if (state !== "open")
+    onDecisionChanged: {
+        if (decision !== "open")
             expanded = false;
     }
 
@@ -46,7 +49,7 @@ Item {
         implicitHeight: 36
         radius: Theme.radiusRow
         label: card.title
-        help: card.decided === "" ? "" : card.decided + ". Click to open."
+        help: card.foldedHelp
         onClicked: card.expanded = true
 
         Rectangle {
@@ -61,8 +64,8 @@ Item {
             x: Theme.gap12
             anchors.verticalCenter: parent.verticalCenter
             size: 13
-            name: card.issue ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
-            color: card.issue ? Theme.fore["red"] : Theme.fore["green"]
+            name: card.foldedIcon
+            color: Theme.fore[card.foldedTone]
         }
 
         Label {
@@ -98,7 +101,7 @@ Item {
         pressedScale: 1
         label: card.title
         Accessible.role: Accessible.ListItem
-        Accessible.selectable: true
+        Accessible.selectable: card.selectable
         Accessible.selected: card.selected
         onClicked: card.chosen()
 

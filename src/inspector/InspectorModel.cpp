@@ -1,5 +1,7 @@
 #include "inspector/InspectorModel.hpp"
 
+#include "bridge/replaced.hpp"
+
 namespace vellix {
 
 InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calendar& calendar)
@@ -10,20 +12,23 @@ InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calend
                                           Store::kPage | Store::kFocus | Store::kCanvas |
                                           Store::kBusy,
                                       [this] { update(); })),
+      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
   update();
 }
 
 void InspectorModel::update() {
+  const Moment now = clock_.now();
+  minute_.begin(now);
   const FileDetail* detail = store_.currentDetail();
-  if (!detail) return;
-  auto view = findingsPanel(store_, *detail, clock_.now(), calendar_);
+  auto view = detail ? findingsPanel(store_, *detail, now, calendar_) : FindingsPanelView{};
   cards_.setRows(std::move(view.cards));
   others_.setRows(std::move(view.others));
-  if (auto head = toQml(view.head).toMap(); head != head_) {
-    head_ = std::move(head);
-    emit headChanged();
-  }
+  if (replaced(head_, view.head)) emit headChanged();
+}
+
+void InspectorModel::pollEnded() {
+  if (minute_.over(clock_.now())) update();
 }
 
 void InspectorModel::realIssue(const QString& id) { pressRealIssue(store_, id.toStdString()); }

@@ -1,4 +1,4 @@
-// The findings panel for its view.
+// The findings panel for its view. Main thread only.
 #pragma once
 
 #include <QObject>
@@ -6,6 +6,7 @@
 
 #include "bridge/RowsModel.hpp"
 #include "inspector/findings_panel.hpp"
+#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -35,14 +36,17 @@ class InspectorModel : public QObject {
 
  private:
   void update();
+  void pollEnded();
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
+  Minute minute_;  // of the last update: decisions are told to the minute
   QVariantMap head_ = toQml(FindingsHead{}).toMap();
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;
   Changes::Subscription onChange_;
+  Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
 };
 

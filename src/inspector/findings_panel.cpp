@@ -29,32 +29,40 @@ bool counts(const Finding& finding, const std::vector<std::string>& roles) {
   return contains(roles, finding.against) || standsAlone(finding);
 }
 
+// What was decided, with as much of who and when as is known.
 std::string decidedLine(const Store& store, const Finding& finding, Moment now,
                         const Calendar& calendar) {
-  if (finding.state == "open" || !finding.state_by) return {};
-  const auto people = store.usersByEmail();
-  const auto person = people.find(*finding.state_by);
   std::string line = finding.state == "issue" ? "Real issue" : "Fine";
-  line += " · " + (person == people.end() ? *finding.state_by : person->second->name);
+  if (finding.state_by) {
+    const auto people = store.usersByEmail();
+    const auto person = people.find(*finding.state_by);
+    line += " · " + (person == people.end() ? *finding.state_by : person->second->name);
+  }
   if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
   return line;
 }
 
 FindingCardView cardOf(const Store& store, const Finding& finding, Moment now,
                        const Calendar& calendar) {
+  const bool decided = finding.state != "open";
+  const std::string line = decided ? decidedLine(store, finding, now, calendar) : std::string{};
   return {
       .id = finding.id,
       .caption = cardCaption(finding),
       .title = finding.title,
       .detail = finding.detail.value_or(""),
-      .state = finding.state,
+      .decision = finding.state,
       .issue = finding.state == "issue",
       .fine = finding.state == "fine",
       .busy = store.busy().contains(finding.id),
       .selectable = finding.box.has_value(),
       .selected = store.focus() == finding.id,
-      .folds = store.prefs.foldDecided() && finding.state != "open",
-      .decided = decidedLine(store, finding, now, calendar),
+      .folds = store.prefs.foldDecided() && decided,
+      .decided = finding.state_by ? line : std::string{},
+      .foldedIcon = finding.state == "issue" ? "exclamationmark.triangle.fill"
+                                             : "checkmark.circle.fill",
+      .foldedTone = finding.state == "issue" ? "red" : "green",
+      .foldedHelp = decided ? line + ". Click to open." : std::string{},
   };
 }
 

@@ -14,7 +14,7 @@ struct FindingCardView {
   std::string caption;
   std::string title;
   std::string detail;
-  std::string state;
+  std::string decision;  // the state: "open", "issue", "fine"
   bool issue = false;
   bool fine = false;
   bool busy = false;
@@ -22,11 +22,14 @@ struct FindingCardView {
   bool selected = false;
   bool folds = false;    // decided, and decided ones fold
   std::string decided;  // "{Real issue or Fine} · {name} · {when}"
+  std::string foldedIcon;
+  std::string foldedTone;
+  std::string foldedHelp;
   bool operator==(const FindingCardView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
-                      (id, caption, title, detail, state, issue, fine, busy, selectable, selected,
-                       folds, decided))
+                      (id, caption, title, detail, decision, issue, fine, busy, selectable, selected,
+                       folds, decided, foldedIcon, foldedTone, foldedHelp))
 
 struct OtherPageView {
   Int page = 0;  // 0-based

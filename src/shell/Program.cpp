@@ -9,10 +9,10 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens)
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
       store_(api_, signIn_, prefs_, {loop_, defaults, windows_, images_}),
-      root_(store_, loop_),
       board_(store_, defaults, loop_, calendar_),
       compare_(store_),
-      inspector_(store_, loop_, calendar_) {}
+      inspector_(store_, loop_, calendar_),
+      root_(store_, loop_) {}
 
 bool Program::show() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));

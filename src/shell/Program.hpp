@@ -20,7 +20,7 @@
 
 namespace vellix {
 
-// Main thread; lives from the moment the token is known to the end of the process.
+// Main thread; lives from the first picture to the end of the process.
 class Program {
  public:
   Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens);
@@ -44,10 +44,10 @@ class Program {
   Prefs prefs_;
   Store store_;
   Pictures pictures_{images_, pixels_};
-  RootModel root_;
   BoardModel board_;
   CompareModel compare_;
   InspectorModel inspector_;
+  RootModel root_;  // told last: a view it makes finds the other models up to date
   QQmlApplicationEngine engine_;
 };
 

@@ -1,12 +1,14 @@
 #include "shell/RootModel.hpp"
 
+#include "bridge/replaced.hpp"
+
 namespace vellix {
 
 RootModel::RootModel(Store& store, MainLoop& loop)
     : store_(store),
       timer_(store, loop),
       onChange_(store.changes.observe(Store::kSignedIn | Store::kBoard | Store::kSelection |
-                                          Store::kProblem | Store::kPanels,
+                                          Store::kProblem,
                                       [this] { update(); })),
       onToast_(store.changes.observe(Store::kToast, [this] { updateToast(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { emit appearanceChanged(); })) {
@@ -19,10 +21,7 @@ void RootModel::start() {
 }
 
 void RootModel::update() {
-  auto view = toQml(rootView(store_)).toMap();
-  if (view == view_) return;
-  view_ = std::move(view);
-  emit viewChanged();
+  if (replaced(view_, rootView(store_))) emit viewChanged();
 }
 
 void RootModel::updateToast() {

@@ -1,4 +1,4 @@
-// What fills the window, and the toast over it, for the root view.
+// What fills the window, and the toast over it, for the root view. Main thread only.
 #pragma once
 
 #include <QObject>

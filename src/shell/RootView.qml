@@ -19,6 +19,7 @@ FocusScope {
     required property PictureSource pictures
 
     readonly property var shown: root.view
+    readonly property string openFile: shown.content === "file" ? shown.file : ""
 
     focus: true
 
@@ -64,23 +65,32 @@ FocusScope {
                 problem: view.shown.problem
             }
 
-            Loader {
+            Item {
+                id: content
+
                 anchors.left: rule.right
                 anchors.right: parent.right
                 anchors.top: banner.bottom
                 anchors.bottom: parent.bottom
-                sourceComponent: view.shown.content === "file" ? fileView : plainView
+
+                // Another ticket is another view: nothing of the last one's state carries over.
+                Repeater {
+                    model: view.openFile === "" ? [] : [view.openFile]
+
+                    FileView {
+                        anchors.fill: parent
+                        compare: view.compare
+                        pictures: view.pictures
+                        panel: inspectorPanel
+                    }
+                }
+
+                Loader {
+                    anchors.fill: parent
+                    active: view.openFile === ""
+                    sourceComponent: plainView
+                }
             }
-        }
-    }
-
-    Component {
-        id: fileView
-
-        FileView {
-            compare: view.compare
-            pictures: view.pictures
-            panel: inspectorPanel
         }
     }
 

@@ -9,12 +9,14 @@ RootViewValue rootView(const Store& store) {
   if (store.selection().size() >= 2) {
     view.content = "multi";
     view.headline = std::to_string(store.selection().size()) + " files";
-    for (const auto& file : store.board() ? store.board()->files : std::vector<FileItem>{}) {
+    static const std::vector<FileItem> kNone;
+    for (const auto& file : store.board() ? store.board()->files : kNone) {
       if (!store.selection().contains(file.id)) continue;
       view.line += (view.line.empty() ? "" : " · ") + file.heading();
     }
-  } else if (store.currentFile()) {
+  } else if (const FileItem* file = store.currentFile()) {
     view.content = "file";
+    view.file = file->id;
   } else if (store.board()) {
     view.content = "empty";
     const bool any = !store.board()->files.empty();

@@ -10,13 +10,14 @@ namespace vellix {
 struct RootViewValue {
   bool signedIn = false;
   std::string content;  // "multi", "file", "empty" or "loading"
+  std::string file;     // id of the ticket on show
   std::string headline;
   std::string line;
   bool offline = false;  // the banner stands
   std::string problem;
   bool operator==(const RootViewValue&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(RootViewValue, (), (signedIn, content, headline, line, offline, problem))
+BOOST_DESCRIBE_STRUCT(RootViewValue, (), (signedIn, content, file, headline, line, offline, problem))
 
 RootViewValue rootView(const Store& store);
 

@@ -9,6 +9,7 @@ void Store::action(std::string key, std::optional<std::string> ok, Work work) {
 }
 
 Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work work) {
+  const auto session = session_;
   auto working = work();
   const auto outcome = co_await std::move(working);
   if (outcome) {
@@ -18,7 +19,7 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
     auto poll = refresh();
     co_await std::move(poll);
   } else if (outcome.error().kind == Failure::Kind::signedOut) {
-    signOut(true);
+    if (session == session_) signOut(true);
   } else {
     toast.set(Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
   }

@@ -42,20 +42,21 @@ Milliseconds Store::pause() const {
 
 Task<> Store::refresh(std::stop_token stop) {
   if (!signedIn() || sample) co_return;
+  const auto session = session_;
   auto call = api_.send({.path = "api/state", .etag = etag, .stop = stop});
   const auto response = co_await std::move(call);
   if (!response) {
-    noteProblem(response.error());
+    noteProblem(response.error(), session);
     co_return;
   }
   if (response->status != 304) {
     auto fresh = decode<BoardState>(response->body);
     if (!fresh) {
-      noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why));
+      noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why), session);
       co_return;
     }
     // A sign-out in the meantime took the board away on purpose.
-    if (!signedIn()) co_return;
+    if (session != session_) co_return;
     board.set(std::move(*fresh));
     etag = response->header("etag");
     if (selection().empty()) reconcileSelection();
@@ -68,9 +69,9 @@ Task<> Store::refresh(std::stop_token stop) {
   }
 }
 
-void Store::noteProblem(const Failure& failure) {
+void Store::noteProblem(const Failure& failure, std::uint64_t session) {
   if (failure.kind == Failure::Kind::signedOut) {
-    signOut(true);
+    if (session == session_) signOut(true);
   } else {
     problem.set(failure.description().value_or("Can't reach the Vellix server right now."));
   }

@@ -102,6 +102,7 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   }
   std::map<std::string, std::string> query;
   if (pinned) query.emplace("v", std::to_string(*pinned));
+  const auto session = session_;
   auto call = api_.send(
       {.path = "api/files/" + file.id, .etag = tag, .query = std::move(query), .stop = stop});
   const auto response = co_await std::move(call);
@@ -109,7 +110,7 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   if (!response || response->status == 304) co_return;
   auto decoded = decode<FileDetail>(response->body);
   // A sign-out in the meantime took the details away on purpose.
-  if (!decoded || !signedIn()) co_return;
+  if (!decoded || session != session_) co_return;
   const FileDetail detail = std::move(*decoded);
   details.edit([&](auto& all) { all.insert_or_assign(file.id, detail); });
   if (const auto fresh = response->header("etag")) {
@@ -145,7 +146,11 @@ void Store::goToPage(const std::string& id, Int index) {
 }
 
 void Store::stepZoom(double factor) {
-  zoom.set(std::clamp(std::round(zoom() * factor * 4) / 4, 1.0, 4.0));
+  zoomTo(std::round(zoom() * factor * 4) / 4);
+}
+
+void Store::zoomTo(double value) {
+  if (!std::isnan(value)) zoom.set(std::clamp(value, 1.0, 4.0));
 }
 
 void Store::fitZoom() { zoom.set(1.0); }

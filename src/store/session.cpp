@@ -21,6 +21,13 @@ Task<> Store::completeSignIn(std::string url) {
   etag.reset();
   auto poll = refresh();
   co_await std::move(poll);
+  // The service may have ended the session again with its first answer.
+  if (signedIn()) startLoop();
+}
+
+void Store::resume() {
+  if (signedIn() || !api_.token()) return;
+  signedIn.set(true);
   startLoop();
 }
 
@@ -28,6 +35,7 @@ Task<> Store::completeSignIn(std::string url) {
 // session, and events already seen stay seen.
 void Store::signOut(bool expired) {
   if (!expired) spawn(logOut());
+  ++session_;
   api_.setToken(std::nullopt);
   signedIn.set(false);
   board.set(std::nullopt);

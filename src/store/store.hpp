@@ -113,6 +113,7 @@ class Store {
   // The session.
   void open(std::string url);  // a URL opened from outside
   Task<> completeSignIn(std::string url);
+  void resume();  // takes up a session whose token was found only after the start
   void signOut(bool expired);
 
   // What is on show. Pointers belong to the Store and die with its next change.
@@ -128,6 +129,7 @@ class Store {
   void stepPage(const FileDetail& detail, Int delta);
   void goToPage(const std::string& id, Int index);
   void stepZoom(double factor);
+  void zoomTo(double value);  // held to 1.0 and 4.0; what is no number changes nothing
   void fitZoom();
   void toggleNotes();
 
@@ -139,7 +141,7 @@ class Store {
  private:
   Task<> runLoop(std::stop_token stop);
   Milliseconds pause() const;
-  void noteProblem(const Failure& failure);
+  void noteProblem(const Failure& failure, std::uint64_t session);
   Task<> logOut();
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
   Task<> sendFindingState(Finding finding, std::string state, std::string text);
@@ -153,6 +155,7 @@ class Store {
   SignIn& signIn_;
   Ports ports_;
   std::optional<std::stop_source> loop_;
+  std::uint64_t session_ = 0;  // counts sign-outs: an answer from before one is not for after it
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };

@@ -27,6 +27,18 @@ TEST_F(FileListHeads, CountWhatIsOverdue) {
   EXPECT_EQ(head().overdue, "2 overdue");
 }
 
+TEST_F(FileListHeads, MoveTheMarkWhileASyncRuns) {
+  EXPECT_FALSE(head().syncing);
+  BoardState board = boardOf({});
+  store().board.set(board);
+  EXPECT_FALSE(head().syncing);
+  for (const char* status : {"queued", "running", "stuck", "done"}) {
+    board.sync = jobOf(status, "sync");
+    store().board.set(board);
+    EXPECT_EQ(head().syncing, std::string_view{status} == "running") << status;
+  }
+}
+
 TEST_F(FileListHeads, SayNothingOfOverdueTicketsWhenThereAreNone) {
   show({due("a", 0), ticketOf("b")});
   EXPECT_EQ(head().overdue, "");

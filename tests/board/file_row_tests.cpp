@@ -145,6 +145,16 @@ TEST(FileRow, KeepsTheDueChipWhenChangesAreAskedFor) {
   EXPECT_TRUE(fileRow(file, false, momentOf(0), calendar).due);
 }
 
+TEST(FileRow, LeavesTheDueChipsPlaceToAnyOtherApproval) {
+  const FakeCalendar calendar;
+  FileItem file = ticketOf("t1");
+  file.due = 0;
+  for (const char* approval : {"pending", "approved", "sent", ""}) {
+    file.approval = approval;
+    EXPECT_FALSE(fileRow(file, false, momentOf(0), calendar).due) << approval;
+  }
+}
+
 TEST(FileRow, IsSpokenWholeAndSkipsWhatIsEmpty) {
   const FakeCalendar calendar;
   FileItem file = ticketOf("t1");

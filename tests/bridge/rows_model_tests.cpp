@@ -57,6 +57,10 @@ struct Transition {
   std::vector<std::string> operations;
 };
 
+void PrintTo(const Transition& transition, std::ostream* out) {
+  *out << transition.from << " to " << transition.to;
+}
+
 class RowsModelTransitions : public testing::TestWithParam<Transition> {};
 
 TEST_P(RowsModelTransitions, TakeTheFewestOperations) {

@@ -186,6 +186,12 @@ INSTANTIATE_TEST_SUITE_P(
         Toggle{"CountsAKeyLeftOver", {"submitted", "supplier"}, "supplier", {"submitted"}}),
     [](const auto& each) { return each.param.name; });
 
+TEST_F(StoreTest, IgnoresAPaneThatThereIsNone) {
+  store().shown.set({"supplier"});
+  for (const char* key : {"latest", "fbc", ""}) togglePane(store(), key);
+  EXPECT_EQ(store().shown(), Keys{"supplier"});
+}
+
 TEST_F(StoreTest, StartsWithAllThreePanesShown) {
   EXPECT_EQ(store().shown(), (Keys{"submitted", "supplier", "third"}));
 }

@@ -16,7 +16,7 @@ class Canvas : public StoreTest {
   void goTo(Int page) { store().page.set({{"t1", page}}); }
   std::vector<std::string> toggles() {
     std::vector<std::string> all;
-    for (const auto& each : view().bar.toggles) {
+    for (const auto& each : view().toggles) {
       all.push_back(each.key + " / " + each.label + " / " + each.tone);
     }
     return all;
@@ -96,10 +96,10 @@ TEST_F(Canvas, TogglesTheTwoVersionsOfARevision) {
 
 TEST_F(Canvas, MarksAToggleByWhetherItsPaneIsShown) {
   store().shown.set({"supplier"});
-  const auto bar = view().bar;
-  EXPECT_EQ(bar.toggles[0], (PaneToggleView{"supplier", "Harrow Print", "purple",
+  const auto toggles = view().toggles;
+  EXPECT_EQ(toggles[0], (PaneToggleView{"supplier", "Harrow Print", "purple",
                                             "checkmark.circle.fill", "Hide this page", true}));
-  EXPECT_EQ(bar.toggles[1], (PaneToggleView{"submitted", "What we sent", "blue", "circle",
+  EXPECT_EQ(toggles[1], (PaneToggleView{"submitted", "What we sent", "blue", "circle",
                                             "Show this page", false}));
 }
 
@@ -150,9 +150,10 @@ TEST_P(CanvasNotes, AreOpenByTheDrawerOrThePreference) {
   store().notesFloat = each.floats;
   store().notesDrawer.set(each.drawer);
   store().prefs.showNotes.set(each.pref);
-  EXPECT_EQ(view().bar.notesOpen, each.open);
-  EXPECT_EQ(view().bar.notesFloat, each.floats);
-  EXPECT_EQ(view().bar.notesHelp,
+  const auto notes = notesPanel(store(), 1'000);
+  EXPECT_EQ(notes.open, each.open);
+  EXPECT_EQ(notes.floats, each.floats);
+  EXPECT_EQ(notes.help,
             each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
 }
 
@@ -236,6 +237,25 @@ TEST_F(Canvas, GivesPanesOfAnotherTicketOtherKeys) {
   detail.file.id = "t2";
   EXPECT_NE(view().panes.at(0).key, here);
 }
+
+struct Room {
+  double width;
+  bool floats;
+  double panel;
+};
+
+class NotesRooms : public Canvas, public testing::WithParamInterface<Room> {};
+
+TEST_P(NotesRooms, SetTheWidthOfThePanel) {
+  store().notesFloat = notesFloat(GetParam().width);
+  EXPECT_EQ(store().notesFloat, GetParam().floats);
+  EXPECT_EQ(notesPanel(store(), GetParam().width).width, GetParam().panel);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, NotesRooms,
+                         testing::Values(Room{300, true, 260}, Room{360, true, 320},
+                                         Room{899, true, 320}, Room{900, false, 290},
+                                         Room{1'099, false, 290}, Room{1'100, false, 330}));
 
 }  // namespace
 }  // namespace vellix

@@ -24,8 +24,10 @@ TEST_F(FindingCards, ShowTheFindingsWords) {
                                      .caption = "Words · vs what we sent",
                                      .title = "One word changed",
                                      .detail = "\"ligth\" for \"light\"",
-                                     .state = "open",
-                                     .selectable = true}));
+                                     .decision = "open",
+                                     .selectable = true,
+                                     .foldedIcon = "checkmark.circle.fill",
+                                     .foldedTone = "green"}));
 }
 
 TEST_F(FindingCards, HaveNoDetailWhenThereIsNone) {
@@ -70,6 +72,22 @@ TEST_F(FindingCards, TellNobodyOfAnOpenFindingOrAnUnsignedDecision) {
   held().state = "issue";
   held().state_by.reset();
   EXPECT_EQ(card().decided, "");
+}
+
+TEST_F(FindingCards, TellWhatTheyAreWhenFolded) {
+  decide("issue", "jorvas@tessarine.example", 5);
+  EXPECT_EQ(card().foldedIcon, "exclamationmark.triangle.fill");
+  EXPECT_EQ(card().foldedTone, "red");
+  EXPECT_EQ(card().foldedHelp, "Real issue · Jorvas Lind · 5 min ago. Click to open.");
+  held().state = "fine";
+  EXPECT_EQ(card().foldedIcon, "checkmark.circle.fill");
+  EXPECT_EQ(card().foldedTone, "green");
+  held().state_by.reset();
+  EXPECT_EQ(card().foldedHelp, "Fine · 5 min ago. Click to open.");
+  held().state_at.reset();
+  EXPECT_EQ(card().foldedHelp, "Fine. Click to open.");
+  held().state = "open";
+  EXPECT_EQ(card().foldedHelp, "");
 }
 
 TEST_F(FindingCards, FoldOnceDecidedWhenDecidedOnesFold) {

@@ -57,6 +57,14 @@ INSTANTIATE_TEST_SUITE_P(
                     Content{"SelectedAheadOfTheBoard", {}, {"a"}, "loading", "", kLoadingLine}),
     [](const auto& each) { return each.param.name; });
 
+TEST_F(RootViews, TellWhichTicketIsOnShow) {
+  show(two());
+  store().selection.set({"b"});
+  EXPECT_EQ(view().file, "b");
+  store().selection.set({"a", "b"});
+  EXPECT_EQ(view().file, "");
+}
+
 TEST_F(RootViews, NameTheTicketsWhenSeveralAreSelected) {
   show({titled("a", "The Lighthouse"), titled("b", "Harbour Bread"), titled("c", "Rain")});
   store().selection.set({"c", "a"});

@@ -68,6 +68,23 @@ TEST_F(SignOut, ByTheServiceSaysSoAndTellsNobody) {
   EXPECT_FALSE(desk.toast()->undoLabel);
 }
 
+TEST_F(SignOut, LeavesTheNextSessionAloneWithLateAnswers) {
+  routes.leaveOpen(kStateLine);
+  const std::size_t late = desk.http.exchanges.size();
+  desk.tasks.start(store().refresh());
+  desk.tasks.start(store().refresh());
+  store().signOut(false);
+  desk.time.run();
+  desk.api.setToken("token-2");
+  store().signedIn.set(true);
+  answer(late, answerOf(200, jsonOf(boardOf({ticketOf("old")}))));
+  EXPECT_FALSE(store().board());
+  answer(late + 1, answerOf(401));
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_EQ(desk.api.token(), "token-2");
+  EXPECT_FALSE(store().toast());
+}
+
 TEST_F(SignOut, LeavesAloneWhatServesTheNextSession) {
   store().selection.set({"t1"});
   store().page.set({{"t1", 3}});
@@ -141,6 +158,17 @@ TEST_F(CompletedSignIn, StartsTheLoopOnlyAfterTheFirstBoardIsIn) {
   EXPECT_TRUE(store().looping());
 }
 
+TEST_F(CompletedSignIn, StartsNoLoopWhenTheServiceEndsTheSessionAtOnce) {
+  routes.set(kStateLine, answerOf(401));
+  complete();
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(store().looping());
+  EXPECT_FALSE(desk.api.token());
+  EXPECT_EQ(desk.toastText(), kSignedOutText);
+  desk.time.advance(Milliseconds{60'000});
+  EXPECT_EQ(polls(), 1U);
+}
+
 TEST_F(CompletedSignIn, AgainKeepsWhatWasSeenAndTheTagsOfTheLastSession) {
   complete();
   store().seenEvent = 12;
@@ -200,6 +228,54 @@ TEST_F(SigningIn, BeginsFromAUrlOpenedFromOutside) {
   desk.time.run();
   EXPECT_EQ(desk.http.count(kExchangeLine), 1U);
   EXPECT_TRUE(store().signedIn());
+}
+
+class Resumed : public StoreTest {
+ protected:
+  Resumed() : StoreTest(std::nullopt) { serveBoard(boardOf({})); }
+};
+
+TEST_F(Resumed, WithATokenThatCameLateItFetchesTheBoard) {
+  ASSERT_FALSE(store().signedIn());
+  desk.tokens.item = "late";
+  store().resume();
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_TRUE(store().looping());
+  desk.time.run();
+  EXPECT_TRUE(store().board());
+  EXPECT_EQ(polls(), 1U);
+  EXPECT_EQ(desk.http.exchanges.at(0).header("Authorization"), "Bearer late");
+  EXPECT_THAT(desk.tokens.calls, testing::IsEmpty()) << "it is kept already";
+}
+
+TEST_F(Resumed, WithoutATokenItStaysSignedOut) {
+  store().resume();
+  desk.time.run();
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(store().looping());
+  EXPECT_TRUE(desk.http.exchanges.empty());
+}
+
+TEST_F(Resumed, ASessionThatRunsAlreadyGoesOnAsItIs) {
+  desk.tokens.item = "early";
+  store().startLoop();
+  desk.time.run();
+  ASSERT_EQ(polls(), 1U);
+  store().resume();
+  desk.time.run();
+  EXPECT_EQ(polls(), 1U);
+}
+
+TEST_F(Resumed, ALateTokenThatTheServiceRefusesEndsInTheSignInScreen) {
+  store();
+  routes.set(kStateLine, answerOf(401));
+  desk.tokens.item = "stale";
+  store().resume();
+  desk.time.run();
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(store().looping());
+  EXPECT_FALSE(desk.tokens.item);
+  EXPECT_EQ(desk.toastText(), kSignedOutText);
 }
 
 class ForeignUrls : public SigningIn, public testing::WithParamInterface<const char*> {};

@@ -67,7 +67,7 @@ TEST_F(InspectorModels, MoveADecidedCardDown) {
   Operations cards{model().cards()};
   model().fine("f1");
   desk.time.run();
-  EXPECT_EQ(cards.take(), (Lines{"move 0>3", "change 2-2 state fine busy folds decided"}));
+  EXPECT_EQ(cards.take(), (Lines{"move 0>3", "change 2-2 decision fine busy folds decided foldedHelp"}));
   EXPECT_EQ(id(2), "f1");
   const auto sent = desk.http.matching("POST api/findings/f1");
   ASSERT_EQ(sent.size(), 1U);
@@ -89,6 +89,31 @@ TEST_F(InspectorModels, BringAReopenedCardBackUp) {
   EXPECT_FALSE(std::ranges::any_of(told, [](const auto& line) {
     return line.starts_with("insert") || line.starts_with("remove");
   }));
+}
+
+TEST_F(InspectorModels, LetTheMinutesPassWithThePolls) {
+  auto decided = findingOf("f1");
+  decided.state = "issue";
+  decided.state_by = "jorvas@tessarine.example";
+  decided.state_at = wireOf(desk.time.now()) - 120'000;
+  serve(ticket({decided}));
+  poll();
+  model();
+  Operations cards{model().cards()};
+  desk.time.advance(Milliseconds{60'000});
+  poll();
+  EXPECT_EQ(cards.take(), Lines{"change 0-0 decided foldedHelp"});
+}
+
+TEST_F(InspectorModels, AreEmptiedBySigningOut) {
+  serve(ticket({findingOf("f1"), findingOf("f2", 1)}));
+  poll();
+  ASSERT_GT(model().cards()->rowCount(), 0);
+  store().signOut(false);
+  desk.time.run();
+  EXPECT_EQ(model().cards()->rowCount(), 0);
+  EXPECT_EQ(model().others()->rowCount(), 0);
+  EXPECT_EQ(model().head()["title"].toString(), "");
 }
 
 TEST_F(InspectorModels, SelectByPressing) {

@@ -1,4 +1,6 @@
 // What fills the main window, and the toast and the banner over it.
+#include <QPointer>
+#include <QQuickItem>
 #include <QTest>
 
 #include "views/view_test.hpp"
@@ -11,6 +13,13 @@ class RootViews : public ViewTest {
   bool says(const QString& text) {
     return reader().find(text, QAccessible::StaticText) ||
            reader().find(text, QAccessible::Heading);
+  }
+  static QQuickItem* itemOf(const QByteArray& type, QQuickItem* root) {
+    if (QByteArray{root->metaObject()->className()}.startsWith(type + "_")) return root;
+    for (QQuickItem* child : root->childItems()) {
+      if (QQuickItem* found = itemOf(type, child)) return found;
+    }
+    return nullptr;
   }
   bool warns(const QString& text) { return reader().find(text, QAccessible::AlertMessage); }
 };
@@ -45,6 +54,21 @@ TEST_F(RootViews, ShowTheTicketThatIsSelected) {
   ASSERT_TRUE(press("Harbour Bread", QAccessible::ListItem));
   EXPECT_FALSE(says("One word differs on the first page."));
   EXPECT_TRUE(reader().find("Harbour Bread", QAccessible::Heading));
+}
+
+TEST_F(RootViews, MakeANewViewForAnotherTicketAlone) {
+  serveTheDay();
+  showMain({1'500, 940});
+  const auto fileView = [this] { return itemOf("FileView", window()->contentItem()); };
+  const QPointer<QQuickItem> first = fileView();
+  ASSERT_TRUE(first);
+  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
+  poll();
+  settle();
+  EXPECT_EQ(fileView(), first) << "a banner is no reason for a new view";
+  ASSERT_TRUE(press("Harbour Bread", QAccessible::ListItem));
+  EXPECT_TRUE(fileView());
+  EXPECT_NE(fileView(), first);
 }
 
 TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {

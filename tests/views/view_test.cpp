@@ -29,6 +29,9 @@ ViewTest::ViewTest() {
 
 ViewTest::~ViewTest() {
   view_.reset();
+  qDeleteAll(engine_->rootObjects());
+  // A list lets its rows go in a later turn, and their transitions must not outlive the engine.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   engine_.reset();
   const QStringList warnings = takeWarnings();
   EXPECT_TRUE(warnings.isEmpty()) << warnings.join('\n').toStdString();
@@ -74,10 +77,10 @@ void ViewTest::serveTheDay() {
 
 QVariantMap ViewTest::models() {
   if (!root_) {
-    root_.emplace(store(), desk.time);
     board_.emplace(store(), desk.defaults, desk.time, desk.calendar);
     compare_.emplace(store());
     inspector_.emplace(store(), desk.time, desk.calendar);
+    root_.emplace(store(), desk.time);
   }
   return {{"root", QVariant::fromValue(&*root_)},
           {"board", QVariant::fromValue(&*board_)},
