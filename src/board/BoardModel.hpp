@@ -1,8 +1,8 @@
 // The ticket list for its view. Main thread only.
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 #include "board/file_list.hpp"
 #include "bridge/RowsModel.hpp"

@@ -44,8 +44,8 @@ void nameTheEmptiness(FileListHead& view, const Store& store) {
   }
   view.emptyFirst =
       store.effectiveQueue() == "reprint" ? "No reprints here." : "No new titles here.";
-  view.emptySecond = store.mineOnly() ? "Turn off Only mine to see everyone's."
-                                      : "Nothing waiting in this queue.";
+  view.emptySecond =
+      store.mineOnly() ? "Turn off Only mine to see everyone's." : "Nothing waiting in this queue.";
 }
 
 }  // namespace
@@ -53,7 +53,7 @@ void nameTheEmptiness(FileListHead& view, const Store& store) {
 FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar) {
   FileListView view;
   view.head.queues = {queueView(store, "new_title", "New titles", now),
-                 queueView(store, "reprint", "Reprints", now)};
+                      queueView(store, "reprint", "Reprints", now)};
   view.head.mineOnly = store.mineOnly();
   const auto& board = store.board();
   view.head.syncing = board && board->sync && board->sync->status == "running";

@@ -36,11 +36,12 @@ FileCountView fileCount(const FileItem& file) {
     const std::string text = std::to_string(open);
     return {.text = text, .tone = "accent", .help = text + " to look at"};
   }
-  const bool compared =
-      file.refs && std::ranges::any_of(
-                       *file.refs, [](const Ref& ref) { return ref.matched.value_or(0) > 0; });
+  const bool compared = file.refs && std::ranges::any_of(*file.refs, [](const Ref& ref) {
+                          return ref.matched.value_or(0) > 0;
+                        });
   // A count below zero is no count: like none, it falls to the last two.
-  if (open == 0 && compared) return {.icon = "equal.circle", .tone = "muted", .help = "No differences"};
+  if (open == 0 && compared)
+    return {.icon = "equal.circle", .tone = "muted", .help = "No differences"};
   return {.icon = "questionmark.circle",
           .tone = "muted",
           .help = "Nothing of ours was found to compare it with"};

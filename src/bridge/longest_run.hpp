@@ -12,8 +12,8 @@ inline std::vector<std::size_t> longestRisingRun(const std::vector<std::size_t>&
   std::vector<std::size_t> ends;  // index of the smallest end of a run of each length
   std::vector<std::size_t> before(values.size(), none);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    const auto place = std::ranges::lower_bound(
-        ends, values[i], {}, [&](std::size_t index) { return values[index]; });
+    const auto place = std::ranges::lower_bound(ends, values[i], {},
+                                                [&](std::size_t index) { return values[index]; });
     if (place != ends.begin()) before[i] = *std::prev(place);
     if (place == ends.end()) {
       ends.push_back(i);

@@ -48,9 +48,7 @@ void CompareModel::stepPage(int delta) {
   if (const FileDetail* detail = store_.currentDetail()) store_.stepPage(*detail, delta);
 }
 
-void CompareModel::togglePane(const QString& key) {
-  vellix::togglePane(store_, key.toStdString());
-}
+void CompareModel::togglePane(const QString& key) { vellix::togglePane(store_, key.toStdString()); }
 
 void CompareModel::zoomIn() { store_.stepZoom(1.25); }
 void CompareModel::zoomOut() { store_.stepZoom(0.8); }

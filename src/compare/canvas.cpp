@@ -20,8 +20,7 @@ double aspectOf(const RefPage* ref, const Page& page) {
 
 PaneInfo rolePane(const std::string& role, const Page& page, Int version) {
   const RefPage* ref = refPage(page, role);
-  const std::string name =
-      role == "previous" ? "v" + std::to_string(version - 1) : roleLabel(role);
+  const std::string name = role == "previous" ? "v" + std::to_string(version - 1) : roleLabel(role);
   return {
       .key = role,
       .role = role,
@@ -70,8 +69,8 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
                               const std::set<std::string>& shown) {
   std::vector<PaneInfo> panes;
   if (shown.contains("supplier")) {
-    const std::string name = version >= 2 ? "v" + std::to_string(version)
-                                          : file.supplier.value_or("Supplier") + " file";
+    const std::string name =
+        version >= 2 ? "v" + std::to_string(version) : file.supplier.value_or("Supplier") + " file";
     panes.push_back({.key = "supplier",
                      .img = page.img,
                      .aspect = page.aspect(),

@@ -59,8 +59,8 @@ CanvasView canvasView(const Store& store, const FileDetail& detail) {
     for (const auto& pane : panesOf(*page, file, version, store.shown())) {
       view.panes.push_back(paneView(pane, file));
     }
-    view.bar.place = "p" + page->name() + " · " + std::to_string(index + 1) + " of " +
-                 std::to_string(count);
+    view.bar.place =
+        "p" + page->name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
   } else {
     view.bar.empty = "No pages in this file.";
   }

@@ -14,7 +14,7 @@ struct PaneView {
   double aspect = 0;
   std::string label;
   std::string tone;
-  std::string missing;      // what is not there
+  std::string missing;  // what is not there
   std::string missingWhy;
   bool operator==(const PaneView&) const = default;
 };

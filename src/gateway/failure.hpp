@@ -27,8 +27,7 @@ struct Failure {
 
   // What the user is told. None for the kinds that have no words of their own: the caller has.
   std::optional<std::string> description() const {
-    const bool told =
-        kind == Kind::server || kind == Kind::offline || kind == Kind::signedOut;
+    const bool told = kind == Kind::server || kind == Kind::offline || kind == Kind::signedOut;
     return told ? std::optional{text} : std::nullopt;
   }
   bool operator==(const Failure&) const = default;

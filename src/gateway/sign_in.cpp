@@ -25,11 +25,13 @@ Task<API::Result<Me>> SignIn::finish(std::string url) {
   // A URL can arrive in a process that did not start the sign-in; the service compares the two.
   ExchangeBody body{
       .code = **code,
-      .state = !state_.empty() ? state_ : returned ? returned->value_or("") : "",
+      .state = !state_.empty() ? state_
+               : returned      ? returned->value_or("")
+                               : "",
       .device = name.empty() ? "Mac" : name,
   };
-  auto call = api_.send(
-      {.path = "api/login/exchange", .method = "POST", .json = API::jsonOf(body)});
+  auto call =
+      api_.send({.path = "api/login/exchange", .method = "POST", .json = API::jsonOf(body)});
   const auto response = co_await std::move(call);
   if (!response) co_return std::unexpected(response.error());
   const auto answer = decode<SignInAnswer>(response->body);

@@ -27,10 +27,10 @@ std::string appendPath(std::string base, std::string_view path);
 std::string withQuery(std::string url, const std::map<std::string, std::string>& query);
 
 struct UrlParts {
-  std::string scheme;  // lower case
-  std::string host;    // lower case
+  std::string scheme;                                                     // lower case
+  std::string host;                                                       // lower case
   std::vector<std::pair<std::string, std::optional<std::string>>> query;  // decoded, in order
-  const std::optional<std::string>* item(std::string_view name) const;  // the first of that name
+  const std::optional<std::string>* item(std::string_view name) const;    // the first of that name
 };
 std::optional<UrlParts> parseUrl(std::string_view text);
 

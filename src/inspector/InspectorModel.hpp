@@ -1,8 +1,8 @@
 // The findings panel for its view. Main thread only.
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 #include "bridge/RowsModel.hpp"
 #include "inspector/findings_panel.hpp"

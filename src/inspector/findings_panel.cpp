@@ -11,9 +11,7 @@ namespace {
 
 constexpr std::size_t kMostOtherPages = 12;
 
-bool isReal(const Finding& finding) {
-  return finding.kind != "expected" && finding.kind != "pass";
-}
+bool isReal(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
 
 int rankOf(const Finding& finding) {
   const int state = finding.state == "issue" ? 1 : finding.state == "fine" ? 2 : 0;
@@ -59,8 +57,8 @@ FindingCardView cardOf(const Store& store, const Finding& finding, Moment now,
       .selected = store.focus() == finding.id,
       .folds = store.prefs.foldDecided() && decided,
       .decided = finding.state_by ? line : std::string{},
-      .foldedIcon = finding.state == "issue" ? "exclamationmark.triangle.fill"
-                                             : "checkmark.circle.fill",
+      .foldedIcon =
+          finding.state == "issue" ? "exclamationmark.triangle.fill" : "checkmark.circle.fill",
       .foldedTone = finding.state == "issue" ? "red" : "green",
       .foldedHelp = decided ? line + ". Click to open." : std::string{},
   };
@@ -114,10 +112,10 @@ void toggleState(Store& store, const std::string& id, const std::string& state) 
 
 std::string kindLabel(const std::string& kind) {
   static const std::map<std::string, std::string> labels{
-      {"words", "Words"},       {"expected", "Our edit"},    {"breaks", "Line breaks"},
-      {"hidden", "Under the art"}, {"fonts", "Fonts"},       {"size", "Size"},
-      {"picture", "Art"},       {"barcode", "Barcode"},      {"spots", "Spot colors"},
-      {"pass", "Passed"},       {"missing_page", "Pages"},   {"extra_page", "Pages"},
+      {"words", "Words"},          {"expected", "Our edit"},  {"breaks", "Line breaks"},
+      {"hidden", "Under the art"}, {"fonts", "Fonts"},        {"size", "Size"},
+      {"picture", "Art"},          {"barcode", "Barcode"},    {"spots", "Spot colors"},
+      {"pass", "Passed"},          {"missing_page", "Pages"}, {"extra_page", "Pages"},
   };
   const auto found = labels.find(kind);
   return found == labels.end() ? "Other" : found->second;

@@ -20,7 +20,7 @@ struct FindingCardView {
   bool busy = false;
   bool selectable = false;  // it has a box to go to
   bool selected = false;
-  bool folds = false;    // decided, and decided ones fold
+  bool folds = false;   // decided, and decided ones fold
   std::string decided;  // "{Real issue or Fine} · {name} · {when}"
   std::string foldedIcon;
   std::string foldedTone;
@@ -28,8 +28,8 @@ struct FindingCardView {
   bool operator==(const FindingCardView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
-                      (id, caption, title, detail, decision, issue, fine, busy, selectable, selected,
-                       folds, decided, foldedIcon, foldedTone, foldedHelp))
+                      (id, caption, title, detail, decision, issue, fine, busy, selectable,
+                       selected, folds, decided, foldedIcon, foldedTone, foldedHelp))
 
 struct OtherPageView {
   Int page = 0;  // 0-based
@@ -43,8 +43,8 @@ struct FindingsHead {
   std::string file;  // id of the ticket
   std::string title;
   std::string found;
-  std::string notice;      // of a page without live text
-  std::string calm;        // said in place of findings
+  std::string notice;  // of a page without live text
+  std::string calm;    // said in place of findings
   std::string calmReason;
   bool operator==(const FindingsHead&) const = default;
 };

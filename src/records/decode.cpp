@@ -174,7 +174,8 @@ class Walk {
     if (!from.get_int64().get(to)) return true;
     double number = 0;
     if (from.is_uint64() || from.get_double().get(number)) {
-      return refuse(from.is_number() ? "the number is out of range" : "a whole number was expected");
+      return refuse(from.is_number() ? "the number is out of range"
+                                     : "a whole number was expected");
     }
     if (number != std::floor(number)) return refuse("a whole number was expected");
     // 2^63 itself is the first double that no longer fits.
@@ -184,14 +185,22 @@ class Walk {
   }
   bool readScalar(dom::element from, Json& to) {
     switch (from.type()) {
-      case dom::element_type::NULL_VALUE: to.value = nullptr; return true;
-      case dom::element_type::BOOL: return read(from, to.value.emplace<bool>());
-      case dom::element_type::INT64: return read(from, to.value.emplace<Int>());
+      case dom::element_type::NULL_VALUE:
+        to.value = nullptr;
+        return true;
+      case dom::element_type::BOOL:
+        return read(from, to.value.emplace<bool>());
+      case dom::element_type::INT64:
+        return read(from, to.value.emplace<Int>());
       case dom::element_type::UINT64:
-      case dom::element_type::DOUBLE: return read(from, to.value.emplace<double>());
-      case dom::element_type::STRING: return read(from, to.value.emplace<std::string>());
-      case dom::element_type::ARRAY: return read(from, to.value.emplace<Json::List>());
-      case dom::element_type::OBJECT: return read(from, to.value.emplace<Json::Object>());
+      case dom::element_type::DOUBLE:
+        return read(from, to.value.emplace<double>());
+      case dom::element_type::STRING:
+        return read(from, to.value.emplace<std::string>());
+      case dom::element_type::ARRAY:
+        return read(from, to.value.emplace<Json::List>());
+      case dom::element_type::OBJECT:
+        return read(from, to.value.emplace<Json::Object>());
     }
     return refuse("no such kind of value");
   }

@@ -46,7 +46,8 @@ std::size_t hashOf(const T& value) {
     return seed;
   } else if constexpr (isA<T, std::map>) {
     std::size_t seed = value.size();
-    for (const auto& [key, entry] : value) seed = mixHash(mixHash(seed, hashOf(key)), hashOf(entry));
+    for (const auto& [key, entry] : value)
+      seed = mixHash(mixHash(seed, hashOf(key)), hashOf(entry));
     return seed;
   } else {
     return std::hash<T>{}(value);

@@ -58,7 +58,8 @@ class Encoder {
     if constexpr (Described<T>) {
       bool first = true;
       out += '{';
-      forEachMember<T>([&](auto member) { writeMember(member.name, value.*member.pointer, first); });
+      forEachMember<T>(
+          [&](auto member) { writeMember(member.name, value.*member.pointer, first); });
       out += '}';
     } else if constexpr (isA<T, std::vector>) {
       out += '[';

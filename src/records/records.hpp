@@ -89,8 +89,8 @@ BOOST_DESCRIBE_STRUCT(Tally, (), (open, issues, total))
 struct RefPage {
   std::optional<Int> i;
   std::optional<std::string> label;
-  std::optional<std::string> img;           // blob key
-  std::optional<std::vector<double>> px;    // width, height in pixels
+  std::optional<std::string> img;         // blob key
+  std::optional<std::vector<double>> px;  // width, height in pixels
   std::optional<double> score;
   std::optional<std::string> how;
   bool operator==(const RefPage&) const = default;
@@ -102,9 +102,9 @@ struct Page {
   std::optional<std::string> label;
   std::optional<double> w;
   std::optional<double> h;
-  std::optional<std::string> img;         // blob key
-  std::optional<std::string> thumb;       // blob key
-  std::optional<std::vector<double>> px;  // width, height in pixels
+  std::optional<std::string> img;                      // blob key
+  std::optional<std::string> thumb;                    // blob key
+  std::optional<std::vector<double>> px;               // width, height in pixels
   std::optional<std::map<std::string, RefPage>> refs;  // by role
   std::optional<bool> ocr;
   std::string name() const;
@@ -169,9 +169,9 @@ struct FileItem {
 BOOST_DESCRIBE_STRUCT(FileItem, (),
                       (id, key, po, title, component, supplier, filename, kind, sender, received,
                        page_count, links, refs, summary, counts, status, status_by, status_at,
-                       created, rev, thumb, tally, pages, track, assignee, assigned_by, due,
-                       due_by, urgent, deadline, share, version, approval, approval_by,
-                       approval_at, approvers))
+                       created, rev, thumb, tally, pages, track, assignee, assigned_by, due, due_by,
+                       urgent, deadline, share, version, approval, approval_by, approval_at,
+                       approvers))
 
 struct JobArgs {
   std::optional<std::vector<std::string>> file_ids;
@@ -418,7 +418,7 @@ struct PersonStats {
   Int fine = 0;
   std::map<std::string, Int> by_kind;
   Int notes = 0;
-  Int streak = 0;  // days
+  Int streak = 0;                 // days
   std::vector<WeekCount> weekly;  // oldest first
   Int open = 0;
   Int overdue = 0;

@@ -7,9 +7,9 @@ namespace vellix {
 RootModel::RootModel(Store& store, MainLoop& loop)
     : store_(store),
       timer_(store, loop),
-      onChange_(store.changes.observe(Store::kSignedIn | Store::kBoard | Store::kSelection |
-                                          Store::kProblem,
-                                      [this] { update(); })),
+      onChange_(store.changes.observe(
+          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kProblem,
+          [this] { update(); })),
       onToast_(store.changes.observe(Store::kToast, [this] { updateToast(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { emit appearanceChanged(); })) {
   update();
@@ -39,9 +39,7 @@ void RootModel::updateToast() {
 
 void RootModel::undo() { undoToast(store_); }
 
-QString RootModel::appearance() const {
-  return QString::fromStdString(store_.prefs.appearance());
-}
+QString RootModel::appearance() const { return QString::fromStdString(store_.prefs.appearance()); }
 
 double RootModel::sidebarWidth(double windowWidth) { return vellix::sidebarWidth(windowWidth); }
 

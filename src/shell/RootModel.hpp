@@ -1,8 +1,8 @@
 // What fills the window, and the toast over it, for the root view. Main thread only.
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 #include "bridge/value.hpp"
 #include "shell/root_view.hpp"

@@ -21,9 +21,8 @@ RootViewValue rootView(const Store& store) {
     view.content = "empty";
     const bool any = !store.board()->files.empty();
     view.headline = any ? "Pick a file." : "Nothing to review yet.";
-    view.line =
-        any ? "Pick one on the left to compare it with our files."
-            : "Press Sync. Claude on the Mac mini checks supplier mail for new proofs.";
+    view.line = any ? "Pick one on the left to compare it with our files."
+                    : "Press Sync. Claude on the Mac mini checks supplier mail for new proofs.";
   } else {
     view.content = "loading";
     view.line = "Loading the board…";

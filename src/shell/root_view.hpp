@@ -17,7 +17,8 @@ struct RootViewValue {
   std::string problem;
   bool operator==(const RootViewValue&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(RootViewValue, (), (signedIn, content, file, headline, line, offline, problem))
+BOOST_DESCRIBE_STRUCT(RootViewValue, (),
+                      (signedIn, content, file, headline, line, offline, problem))
 
 RootViewValue rootView(const Store& store);
 

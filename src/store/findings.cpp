@@ -40,8 +40,8 @@ void Store::focusNextOpen(const Finding& decided) {
 
 void Store::decideLocally(const Finding& finding, const std::string& state) {
   const FileDetail* detail = currentDetail();
-  if (!detail || std::ranges::find(detail->findings, finding.id, &Finding::id) ==
-                     detail->findings.end()) {
+  if (!detail ||
+      std::ranges::find(detail->findings, finding.id, &Finding::id) == detail->findings.end()) {
     return;
   }
   const std::string ticket = currentFile()->id;

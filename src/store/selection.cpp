@@ -68,10 +68,10 @@ void Store::setMineOnly(bool flag) {
 
 void Store::reconcileSelection() {
   const auto list = filesInQueue(effectiveQueue());
-  const bool stays = selection().size() == 1 &&
-                     std::ranges::any_of(list, [&](const FileItem* file) {
-                       return file->id == *selection().begin();
-                     });
+  const bool stays =
+      selection().size() == 1 && std::ranges::any_of(list, [&](const FileItem* file) {
+        return file->id == *selection().begin();
+      });
   if (stays) return;
   const auto dueOf = [](const FileItem* file) {
     return file->due.value_or(std::numeric_limits<double>::infinity());
@@ -145,9 +145,7 @@ void Store::goToPage(const std::string& id, Int index) {
   focus.set(std::nullopt);
 }
 
-void Store::stepZoom(double factor) {
-  zoomTo(std::round(zoom() * factor * 4) / 4);
-}
+void Store::stepZoom(double factor) { zoomTo(std::round(zoom() * factor * 4) / 4); }
 
 void Store::zoomTo(double value) {
   if (!std::isnan(value)) zoom.set(std::clamp(value, 1.0, 4.0));

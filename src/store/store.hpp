@@ -56,7 +56,7 @@ class Store {
     kProblem = 1 << 7,
     kLastOK = 1 << 8,
     kToast = 1 << 9,
-    kDraft = 1 << 10,  // the note being written: pinning and the drafts
+    kDraft = 1 << 10,   // the note being written: pinning and the drafts
     kPanels = 1 << 11,  // notesDrawer, profile, sideTab and showActivity
     kViewVersion = 1 << 12,
     kStats = 1 << 13,
@@ -105,7 +105,7 @@ class Store {
   void startLoop();
   bool looping() const { return loop_.has_value(); }
   Task<> refresh(std::stop_token stop = {});
-  Task<> refreshNow();  // the caller has set `refreshing`
+  Task<> refreshNow();    // the caller has set `refreshing`
   void requestRefresh();  // sets `refreshing` and starts refreshNow
   bool anyJobActive() const;
   std::map<std::string, const Person*> usersByEmail() const;

@@ -75,16 +75,15 @@ TEST_P(RowsModelTransitions, TakeTheFewestOperations) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RowsModelTransitions,
-    testing::Values(
-        Transition{"Equal", "abc", "abc", {}},
-        Transition{"FromNothing", "", "abc", {"insert 0-2"}},
-        Transition{"ToNothing", "abc", "", {"remove 0-2"}},
-        Transition{"OneGone", "abc", "ac", {"remove 1-1"}},
-        Transition{"TwoRunsGone", "abcde", "c", {"remove 3-4", "remove 0-1"}},
-        Transition{"OneNewInside", "abc", "abxc", {"insert 2-2"}},
-        Transition{"FirstToEnd", "abcd", "bcda", {"move 0>4"}},
-        Transition{"LastToFront", "abcd", "dabc", {"move 3>0"}},
-        Transition{"AllOthers", "abc", "xyz", {"remove 0-2", "insert 0-2"}}),
+    testing::Values(Transition{"Equal", "abc", "abc", {}},
+                    Transition{"FromNothing", "", "abc", {"insert 0-2"}},
+                    Transition{"ToNothing", "abc", "", {"remove 0-2"}},
+                    Transition{"OneGone", "abc", "ac", {"remove 1-1"}},
+                    Transition{"TwoRunsGone", "abcde", "c", {"remove 3-4", "remove 0-1"}},
+                    Transition{"OneNewInside", "abc", "abxc", {"insert 2-2"}},
+                    Transition{"FirstToEnd", "abcd", "bcda", {"move 0>4"}},
+                    Transition{"LastToFront", "abcd", "dabc", {"move 3>0"}},
+                    Transition{"AllOthers", "abc", "xyz", {"remove 0-2", "insert 0-2"}}),
     [](const auto& each) { return each.param.name; });
 
 TEST(RowsModel, SignalsOneRowAndOneRoleWhenOneFieldDiffers) {

@@ -98,9 +98,9 @@ TEST_F(Canvas, MarksAToggleByWhetherItsPaneIsShown) {
   store().shown.set({"supplier"});
   const auto toggles = view().toggles;
   EXPECT_EQ(toggles[0], (PaneToggleView{"supplier", "Harrow Print", "purple",
-                                            "checkmark.circle.fill", "Hide this page", true}));
+                                        "checkmark.circle.fill", "Hide this page", true}));
   EXPECT_EQ(toggles[1], (PaneToggleView{"submitted", "What we sent", "blue", "circle",
-                                            "Show this page", false}));
+                                        "Show this page", false}));
 }
 
 struct Zoom {
@@ -153,8 +153,7 @@ TEST_P(CanvasNotes, AreOpenByTheDrawerOrThePreference) {
   const auto notes = notesPanel(store(), 1'000);
   EXPECT_EQ(notes.open, each.open);
   EXPECT_EQ(notes.floats, each.floats);
-  EXPECT_EQ(notes.help,
-            each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
+  EXPECT_EQ(notes.help, each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CanvasNotes,

@@ -29,7 +29,8 @@ struct Desk {
 
   // Built at first use, so a test can set the ports up before.
   Store& store() {
-    if (!store_) store_.emplace(api, signIn, prefs, Store::Ports{time, defaults, windows, pictures});
+    if (!store_)
+      store_.emplace(api, signIn, prefs, Store::Ports{time, defaults, windows, pictures});
     return *store_;
   }
   void endStore() { store_.reset(); }
