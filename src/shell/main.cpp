@@ -1,14 +1,16 @@
 #include <QGuiApplication>
 #include <QTimer>
-#include <memory>
 #include <optional>
 
+#include "gateway/late_token_store.hpp"
 #include "platform/linux/TokenStores.hpp"
 #include "shell/Program.hpp"
 
 namespace vellix {
 namespace {
 
+// A keyring that is locked or silent holds the first picture up for no longer than this.
+constexpr Milliseconds kTokenPatience{2'000};
 // A last token that is still on its way to the keyring gets this long when the program ends.
 constexpr Milliseconds kLastWrite{2'000};
 
@@ -22,33 +24,36 @@ std::optional<std::string> urlArgument(const QStringList& arguments) {
 
 class Run {
  public:
-  explicit Run(QGuiApplication& application) : application_(application) {
-    tasks_.start(start());
-  }
+  explicit Run(QGuiApplication& application) : application_(application) { tasks_.start(start()); }
 
   int exec() {
     const int code = application_.exec();
-    if (tokens_) tasks_.start(finish());
-    if (tokens_ && !settled_) application_.exec();
+    tasks_.start(finish());
+    if (!settled_) application_.exec();
     return code;
   }
 
  private:
-  // The token is read before anything is shown, so the first picture is the right one.
+  // As a rule the token is read before anything is shown, so the first picture is the right one.
+  // Otherwise the program begins signed out, and the board comes with the token.
   Task<> start() {
-    const auto opening = openTokenStore(configFolder());
-    tokens_ = co_await opening;
-    program_.emplace(loop_, defaults_, *tokens_);
+    const auto known = tokens_.primedWithin(kTokenPatience);
+    co_await known;
+    program_.emplace(loop_, defaults_, tokens_);
     if (!program_->show()) {
       application_.exit(1);
       co_return;
     }
     if (const auto url = urlArgument(application_.arguments())) program_->store().open(*url);
+    const auto primed = tokens_.primed();
+    co_await primed;
+    program_->store().resume();
   }
 
   Task<> finish() {
-    QTimer::singleShot(static_cast<int>(kLastWrite.count()), &application_, &QCoreApplication::quit);
-    const auto writing = tokens_->settled();
+    QTimer::singleShot(static_cast<int>(kLastWrite.count()), &application_,
+                       &QCoreApplication::quit);
+    const auto writing = tokens_.settled();
     co_await writing;
     settled_ = true;
     application_.quit();
@@ -57,7 +62,7 @@ class Run {
   QGuiApplication& application_;
   QtMainLoop loop_;
   QtDefaults defaults_;
-  std::shared_ptr<DurableTokenStore> tokens_;
+  LateTokenStore tokens_{openTokenStore(configFolder()), loop_};
   std::optional<Program> program_;
   bool settled_ = false;
   TaskScope tasks_;

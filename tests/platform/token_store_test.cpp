@@ -110,6 +110,27 @@ TEST_F(TokenStoreTest, ASilentKeyringIsGivenUpButNotWrittenAround) {
   EXPECT_FALSE(QFile::exists(file()));
 }
 
+TEST_F(TokenStoreTest, ASlowKeyringIsWaitedForOnlySoLongAndHeardWhenItAnswers) {
+  EXPECT_EQ(
+      inSession("unlocked", {"add=first settle", "stalled=200 read wake primed read", "read"}),
+      (QStringList{"store keyring", "settled",                //
+                   "primed no", "token none", "token first",  //
+                   "store keyring", "token first"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, ATokenOfTheMeantimeGoesIntoTheSlowKeyring) {
+  EXPECT_EQ(
+      inSession("unlocked", {"add=first settle", "stalled=200 remove add=second wake settle read",
+                             "read", "stalled=200 add=third remove wake settle read", "read"}),
+      (QStringList{"store keyring", "settled",              //
+                   "primed no", "settled", "token second",  //
+                   "store keyring", "token second",         //
+                   "primed no", "settled", "token none",    //
+                   "store keyring", "token none"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
 TEST_F(TokenStoreTest, WithoutABusAFileKeepsIt) {
   EXPECT_EQ(withoutBus("read add=first read settle"),
             (QStringList{"store file", "token none", "token first", "settled"}));

@@ -37,9 +37,9 @@ struct SecretServiceTokenStore::State : std::enable_shared_from_this<State> {
 SecretServiceTokenStore::SecretServiceTokenStore(int jobLimit)
     : state_(std::make_shared<State>(jobLimit)) {}
 
-void SecretServiceTokenStore::prime(std::function<void()> done) {
+void SecretServiceTokenStore::prime(int limit, std::function<void()> done) {
   KeychainThread::instance().run(
-      {.kind = KeychainJob::Kind::read}, state_->limit,
+      {.kind = KeychainJob::Kind::read}, limit,
       [state = state_, done = std::move(done)](const std::optional<QString>& secret) {
         if (secret && !secret->isEmpty() && !state->written) state->token = secret->toStdString();
         done();

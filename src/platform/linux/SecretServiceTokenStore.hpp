@@ -18,12 +18,12 @@ namespace vellix {
 // a job that fails or is late is given up.
 class SecretServiceTokenStore : public DurableTokenStore {
  public:
-  // `jobLimit` is in milliseconds.
+  // In milliseconds, for each writing job.
   explicit SecretServiceTokenStore(int jobLimit);
 
   // Reads the token that an earlier run left; `done` is called in a later turn, also when there is
-  // none or the keyring does not answer in time.
-  void prime(std::function<void()> done);
+  // none or the keyring does not answer within `limit` ms.
+  void prime(int limit, std::function<void()> done);
 
   std::optional<std::string> read() override;
   void remove() override;

@@ -11,9 +11,9 @@ namespace {
 
 using Opened = std::shared_ptr<DurableTokenStore>;
 
-void openKeyring(const Resolver<Opened>& resolver, int jobLimit) {
-  const auto store = std::make_shared<SecretServiceTokenStore>(jobLimit);
-  store->prime([resolver, store] { resolver(store); });
+void openKeyring(const Resolver<Opened>& resolver, const KeyringLimits& limits) {
+  const auto store = std::make_shared<SecretServiceTokenStore>(limits.job);
+  store->prime(limits.read, [resolver, store] { resolver(store); });
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ Pending<Opened> openTokenStore(const std::string& folder, KeyringLimits limits) 
       limits.find, [resolver, limits, path = folder + "/session"](SecretService found) {
         // A bus too slow to tell is taken to have a keyring: plain text is for when there is none.
         if (found == SecretService::absent) return resolver(std::make_shared<FileTokenStore>(path));
-        openKeyring(resolver, limits.job);
+        openKeyring(resolver, limits);
       });
   return resolver.pending();
 }

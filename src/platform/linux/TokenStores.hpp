@@ -9,23 +9,18 @@
 
 namespace vellix {
 
-// Main thread.
-class DurableTokenStore : public TokenStore {
- public:
-  // Resolves in a later turn, once all that was asked for so far is written or given up. Each job
-  // has a limit of its own, but a program that quits should wait for less.
-  virtual Pending<> settled() = 0;
-};
-
-// In milliseconds: for finding the keyring, and for each job that it is given.
+// In milliseconds: for finding the keyring, for the reading at the start, and for each writing job.
+// A locked keyring asks its user before it lets anything be read, and people take their time.
 struct KeyringLimits {
   int find = 3000;
+  int read = 120'000;
   int job = 10'000;
 };
 
 // The user's keyring when a Secret Service is on the session bus or can be started there; without
 // one, the file "session" in the folder. It never blocks. A keyring that does not answer within
-// its limit stays the store: it then reads as empty, and nothing goes to the file beside it.
+// its limit stays the store: it then reads as empty, and nothing goes to the file beside it. The
+// store comes once it is read, which may take as long as the limits say: show something meanwhile.
 Pending<std::shared_ptr<DurableTokenStore>> openTokenStore(const std::string& configFolder,
                                                            KeyringLimits limits = {});
 
