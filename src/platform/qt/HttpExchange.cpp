@@ -156,7 +156,7 @@ HttpError HttpExchange::reasonOf(QNetworkReply::NetworkError error) const {
 
 void HttpExchange::abort(HttpError reason) {
   if (!done_) return;
-  suspect_ = !reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+  suspect_ = true;
   // This may be told within a signal of the reply itself: the reply is stopped with the exchange.
   reply_->disconnect(this);
   conclude(std::unexpected(reason));

@@ -22,7 +22,7 @@ class HttpExchange : public QObject {
 
   void start(std::shared_ptr<QNetworkAccessManager> manager);
 
-  // Whether the manager may be stuck on what came: it answered nothing, or not in HTTP.
+  // Whether the manager may be stuck on what came: it was stopped in the middle, or is not HTTP.
   bool leavesManagerSuspect() const { return suspect_; }
 
  private:

@@ -11,8 +11,9 @@ constexpr std::size_t kMostAtOnce = 6;
 
 }  // namespace
 
-// A manager that choked on an answer fails what follows, and its deletion waits seconds for its
-// own inner thread: once retired it is deleted where nobody waits for it.
+// A manager that choked on an answer, or was stopped in the middle of one, may fail or hold up what
+// follows, and its deletion waits seconds for its own inner thread: once retired it is deleted
+// where nobody waits for it.
 class HttpLaneQueue::Manager {
  public:
   Manager() = default;
@@ -57,6 +58,7 @@ void HttpLaneQueue::drop(std::uint64_t id) {
   if (found == running_.end()) return;
   delete found->second;
   running_.erase(found);
+  retireManager();
   startNext();
 }
 
