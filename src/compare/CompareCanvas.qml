@@ -12,6 +12,7 @@ Rectangle {
     required property PictureSource pictures
 
     readonly property var view: compare.bar
+    readonly property real barHeight: bar.height
     property real zoom: view.zoom
 
     color: Theme.canvas

@@ -14,6 +14,7 @@ Item {
     required property Component panel
 
     readonly property var notes: compare.notes
+    readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
 
     onWidthChanged: compare.layNotes(width)
     Component.onCompleted: compare.layNotes(width)
@@ -40,6 +41,8 @@ Item {
         width: parent.width
 
         Loader {
+            id: canvas
+
             anchors.fill: parent
             anchors.rightMargin: dock.width
             active: file.compare.loaded
@@ -93,7 +96,7 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: Theme.gap16
             y: Theme.gap16
-            height: parent.height - 76
+            height: parent.height - file.barHeight - 2 * Theme.gap16
             width: file.notes.width
 
             sourceComponent: Rectangle {
