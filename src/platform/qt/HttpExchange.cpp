@@ -121,7 +121,7 @@ void HttpExchange::sent() {
 void HttpExchange::readSome() {
   if (!done_) return;
   progressed();
-  std::array<char, 64 * 1024> chunk;
+  std::array<char, 65'536> chunk;
   qint64 count = 0;
   while ((count = reply_->read(chunk.data(), chunk.size())) > 0) {
     body_.append(chunk.data(), static_cast<std::size_t>(count));

@@ -1,5 +1,6 @@
 #include "platform/qt/HttpLaneQueue.hpp"
 
+#include <QtGlobal>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -27,8 +28,9 @@ class HttpLaneQueue::Manager {
     access_->moveToThread(nullptr);
     try {
       std::thread([access = access_] { delete access; }).detach();
-    } catch (const std::system_error&) {
-      // No thread to be had: better to keep it than to wait here.
+    } catch (const std::system_error& noThread) {
+      // Better to keep it than to wait here.
+      qWarning("A network manager is kept: %s", noThread.what());
     }
   }
 
