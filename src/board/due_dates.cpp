@@ -54,7 +54,7 @@ std::string dueTextShort(Moment date, Moment now, const Calendar& calendar) {
 }
 
 std::string dueTextTiny(Moment date, Moment now, const Calendar& calendar) {
-  const std::string text = dueTextShort(date, now, calendar);
+  std::string text = dueTextShort(date, now, calendar);
   if (text.starts_with("Late ") || text.starts_with("In ")) return text;
   const int days = daysAhead(date, now, calendar);
   if (days == 0) return calendar.shortTime(date);

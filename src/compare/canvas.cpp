@@ -57,7 +57,7 @@ std::string roleLabel(const std::string& role) {
 
 std::string thirdRole(const Page& page, const FileItem& file, Int version) {
   if (version >= 2) return "previous";
-  const std::string preferred = file.track == "reprint" ? "latest" : "fbc";
+  std::string preferred = file.track == "reprint" ? "latest" : "fbc";
   if (refPage(page, preferred) || file.ref(preferred)) return preferred;
   for (const char* other : {"fbc", "latest"}) {
     if (refPage(page, other)) return other;

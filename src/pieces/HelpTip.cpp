@@ -4,7 +4,6 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
-#include <memory>
 
 namespace vellix {
 namespace {
@@ -63,14 +62,14 @@ void HelpTip::appear() {
   QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/qt/qml/Vellix/Pieces/HelpBubble.qml")));
   QQuickItem* scene = owner_->window()->contentItem();
   const QRectF target = owner_->mapRectToScene(owner_->boundingRect());
-  std::unique_ptr<QObject> made(component.createWithInitialProperties(
-      {{QStringLiteral("text"), text_}, {QStringLiteral("target"), target}}));
-  auto* bubble = qobject_cast<QQuickItem*>(made.get());
+  QObject* made = component.createWithInitialProperties(
+      {{QStringLiteral("text"), text_}, {QStringLiteral("target"), target}});
+  auto* bubble = qobject_cast<QQuickItem*>(made);
   if (!bubble) {
+    delete made;
     qWarning("%s", qPrintable(component.errorString()));
     return;
   }
-  made.release();
   bubble->setParent(scene);
   bubble->setParentItem(scene);
   bubble_ = bubble;

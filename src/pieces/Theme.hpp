@@ -51,10 +51,10 @@ class Theme : public QObject {
   VELLIX_COLOUR(raised, "#ffffff", "#26211e")
   // The moving part of a segmented control.
   VELLIX_COLOUR(thumb, "#ffffff", "#3a332e")
-  VELLIX_COLOUR(paper, "#fdfcf8", "#fdfcf8")
-  VELLIX_COLOUR(onAccent, "#ffffff", "#ffffff")
+  VELLIX_CONSTANT(QColor, paper, QColor("#fdfcf8"))
+  VELLIX_CONSTANT(QColor, onAccent, QColor("#ffffff"))
   VELLIX_COLOUR(toast, "#1d1917", "#3a332e")
-  VELLIX_COLOUR(onToast, "#ffffff", "#ffffff")
+  VELLIX_CONSTANT(QColor, onToast, QColor("#ffffff"))
   VELLIX_COLOUR(toastButton, "#22ffffff", "#24ffffff")
   // Over a row or a button: text at 4, 6 and 9 %; the accent at 10, 35 and 60 %.
   VELLIX_COLOUR(hoverFill, "#0a1d1917", "#0affffff")
@@ -63,7 +63,7 @@ class Theme : public QObject {
   VELLIX_COLOUR(selectedFill, "#1ae4572e", "#1af06a3f")
   VELLIX_COLOUR(selectedLine, "#59e4572e", "#59f06a3f")
   VELLIX_COLOUR(focusLine, "#99e4572e", "#99f06a3f")
-  VELLIX_COLOUR(shadow, "#2e000000", "#2e000000")
+  VELLIX_CONSTANT(QColor, shadow, QColor("#2e000000"))
   VELLIX_COLOUR(scrim, "#47000000", "#80000000")
 
   // By the tone's name: Theme.fore["red"] is its foreground, Theme.tint["red"] its tinted ground.

@@ -16,7 +16,7 @@ namespace vellix {
 namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
-constexpr std::size_t kLongestToken = 16 * 1024;
+constexpr std::size_t kLongestToken = 16'384;
 
 class OpenFile {
  public:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace vellix {
 namespace {
@@ -18,8 +17,8 @@ QLocale userLocale() {
                                          : system;
 }
 
-QtCalendar::QtCalendar(QLocale locale, std::optional<QTimeZone> zone)
-    : locale_(std::move(locale)), zone_(std::move(zone)) {}
+QtCalendar::QtCalendar(const QLocale& locale, const std::optional<QTimeZone>& zone)
+    : locale_(locale), zone_(zone) {}
 
 QDateTime QtCalendar::local(Moment moment) const {
   const double wire = wireOf(moment);

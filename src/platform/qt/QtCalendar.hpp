@@ -17,7 +17,8 @@ QLocale userLocale();
 class QtCalendar : public Calendar {
  public:
   // Without a zone it follows the system's, also when that changes.
-  explicit QtCalendar(QLocale locale = userLocale(), std::optional<QTimeZone> zone = std::nullopt);
+  explicit QtCalendar(const QLocale& locale = userLocale(),
+                      const std::optional<QTimeZone>& zone = std::nullopt);
 
   int dayOf(Moment moment) const override;
   std::string shortTime(Moment moment) const override;
