@@ -46,14 +46,6 @@ void RasterItem::updatePolish() {
   const QSize pixels(static_cast<int>(std::ceil(rect.width() * dpr - 0.01)),
                      static_cast<int>(std::ceil(rect.height() * dpr - 0.01)));
   const QSizeF shown(pixels.width() / dpr, pixels.height() / dpr);
-  // The device's grid, seen from this item: what is drawn between two pixels is blurred.
-  const QPointF origin = mapToScene({0, 0});
-  const auto snapped = [dpr](qreal offset, qreal at) {
-    return std::round((offset + at) * dpr) / dpr - offset;
-  };
-  imageRect_ = QRectF(QPointF(snapped(origin.x(), rect.center().x() - shown.width() / 2),
-                              snapped(origin.y(), rect.center().y() - shown.height() / 2)),
-                      shown);
 
   const QString key = QStringLiteral("%1 %2 %3x%4 %5x%6 %7")
                           .arg(QLatin1String(metaObject()->className()), drawing)
@@ -76,6 +68,38 @@ void RasterItem::updatePolish() {
     painter.end();
     drawings().insert(key, new QImage(image_), static_cast<int>(image_.sizeInBytes()));
   }
+  noteOrigin();
+  imageRect_ = onGrid();
+  update();
+}
+
+void RasterItem::noteOrigin() {
+  const QTransform toScene = itemTransform(nullptr, nullptr);
+  if (toScene.type() <= QTransform::TxTranslate) origin_ = toScene.map(QPointF(0, 0));
+}
+
+// Where the image lies: in the middle of its drawing's place, but on the device's own pixels. What
+// is drawn between two of them is blurred.
+QRectF RasterItem::onGrid() const {
+  const qreal dpr = window()->effectiveDevicePixelRatio();
+  const QSizeF shown = QSizeF(image_.size()) / dpr;
+  const QPointF centre = drawingRect().center();
+  const auto snapped = [dpr](qreal offset, qreal at) {
+    return std::round((offset + at) * dpr) / dpr - offset;
+  };
+  return {QPointF(snapped(origin_.x(), centre.x() - shown.width() / 2),
+                  snapped(origin_.y(), centre.y() - shown.height() / 2)),
+          shown};
+}
+
+// What moves an item's parent does not tell the item, but may put it between two pixels.
+void RasterItem::realign() {
+  if (image_.isNull() || !isVisible()) return;
+  constexpr qreal kNoise = 1e-6;
+  noteOrigin();
+  const QRectF now = onGrid();
+  if ((now.topLeft() - imageRect_.topLeft()).manhattanLength() < kNoise) return;
+  imageRect_ = now;
   update();
 }
 
@@ -87,6 +111,11 @@ void RasterItem::geometryChange(const QRectF& now, const QRectF& before) {
 void RasterItem::itemChange(ItemChange change, const ItemChangeData& data) {
   QQuickItem::itemChange(change, data);
   if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) polish();
+  if (change != ItemSceneChange) return;
+  disconnect(aligning_);
+  if (data.window) {
+    aligning_ = connect(data.window, &QQuickWindow::afterAnimating, this, &RasterItem::realign);
+  }
 }
 
 QSGNode* RasterItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {

@@ -39,9 +39,15 @@ class RasterItem : public QQuickItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
+  void noteOrigin();
+  QRectF onGrid() const;
+  void realign();
+
   QColor color_;
   QImage image_;
+  QPointF origin_;  // in the scene, when last it was neither turned nor scaled
   QRectF imageRect_;
+  QMetaObject::Connection aligning_;
 };
 
 }  // namespace vellix

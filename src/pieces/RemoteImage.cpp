@@ -27,8 +27,9 @@ Placing place(QSizeF picture, QRectF room, bool fill) {
   return {QRectF(QPointF(), picture), QRectF(corner, size)};
 }
 
-// One child: a plain ground, or the picture with its texture.
-class RootNode : public QSGNode {
+// One child: a plain ground, or the picture with its texture. The software renderer places a child
+// that joins later only by a parent that has a place itself, which a bare node has not.
+class RootNode : public QSGTransformNode {
  public:
   ~RootNode() override { clear(); }
 

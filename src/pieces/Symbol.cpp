@@ -1,5 +1,6 @@
 #include "Symbol.hpp"
 
+#include <QDir>
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -15,6 +16,12 @@ constexpr qreal kSmall = 14;
 }  // namespace
 
 Symbol::Symbol(QQuickItem* parent) : RasterItem(parent) { setImplicitSize(size_, size_); }
+
+QStringList Symbol::names() {
+  QStringList names = QDir(QStringLiteral(":/symbols")).entryList(QDir::Files, QDir::Name);
+  for (QString& name : names) name.chop(4);
+  return names;
+}
 
 void Symbol::setName(const QString& name) {
   if (name == name_) return;

@@ -2,6 +2,8 @@
 // pixels. An unknown name draws nothing and says so on the log.
 #pragma once
 
+#include <QStringList>
+
 #include "RasterItem.hpp"
 
 namespace vellix {
@@ -14,6 +16,8 @@ class Symbol : public vellix::RasterItem {
 
  public:
   explicit Symbol(QQuickItem* parent = nullptr);
+
+  static QStringList names();  // of all symbols, in order
 
   QString name() const { return name_; }
   void setName(const QString& name);

@@ -32,14 +32,6 @@ QString firstInstalled(std::initializer_list<const char*> families,
   return QFontDatabase::systemFont(fallback).family();
 }
 
-bool systemIsDark() {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
-  const auto scheme = QGuiApplication::styleHints()->colorScheme();
-  if (scheme != Qt::ColorScheme::Unknown) return scheme == Qt::ColorScheme::Dark;
-#endif
-  return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-}
-
 }  // namespace
 
 Theme::Theme(QObject* parent) : QObject(parent) {
@@ -69,6 +61,21 @@ qreal Theme::pointsPerPixel() const {
   constexpr qreal kJustBelow = 0.9999;
   const QScreen* screen = QGuiApplication::primaryScreen();
   return kJustBelow * 72.0 / (screen ? screen->logicalDotsPerInch() : 96.0);
+}
+
+void Theme::followSystem(const Look& look) {
+  system_ = look.scheme;
+  setReducedMotion(look.reducedMotion);
+  follow();
+}
+
+bool Theme::systemIsDark() const {
+  if (system_ != Scheme::unset) return system_ == Scheme::dark;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+  const auto scheme = QGuiApplication::styleHints()->colorScheme();
+  if (scheme != Qt::ColorScheme::Unknown) return scheme == Qt::ColorScheme::Dark;
+#endif
+  return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
 }
 
 bool Theme::eventFilter(QObject* watched, QEvent* event) {

@@ -8,6 +8,8 @@
 #include <QQmlPropertyMap>
 #include <QVariantList>
 
+#include "platform/ports/look.hpp"
+
 namespace vellix {
 
 #define VELLIX_COLOUR(name, light, darkForm)                               \
@@ -108,6 +110,9 @@ class Theme : public QObject {
   bool dark() const { return dark_; }
   bool reducedMotion() const { return reducedMotion_; }
   void setReducedMotion(bool reduced);
+  // What the desktop says counts where the person has chosen nothing else here. While it says
+  // nothing, the lightness of its palette does.
+  void followSystem(const Look& look);
   QObject* fore() { return &fore_; }
   QObject* tint() { return &tint_; }
   QString family() const { return family_; }
@@ -126,10 +131,12 @@ class Theme : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool systemIsDark() const;
   void follow();
   void fillTones();
 
   QString appearance_ = QStringLiteral("system");
+  Scheme system_ = Scheme::unset;
   bool dark_ = false;
   bool reducedMotion_ = false;
   QQmlPropertyMap fore_;

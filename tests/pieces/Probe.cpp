@@ -49,6 +49,11 @@ QString Probe::accessibleName(QQuickItem* item) const {
   return seen ? seen->text(QAccessible::Name) : QString();
 }
 
+QString Probe::accessibleDescription(QQuickItem* item) const {
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
+  return seen ? seen->text(QAccessible::Description) : QString();
+}
+
 QString Probe::accessibleRole(QQuickItem* item) const {
   QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(item);
   return seen ? QString::fromLatin1(

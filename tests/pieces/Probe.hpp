@@ -21,6 +21,7 @@ class Probe : public QObject {
   Q_INVOKABLE QStringList takeOpened();
 
   Q_INVOKABLE QString accessibleName(QQuickItem* item) const;
+  Q_INVOKABLE QString accessibleDescription(QQuickItem* item) const;
   Q_INVOKABLE QString accessibleRole(QQuickItem* item) const;
   Q_INVOKABLE bool accessibleChecked(QQuickItem* item) const;
   // Does the action as a screen reader would. False when the item does not offer it.

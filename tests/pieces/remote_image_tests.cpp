@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSignalSpy>
@@ -85,6 +84,18 @@ TEST_F(RemoteImageTest, ShowsThePlaceholderUntilThePictureComes) {
   EXPECT_TRUE(item->ready());
   EXPECT_EQ(ready.count(), 1);
   EXPECT_EQ(source.requests.size(), 1U);
+}
+
+TEST_F(RemoteImageTest, ShowsThePictureWhereTheItemIs) {
+  item->setPosition({40, 30});
+  item->setSize({20, 20});
+  ask("a");
+  source.answer(0, plain(kRed));
+  EXPECT_EQ(seen({10, 10}), kBehind);
+  EXPECT_EQ(seen({50, 40}), kRed);
+  item->setPosition({10, 60});
+  EXPECT_EQ(seen({50, 40}), kBehind);
+  EXPECT_EQ(seen({20, 70}), kRed);
 }
 
 TEST_F(RemoteImageTest, ShowsAnotherPlaceholderAtOnce) {
@@ -379,11 +390,3 @@ TEST_F(RemoteImageTest, DoesNotHoldThePicturesThatItShowedBefore) {
 
 }  // namespace
 }  // namespace vellix
-
-int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) qputenv("QT_QUICK_BACKEND", "software");
-  testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -34,8 +34,19 @@ Item {
         Digits { id: digits; text: "p12 · 1 of 88" }
         Spinner { id: spinner }
         SorelMark { id: mark; working: true }
-        DottedLine { width: 100; color: Theme.muted }
+        DottedLine { id: dots; width: 100; color: Theme.muted }
         Hairline { id: hairline; width: 100 }
+    }
+
+    DashedRing { id: ring; x: 420; spinning: true }
+    HalfRound { id: left; x: 440; width: 20; height: 40; color: "#ff0000" }
+    HalfRound { id: right; x: 470; width: 20; height: 40; color: "#ff0000"; mirrored: true }
+    Item {
+        id: glider
+
+        Behavior on x {
+            Glide {}
+        }
     }
 
     SignalSpy { id: spy }
@@ -226,12 +237,90 @@ Item {
             compare(digits.implicitWidth, 0);
         }
 
+        // The arc of a spinner, which lies over its ring.
+        function arcOf(item) {
+            return item.children[item.children.length - 1];
+        }
+
         function test_whatMovesStandsStillWhenAsked() {
-            verify(mark.open >= 0);
-            tryVerify(() => mark.open > 0);
+            const arc = arcOf(spinner);
+            const turned = arc.rotation;
+            tryVerify(() => mark.open > 0 && arc.rotation !== turned && ring.rotation > 0);
             Theme.reducedMotion = true;
             tryCompare(mark, "open", 0);
+            const still = [arc.rotation, ring.rotation];
+            glider.x = 50;
+            compare(glider.x, 50);
+            mousePress(pill);
+            fuzzyCompare(pill.scale, 0.97, 0.0001);
+            mouseRelease(pill);
+            compare(pill.scale, 1);
+            wait(60);
+            compare([arc.rotation, ring.rotation, mark.open], [...still, 0]);
             Theme.reducedMotion = false;
+            tryVerify(() => arc.rotation !== still[0]);
+        }
+
+        function test_theSpinnerTurnsWhileItIsOn() {
+            const arc = arcOf(spinner);
+            spinner.on = false;
+            const still = arc.rotation;
+            wait(40);
+            compare(arc.rotation, still);
+            spinner.on = true;
+            tryVerify(() => arc.rotation !== still);
+        }
+
+        function test_theMarkIsCalmUnlessItWorks() {
+            mark.working = false;
+            tryCompare(mark, "open", 0);
+            const halves = mark.children;
+            verify(!halves[0].mirrored);
+            verify(halves[1].mirrored);
+            compare(halves[1].x - halves[0].x - halves[0].width, mark.line);
+            mark.line = 6;
+            compare(halves[1].x - halves[0].x - halves[0].width, 6);
+            mark.working = true;
+            tryVerify(() => mark.open > 0);
+        }
+
+        function test_pressingScalesALittle() {
+            mousePress(pill);
+            tryVerify(() => pill.scale < 1);
+            verify(pill.scale > 0.9);
+            mouseRelease(pill);
+            tryCompare(pill, "scale", 1);
+            big.busy = true;
+            mousePress(big);
+            wait(30);
+            compare(big.scale, 1);
+            mouseRelease(big);
+        }
+
+        function test_helpOfEveryControlIsItsDescription() {
+            pill.help = "Whoever has the link sees it";
+            compare(probe.accessibleDescription(pill), "Whoever has the link sees it");
+            compare(probe.accessibleDescription(bare), "");
+            pill.help = "";
+        }
+
+        function test_aHalfRoundIsHalfADisc() {
+            for (const half of [left, right]) {
+                const image = grabImage(half);
+                const inner = half.mirrored ? 1 : half.width - 2;
+                const outer = half.width - 1 - inner;
+                verify(Qt.colorEqual(image.pixel(inner, 20), half.color), "flat side");
+                verify(!Qt.colorEqual(image.pixel(outer, 2), half.color), "round side, top");
+                verify(!Qt.colorEqual(image.pixel(outer, 37), half.color), "round side, foot");
+            }
+        }
+
+        function test_aDottedLineHasGaps() {
+            const image = grabImage(dots);
+            const seen = new Set();
+            for (let x = 0; x < dots.width; ++x)
+                seen.add(Qt.colorEqual(image.pixel(x, 0), image.pixel(3, 0)));
+            compare(seen.size, 2);
         }
 
         function test_helpAppearsAfterARestAndGoes() {

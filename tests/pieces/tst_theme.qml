@@ -85,6 +85,29 @@ Item {
             fuzzyCompare(Theme.tint[row.tag].a, row.darkAlpha, 0.003);
         }
 
+        function test_namedColours_data() {
+            return [
+                { tag: "accent", light: "#e4572e", dark: "#f06a3f" },
+                { tag: "success", light: "#2e8b57", dark: "#45b97a" },
+                { tag: "danger", light: "#c8341c", dark: "#ff6a4f" },
+                { tag: "warning", light: "#c77a00", dark: "#e9a23b" },
+                { tag: "text", light: "#1d1917", dark: "#ffffff" },
+                { tag: "ink", light: "#0f0b0a", dark: "#f3f1ec" },
+                { tag: "muted", light: "#453d39", dark: "#cfc6bd" },
+                { tag: "window", light: "#f3f6f7", dark: "#12100f" },
+                { tag: "column", light: "#ebeeef", dark: "#171412" },
+                { tag: "card", light: "#f4f5f2", dark: "#26211e" },
+                { tag: "well", light: "#ecede1", dark: "#2a2621" },
+                { tag: "line", light: "#e0e1e1", dark: "#332d29" }
+            ];
+        }
+
+        function test_namedColours(row) {
+            compare(Theme[row.tag], row.light);
+            Theme.appearance = "dark";
+            compare(Theme[row.tag], row.dark);
+        }
+
         function test_reducedMotion() {
             compare(Theme.hover, 120);
             compare(Theme.standard, 320);
