@@ -7,16 +7,11 @@
 #include <future>
 
 #include "clock.hpp"
+#include "records/sample.hpp"
 #include "service.hpp"
 
 namespace vellix::demo {
 namespace {
-
-struct Sample {
-  BoardState board;
-  std::map<std::string, FileDetail> details;
-};
-BOOST_DESCRIBE_STRUCT(Sample, (), (board, details))
 
 bool writeFile(const QDir& folder, const std::string& name, const std::string& bytes) {
   QSaveFile file(folder.filePath(QString::fromStdString(name)));

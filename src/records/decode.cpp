@@ -6,6 +6,7 @@
 #include <bit>
 
 #include "records/json.hpp"
+#include "records/sample.hpp"
 
 namespace vellix {
 namespace {
@@ -231,6 +232,7 @@ template std::expected<BoardState, DecodeFailure> decode(std::string_view);
 template std::expected<FileItem, DecodeFailure> decode(std::string_view);
 template std::expected<Job, DecodeFailure> decode(std::string_view);
 template std::expected<FileDetail, DecodeFailure> decode(std::string_view);
+template std::expected<Sample, DecodeFailure> decode(std::string_view);
 template std::expected<Stats, DecodeFailure> decode(std::string_view);
 template std::expected<VersionInfo, DecodeFailure> decode(std::string_view);
 template std::expected<SignInAnswer, DecodeFailure> decode(std::string_view);

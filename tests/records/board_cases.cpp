@@ -1,4 +1,5 @@
 #include "records/record_cases.hpp"
+#include "records/sample.hpp"
 
 namespace vellix::test {
 namespace {
@@ -93,6 +94,12 @@ std::vector<RecordCase> boardCases() {
         {"page", optional, "3"},
         {"text", optional, R"("Bo tagged you")"}},
        recode<BoardState>},
+      {"Sample",
+       "",
+       "@@",
+       {{"board", required, boardWith("files", R"([{"id":"f1","status":"new"}])")},
+        {"details", required, "{}"}},
+       recode<Sample>},
   };
 }
 
