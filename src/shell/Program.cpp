@@ -1,10 +1,23 @@
 #include "shell/Program.hpp"
 
-namespace vellix {
+#include "bridge/value.hpp"
+#include "pieces/Symbol.hpp"
+#include "pieces/Theme.hpp"
+#include "shell/mark_lab.hpp"
 
-Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens)
-    : loop_(loop),
-      api_(http_, tokens, defaults),
+namespace vellix {
+namespace {
+
+QUrl urlOf(const char* view) {
+  return QUrl{QStringLiteral("qrc:/qt/qml/Vellix/Shell/%1.qml").arg(QLatin1String(view))};
+}
+
+}  // namespace
+
+Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arguments arguments)
+    : arguments_(std::move(arguments)),
+      loop_(loop),
+      api_(shotPath(arguments_) ? static_cast<Http&>(closed_) : http_, tokens, defaults),
       signIn_(api_, defaults, machine_),
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
@@ -15,16 +28,43 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens)
       root_(store_, loop_) {}
 
 bool Program::show() {
+  if (stage_.on()) {
+    stage_.setUp();
+    root_.forceAppearance(stage_.appearance());
+  }
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-  engine_.setInitialProperties({
+  const std::string panel = panelAlone(arguments_);
+  engine_.setInitialProperties(panel.empty() ? parts() : panelOf(panel));
+  engine_.load(urlOf(panel.empty() ? "Main" : "PanelWindow"));
+  if (engine_.rootObjects().isEmpty()) return false;
+  if (stage_.on()) stage_.present();
+  return true;
+}
+
+QVariantMap Program::parts() {
+  return {
       {"root", QVariant::fromValue(&root_)},
       {"board", QVariant::fromValue(&board_)},
       {"compare", QVariant::fromValue(&compare_)},
       {"inspector", QVariant::fromValue(&inspector_)},
       {"pictures", QVariant::fromValue<PictureSource*>(&pictures_)},
-  });
-  engine_.load(QUrl{QStringLiteral("qrc:/qt/qml/Vellix/Shell/Main.qml")});
-  return !engine_.rootObjects().isEmpty();
+  };
+}
+
+QVariantMap Program::panelOf(const std::string& panel) {
+  return {
+      {"root", QVariant::fromValue(&root_)},
+      {"panel", QString::fromStdString(panel)},
+      {"lab", toQml(markLab())},
+      {"symbols", Symbol::names()},
+  };
+}
+
+void Program::follow(const PortalLook& look) {
+  auto* theme = engine_.singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"));
+  const auto take = [theme, &look] { theme->followSystem(look.look()); };
+  QObject::connect(&look, &PortalLook::changed, theme, take);
+  take();
 }
 
 }  // namespace vellix

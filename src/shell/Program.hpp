@@ -8,6 +8,7 @@
 #include "compare/CompareModel.hpp"
 #include "compare/Pictures.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
 #include "platform/qt/QtDefaults.hpp"
 #include "platform/qt/QtHttp.hpp"
@@ -17,24 +18,34 @@
 #include "platform/qt/QtPictureFiles.hpp"
 #include "platform/qt/QtWindows.hpp"
 #include "shell/RootModel.hpp"
+#include "shell/Stage.hpp"
+#include "shell/closed_http.hpp"
 
 namespace vellix {
 
 // Main thread; lives from the first picture to the end of the process.
 class Program {
  public:
-  Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens);
+  Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arguments arguments = {});
 
   // False when the window could not be made.
   bool show();
+  // From now on the theme goes with the desktop's look, which must outlive the program.
+  void follow(const PortalLook& look);
+  bool staged() const { return stage_.on(); }
   Store& store() { return store_; }
 
  private:
+  QVariantMap parts();
+  QVariantMap panelOf(const std::string& panel);
+
+  const Arguments arguments_;
   QtMainLoop& loop_;
   QtCalendar calendar_;
   QtWindows windows_;
   QtMachine machine_;
   QtHttp http_;
+  ClosedHttp closed_{loop_};
   API api_;
   SignIn signIn_;
   PixelCache pixels_;
@@ -43,6 +54,7 @@ class Program {
   Images images_;
   Prefs prefs_;
   Store store_;
+  Stage stage_{arguments_, store_, images_, decoder_, loop_};
   Pictures pictures_{images_, pixels_};
   BoardModel board_;
   CompareModel compare_;

@@ -39,7 +39,15 @@ void RootModel::updateToast() {
 
 void RootModel::undo() { undoToast(store_); }
 
-QString RootModel::appearance() const { return QString::fromStdString(store_.prefs.appearance()); }
+QString RootModel::appearance() const {
+  if (!forcedAppearance_.isEmpty()) return forcedAppearance_;
+  return QString::fromStdString(store_.prefs.appearance());
+}
+
+void RootModel::forceAppearance(const QString& appearance) {
+  forcedAppearance_ = appearance;
+  emit appearanceChanged();
+}
 
 double RootModel::sidebarWidth(double windowWidth) { return vellix::sidebarWidth(windowWidth); }
 

@@ -26,6 +26,8 @@ class RootModel : public QObject {
   QVariantMap view() const { return view_; }
   QVariantMap toast() const { return toast_; }
   QString appearance() const;
+  // Shows this one whatever the preferences say.
+  void forceAppearance(const QString& appearance);
 
   Q_INVOKABLE void start();  // the first view is up
   Q_INVOKABLE void undo();
@@ -44,6 +46,7 @@ class RootModel : public QObject {
   ToastTimer timer_;
   QVariantMap view_;
   QVariantMap toast_;
+  QString forcedAppearance_;
   Changes::Subscription onChange_;
   Changes::Subscription onToast_;
   Changes::Subscription onPrefs_;

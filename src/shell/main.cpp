@@ -4,10 +4,12 @@
 #endif
 
 #include <QGuiApplication>
+#include <QQuickWindow>
 #include <QTimer>
 #include <optional>
 
 #include "gateway/late_token_store.hpp"
+#include "platform/linux/PortalLook.hpp"
 #include "platform/linux/TokenStores.hpp"
 #include "shell/Program.hpp"
 
@@ -25,6 +27,12 @@ void giveFreedPicturesBack() {
 #ifdef __GLIBC__
   ::mallopt(M_MMAP_THRESHOLD, 1 << 20);
 #endif
+}
+
+Arguments plain(const QStringList& arguments) {
+  Arguments plain;
+  for (const QString& argument : arguments) plain.push_back(argument.toStdString());
+  return plain;
 }
 
 // The first argument that is not a flag: a URL that the program was started to open.
@@ -52,11 +60,13 @@ class Run {
   Task<> start() {
     const auto known = tokens_.primedWithin(kTokenPatience);
     co_await known;
-    program_.emplace(loop_, defaults_, tokens_);
+    program_.emplace(loop_, defaults_, tokens_, plain(application_.arguments()));
     if (!program_->show()) {
       application_.exit(1);
       co_return;
     }
+    program_->follow(look_);
+    if (program_->staged()) co_return;
     if (const auto url = urlArgument(application_.arguments())) program_->store().open(*url);
     const auto primed = tokens_.primed();
     co_await primed;
@@ -73,6 +83,7 @@ class Run {
   }
 
   QGuiApplication& application_;
+  PortalLook look_;  // asked ahead of the first picture
   QtMainLoop loop_;
   QtDefaults defaults_;
   LateTokenStore tokens_{openTokenStore(configFolder()), loop_};
@@ -91,5 +102,9 @@ int main(int argc, char* argv[]) {
   application.setApplicationDisplayName("Vellix");
   application.setDesktopFileName("vellix");
   application.setApplicationVersion(QString::fromStdString(vellix::API::shortVersion()));
+  // Without a display there is nothing but memory to draw into.
+  if (QGuiApplication::platformName() == "offscreen") {
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  }
   return vellix::Run{application}.exec();
 }

@@ -2,6 +2,8 @@
 #include <QDir>
 #include <QQmlComponent>
 
+#include "pieces/Symbol.hpp"
+#include "shell/mark_lab.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -25,6 +27,7 @@ class EveryView : public ViewTest {
                              {"due", due},        {"count", count},
                              {"spoken", "PO 7"},  {"selected", true}};
     const QVariantMap pill{{"text", "New"}, {"icon", ""}, {"tone", "gray"}, {"dashed", true}};
+    const QVariantMap lab{{"lab", toQml(markLab())}, {"symbols", Symbol::names()}};
     own_ = {
         {"Board/DueChip", {{"due", due}}},
         {"Board/FileCount", {{"count", count}}},
@@ -82,6 +85,11 @@ class EveryView : public ViewTest {
         {"Inspector/OtherPageRow", {{"name", "Page 3"}, {"count", "1 to look at"}}},
         {"Inspector/StateButton",
          {{"title", "Fine"}, {"icon", "checkmark"}, {"on", true}, {"color", "#2e8b57"}}},
+        {"Shell/LabButtons", {}},
+        {"Shell/LabMarks", lab},
+        {"Shell/LabPills", {{"lab", lab["lab"]}}},
+        {"Shell/LabSection", {{"title", "Marks"}}},
+        {"Shell/MarkLab", lab},
         {"Shell/OfflineBanner", {{"open", true}, {"problem", "This Mac is offline."}}},
         {"Shell/PlainView", {{"loading", true}, {"headline", ""}, {"line", "Loading the board…"}}},
         {"Shell/RootView", models()},
@@ -104,7 +112,8 @@ class EveryView : public ViewTest {
     ASSERT_FALSE(views.isEmpty());
     for (const QString& view : views) {
       SCOPED_TRACE(view.toStdString());
-      if (view == "Shell/Main") continue;  // a window of its own, loaded below
+      // Windows of their own, loaded below.
+      if (view == "Shell/Main" || view == "Shell/PanelWindow") continue;
       ASSERT_TRUE(own_.contains(view)) << "a view that no test gives its properties";
       for (const QSize size : kSizes) show(view, own_.value(view), size);
     }
@@ -136,6 +145,21 @@ TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {
 TEST_F(EveryView, StandsInTheMainWindowInTheDark) {
   store().prefs.appearance.set("dark");
   showMain(kSizes.back());
+}
+
+TEST_F(EveryView, StandsAloneAsAPanel) {
+  for (const QSize size : kSizes) {
+    showWindow("Shell/PanelWindow",
+               {{"root", models()["root"]},
+                {"panel", "lab"},
+                {"lab", toQml(markLab())},
+                {"symbols", Symbol::names()}},
+               size);
+    EXPECT_EQ(window()->title(), "Vellix");
+    EXPECT_EQ(window()->minimumSize(), kSizes.front());
+    EXPECT_TRUE(reader().find("Ready in about 40 sec", QAccessible::StaticText));
+    EXPECT_TRUE(reader().find("wifi.exclamationmark", QAccessible::Graphic));
+  }
 }
 
 }  // namespace

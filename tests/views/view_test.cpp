@@ -102,9 +102,10 @@ void ViewTest::show(const QString& view, const QVariantMap& properties, QSize si
   settle();
 }
 
-void ViewTest::showMain(QSize size) {
-  engine_->setInitialProperties(models());
-  engine_->load(urlOf("Shell/Main"));
+void ViewTest::showWindow(const QString& view, const QVariantMap& properties, QSize size) {
+  qDeleteAll(engine_->rootObjects());
+  engine_->setInitialProperties(properties);
+  engine_->load(urlOf(view));
   ASSERT_EQ(engine_->rootObjects().size(), 1);
   window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().constFirst());
   ASSERT_TRUE(window_);

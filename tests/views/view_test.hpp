@@ -28,8 +28,9 @@ class ViewTest : public StoreTest {
   QVariantMap models();
   // Loads one view, "Board/FileList" say, into a window of its own and shows it.
   void show(const QString& view, const QVariantMap& properties, QSize size);
-  // Loads the main window.
-  void showMain(QSize size);
+  // Loads the main window, or another that is one by itself.
+  void showMain(QSize size) { showWindow("Shell/Main", models(), size); }
+  void showWindow(const QString& view, const QVariantMap& properties, QSize size);
   QQuickWindow* window() { return window_; }
   QQmlEngine* engine() { return engine_.get(); }
   ScreenReader reader() { return ScreenReader{window_}; }

@@ -1,0 +1,45 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Pieces
+import Vellix.Shell
+
+// One panel alone in the main window's place.
+Window {
+    id: window
+
+    required property RootModel root
+    required property string panel
+    required property var lab
+    required property var symbols
+
+    readonly property var panels: ({ lab: lab })
+
+    title: "Vellix"
+    width: 1500
+    height: 940
+    minimumWidth: 760
+    minimumHeight: 540
+    visible: true
+    color: Theme.window
+
+    Binding {
+        target: Theme
+        property: "appearance"
+        value: window.root.appearance
+    }
+
+    Loader {
+        anchors.fill: parent
+        sourceComponent: window.panels[window.panel]
+    }
+
+    Component {
+        id: lab
+
+        MarkLab {
+            lab: window.lab
+            symbols: window.symbols
+        }
+    }
+}
