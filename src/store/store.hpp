@@ -64,6 +64,7 @@ class Store {
     kRefreshing = 1 << 15,
     kQueue = 1 << 16,  // queue and mineOnly
   };
+  static constexpr Changes::Fields kAny = ~Changes::Fields{0};
   Changes changes;
 
   Published<bool> signedIn;
@@ -137,6 +138,9 @@ class Store {
   using Work = std::function<Task<API::Result<Done>>()>;
   void action(std::string key, std::optional<std::string> ok, Work work);
   void setFindingState(Finding finding, std::string state);
+  void requestSync();
+  void requestReport(std::vector<std::string> fileIDs);
+  void stopJob(const Job& job);
 
  private:
   Task<> runLoop(std::stop_token stop);
@@ -148,6 +152,14 @@ class Store {
   void focusNextOpen(const Finding& decided);
   void decideLocally(const Finding& finding, const std::string& state);
   Task<> reloadCurrentDetail();
+  // Posts; what the service says to it does not matter.
+  template <class Body>
+  Task<API::Result<Done>> tell(std::string path, Body body) {
+    auto call = api_.post(std::move(path), std::move(body));
+    const auto answer = co_await std::move(call);
+    if (!answer) co_return std::unexpected(answer.error());
+    co_return Done{};
+  }
   void setBusy(const std::string& key, bool on);
   void spawn(Task<> task);  // begins in a later turn
 

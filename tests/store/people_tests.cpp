@@ -1,0 +1,38 @@
+// Who is here.
+#include "store/people.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vellix {
+namespace {
+
+struct Presence {
+  const char* name;
+  std::optional<double> ago;  // milliseconds since the person was seen
+  bool here;
+};
+
+class Presences : public testing::TestWithParam<Presence> {};
+
+TEST_P(Presences, LastTwelveMinutes) {
+  constexpr double now = 1'700'000'000'000;
+  Person person{.email = "a@b.c", .name = "A"};
+  if (GetParam().ago) person.last_seen = now - *GetParam().ago;
+  EXPECT_EQ(isHere(person, momentOf(now)), GetParam().here);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Presences,
+                         testing::Values(Presence{"Now", 0.0, true},
+                                         Presence{"JustWithin", 719'999.0, true},
+                                         Presence{"TwelveMinutesAgo", 720'000.0, false},
+                                         Presence{"LongAgo", 86'400'000.0, false},
+                                         Presence{"AClockAhead", -5'000.0, true},
+                                         Presence{"NeverSeen", std::nullopt, false}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(Presence, IsNotTakenFromTheBeginningOfTime) {
+  EXPECT_FALSE(isHere({.email = "a@b.c", .name = "A"}, momentOf(720'000)));
+}
+
+}  // namespace
+}  // namespace vellix
