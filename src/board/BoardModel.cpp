@@ -20,8 +20,10 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
           Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn,
           [this] { update(); })),
       onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })),
+      onAny_(store.changes.observe(Store::kAny, [this] { updateColumn(); })) {
   update();
+  updateColumn();
 }
 
 void BoardModel::update() {
@@ -37,6 +39,15 @@ void BoardModel::pollEnded() {
   if (minute_.over(clock_.now())) update();
 }
 
+// Whether the board is fresh and who is here is asked anew at every change: the steady polling is
+// the only clock.
+void BoardModel::updateColumn() {
+  const Moment now = clock_.now();
+  if (replaced(liveDot_, vellix::liveDot(store_, now, calendar_))) emit liveDotChanged();
+  if (replaced(syncCard_, vellix::syncCard(store_))) emit syncCardChanged();
+  people_.setRows(peopleBar(store_, now));
+}
+
 void BoardModel::select(const QString& id, bool command) {
   selectTicket(store_, id.toStdString(), command);
 }
@@ -50,5 +61,11 @@ void BoardModel::toggleReviewed() {
   defaults_.setFlag(kShowReviewed, showReviewed_);
   update();
 }
+
+void BoardModel::refresh() { store_.requestRefresh(); }
+
+void BoardModel::requestSync() { store_.requestSync(); }
+
+void BoardModel::stopSync() { vellix::stopSync(store_); }
 
 }  // namespace vellix

@@ -1,10 +1,13 @@
-// The ticket list for its view. Main thread only.
+// The column of tickets for its views. Main thread only.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
 #include "board/file_list.hpp"
+#include "board/live_dot.hpp"
+#include "board/people_bar.hpp"
+#include "board/sync_card.hpp"
 #include "bridge/RowsModel.hpp"
 #include "store/minute.hpp"
 
@@ -16,6 +19,9 @@ class BoardModel : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
   Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+  Q_PROPERTY(QVariantMap liveDot READ liveDot NOTIFY liveDotChanged)
+  Q_PROPERTY(QVariantMap syncCard READ syncCard NOTIFY syncCardChanged)
+  Q_PROPERTY(QAbstractItemModel* people READ people CONSTANT)
 
  public:
   // What is passed must outlive the model.
@@ -23,19 +29,28 @@ class BoardModel : public QObject {
 
   QVariantMap head() const { return head_; }
   QAbstractItemModel* rows() { return &rows_; }
+  QVariantMap liveDot() const { return liveDot_; }
+  QVariantMap syncCard() const { return syncCard_; }
+  QAbstractItemModel* people() { return &people_; }
 
   // `command` tells whether the Command key was held.
   Q_INVOKABLE void select(const QString& id, bool command);
   Q_INVOKABLE void setMineOnly(bool on);
   Q_INVOKABLE void setQueue(const QString& value);
   Q_INVOKABLE void toggleReviewed();
+  Q_INVOKABLE void refresh();
+  Q_INVOKABLE void requestSync();
+  Q_INVOKABLE void stopSync();
 
  signals:
   void headChanged();
+  void liveDotChanged();
+  void syncCardChanged();
 
  private:
   void update();
   void pollEnded();
+  void updateColumn();
 
   Store& store_;
   Defaults& defaults_;
@@ -45,9 +60,13 @@ class BoardModel : public QObject {
   Minute minute_;  // of the last update: due dates are told to the minute
   QVariantMap head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
+  QVariantMap liveDot_;
+  QVariantMap syncCard_;
+  RowsModel<PersonView, &PersonView::email> people_;
   Changes::Subscription onChange_;
   Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
+  Changes::Subscription onAny_;
 };
 
 }  // namespace vellix

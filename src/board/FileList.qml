@@ -83,8 +83,26 @@ Item {
         bottomMargin: Theme.gap16
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        cacheBuffer: 400
+        // Rows are made as they come into view: what is made ahead is in the way when rows go.
+        cacheBuffer: 0
         model: list.board.rows
+        // The arrow keys belong to the commands. No row is the list's own current one.
+        keyNavigationEnabled: false
+        currentIndex: -1
+
+        function sortRows() {
+            order.sort(contentItem);
+        }
+
+        // Its neighbours come into view too, so that they are there to go to.
+        function reveal(index: int) {
+            for (const row of [index - 1, index + 1, index])
+                positionViewAtIndex(Math.max(0, Math.min(row, count - 1)), ListView.Contain);
+        }
+
+        TabOrder {
+            id: order
+        }
 
         Accessible.role: Accessible.List
         Accessible.name: "Tickets"
@@ -92,6 +110,7 @@ Item {
         delegate: Loader {
             id: line
 
+            required property int index
             required property bool header
             required property string title
             required property bool folds
@@ -101,6 +120,13 @@ Item {
 
             width: rows.width - rows.leftMargin - rows.rightMargin
             sourceComponent: header ? groupHeader : ticketRow
+
+            Component.onCompleted: Qt.callLater(rows.sortRows)
+            onIndexChanged: Qt.callLater(rows.sortRows)
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    rows.reveal(index);
+            }
 
             Component {
                 id: groupHeader

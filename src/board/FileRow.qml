@@ -109,12 +109,25 @@ Pressable {
         anchors.rightMargin: Theme.gap8
         y: 7
         width: 24
-        height: 18
+        height: parent.height - 2 * y
 
         FileCount {
             anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
             count: row.ticket.count
+        }
+
+        Loader {
+            anchors.right: parent.right
+            anchors.rightMargin: 1
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 3
+            active: row.ticket.assignee !== undefined
+
+            sourceComponent: Avatar {
+                who: row.ticket.assignee
+                pictures: row.pictures
+                size: 16
+            }
         }
     }
 }

@@ -2,7 +2,7 @@ import QtQuick
 import Vellix.Board
 import Vellix.Pieces
 
-// The left column: the brand, and the board of tickets.
+// The left column: the brand, the board of tickets, the sync and the people.
 Rectangle {
     id: sidebar
 
@@ -36,12 +36,49 @@ Rectangle {
         }
     }
 
+    LiveDot {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.gap12
+        anchors.verticalCenter: brand.verticalCenter
+        board: sidebar.board
+        room: sidebar.width - brand.x - brand.width - Theme.gap8 - anchors.rightMargin
+    }
+
     FileList {
         anchors.top: brand.bottom
         anchors.topMargin: Theme.gap8
         anchors.left: parent.left
         anchors.right: parent.right
+        anchors.bottom: rule.top
+        board: sidebar.board
+        pictures: sidebar.pictures
+    }
+
+    Hairline {
+        id: rule
+
+        anchors.bottom: sync.top
+        anchors.bottomMargin: Theme.gap12
+        width: parent.width
+    }
+
+    SyncCard {
+        id: sync
+
+        anchors.bottom: people.top
+        anchors.bottomMargin: Theme.gap12
+        x: Theme.gap12
+        width: parent.width - 2 * x
+        board: sidebar.board
+    }
+
+    PeopleBar {
+        id: people
+
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.gap12
+        x: Theme.gap12
+        width: parent.width - 2 * x
         board: sidebar.board
         pictures: sidebar.pictures
     }

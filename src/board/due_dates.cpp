@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <string_view>
+#include <utility>
 
 namespace vellix {
 namespace {
@@ -23,52 +23,58 @@ int daysAhead(Moment date, Moment now, const Calendar& calendar) {
   return calendar.dayOf(date) - calendar.dayOf(now);
 }
 
+struct Words {
+  std::string whole;
+  std::string shorter;
+  std::string tiny;
+};
+
+Words lateBy(const std::string& span) {
+  return {"Overdue " + span, "Late " + span, "Late " + span};
+}
+
+// All three at once: the calendar is slow to ask.
+Words wordsOf(Moment date, Moment now, const Calendar& calendar) {
+  const double ahead = secondsBetween(now, date);
+  if (ahead < 0) {
+    if (ahead > -kHour) return lateBy(minutes(-ahead) + " min");
+    if (ahead > -2 * kDay) return lateBy(whole(-ahead / kHour) + " hr");
+    return lateBy(whole(-ahead / kDay) + " days");
+  }
+  if (ahead < kHour) {
+    const std::string span = minutes(ahead) + " min";
+    return {"Due in " + span, "In " + span, "In " + span};
+  }
+  const std::string time = calendar.shortTime(date);
+  const int days = daysAhead(date, now, calendar);
+  if (days == 0) return {"Due today " + time, "Today " + time, time};
+  if (days == 1) return {"Due tomorrow " + time, "Tomorrow " + time, "Tomorrow"};
+  const std::string day = calendar.shortWeekday(date);
+  return {"Due " + day + " " + time, day + " " + time, day};
+}
+
 }  // namespace
 
 std::string dueText(Moment date, Moment now, const Calendar& calendar) {
-  const double ahead = secondsBetween(now, date);
-  if (ahead < 0) {
-    if (ahead > -kHour) return "Overdue " + minutes(-ahead) + " min";
-    if (ahead > -2 * kDay) return "Overdue " + whole(-ahead / kHour) + " hr";
-    return "Overdue " + whole(-ahead / kDay) + " days";
-  }
-  if (ahead < kHour) return "Due in " + minutes(ahead) + " min";
-  const std::string time = calendar.shortTime(date);
-  const int days = daysAhead(date, now, calendar);
-  if (days == 0) return "Due today " + time;
-  if (days == 1) return "Due tomorrow " + time;
-  return "Due " + calendar.shortWeekday(date) + " " + time;
+  return wordsOf(date, now, calendar).whole;
 }
 
 std::string dueTextShort(Moment date, Moment now, const Calendar& calendar) {
-  constexpr std::string_view overdue = "Overdue ";
-  constexpr std::string_view dueIn = "Due in ";
-  const std::string text = dueText(date, now, calendar);
-  if (text.starts_with(overdue)) return "Late " + text.substr(overdue.size());
-  if (text.starts_with(dueIn)) return "In " + text.substr(dueIn.size());
-  const std::string time = calendar.shortTime(date);
-  const int days = daysAhead(date, now, calendar);
-  if (days == 0) return "Today " + time;
-  if (days == 1) return "Tomorrow " + time;
-  return calendar.shortWeekday(date) + " " + time;
+  return wordsOf(date, now, calendar).shorter;
 }
 
 std::string dueTextTiny(Moment date, Moment now, const Calendar& calendar) {
-  std::string text = dueTextShort(date, now, calendar);
-  if (text.starts_with("Late ") || text.starts_with("In ")) return text;
-  const int days = daysAhead(date, now, calendar);
-  if (days == 0) return calendar.shortTime(date);
-  if (days == 1) return "Tomorrow";
-  return calendar.shortWeekday(date);
+  return wordsOf(date, now, calendar).tiny;
 }
 
 std::optional<DueChipView> dueChip(const FileItem& file, Moment now, const Calendar& calendar) {
   if (file.status == "reviewed" || !file.due) return std::nullopt;
   const Moment date = momentOf(*file.due);
+  Words words = wordsOf(date, now, calendar);
   DueChipView chip{
-      .text = dueText(date, now, calendar),
-      .shortText = dueTextShort(date, now, calendar),
-      .tinyText = dueTextTiny(date, now, calendar),
+      .text = std::move(words.whole),
+      .shortText = std::move(words.shorter),
+      .tinyText = std::move(words.tiny),
       .icon = "clock",
       .tone = "gray",
   };

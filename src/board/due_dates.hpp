@@ -1,4 +1,4 @@
-// A due date in words: the long form is the source of truth, the shorter ones are made from it.
+// A due date in words, long, short and tiny.
 #pragma once
 
 #include <optional>

@@ -1,21 +1,39 @@
 #include "board/file_row.hpp"
 
 #include <algorithm>
+#include <string_view>
 
 namespace vellix {
 namespace {
 
 std::string sublineOf(const FileItem& file) {
   std::string line;
-  const auto add = [&](const std::string& part) {
+  line.reserve(48);
+  const auto add = [&](std::string_view part) {
     if (part.empty()) return;
     if (!line.empty()) line += " · ";
     line += part;
   };
-  add(file.po.value_or(""));
-  add(file.supplier.value_or(""));
+  if (file.po) add(*file.po);
+  if (file.supplier) add(*file.supplier);
   if (file.page_count) add(std::to_string(*file.page_count) + " p");
   return line;
+}
+
+std::string spokenOf(const FileRowView& row) {
+  std::string spoken;
+  spoken.reserve(row.heading.size() + row.subline.size() + 64);
+  spoken = row.heading;
+  const auto add = [&](const std::string& part) {
+    if (part.empty()) return;
+    spoken += ", ";
+    spoken += part;
+  };
+  add(row.subline);
+  if (row.due) add(row.due->text);
+  add(row.count.help);
+  if (row.assignee) add(row.assignee->help);
+  return spoken;
 }
 
 // A round of approval takes the due date's place, until it comes back with changes.
@@ -47,7 +65,8 @@ FileCountView fileCount(const FileItem& file) {
           .help = "Nothing of ours was found to compare it with"};
 }
 
-FileRowView fileRow(const FileItem& file, bool selected, Moment now, const Calendar& calendar) {
+FileRowView fileRow(const FileItem& file, const Store& store, Moment now,
+                    const Calendar& calendar) {
   FileRowView row{
       .id = file.id,
       .heading = file.heading(),
@@ -55,12 +74,10 @@ FileRowView fileRow(const FileItem& file, bool selected, Moment now, const Calen
       .thumb = file.thumb.value_or(""),
       .due = showsDue(file) ? dueChip(file, now, calendar) : std::nullopt,
       .count = fileCount(file),
-      .selected = selected,
+      .selected = store.selection().contains(file.id),
   };
-  row.spoken = row.heading;
-  for (const auto& part : {row.subline, row.due ? row.due->text : std::string{}, row.count.help}) {
-    if (!part.empty()) row.spoken += ", " + part;
-  }
+  if (file.assignee) row.assignee = avatarOf(file.assignee, store);
+  row.spoken = spokenOf(row);
   return row;
 }
 

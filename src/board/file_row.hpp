@@ -5,6 +5,7 @@
 #include <string>
 
 #include "board/due_dates.hpp"
+#include "pieces/avatar.hpp"
 #include "records/records.hpp"
 #include "store/store.hpp"
 
@@ -27,13 +28,15 @@ struct FileRowView {
   std::string thumb;  // blob key; empty when there is none
   std::optional<DueChipView> due;
   FileCountView count;
+  std::optional<AvatarView> assignee;
   std::string spoken;  // the whole row for a screen reader
   bool selected = false;
   bool operator==(const FileRowView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FileRowView, (), (id, heading, subline, thumb, due, count, spoken, selected))
+BOOST_DESCRIBE_STRUCT(FileRowView, (),
+                      (id, heading, subline, thumb, due, count, assignee, spoken, selected))
 
 FileCountView fileCount(const FileItem& file);
-FileRowView fileRow(const FileItem& file, bool selected, Moment now, const Calendar& calendar);
+FileRowView fileRow(const FileItem& file, const Store& store, Moment now, const Calendar& calendar);
 
 }  // namespace vellix

@@ -49,7 +49,9 @@ class RowsModel : public QAbstractListModel {
       removeGone(next);
       place(next);
     }
-    for (std::size_t i = 0; i < next.size(); ++i) change(i, std::move(next[i]));
+    for (std::size_t i = 0; i < next.size(); ++i) {
+      if (rows_[i] != next[i]) change(i, std::move(next[i]));
+    }
   }
 
  private:
@@ -140,9 +142,8 @@ class RowsModel : public QAbstractListModel {
     cursor = to + 1;
   }
 
-  void change(std::size_t at, Row next) {
+  void change(std::size_t at, Row&& next) {
     Row& row = rows_[at];
-    if (row == next) return;
     QList<int> roles;
     int role = kFirstRole;
     forEachMember<Row>([&](auto member) {

@@ -1,44 +1,58 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Pieces
 
-// A person's letter in a circle of the person's colour. What is placed inside (a photo) fills the
-// circle and hides the letter.
+// A person's letter in a circle of the person's colour, and over it the photo once it is here.
+// `who` is an AvatarView.
 Item {
     id: avatar
 
-    required property string letter
-    property string email: ""
-    property color color: Theme.muted
+    required property var who
+    required property PictureSource pictures
     property real size: 20
     property bool ring: false
-    property string help: email
-    default property alias photo: cover.data
+
+    readonly property color ink: who.color === "" ? Theme.muted : who.color
 
     implicitWidth: size
     implicitHeight: size
 
     Accessible.role: Accessible.Graphic
-    Accessible.name: help
+    Accessible.name: who.help
 
     Rectangle {
         anchors.fill: parent
         radius: width / 2
-        color: Qt.alpha(avatar.color, 0.18)
+        color: Qt.alpha(avatar.ink, 0.18)
     }
 
     Label {
+        visible: !(photos.count > 0 && (photos.itemAt(0) as RemoteImage).ready)
         anchors.centerIn: parent
         size: avatar.size * 0.45
         weight: Font.DemiBold
-        color: avatar.color
-        text: avatar.letter
+        font.capitalization: Font.AllUppercase
+        color: avatar.ink
+        text: avatar.who.letter
         Accessible.ignored: true
     }
 
-    Item {
-        id: cover
+    // Another photo is another picture: the letter shows until that one is here.
+    Repeater {
+        id: photos
 
-        anchors.fill: parent
+        model: avatar.who.photo === "" ? [] : [avatar.who.photo]
+
+        RemoteImage {
+            required property string modelData
+
+            anchors.fill: parent
+            pictures: avatar.pictures
+            key: modelData
+            round: true
+            placeholder: "transparent"
+        }
     }
 
     Rectangle {
@@ -53,6 +67,6 @@ Item {
 
     ToolTipArea {
         anchors.fill: parent
-        text: avatar.help
+        text: avatar.who.help
     }
 }

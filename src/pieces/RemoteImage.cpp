@@ -1,5 +1,6 @@
 #include "pieces/RemoteImage.hpp"
 
+#include <QPainter>
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGRectangleNode>
@@ -73,6 +74,14 @@ void RemoteImage::setFill(bool fill) {
   emit fillChanged();
 }
 
+void RemoteImage::setRound(bool round) {
+  if (round_ == round) return;
+  round_ = round;
+  fresh_ = true;
+  update();
+  emit roundChanged();
+}
+
 void RemoteImage::setPlaceholder(const QColor& colour) {
   if (placeholder_ == colour) return;
   placeholder_ = colour;
@@ -92,18 +101,37 @@ void RemoteImage::componentComplete() {
 void RemoteImage::geometryChange(const QRectF& now, const QRectF& before) {
   QQuickItem::geometryChange(now, before);
   if (now.size() == before.size()) return;
+  if (round_) fresh_ = true;
   ask();
   update();
 }
 
 void RemoteImage::itemChange(ItemChange change, const ItemChangeData& data) {
   QQuickItem::itemChange(change, data);
-  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) ask();
+  if (change != ItemDevicePixelRatioHasChanged && change != ItemSceneChange) return;
+  if (round_) fresh_ = true;
+  ask();
 }
 
 QSize RemoteImage::shownPixels() const {
   const qreal ratio = window() ? window()->effectiveDevicePixelRatio() : 1;
   return {qCeil(width() * ratio), qCeil(height() * ratio)};
+}
+
+// On the processor, since neither a mask nor a shader is to be had of every renderer.
+QImage RemoteImage::cutRound() const {
+  QImage cut(shownPixels(), QImage::Format_ARGB32_Premultiplied);
+  cut.fill(Qt::transparent);
+  const QRectF whole(QPointF(), cut.size());
+  const Placing placing = place(image_.size(), whole, true);
+  QPainter painter(&cut);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::black);
+  painter.drawEllipse(whole);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.drawImage(placing.target, image_, placing.source);
+  return cut;
 }
 
 // Runs once before the next frame, however much has changed.
@@ -173,11 +201,12 @@ QSGNode* RemoteImage::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     fresh_ = true;
   }
   if (fresh_) {
-    root->picture->setTexture(
-        window()->createTextureFromImage(image_, QQuickWindow::TextureHasMipmaps));
+    root->picture->setTexture(window()->createTextureFromImage(round_ ? cutRound() : image_,
+                                                               QQuickWindow::TextureHasMipmaps));
     fresh_ = false;
   }
-  const Placing placing = place(image_.size(), boundingRect(), fill_);
+  const Placing placing = round_ ? Placing{QRectF(QPointF(), shownPixels()), boundingRect()}
+                                 : place(image_.size(), boundingRect(), fill_);
   root->picture->setSourceRect(placing.source);
   root->picture->setRect(placing.target);
   // The software renderer looks at the texture the moment a node joins the scene.

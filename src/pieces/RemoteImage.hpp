@@ -18,6 +18,8 @@ class RemoteImage : public QQuickItem {
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
   Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)   // empty for none
   Q_PROPERTY(bool fill READ fill WRITE setFill NOTIFY fillChanged)  // fills and crops, or fits
+  // The picture fills the ellipse that fits in; the ground stays as it is.
+  Q_PROPERTY(bool round READ round WRITE setRound NOTIFY roundChanged)
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
   Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
 
@@ -30,6 +32,8 @@ class RemoteImage : public QQuickItem {
   void setKey(const QString& key);
   bool fill() const { return fill_; }
   void setFill(bool fill);
+  bool round() const { return round_; }
+  void setRound(bool round);
   QColor placeholder() const { return placeholder_; }
   void setPlaceholder(const QColor& colour);
   bool ready() const { return !image_.isNull(); }
@@ -38,6 +42,7 @@ class RemoteImage : public QQuickItem {
   void picturesChanged();
   void keyChanged();
   void fillChanged();
+  void roundChanged();
   void placeholderChanged();
   void readyChanged();
 
@@ -53,10 +58,12 @@ class RemoteImage : public QQuickItem {
   void answer(QImage image);
   void show(QImage image);
   QSize shownPixels() const;
+  QImage cutRound() const;
 
   QPointer<PictureSource> pictures_;
   QString key_;
   bool fill_ = false;
+  bool round_ = false;
   QColor placeholder_;
   QImage image_;
   bool fresh_ = false;    // image_ is not in the texture yet

@@ -106,6 +106,8 @@ Rectangle {
                 Accessible.checkable: true
                 Accessible.checked: current
                 Accessible.selected: current
+                // What a radio button offers first.
+                Accessible.onToggleAction: cell.click()
 
                 onClicked: segments.picked(modelData.key)
                 Keys.onLeftPressed: segments.step(index, -1)

@@ -38,7 +38,14 @@ double Page::aspect() const {
 }
 
 std::string FileItem::heading() const {
-  if (filled(title) && filled(component)) return *title + " " + *component;
+  if (filled(title) && filled(component)) {
+    std::string both;
+    both.reserve(title->size() + 1 + component->size());
+    both += *title;
+    both += ' ';
+    both += *component;
+    return both;
+  }
   if (filled(title)) return *title;
   if (filled(component)) return *component;
   return filename.value_or("Untitled file");

@@ -32,8 +32,17 @@ Column {
         DashedRing { color: Theme.fore["blue"]; spinning: true }
         CountBadge { text: "7" }
         CountBadge { text: "12"; filled: true; colour: Theme.fore["red"] }
-        Avatar { letter: "R"; email: "Renny"; color: Theme.fore["blue"]; size: 24 }
-        Avatar { letter: "J"; email: "Jorvas"; color: Theme.fore["orange"]; size: 24; ring: true }
+        Avatar {
+            who: ({ letter: "R", color: "#7442e8", photo: "", help: "Renny" })
+            pictures: null
+            size: 24
+        }
+        Avatar {
+            who: ({ letter: "J", color: "#1a84f0", photo: "", help: "Jorvas" })
+            pictures: null
+            size: 24
+            ring: true
+        }
         DottedLine { width: marks.width - 2 * Theme.gap16; color: Theme.muted }
         Hairline { width: marks.width - 2 * Theme.gap16 }
     }

@@ -18,7 +18,16 @@ struct Subline {
   const char* line;
 };
 
-class Sublines : public testing::TestWithParam<Subline> {};
+class FileRow : public testing::Test {
+ protected:
+  Desk desk;
+
+  FileRowView rowOf(const FileItem& file, Moment now = momentOf(0)) {
+    return fileRow(file, desk.store(), now, desk.calendar);
+  }
+};
+
+class Sublines : public FileRow, public testing::WithParamInterface<Subline> {};
 
 TEST_P(Sublines, JoinWhatIsThere) {
   const auto& each = GetParam();
@@ -26,8 +35,7 @@ TEST_P(Sublines, JoinWhatIsThere) {
   file.po = each.po;
   file.supplier = each.supplier;
   file.page_count = each.pages;
-  const FakeCalendar calendar;
-  EXPECT_EQ(fileRow(file, false, momentOf(0), calendar).subline, each.line);
+  EXPECT_EQ(rowOf(file).subline, each.line);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -107,66 +115,74 @@ INSTANTIATE_TEST_SUITE_P(
         Count{"FewerThanNoneOpen", "new", tally(-1, -1), matched({5}), kUnknown}),
     [](const auto& each) { return each.param.name; });
 
-TEST(FileRow, TakesHeadingThumbAndSelectionFromItsTicket) {
-  const FakeCalendar calendar;
+TEST_F(FileRow, TakesHeadingThumbAndSelectionFromItsTicket) {
   FileItem file = ticketOf("t1");
   file.title = "The Lighthouse";
   file.component = "Cover";
   file.thumb = "blob-1";
-  const auto row = fileRow(file, true, momentOf(0), calendar);
+  EXPECT_FALSE(rowOf(file).selected);
+  desk.store().selection.set({"t1", "t2"});
+  const auto row = rowOf(file);
   EXPECT_EQ(row.id, "t1");
   EXPECT_EQ(row.heading, "The Lighthouse Cover");
   EXPECT_EQ(row.thumb, "blob-1");
   EXPECT_TRUE(row.selected);
-  EXPECT_FALSE(fileRow(file, false, momentOf(0), calendar).selected);
 }
 
-TEST(FileRow, HasAnEmptyThumbAndNoChipWhenItsTicketHasNone) {
-  const FakeCalendar calendar;
-  const auto row = fileRow(ticketOf("t1"), false, momentOf(0), calendar);
+TEST_F(FileRow, HasAnEmptyThumbAndNoChipWhenItsTicketHasNone) {
+  const auto row = rowOf(ticketOf("t1"));
   EXPECT_EQ(row.thumb, "");
   EXPECT_FALSE(row.due);
 }
 
-TEST(FileRow, ShowsTheDueChipOfItsTicket) {
-  const FakeCalendar calendar;
+TEST_F(FileRow, ShowsTheDueChipOfItsTicket) {
   FileItem file = ticketOf("t1");
   file.due = 0;
-  const auto row = fileRow(file, false, momentOf(60'000), calendar);
+  const auto row = rowOf(file, momentOf(60'000));
   ASSERT_TRUE(row.due);
-  EXPECT_EQ(*row.due, dueChip(file, momentOf(60'000), calendar));
+  EXPECT_EQ(*row.due, dueChip(file, momentOf(60'000), desk.calendar));
 }
 
-TEST(FileRow, KeepsTheDueChipWhenChangesAreAskedFor) {
-  const FakeCalendar calendar;
+TEST_F(FileRow, KeepsTheDueChipWhenChangesAreAskedFor) {
   FileItem file = ticketOf("t1");
   file.due = 0;
   file.approval = "changes";
-  EXPECT_TRUE(fileRow(file, false, momentOf(0), calendar).due);
+  EXPECT_TRUE(rowOf(file).due);
 }
 
-TEST(FileRow, LeavesTheDueChipsPlaceToAnyOtherApproval) {
-  const FakeCalendar calendar;
+TEST_F(FileRow, LeavesTheDueChipsPlaceToAnyOtherApproval) {
   FileItem file = ticketOf("t1");
   file.due = 0;
   for (const char* approval : {"pending", "approved", "sent", ""}) {
     file.approval = approval;
-    EXPECT_FALSE(fileRow(file, false, momentOf(0), calendar).due) << approval;
+    EXPECT_FALSE(rowOf(file).due) << approval;
   }
 }
 
-TEST(FileRow, IsSpokenWholeAndSkipsWhatIsEmpty) {
-  const FakeCalendar calendar;
+TEST_F(FileRow, ShowsWhoReviews) {
+  desk.store().board.set(boardOf({}));
+  FileItem file = ticketOf("t1");
+  EXPECT_FALSE(rowOf(file).assignee);
+  file.assignee = "renny@tessarine.example";
+  ASSERT_TRUE(rowOf(file).assignee);
+  EXPECT_EQ(rowOf(file).assignee->help, "Renny Vale");
+  file.assignee = "quinn@tessarine.example";
+  EXPECT_EQ(rowOf(file).assignee->letter, "q");
+}
+
+TEST_F(FileRow, IsSpokenWholeAndSkipsWhatIsEmpty) {
   FileItem file = ticketOf("t1");
   file.title = "The Lighthouse";
   file.po = "PO 7";
   file.due = 0;
   file.tally = tally(2, 0);
-  EXPECT_EQ(fileRow(file, false, momentOf(60'000), calendar).spoken,
-            "The Lighthouse, PO 7, Overdue 1 min, 2 to look at");
+  file.assignee = "renny@tessarine.example";
+  desk.store().board.set(boardOf({}));
+  EXPECT_EQ(rowOf(file, momentOf(60'000)).spoken,
+            "The Lighthouse, PO 7, Overdue 1 min, 2 to look at, Renny Vale");
   FileItem bare = ticketOf("t2", "reviewed");
   bare.title = "Harbour Bread";
-  EXPECT_EQ(fileRow(bare, false, momentOf(0), calendar).spoken, "Harbour Bread");
+  EXPECT_EQ(rowOf(bare).spoken, "Harbour Bread");
 }
 
 }  // namespace

@@ -388,5 +388,29 @@ TEST_F(RemoteImageTest, DoesNotHoldThePicturesThatItShowedBefore) {
   EXPECT_EQ(freed, 19);
 }
 
+TEST_F(RemoteImageTest, CutsARoundPictureFromTheMiddle) {
+  item->setRound(true);
+  item->setPlaceholder(Qt::transparent);
+  ask("thirds");
+  EXPECT_EQ(seen(), kBehind);
+  source.answer(0, thirds(Qt::Horizontal));
+  EXPECT_EQ(seen(), kGreen);
+  EXPECT_EQ(seen({50, 3}), kGreen) << "it fills the circle, cropped";
+  EXPECT_EQ(seen({3, 50}), kGreen);
+  for (const QPoint corner : {QPoint(5, 5), QPoint(94, 5), QPoint(5, 94), QPoint(94, 94)})
+    EXPECT_EQ(seen(corner), kBehind);
+}
+
+TEST_F(RemoteImageTest, CutsAnewForAnotherSize) {
+  item->setRound(true);
+  showRed();
+  item->setSize({50, 50});
+  EXPECT_EQ(seen({25, 25}), kRed);
+  EXPECT_EQ(seen({3, 3}), kBehind);
+  EXPECT_EQ(seen({60, 25}), kBehind);
+  item->setRound(false);
+  EXPECT_EQ(seen({3, 3}), kRed);
+}
+
 }  // namespace
 }  // namespace vellix

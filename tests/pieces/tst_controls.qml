@@ -29,7 +29,13 @@ Item {
         }
         Slider { id: slider; label: "Zoom"; from: 1; to: 4; level: 2; width: 200 }
         ToastView { id: toast; text: "Marked a real issue."; undoLabel: "Undo" }
-        Avatar { id: avatar; letter: "R"; email: "renny@tessarine.example"; ring: true }
+        Avatar {
+            id: avatar
+
+            who: ({ letter: "r", color: "#7442e8", photo: "", help: "Renny Vale" })
+            pictures: null
+            ring: true
+        }
         Card { id: card; title: "Open now"; Label { text: "All caught up." } }
         Digits { id: digits; text: "p12 · 1 of 88" }
         Spinner { id: spinner }
@@ -193,6 +199,8 @@ Item {
             compare(spy.signalArguments[1][0], "a");
             verify(probe.act(cells[0], "Press"));
             compare(spy.count, 3);
+            verify(probe.act(cells[1], "Toggle"));
+            compare(spy.count, 4);
         }
 
         function test_sliderAsks() {
@@ -338,7 +346,7 @@ Item {
         }
 
         function test_namesOfTheRest() {
-            compare(probe.accessibleName(avatar), "renny@tessarine.example");
+            compare(probe.accessibleName(avatar), "Renny Vale");
             compare(probe.accessibleName(card), "Open now");
             compare(hairline.implicitHeight, 1 / Screen.devicePixelRatio);
             verify(spinner.width === 14);

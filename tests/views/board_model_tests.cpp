@@ -162,5 +162,75 @@ TEST_F(BoardModels, AreEmptiedBySigningOut) {
   EXPECT_EQ(model().head()["emptyFirst"].toString(), "Nothing to review.");
 }
 
+TEST_F(BoardModels, TurnTheLiveDotByThePollAlone) {
+  EXPECT_EQ(model().liveDot()["text"].toString(), "Connecting");
+  const QSignalSpy dots{&model(), &BoardModel::liveDotChanged};
+  serveBoard(boardOf({}));
+  poll();
+  EXPECT_EQ(model().liveDot()["text"].toString(), "Up to date");
+  EXPECT_EQ(dots.count(), 1);
+  wait(90);
+  EXPECT_EQ(dots.count(), 1) << "no timer of its own";
+  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
+  poll();
+  EXPECT_EQ(model().liveDot()["text"].toString(), "Offline");
+  EXPECT_EQ(model().liveDot()["help"].toString(), kOfflineText);
+}
+
+TEST_F(BoardModels, AgeTheLiveDotAtAnyChange) {
+  serveBoard(boardOf({}));
+  model();
+  poll();
+  wait(120);
+  store().zoom.set(2);
+  desk.time.run();
+  EXPECT_EQ(model().liveDot()["text"].toString(), "Updated 2 min ago");
+}
+
+TEST_F(BoardModels, RefreshOnRequest) {
+  serveBoard(boardOf({}));
+  poll();
+  model().refresh();
+  EXPECT_TRUE(store().refreshing());
+  desk.time.run();
+  EXPECT_EQ(desk.toastText(), "Up to date.");
+  EXPECT_EQ(model().liveDot()["text"].toString(), "Up to date");
+}
+
+TEST_F(BoardModels, AskForASyncAndStopIt) {
+  BoardState board = boardOf({});
+  board.sync = jobOf("running", "sync");
+  routes.set("POST api/jobs", answerOf(200, "{}"));
+  routes.set("POST api/jobs/j/stop", answerOf(200, "{}"));
+  serveBoard(board);
+  const QSignalSpy cards{&model(), &BoardModel::syncCardChanged};
+  model().requestSync();
+  desk.time.run();
+  EXPECT_TRUE(model().syncCard()["working"].toBool());
+  EXPECT_EQ(model().syncCard()["text"].toString(), "Syncing");
+  EXPECT_GE(cards.count(), 2) << "busy first, then at work";
+  model().stopSync();
+  desk.time.run();
+  EXPECT_EQ(desk.toastText(), "Stopping.");
+}
+
+TEST_F(BoardModels, KeepAPersonsPlaceWhenPresenceChanges) {
+  BoardState board = boardOf({});
+  serveBoard(board, "\"b1\"");
+  model();
+  poll();
+  EXPECT_FALSE(fieldOf(model().people(), 1, "here").toBool());
+  Operations operations{model().people()};
+  board.users[1].last_seen = wireOf(desk.time.now());
+  serveBoard(board, "\"b2\"");
+  poll();
+  EXPECT_EQ(operations.take(), Lines{"change 1-1 here"});
+  EXPECT_TRUE(fieldOf(model().people(), 1, "here").toBool());
+  wait(720);
+  poll();
+  EXPECT_EQ(operations.take(), Lines{"change 1-1 here"}) << "gone, though no board came";
+  EXPECT_FALSE(fieldOf(model().people(), 1, "here").toBool());
+}
+
 }  // namespace
 }  // namespace vellix

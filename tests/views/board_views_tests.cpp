@@ -15,6 +15,7 @@ class BoardViews : public ViewTest {
     const auto all = models();
     show("Board/Sidebar", {{"board", all["board"]}, {"pictures", all["pictures"]}}, {284, 700});
   }
+  BoardModel& model() { return *models()["board"].value<BoardModel*>(); }
   QStringList tickets() { return reader().names(QAccessible::ListItem); }
   // Rows that go are seen to go.
   bool comesTo(const QStringList& expected) {
@@ -85,6 +86,74 @@ TEST_F(BoardViews, SayHowManyAreOverdue) {
 }
 
 TEST_F(BoardViews, AskForTheThumbsOfTheirRows) { EXPECT_TRUE(pictures.asked.contains("thumb-1")); }
+
+TEST_F(BoardViews, RefreshByTheLiveDot) {
+  ASSERT_TRUE(press("Up to date"));
+  EXPECT_EQ(desk.toastText(), "Up to date.");
+  EXPECT_EQ(reader().find("Up to date", QAccessible::Button)->text(QAccessible::Description),
+            "Refresh (⌘R)");
+  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
+  poll();
+  settle();
+  auto* offline = reader().find("Offline", QAccessible::Button);
+  ASSERT_TRUE(offline);
+  EXPECT_EQ(offline->text(QAccessible::Description), kOfflineText);
+}
+
+TEST_F(BoardViews, KeepTheLiveDotsWordsAsItsHelpWhenThereIsNoRoom) {
+  store().lastOK.set(desk.time.now() - Milliseconds{300'000});
+  settle();
+  const QString words = model().liveDot()["text"].toString();
+  auto* wide = reader().find(words, QAccessible::Button);
+  ASSERT_TRUE(wide);
+  const int before = wide->rect().width();
+  resize({180, 700});
+  auto* narrow = reader().find(words, QAccessible::Button);
+  ASSERT_TRUE(narrow);
+  EXPECT_LT(narrow->rect().width(), before);
+  EXPECT_EQ(narrow->object()->property("help").toString(), words);
+}
+
+TEST_F(BoardViews, AskForASync) {
+  routes.set("POST api/jobs", answerOf(200, "{}"));
+  auto* sync = reader().find("Sync", QAccessible::Button);
+  ASSERT_TRUE(sync);
+  EXPECT_EQ(sync->text(QAccessible::Description),
+            "Check supplier mail for new proofs, file them to Drive and run the checks (⇧⌘S)");
+  EXPECT_FALSE(reader().find("Stop", QAccessible::Button));
+  ASSERT_TRUE(press("Sync"));
+  EXPECT_EQ(desk.toastText(), "Asked the Mac mini to sync.");
+}
+
+TEST_F(BoardViews, WatchASyncAndStopIt) {
+  BoardState board = *store().board();
+  board.sync = jobOf("queued", "sync");
+  for (const auto& [status, step, text] : {std::tuple{"queued", "", "In line"},
+                                           {"running", "Reading mail", "Reading mail"},
+                                           {"stuck", "", "Mac mini not answering"}}) {
+    board.sync->status = status;
+    board.sync->step = step;
+    store().board.set(board);
+    settle();
+    EXPECT_TRUE(reader().find(text, QAccessible::StaticText)) << text;
+    EXPECT_FALSE(reader().find("Sync", QAccessible::Button));
+    EXPECT_EQ(reader().enabled("Stop"), 1);
+  }
+  ASSERT_TRUE(press("Stop"));
+  EXPECT_EQ(desk.http.count("POST api/jobs/j/stop"), 1U);
+  EXPECT_EQ(reader().enabled("Stop"), 0) << "while the request is on its way";
+}
+
+TEST_F(BoardViews, ShowWhoIsHere) {
+  EXPECT_TRUE(reader().find("Renny Vale", QAccessible::Graphic));
+  EXPECT_TRUE(reader().find("Jorvas Lind", QAccessible::Graphic));
+  EXPECT_FALSE(reader().find("In Vellix now", QAccessible::Graphic));
+  BoardState board = *store().board();
+  board.users[1].last_seen = wireOf(desk.time.now());
+  store().board.set(board);
+  settle();
+  EXPECT_EQ(reader().names(QAccessible::Graphic).count("In Vellix now"), 1);
+}
 
 }  // namespace
 }  // namespace vellix

@@ -22,10 +22,13 @@ class EveryView : public ViewTest {
                           {"tone", "red"}};
     const QVariantMap count{
         {"text", "2"}, {"icon", ""}, {"tone", "red"}, {"help", "2 real issues"}};
+    const QVariantMap who{
+        {"letter", "r"}, {"color", "#7442e8"}, {"photo", "photo-1"}, {"help", "Renny Vale"}};
     const QVariantMap ticket{{"id", "t1"},        {"heading", "The Lighthouse"},
                              {"subline", "PO 7"}, {"thumb", "thumb-1"},
                              {"due", due},        {"count", count},
-                             {"spoken", "PO 7"},  {"selected", true}};
+                             {"spoken", "PO 7"},  {"selected", true},
+                             {"assignee", who}};
     const QVariantMap pill{{"text", "New"}, {"icon", ""}, {"tone", "gray"}, {"dashed", true}};
     const QVariantMap lab{{"lab", toQml(markLab())}, {"symbols", Symbol::names()}};
     own_ = {
@@ -35,8 +38,11 @@ class EveryView : public ViewTest {
         {"Board/GroupHeader",
          {{"title", "Reviewed"}, {"folds", true}, {"open", false}, {"count", "3"}}},
         {"Board/FileList", {pick("board"), pick("pictures")}},
+        {"Board/LiveDot", {pick("board"), {"room", 100}}},
+        {"Board/PeopleBar", {pick("board"), pick("pictures")}},
         {"Board/QueueSwitch", {pick("board")}},
         {"Board/Sidebar", {pick("board"), pick("pictures")}},
+        {"Board/SyncCard", {pick("board")}},
         {"Compare/CanvasBar", {pick("compare")}},
         {"Compare/CompareCanvas", {pick("compare"), pick("pictures")}},
         {"Compare/FileHeader",

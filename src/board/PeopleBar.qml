@@ -1,0 +1,71 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// Who reviews here, and who of them is in the program now.
+Item {
+    id: bar
+
+    required property BoardModel board
+    required property PictureSource pictures
+
+    // Many people move together, so that all of them find room.
+    readonly property real step: people.count < 2 ? 0
+        : Math.min(38, (width - 30) / (people.count - 1))
+
+    implicitHeight: 30
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: "People"
+
+    Repeater {
+        id: people
+
+        model: bar.board.people
+
+        Item {
+            id: person
+
+            required property int index
+            required property var avatar
+            required property bool ring
+            required property bool here
+
+            x: index * bar.step
+            width: 30
+            height: 30
+
+            Avatar {
+                who: person.avatar
+                pictures: bar.pictures
+                size: 30
+                ring: person.ring
+            }
+
+            // The dot's own ring is in the colour of the column.
+            Rectangle {
+                visible: person.here
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                anchors.margins: -2
+                width: 12
+                height: 12
+                radius: 6
+                color: Theme.column
+
+                Accessible.role: Accessible.Graphic
+                Accessible.name: "In Vellix now"
+
+                Rectangle {
+                    anchors.centerIn: parent
+                    width: 8
+                    height: 8
+                    radius: 4
+                    color: Theme.fore["green"]
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,22 @@
+// The people at the foot of the column.
+#pragma once
+
+#include <vector>
+
+#include "pieces/avatar.hpp"
+
+namespace vellix {
+
+struct PersonView {
+  std::string email;
+  AvatarView avatar;
+  bool ring = false;  // this person's profile is open
+  bool here = false;
+  bool operator==(const PersonView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(PersonView, (), (email, avatar, ring, here))
+
+// In the board's order.
+std::vector<PersonView> peopleBar(const Store& store, Moment now);
+
+}  // namespace vellix

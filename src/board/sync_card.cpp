@@ -1,0 +1,39 @@
+#include "board/sync_card.hpp"
+
+namespace vellix {
+namespace {
+
+SyncCardView workOf(const Job& sync) {
+  SyncCardView view{.working = true, .tone = "blue", .spinning = true};
+  if (sync.status == "queued") {
+    view.text = "In line";
+  } else if (sync.status == "running") {
+    const bool told = sync.step && !sync.step->empty();
+    view.text = told ? *sync.step : "Syncing";
+  } else if (sync.status == "stuck") {
+    view = {.working = true,
+            .text = "Mac mini not answering",
+            .icon = "exclamationmark.triangle",
+            .tone = "red",
+            .small = true};
+  } else {
+    return {};
+  }
+  return view;
+}
+
+}  // namespace
+
+SyncCardView syncCard(const Store& store) {
+  const auto& board = store.board();
+  SyncCardView view = board && board->sync ? workOf(*board->sync) : SyncCardView{};
+  view.busy = store.busy().contains("sync");
+  view.stopping = view.working && store.busy().contains("stop-" + board->sync->id);
+  return view;
+}
+
+void stopSync(Store& store) {
+  if (const auto& board = store.board(); board && board->sync) store.stopJob(*board->sync);
+}
+
+}  // namespace vellix

@@ -1,0 +1,30 @@
+#include "pieces/TabOrder.hpp"
+
+#include <algorithm>
+#include <vector>
+
+namespace vellix {
+namespace {
+
+struct Row {
+  int index;
+  QQuickItem* item;
+};
+
+}  // namespace
+
+void TabOrder::sort(QQuickItem* content) {
+  if (!content) return;
+  std::vector<Row> rows;
+  const auto children = content->childItems();
+  for (QQuickItem* child : children) {
+    bool numbered = false;
+    const int index = child->property("index").toInt(&numbered);
+    if (numbered) rows.push_back({index, child});
+  }
+  if (std::ranges::is_sorted(rows, {}, &Row::index)) return;
+  std::ranges::stable_sort(rows, {}, &Row::index);
+  for (std::size_t i = 1; i < rows.size(); ++i) rows[i].item->stackAfter(rows[i - 1].item);
+}
+
+}  // namespace vellix
