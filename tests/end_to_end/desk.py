@@ -28,10 +28,12 @@ WARNINGS = re.compile(
 class Desk:
     """with Desk() as desk: ... desk.reader presses, desk.service remembers what was asked of it."""
 
-    def __init__(self, build, reviewer="renny", program=None, service=None):
+    def __init__(self, build, reviewer="renny", program=None, service=None,
+                 service_arguments=("--no-colleague",)):
         self.build = Path(build).resolve()
         self.program_binary = Path(program) if program else self.build / "vellix"
         self.service_binary = Path(service) if service else self.build / "vellix_demo_service"
+        self.service_arguments = service_arguments
         self.reviewer = reviewer
         self.session = PrivateSession()
         self.program = None
@@ -39,7 +41,8 @@ class Desk:
     def __enter__(self):
         self.session.__enter__()
         try:
-            self.service = Service(self.session, self.service_binary)
+            self.service = Service(self.session, self.service_binary,
+                                   self.service_arguments)
             self._point_program_at(self.service.base)
             self.start_program(SIGNED_IN.format(self.reviewer) if self.reviewer else None)
         except BaseException:

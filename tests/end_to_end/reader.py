@@ -5,6 +5,7 @@ asked one by one, a window takes longer to read than a toast stays, on a machine
 """
 
 from collections import namedtuple
+from itertools import takewhile
 
 from private_session import LIMIT, Trouble, wait_until
 
@@ -143,6 +144,14 @@ class Reader:
         except Trouble as trouble:
             raise Trouble(f"{trouble}; on screen:\n{self.outline()}") from None
 
+    def rows(self, name):
+        """The rows of the list of that name, from the top."""
+        nodes = self.everything()
+        start = next((index for index, node in enumerate(nodes)
+                      if node.name == name and node.role == "list"), len(nodes))
+        inside = takewhile(lambda node: node.depth > nodes[start].depth, nodes[start + 1:])
+        return [node for node in inside if node.role == "list item"]
+
     def gone(self, name=None, contains=None, limit=LIMIT):
         wait_until(f'"{name or contains}" to go', lambda: not self.find_all(name, contains), limit)
 
@@ -162,11 +171,12 @@ class Reader:
     def press_named(self, name, roles=PRESSABLE):
         self.press(self.find(name=name, roles=roles))
 
-    def click(self, node):
-        """Clicks in the middle of the object with the mouse."""
+    def click(self, node, held=None):
+        """Clicks in the middle of the object with the mouse, perhaps with a key held."""
         x, y, width, height = wait_until("a place to click", lambda: self._box(node))
+        before, after = (("keydown", held), ("keyup", held)) if held else ((), ())
         self.session.run("xdotool", "mousemove", "--sync", str(x + width // 2),
-                         str(y + height // 2), "click", "1")
+                         str(y + height // 2), *before, "click", "1", *after)
 
     def _box(self, node):
         on_screen = self.glib.Variant("(u)", (0,))
