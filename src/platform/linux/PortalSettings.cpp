@@ -52,6 +52,9 @@ void PortalSettings::start(const QString& address) {
                  ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, kConnection)
                  : QDBusConnection::connectToBus(address, kConnection);
   if (!bus.isConnected()) return;
+  // Without this QtDBus knows the slot's types only once a message has been through it, and would
+  // not connect.
+  qRegisterMetaType<QDBusVariant>();
   bus.connect(kPortal, kPath, kInterface, u"SettingChanged"_s, this,
               SLOT(setOne(QString, QString, QDBusVariant)));
   auto* watcher =
