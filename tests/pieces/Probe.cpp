@@ -100,9 +100,9 @@ QStringList Probe::compiledNames() const {
   return names;
 }
 
-bool Probe::draws(const QString& resource) const {
+int Probe::marked(const QString& resource) const {
   QSvgRenderer drawing(resource);
-  if (!drawing.isValid()) return false;
+  if (!drawing.isValid()) return 0;
   QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
@@ -112,6 +112,11 @@ bool Probe::draws(const QString& resource) const {
   for (int y = 0; y < image.height(); ++y) {
     for (int x = 0; x < image.width(); ++x) marked += qAlpha(image.pixel(x, y)) > 128;
   }
+  return marked;
+}
+
+bool Probe::draws(const QString& resource) const {
   // Not empty, and not a full square, which is what a path gone wrong looks like.
-  return marked > 40 && marked < 64 * 64 * 9 / 10;
+  const int pixels = marked(resource);
+  return pixels > 40 && pixels < 64 * 64 * 9 / 10;
 }

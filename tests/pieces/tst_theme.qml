@@ -137,6 +137,19 @@ Item {
             }
         }
 
+        function test_filledSymbolsAreFuller() {
+            const names = probe.tableNames();
+            const filled = names.filter(name => name.endsWith(".fill"));
+            verify(filled.length > 8);
+            for (const name of filled) {
+                const line = name.slice(0, -5);
+                if (!names.includes(line))
+                    continue;
+                verify(probe.marked(":/symbols/" + name + ".svg")
+                       > probe.marked(":/symbols/" + line + ".svg") * 1.3, name);
+            }
+        }
+
         function test_unknownSymbolIsToldAndNotDrawn() {
             symbol.name = "no.such.symbol";
             let told = "";
