@@ -87,6 +87,7 @@ Pressable {
             width: parent.width
             size: Theme.small
             color: Theme.faint
+            tellsWhole: true
             text: row.ticket.subline
         }
 
@@ -108,10 +109,12 @@ Pressable {
         anchors.right: parent.right
         anchors.rightMargin: Theme.gap8
         y: 7
-        width: 24
+        width: Math.max(24, waiting.implicitWidth)
         height: parent.height - 2 * y
 
         FileCount {
+            id: waiting
+
             anchors.right: parent.right
             count: row.ticket.count
         }

@@ -34,8 +34,18 @@ Item {
             required property bool here
 
             x: index * bar.step
+            z: -index
             width: 30
             height: 30
+
+            // Hides the neighbour that it covers.
+            Rectangle {
+                visible: bar.step < parent.width
+                anchors.fill: parent
+                anchors.margins: -2
+                radius: width / 2
+                color: Theme.column
+            }
 
             Avatar {
                 who: person.avatar

@@ -52,6 +52,12 @@ TEST_F(BoardViews, AddATicketByACommandClick) {
   EXPECT_EQ(store().selection(), Ids{"t2"});
 }
 
+TEST_F(BoardViews, TakeNoRangeByShift) {
+  click("The Lighthouse", Qt::NoModifier);
+  click("Harbour Bread", Qt::ShiftModifier);
+  EXPECT_EQ(store().selection(), Ids{"t2"});
+}
+
 TEST_F(BoardViews, UnfoldTheReviewed) {
   ASSERT_TRUE(press("Reviewed"));
   EXPECT_TRUE(comesTo({"The Lighthouse", "Harbour Bread", "Rain"}));
