@@ -1,4 +1,5 @@
 // The column of tickets, worked as a reviewer would.
+#include <QQuickItem>
 #include <QTest>
 
 #include "views/view_test.hpp"
@@ -20,6 +21,11 @@ class BoardViews : public ViewTest {
   // Rows that go are seen to go.
   bool comesTo(const QStringList& expected) {
     return QTest::qWaitFor([&] { return tickets() == expected; });
+  }
+  static bool showsText(const QString& text, const QQuickItem* root) {
+    if (root->isVisible() && root->property("text").toString() == text) return true;
+    return std::ranges::any_of(root->childItems(),
+                               [&](const QQuickItem* child) { return showsText(text, child); });
   }
   void click(const QString& ticket, Qt::KeyboardModifiers modifiers) {
     auto* row = reader().find(ticket, QAccessible::ListItem);
@@ -159,6 +165,25 @@ TEST_F(BoardViews, ShowWhoIsHere) {
   store().board.set(board);
   settle();
   EXPECT_EQ(reader().names(QAccessible::Graphic).count("In Vellix now"), 1);
+}
+
+TEST_F(BoardViews, ShowThePhotoInThePlaceOfTheLetter) {
+  const auto letter = [this](const QString& text) {
+    return showsText(text, window()->contentItem());
+  };
+  EXPECT_TRUE(letter("R"));
+  EXPECT_TRUE(letter("J"));
+  BoardState board = *store().board();
+  board.users[0].photo = "photo-1";
+  store().board.set(board);
+  settle();
+  EXPECT_TRUE(pictures.asked.contains("photo-1"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !letter("R"); }));
+  EXPECT_TRUE(letter("J"));
+  board.users[0].photo.reset();
+  store().board.set(board);
+  settle();
+  EXPECT_TRUE(letter("R"));
 }
 
 }  // namespace
