@@ -30,12 +30,23 @@ Pressable {
         height: 14
         anchors.verticalCenter: parent.verticalCenter
         radius: 4
-        color: box.checked ? Theme.accent : box.hovered ? Theme.quietFill : "transparent"
+        color: box.checked ? Theme.accent : "transparent"
         border.width: box.checked ? 0 : 1
         border.color: Qt.alpha(Theme.muted, 0.6)
 
         Behavior on color {
             ColorAnimation { duration: Theme.hover }
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: box.checked ? Theme.onAccent : Theme.text
+            opacity: box.pressed ? 0.2 : box.hovered ? 0.12 : 0
+
+            Behavior on opacity {
+                NumberAnimation { duration: Theme.hover }
+            }
         }
 
         Symbol {

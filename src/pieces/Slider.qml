@@ -79,6 +79,17 @@ PressArea {
         border.width: 1
         border.color: Theme.dark ? Theme.muted : Qt.alpha(Theme.muted, 0.35)
 
+        Rectangle {
+            anchors.fill: parent
+            radius: 7
+            color: Theme.dark ? Theme.onAccent : Theme.text
+            opacity: slider.pressed ? 0.2 : slider.hovered ? 0.12 : 0
+
+            Behavior on opacity {
+                NumberAnimation { duration: Theme.hover }
+            }
+        }
+
         FocusRing {
             visible: slider.visualFocus
             around: 7

@@ -31,6 +31,17 @@ Pressable {
         }
 
         Rectangle {
+            anchors.fill: parent
+            radius: height / 2
+            color: toggle.checked ? Theme.onAccent : Theme.text
+            opacity: toggle.pressed ? 0.2 : toggle.hovered ? 0.12 : 0
+
+            Behavior on opacity {
+                NumberAnimation { duration: Theme.hover }
+            }
+        }
+
+        Rectangle {
             x: toggle.checked ? parent.width - width - 2 : 2
             y: 2
             width: parent.height - 4

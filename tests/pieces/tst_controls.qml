@@ -76,7 +76,9 @@ Item {
         function cleanup() {
             for (const control of [pill, big, link, bare, stop, check, toggle, slider])
                 control.enabled = true;
+            Theme.reducedMotion = false;
             big.busy = false;
+            check.checked = toggle.checked = false;
             link.url = "https://mail.example/7";
             toast.undoLabel = "Undo";
             slider.level = 2;
@@ -123,6 +125,62 @@ Item {
             probe.act(row.item, "Press");
             compare(spy.count, 4);
             verify(row.item.opacity < 1);
+        }
+
+        function test_everyControlShowsItsState_data() {
+            return [
+                { tag: "Pill", item: pill },
+                { tag: "BigButton", item: big },
+                { tag: "LinkPill", item: link },
+                { tag: "IconButton", item: bare },
+                { tag: "TextButton", item: stop },
+                { tag: "CheckBox", item: check },
+                { tag: "CheckBox, checked", item: check, checked: true },
+                { tag: "Switch", item: toggle },
+                { tag: "Switch, checked", item: toggle, checked: true },
+                { tag: "Slider", item: slider }
+            ];
+        }
+
+        // What is seen of the control, with room for a ring around it.
+        function sight(item) {
+            const at = item.mapToItem(scene, 0, 0);
+            const whole = grabImage(scene);
+            const seen = [];
+            for (let y = Math.max(0, Math.round(at.y) - 4); y < at.y + item.height + 4; y += 1) {
+                for (let x = Math.max(0, Math.round(at.x) - 4); x < at.x + item.width + 4; x += 2)
+                    seen.push(whole.pixel(x, y).toString());
+            }
+            return seen.join();
+        }
+
+        function test_everyControlShowsItsState(row) {
+            const item = row.item;
+            const middle = item.height / 2;
+            Theme.reducedMotion = true;
+            if (row.checked)
+                item.checked = true;
+            mouseMove(scene, 600, 470);
+            scene.forceActiveFocus();
+            const rest = sight(item);
+            mouseMove(item, item.width / 2, middle);
+            verify(item.hovered);
+            const hovered = sight(item);
+            verify(hovered !== rest, "hovered");
+            mousePress(item, item.width / 2, middle);
+            verify(item.pressed);
+            verify(![rest, hovered].includes(sight(item)), "pressed");
+            mouseMove(scene, 600, 470);
+            mouseRelease(scene, 600, 470);
+            mouseMove(scene, 602, 470);
+            verify(sight(item) === rest, "left");
+            item.forceActiveFocus(Qt.TabFocusReason);
+            verify(sight(item) !== rest, "focus");
+            scene.forceActiveFocus();
+            item.enabled = false;
+            verify(sight(item) !== rest, "disabled");
+            item.enabled = true;
+            verify(sight(item) === rest, "enabled again");
         }
 
         function test_aPressLetGoElsewhereIsNone() {
