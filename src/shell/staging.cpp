@@ -38,10 +38,9 @@ std::string panelAlone(const Arguments& arguments) {
 std::optional<double> numberIn(std::string_view text) {
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   double number = 0;
-  const auto* end = text.data() + text.size();
-  const auto [read, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || read != end || !std::isfinite(number)) return std::nullopt;
-  return number;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  return whole && std::isfinite(number) ? std::optional{number} : std::nullopt;
 }
 
 std::optional<ContentSize> contentSize(std::string_view text) {
