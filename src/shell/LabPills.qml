@@ -12,130 +12,70 @@ Column {
 
     spacing: Theme.gap16
 
-    LabSection {
+    LabPillSection {
         width: parent.width
         title: "Statuses"
+        values: pills.lab.statuses
+        pill: StatusPill {
+            required property var modelData
 
-        Repeater {
-            model: pills.lab.statuses
-
-            StatusPill {
-                required property var modelData
-                pill: modelData
-            }
-        }
-        Repeater {
-            model: pills.lab.statuses
-
-            StatusPill {
-                required property var modelData
-                pill: modelData
-                small: true
-            }
+            pill: modelData.value
+            small: modelData.small
         }
     }
 
-    LabSection {
+    LabPillSection {
         width: parent.width
         title: "Severities"
+        values: pills.lab.severities
+        pill: SeverityPill {
+            required property var modelData
 
-        Repeater {
-            model: pills.lab.severities
-
-            SeverityPill {
-                required property var modelData
-                pill: modelData
-            }
-        }
-        Repeater {
-            model: pills.lab.severities
-
-            SeverityPill {
-                required property var modelData
-                pill: modelData
-                small: true
-            }
+            pill: modelData.value
+            small: modelData.small
         }
     }
 
-    LabSection {
+    LabPillSection {
         width: parent.width
         title: "Tracks"
+        values: pills.lab.tracks
+        pill: TrackPill {
+            required property var modelData
 
-        Repeater {
-            model: pills.lab.tracks
-
-            TrackPill {
-                required property var modelData
-                pill: modelData
-            }
-        }
-        Repeater {
-            model: pills.lab.tracks
-
-            TrackPill {
-                required property var modelData
-                pill: modelData
-                small: true
-            }
+            pill: modelData.value
+            small: modelData.small
         }
     }
 
-    LabSection {
+    LabPillSection {
         width: parent.width
         title: "Due dates and jobs"
+        values: pills.lab.samples
+        pill: Pillbox {
+            required property var modelData
 
-        Repeater {
-            model: [false, true]
-
-            Flow {
-                id: size
-
-                required property bool modelData
-
-                width: pills.width - 2 * Theme.gap16
-                spacing: Theme.gap8
-
-                Repeater {
-                    model: pills.lab.samples
-
-                    Pillbox {
-                        required property var modelData
-                        text: modelData.text
-                        icon: modelData.icon
-                        tone: modelData.tone
-                        spinning: modelData.spinning
-                        small: size.modelData
-                    }
-                }
-            }
+            text: modelData.value.text
+            icon: modelData.value.icon
+            tone: modelData.value.tone
+            spinning: modelData.value.spinning
+            small: modelData.small
         }
     }
 
-    LabSection {
+    LabPillSection {
         width: parent.width
         title: "Tones"
+        values: pills.lab.tones
+        pill: Pillbox {
+            required property var modelData
 
-        Repeater {
-            model: pills.lab.tones
-
-            Pillbox {
-                required property string modelData
-                text: modelData
-                dashed: true
-                tone: modelData
-            }
-        }
-        Repeater {
-            model: pills.lab.tones
-
-            Pillbox {
-                required property string modelData
-                icon: "circle.fill"
-                help: modelData
-                tone: modelData
-                small: true
-            }
+            text: modelData.small ? "" : modelData.value
+            icon: modelData.small ? "circle.fill" : ""
+            help: modelData.value
+            dashed: !modelData.small
+            tone: modelData.value
+            small: modelData.small
         }
     }
 }

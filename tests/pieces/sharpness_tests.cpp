@@ -44,7 +44,7 @@ class Sharpness : public testing::Test {
     window.show();
     window.grabWindow();
   }
-  ~Sharpness() override {
+  void TearDown() override {
     symbol.setParentItem(nullptr);
     holder.setParentItem(nullptr);
   }

@@ -19,7 +19,7 @@ constexpr Look kDark{.scheme = Scheme::dark};
 class ThemeTest : public testing::Test {
  protected:
   ThemeTest() { setPalette(Qt::white); }
-  ~ThemeTest() override { QGuiApplication::setPalette(QPalette()); }
+  void TearDown() override { QGuiApplication::setPalette(QPalette()); }
 
   static void setPalette(const QColor& window) {
     QPalette palette;

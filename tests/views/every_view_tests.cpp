@@ -93,6 +93,8 @@ class EveryView : public ViewTest {
          {{"title", "Fine"}, {"icon", "checkmark"}, {"on", true}, {"color", "#2e8b57"}}},
         {"Shell/LabButtons", {}},
         {"Shell/LabMarks", lab},
+        {"Shell/LabPillSection",
+         {{"values", QVariantList{"red"}}, {"pill", QVariant::fromValue(&panel_)}}},
         {"Shell/LabPills", {{"lab", lab["lab"]}}},
         {"Shell/LabSection", {{"title", "Marks"}}},
         {"Shell/MarkLab", lab},
