@@ -20,7 +20,11 @@ void SignalCount::watch(QObject* object) {
 
 Desk::Desk(std::string token, Board board)
     : tokens_(std::move(token)), program_(loop_, defaults_, tokens_) {
-  store().sample = board == Board::staged;
+  if (board == Board::staged) {
+    store().sample = true;
+    // Without a good poll the column spins, and no scene comes to rest.
+    store().lastOK.set(loop_.now());
+  }
   if (!program_.show()) return;
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
     if (window->property("compare").isValid()) window_ = qobject_cast<QQuickWindow*>(window);
@@ -34,7 +38,7 @@ void Desk::setPictures(PictureSource& pictures) {
 
 void Desk::watchModels(SignalCount& count) {
   const std::initializer_list<QObject*> models{
-      part<RootModel>("root"), &board(),     board().rows(),      &compare(),
+      part<RootModel>("root"), &board(),     board().rows(),      board().people(),    &compare(),
       compare().panes(),       &inspector(), inspector().cards(), inspector().others()};
   for (QObject* model : models) count.watch(model);
 }

@@ -103,7 +103,9 @@ FileListView fileList(const Store& store, bool showReviewed, Moment now, const C
                          .count = folds ? std::to_string(members.size()) : std::string{}});
     if (!open) continue;
     for (const FileItem* file : members) {
-      view.rows.push_back({.key = "t" + file->id, .ticket = fileRow(*file, store, now, calendar)});
+      FileListRow& row = view.rows.emplace_back();
+      row.key = "t" + file->id;
+      fillFileRow(row.ticket, *file, store, now, calendar);
     }
   }
   return view;

@@ -67,18 +67,22 @@ FileCountView fileCount(const FileItem& file) {
 
 FileRowView fileRow(const FileItem& file, const Store& store, Moment now,
                     const Calendar& calendar) {
-  FileRowView row{
-      .id = file.id,
-      .heading = file.heading(),
-      .subline = sublineOf(file),
-      .thumb = file.thumb.value_or(""),
-      .due = showsDue(file) ? dueChip(file, now, calendar) : std::nullopt,
-      .count = fileCount(file),
-      .selected = store.selection().contains(file.id),
-  };
-  if (file.assignee) row.assignee = avatarOf(file.assignee, store);
-  row.spoken = spokenOf(row);
+  FileRowView row;
+  fillFileRow(row, file, store, now, calendar);
   return row;
+}
+
+void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Moment now,
+                 const Calendar& calendar) {
+  row.id = file.id;
+  row.heading = file.heading();
+  row.subline = sublineOf(file);
+  row.thumb = file.thumb.value_or("");
+  if (showsDue(file)) row.due = dueChip(file, now, calendar);
+  row.count = fileCount(file);
+  if (file.assignee) row.assignee = avatarOf(file.assignee, store);
+  row.selected = store.selection().contains(file.id);
+  row.spoken = spokenOf(row);
 }
 
 }  // namespace vellix
