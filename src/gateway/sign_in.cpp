@@ -1,5 +1,6 @@
 #include "gateway/sign_in.hpp"
 
+#include "gateway/build_info.hpp"
 #include "gateway/url.hpp"
 
 namespace vellix {
@@ -12,7 +13,34 @@ struct ExchangeBody {
 };
 BOOST_DESCRIBE_STRUCT(ExchangeBody, (), (code, state, device))
 
+Failure failureOf(SignInError error) {
+  if (error == SignInError::cancelled) return Failure::cancelled();
+  return Failure::server("No browser opened. Choose a default browser, then try again.");
+}
+
 }  // namespace
+
+Task<API::Result<Me>> SignIn::run() {
+  state_ = ports_.uuids.fresh();
+  std::erase(state_, '-');
+  const auto session = ports_.browser.start(pageUrl(), "sorel");
+  const auto end = co_await session;
+  if (!end) co_return std::unexpected(failureOf(end.error()));
+  if (!*end) co_return std::unexpected(Failure::server("Sign-in was cancelled."));
+  auto finishing = finish(**end);
+  auto me = co_await std::move(finishing);
+  co_return me;
+}
+
+// Only a company address is passed on as the hint.
+std::string SignIn::pageUrl() const {
+  std::string url = withQuery(appendPath(api_.base(), "signin"), {{"state", state_}});
+  const auto last = ports_.defaults.text("LastEmail");
+  if (last && last->ends_with("@" + std::string{build::kAllowedMailDomain})) {
+    url += "&hint=" + percentEncode(*last);
+  }
+  return url;
+}
 
 Task<API::Result<Me>> SignIn::finish(std::string url) {
   const UrlParts parts = parseUrl(url).value_or(UrlParts{});
@@ -21,7 +49,7 @@ Task<API::Result<Me>> SignIn::finish(std::string url) {
     co_return std::unexpected(Failure::server("That sign-in did not come through. Try again."));
   }
   const auto* returned = parts.item("state");
-  const std::string name = machine_.name();
+  const std::string name = ports_.machine.name();
   // A URL can arrive in a process that did not start the sign-in; the service compares the two.
   ExchangeBody body{
       .code = **code,
@@ -37,7 +65,7 @@ Task<API::Result<Me>> SignIn::finish(std::string url) {
   const auto answer = decode<SignInAnswer>(response->body);
   if (!answer) co_return std::unexpected(Failure::unreadable(answer.error().why));
   api_.setToken(answer->token);
-  defaults_.setText("LastEmail", answer->me.email);
+  ports_.defaults.setText("LastEmail", answer->me.email);
   co_return answer->me;
 }
 

@@ -1,27 +1,44 @@
-// The exchange of a one-time code for a session token. The client never sees a password.
-// Main thread only.
+// Signing in: the browser half, and the exchange of its one-time code for a session token. The
+// client never sees a password. Main thread only.
 #pragma once
 
 #include <string>
 
 #include "gateway/api.hpp"
 #include "platform/ports/machine.hpp"
+#include "platform/ports/sign_in_browser.hpp"
+#include "platform/ports/uuids.hpp"
 
 namespace vellix {
 
 class SignIn {
  public:
-  SignIn(API& api, Defaults& defaults, const Machine& machine)
-      : api_(api), defaults_(defaults), machine_(machine) {}
+  struct Ports {
+    Defaults& defaults;
+    const Machine& machine;
+    SignInBrowser& browser;
+    Uuids& uuids;
+  };
+  // What is passed must outlive the SignIn.
+  SignIn(API& api, Ports ports) : api_(api), ports_(ports) {}
+
+  // Opens the sign-in page, waits for its callback and finishes with that.
+  Task<API::Result<Me>> run();
 
   // Trades the code of a callback URL for a token, keeps the token and the address, and gives the
   // person signed in. A failure changes neither.
   Task<API::Result<Me>> finish(std::string url);
 
+  // True when a run was waiting for the callback URL and goes on with it.
+  bool arrived(const std::string& url) { return ports_.browser.arrived(url); }
+  // Ends a run that waits for its callback.
+  void cancel() { ports_.browser.cancel(); }
+
  private:
+  std::string pageUrl() const;
+
   API& api_;
-  Defaults& defaults_;
-  const Machine& machine_;
+  Ports ports_;
   std::string state_;  // the nonce of the sign-in under way; empty before the first one
 };
 

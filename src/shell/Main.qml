@@ -10,6 +10,7 @@ Window {
     id: window
 
     required property RootModel root
+    required property SignInModel signIn
     required property BoardModel board
     required property CompareModel compare
     required property InspectorModel inspector
@@ -26,6 +27,7 @@ Window {
     RootView {
         anchors.fill: parent
         root: window.root
+        signIn: window.signIn
         board: window.board
         compare: window.compare
         inspector: window.inspector

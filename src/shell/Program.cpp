@@ -1,8 +1,11 @@
 #include "shell/Program.hpp"
 
+#include <QWindow>
+
 #include "bridge/value.hpp"
 #include "pieces/Symbol.hpp"
 #include "pieces/Theme.hpp"
+#include "platform/qt/raise_window.hpp"
 #include "shell/mark_lab.hpp"
 
 namespace vellix {
@@ -18,13 +21,14 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
     : arguments_(std::move(arguments)),
       loop_(loop),
       api_(shotPath(arguments_) ? static_cast<Http&>(closed_) : http_, tokens, defaults),
-      signIn_(api_, defaults, machine_),
+      signIn_(api_, {defaults, machine_, browser_, uuids_}),
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
       store_(api_, signIn_, prefs_, {loop_, defaults, windows_, images_}),
       board_(store_, defaults, loop_, calendar_),
       compare_(store_),
       inspector_(store_, loop_, calendar_),
+      signInScreen_(store_, browser_, loop_),
       root_(store_, loop_) {}
 
 bool Program::show() {
@@ -43,6 +47,7 @@ bool Program::show() {
 
 QVariantMap Program::parts() {
   return {
+      {"signIn", QVariant::fromValue(&signInScreen_)},
       {"root", QVariant::fromValue(&root_)},
       {"board", QVariant::fromValue(&board_)},
       {"compare", QVariant::fromValue(&compare_)},
@@ -65,6 +70,12 @@ void Program::follow(const PortalLook& look) {
   const auto take = [theme, &look] { theme->followSystem(look.look()); };
   QObject::connect(&look, &PortalLook::changed, theme, take);
   take();
+}
+
+void Program::bringForward(const QByteArray& activationToken) {
+  if (auto* window = qobject_cast<QWindow*>(engine_.rootObjects().value(0))) {
+    raiseWindow(*window, activationToken);
+  }
 }
 
 }  // namespace vellix

@@ -16,8 +16,11 @@
 #include "platform/qt/QtMainLoop.hpp"
 #include "platform/qt/QtPictureDecoder.hpp"
 #include "platform/qt/QtPictureFiles.hpp"
+#include "platform/qt/QtUrlOpener.hpp"
+#include "platform/qt/QtUuids.hpp"
 #include "platform/qt/QtWindows.hpp"
 #include "shell/RootModel.hpp"
+#include "shell/SignInModel.hpp"
 #include "shell/Stage.hpp"
 #include "shell/closed_http.hpp"
 
@@ -33,6 +36,8 @@ class Program {
   // From now on the theme goes with the desktop's look, which must outlive the program.
   void follow(const PortalLook& look);
   bool staged() const { return stage_.on(); }
+  // Once shown: puts the window where the person sees it.
+  void bringForward(const QByteArray& activationToken);
   Store& store() { return store_; }
 
  private:
@@ -46,7 +51,10 @@ class Program {
   QtMachine machine_;
   QtHttp http_;
   ClosedHttp closed_{loop_};
+  QtUrlOpener opener_;
+  QtUuids uuids_;
   API api_;
+  WaitingBrowser browser_{loop_, opener_};
   SignIn signIn_;
   PixelCache pixels_;
   QtPictureDecoder decoder_{pixels_};
@@ -59,6 +67,7 @@ class Program {
   BoardModel board_;
   CompareModel compare_;
   InspectorModel inspector_;
+  SignInModel signInScreen_;
   RootModel root_;  // told last: a view it makes finds the other models up to date
   QQmlApplicationEngine engine_;
 };

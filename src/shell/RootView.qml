@@ -13,6 +13,7 @@ FocusScope {
     id: view
 
     required property RootModel root
+    required property SignInModel signIn
     required property BoardModel board
     required property CompareModel compare
     required property InspectorModel inspector
@@ -26,13 +27,23 @@ FocusScope {
     Loader {
         anchors.fill: parent
         active: !view.shown.signedIn
-        sourceComponent: SignInView {}
+        focus: active
+        sourceComponent: signInSide
     }
 
     Loader {
         anchors.fill: parent
         active: view.shown.signedIn
         sourceComponent: boardSide
+    }
+
+    Component {
+        id: signInSide
+
+        SignInView {
+            focus: true
+            signIn: view.signIn
+        }
     }
 
     Component {

@@ -1,42 +1,174 @@
 import QtQuick
 import Vellix.Pieces
+import Vellix.Shell
 
 // The first screen of a person who is not signed in.
-Rectangle {
-    color: Theme.window
+FocusScope {
+    id: view
 
-    Column {
-        anchors.centerIn: parent
-        width: Math.min(420, parent.width - 2 * Theme.gap24)
-        spacing: Theme.gap16
+    required property SignInModel signIn
 
-        SorelMark {
-            anchors.horizontalCenter: parent.horizontalCenter
-            size: 56
+    readonly property var shown: signIn.view
+    readonly property bool waiting: shown.waiting
+    property bool appeared: false
+    // From nothing to the whole picture.
+    property real entrance: appeared ? 1 : 0
+
+    // The keyboard is in the sheet while it stands, and back at the button after. A ring shows
+    // there when one showed before.
+    onWaitingChanged: {
+        const reason = button.visualFocus || sheet.keyed ? Qt.TabFocusReason : Qt.OtherFocusReason;
+        sheet.open = waiting;
+        (waiting ? sheet.first : button).forceActiveFocus(reason);
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = waiting;
+        if (waiting)
+            signIn.cancel();
+    }
+
+    Component.onCompleted: appeared = true
+
+    Behavior on entrance {
+        NumberAnimation {
+            duration: Theme.reducedMotion ? 0 : 900
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: Theme.curve
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.window
+    }
+
+    Item {
+        id: content
+
+        // A little above the middle, with room for the sheet below at every size.
+        readonly property real start: Math.min((view.height - column.height) / 2 - Theme.gap24,
+                                             foot.y - 2 * Theme.gap16 - sheet.height - column.height)
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(440, view.width - 2 * Theme.gap24)
+        height: view.height
+        opacity: view.entrance
+        transform: Translate {
+            y: (1 - view.entrance) * 6
         }
 
-        Label {
-            anchors.horizontalCenter: parent.horizontalCenter
-            font.family: Theme.serif
-            size: 34
-            text: "Vellix"
-            Accessible.role: Accessible.Heading
-        }
+        Column {
+            id: column
 
-        Label {
+            y: Math.max(Theme.gap16, Math.round(content.start))
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            size: Theme.large
-            color: Theme.muted
-            text: "Supplier proofs, checked against what we sent."
+
+            Item {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: 76
+                height: 76
+                scale: 0.9 + 0.1 * view.entrance
+
+                Shadow {
+                    anchors.fill: parent
+                    radius: frame.radius
+                    color: Qt.alpha(Theme.shadow, 0.1)
+                }
+
+                Rectangle {
+                    id: frame
+
+                    anchors.fill: parent
+                    radius: 20
+                    color: Theme.raised
+                    border.width: 1
+                    border.color: Theme.quietFill
+                }
+
+                SorelMark {
+                    anchors.centerIn: parent
+                    size: 40
+                    working: view.shown.working
+                }
+            }
+
+            Item {
+                width: 1
+                height: Theme.gap16
+            }
+
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                font.family: Theme.serif
+                size: 40
+                text: "Vellix"
+                Accessible.role: Accessible.Heading
+            }
+
+            Label {
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                size: Theme.large
+                color: Theme.muted
+                text: "Supplier proofs, checked against what we sent."
+            }
+
+            Item {
+                width: 1
+                height: Theme.gap24
+            }
+
+            SignInButton {
+                id: button
+
+                anchors.horizontalCenter: parent.horizontalCenter
+                focus: true
+                title: view.shown.button
+                working: view.shown.working
+                onAction: view.signIn.signIn()
+            }
+
+            Item {
+                width: 1
+                height: Theme.gap12
+            }
+
+            // Its room is there from the start.
+            Item {
+                width: parent.width
+                height: 34
+
+                Label {
+                    width: parent.width
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    size: Theme.body
+                    color: Theme.muted
+                    text: view.shown.note
+                }
+            }
+        }
+
+        WaitingSheet {
+            id: sheet
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: column.y + column.height + Theme.gap16
+            width: parent.width
+            open: false
+            onAgain: view.signIn.openAgain()
+            onCancel: view.signIn.cancel()
         }
     }
 
     Label {
+        id: foot
+
         anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: Theme.gap24
+        y: view.height - height - Theme.gap24
+        opacity: view.entrance
         size: Theme.note
         color: Theme.faint
         text: "For Renny and Jorvas"

@@ -7,8 +7,10 @@
 #include <QQuickWindow>
 #include <QTimer>
 #include <optional>
+#include <utility>
 
 #include "gateway/late_token_store.hpp"
+#include "platform/linux/DesktopApplication.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/linux/TokenStores.hpp"
 #include "shell/Program.hpp"
@@ -35,20 +37,25 @@ Arguments plain(const QStringList& arguments) {
   return plain;
 }
 
-// The first argument that is not a flag: a URL that the program was started to open.
-std::optional<std::string> urlArgument(const QStringList& arguments) {
+// What the program was started for: the first argument that is not a flag is a URL to open.
+StartRequest requestOf(const QStringList& arguments, const QByteArray& activationToken) {
+  StartRequest request{.urls = {}, .activationToken = activationToken};
   for (const auto& argument : arguments.mid(1)) {
-    if (!argument.startsWith(u'-')) return argument.toStdString();
+    if (request.urls.isEmpty() && !argument.startsWith(u'-')) request.urls.append(argument);
   }
-  return std::nullopt;
+  return request;
 }
 
 class Run {
  public:
-  explicit Run(QGuiApplication& application) : application_(application) { tasks_.start(start()); }
+  Run(QGuiApplication& application, DesktopApplication& desktop, StartRequest request)
+      : application_(application), desktop_(desktop), request_(std::move(request)) {
+    tasks_.start(start());
+  }
 
   int exec() {
     const int code = application_.exec();
+    desktop_.retire();
     tasks_.start(finish());
     if (!settled_) application_.exec();
     return code;
@@ -67,10 +74,18 @@ class Run {
     }
     program_->follow(look_);
     if (program_->staged()) co_return;
-    if (const auto url = urlArgument(application_.arguments())) program_->store().open(*url);
+    open(request_.urls);
+    desktop_.listen([this](const StartRequest& request) {
+      program_->bringForward(request.activationToken);
+      open(request.urls);
+    });
     const auto primed = tokens_.primed();
     co_await primed;
     program_->store().resume();
+  }
+
+  void open(const QStringList& urls) {
+    for (const auto& url : urls) program_->store().open(url.toStdString());
   }
 
   Task<> finish() {
@@ -83,6 +98,8 @@ class Run {
   }
 
   QGuiApplication& application_;
+  DesktopApplication& desktop_;
+  const StartRequest request_;
   PortalLook look_;  // asked ahead of the first picture
   QtMainLoop loop_;
   QtDefaults defaults_;
@@ -96,15 +113,23 @@ class Run {
 }  // namespace vellix
 
 int main(int argc, char* argv[]) {
-  vellix::giveFreedPicturesBack();
+  using namespace vellix;
+  giveFreedPicturesBack();
+  const QByteArray activationToken = givenActivationToken();
   QGuiApplication application{argc, argv};
   application.setApplicationName("vellix");
   application.setApplicationDisplayName("Vellix");
-  application.setDesktopFileName("vellix");
-  application.setApplicationVersion(QString::fromStdString(vellix::API::shortVersion()));
+  application.setDesktopFileName(kDesktopName);
+  application.setApplicationVersion(QString::fromStdString(API::shortVersion()));
   // Without a display there is nothing but memory to draw into.
   if (QGuiApplication::platformName() == "offscreen") {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   }
-  return vellix::Run{application}.exec();
+  // A start that only takes pictures is nobody's application: it neither meets a running one nor
+  // stands in its way.
+  const bool staged = shotPath(plain(application.arguments())).has_value();
+  const auto request = requestOf(application.arguments(), activationToken);
+  DesktopApplication desktop{QDBusConnection::sessionBus(), kDesktopName};
+  if (!staged && desktop.handOver(request)) return 0;
+  return Run{application, desktop, request}.exec();
 }

@@ -4,10 +4,22 @@
 
 namespace vellix {
 
+Task<> Store::signIn() {
+  auto run = signIn_.run();
+  const auto me = co_await std::move(run);
+  if (me) {
+    auto session = beginSession();
+    co_await std::move(session);
+  } else if (me.error().kind != Failure::Kind::cancelled) {
+    toast.set(Toast{me.error().description().value_or("Sign-in didn't finish. Try again.")});
+  }
+}
+
 void Store::open(std::string url) {
   const auto parts = parseUrl(url);
   if (!parts || parts->scheme != "sorel" || parts->host != "signed-in") return;
-  spawn(completeSignIn(std::move(url)));
+  // A sign-in that waits for its browser goes on with it; otherwise the URL is a sign-in itself.
+  if (!signIn_.arrived(url)) spawn(completeSignIn(std::move(url)));
 }
 
 Task<> Store::completeSignIn(std::string url) {
@@ -17,6 +29,13 @@ Task<> Store::completeSignIn(std::string url) {
     toast.set(Toast{me.error().description().value_or("Sign-in didn't finish.")});
     co_return;
   }
+  auto session = beginSession();
+  co_await std::move(session);
+}
+
+// Whoever is signed in waits for no browser any more.
+Task<> Store::beginSession() {
+  signIn_.cancel();
   signedIn.set(true);
   etag.reset();
   auto poll = refresh();
@@ -27,6 +46,7 @@ Task<> Store::completeSignIn(std::string url) {
 
 void Store::resume() {
   if (signedIn() || !api_.token()) return;
+  signIn_.cancel();
   signedIn.set(true);
   startLoop();
 }

@@ -112,6 +112,7 @@ class Store {
   std::map<std::string, const Person*> usersByEmail() const;
 
   // The session.
+  Task<> signIn();
   void open(std::string url);  // a URL opened from outside
   Task<> completeSignIn(std::string url);
   void resume();  // takes up a session whose token was found only after the start
@@ -146,6 +147,7 @@ class Store {
   Task<> runLoop(std::stop_token stop);
   Milliseconds pause() const;
   void noteProblem(const Failure& failure, std::uint64_t session);
+  Task<> beginSession();
   Task<> logOut();
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
   Task<> sendFindingState(Finding finding, std::string state, std::string text);

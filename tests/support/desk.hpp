@@ -3,6 +3,7 @@
 
 #include "gateway/api.hpp"
 #include "gateway/sign_in.hpp"
+#include "shell/waiting_browser.hpp"
 #include "store/store.hpp"
 #include "support/fakes.hpp"
 #include "support/scripted_http.hpp"
@@ -19,11 +20,14 @@ struct Desk {
   FakeTokenStore tokens;
   FakeWindows windows;
   FakeMachine machine;
+  FakeOpener opener;
+  FakeUuids uuids;
   FakePrefetch pictures;
   FakeCalendar calendar;
   ScriptedHttp http{time};
   API api{http, tokens, defaults};
-  SignIn signIn{api, defaults, machine};
+  WaitingBrowser browser{time, opener};
+  SignIn signIn{api, {defaults, machine, browser, uuids}};
   Prefs prefs{time, defaults};
   TaskScope tasks;
 

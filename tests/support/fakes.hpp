@@ -8,6 +8,8 @@
 #include "platform/ports/defaults.hpp"
 #include "platform/ports/machine.hpp"
 #include "platform/ports/token_store.hpp"
+#include "platform/ports/url_opener.hpp"
+#include "platform/ports/uuids.hpp"
 #include "platform/ports/windows.hpp"
 #include "store/store.hpp"
 
@@ -61,6 +63,25 @@ class FakeMachine : public Machine {
  public:
   std::string name() const override { return machineName; }
   std::string machineName = "studio";
+};
+
+class FakeOpener : public UrlOpener {
+ public:
+  bool open(const std::string& url) override {
+    opened.push_back(url);
+    return works;
+  }
+  std::vector<std::string> opened;
+  bool works = true;
+};
+
+class FakeUuids : public Uuids {
+ public:
+  // The first ends in 1, the second in 2, and so on.
+  std::string fresh() override {
+    return "0f8fad5b-d9cb-469f-a165-70867728950" + std::to_string(++given);
+  }
+  int given = 0;
 };
 
 class FakePrefetch : public PagePrefetch {

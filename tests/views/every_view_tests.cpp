@@ -101,9 +101,11 @@ class EveryView : public ViewTest {
         {"Shell/OfflineBanner", {{"open", true}, {"problem", "This Mac is offline."}}},
         {"Shell/PlainView", {{"loading", true}, {"headline", ""}, {"line", "Loading the board…"}}},
         {"Shell/RootView", models()},
-        {"Shell/SignInView", {}},
+        {"Shell/SignInButton", {{"title", "Opening Google…"}, {"working", true}}},
+        {"Shell/SignInView", {pick("signIn")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
+        {"Shell/WaitingSheet", {{"open", true}}},
     };
   }
 

@@ -80,9 +80,11 @@ QVariantMap ViewTest::models() {
     board_.emplace(store(), desk.defaults, desk.time, desk.calendar);
     compare_.emplace(store());
     inspector_.emplace(store(), desk.time, desk.calendar);
+    signIn_.emplace(store(), desk.browser, desk.time);
     root_.emplace(store(), desk.time);
   }
-  return {{"root", QVariant::fromValue(&*root_)},
+  return {{"signIn", QVariant::fromValue(&*signIn_)},
+          {"root", QVariant::fromValue(&*root_)},
           {"board", QVariant::fromValue(&*board_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},

@@ -9,6 +9,7 @@
 #include "compare/CompareModel.hpp"
 #include "inspector/InspectorModel.hpp"
 #include "shell/RootModel.hpp"
+#include "shell/SignInModel.hpp"
 #include "store/store_test.hpp"
 #include "views/plain_pictures.hpp"
 #include "views/screen_reader.hpp"
@@ -43,6 +44,7 @@ class ViewTest : public StoreTest {
   PlainPictures pictures;
 
  private:
+  std::optional<SignInModel> signIn_;
   std::optional<RootModel> root_;
   std::optional<BoardModel> board_;
   std::optional<CompareModel> compare_;

@@ -1,0 +1,80 @@
+import QtQuick
+import Vellix.Pieces
+
+// Starts the sign-in. While it works a spinner takes the letter mark's place and presses do nothing.
+Pressable {
+    id: button
+
+    required property string title
+    required property bool working
+
+    signal action()
+
+    label: title
+    radius: Theme.radiusRow
+    implicitWidth: 264
+    implicitHeight: 44
+    pressedScale: working ? 1 : 0.97
+
+    onClicked: {
+        if (!working)
+            action();
+    }
+
+    Shadow {
+        anchors.fill: parent
+        radius: button.radius
+        blur: 10
+        drop: 2
+        color: Qt.alpha(Theme.shadow, 0.08)
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: button.radius
+        color: Theme.raised
+        border.width: 1
+        border.color: Theme.quietFill
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: button.radius
+        color: Theme.hoverFill
+        opacity: button.hovered && !button.working ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation { duration: Theme.hover }
+        }
+    }
+
+    Row {
+        anchors.centerIn: parent
+        spacing: 10
+
+        Item {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 18
+            height: 18
+
+            GoogleG {
+                anchors.fill: parent
+                visible: !button.working
+            }
+
+            Spinner {
+                anchors.centerIn: parent
+                visible: button.working
+                size: 16
+            }
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.large
+            weight: Font.DemiBold
+            text: button.title
+            Accessible.ignored: true
+        }
+    }
+}

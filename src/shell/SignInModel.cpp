@@ -1,0 +1,16 @@
+#include "shell/SignInModel.hpp"
+
+#include "bridge/replaced.hpp"
+
+namespace vellix {
+
+SignInModel::SignInModel(Store& store, WaitingBrowser& browser, MainLoop& loop)
+    : screen_(store, browser, loop), onChange_(screen_.changes.observe(1, [this] { update(); })) {
+  update();
+}
+
+void SignInModel::update() {
+  if (replaced(view_, screen_.view())) emit viewChanged();
+}
+
+}  // namespace vellix

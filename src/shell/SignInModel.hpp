@@ -1,0 +1,39 @@
+// The sign-in screen's view and operations, for QML. Main thread only.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+#include <QVariantMap>
+
+#include "shell/sign_in_screen.hpp"
+
+namespace vellix {
+
+class SignInModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap view READ view NOTIFY viewChanged)
+
+ public:
+  // What is passed must outlive the model.
+  SignInModel(Store& store, WaitingBrowser& browser, MainLoop& loop);
+
+  QVariantMap view() const { return view_; }
+
+  Q_INVOKABLE void signIn() { screen_.press(); }
+  Q_INVOKABLE void cancel() { screen_.cancel(); }
+  Q_INVOKABLE void openAgain() { screen_.openAgain(); }
+
+ signals:
+  void viewChanged();
+
+ private:
+  void update();
+
+  SignInScreen screen_;
+  QVariantMap view_;
+  Changes::Subscription onChange_;
+};
+
+}  // namespace vellix

@@ -1,0 +1,157 @@
+#include "shell/sign_in_screen.hpp"
+
+#include <gmock/gmock.h>
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr const char* kNote =
+    "Google opens on its own page. Sign in with your @tessarine.example account there.";
+constexpr const char* kExchangeLine = "POST api/login/exchange";
+
+TEST(SignInView, InvitesASignIn) {
+  for (const bool waiting : {false, true}) {
+    EXPECT_EQ(signInView(false, waiting), (SignInView{.button = "Sign in with Google"}));
+  }
+}
+
+TEST(SignInView, TellsOfASignInUnderWay) {
+  for (const bool waiting : {false, true}) {
+    EXPECT_EQ(
+        signInView(true, waiting),
+        (SignInView{
+            .working = true, .waiting = waiting, .button = "Opening Google…", .note = kNote}));
+  }
+}
+
+class SignInScreens : public StoreTest {
+ protected:
+  SignInScreens() : StoreTest(std::nullopt), screen(store(), desk.browser, desk.time) {
+    serveBoard(boardOf({}));
+    routes.set(kExchangeLine, answerOf(200, R"({"token":"fresh","me":{"email":"a","name":"b"}})"));
+  }
+
+  SignInScreen screen;
+
+  void press() {
+    screen.press();
+    desk.time.run();
+  }
+  void open(const std::string& url = "sorel://signed-in?code=abc") {
+    store().open(url);
+    desk.time.run();
+  }
+  bool working() { return screen.view().working; }
+  bool waiting() { return screen.view().waiting; }
+};
+
+TEST_F(SignInScreens, WaitForTheBrowserOnceAButtonIsPressed) {
+  EXPECT_FALSE(working());
+  int told = 0;
+  const auto observed = screen.changes.observe(1, [&] { ++told; });
+  press();
+  EXPECT_TRUE(working());
+  EXPECT_TRUE(waiting());
+  EXPECT_GT(told, 0);
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+}
+
+TEST_F(SignInScreens, StartNoSecondSignInWhileOneIsUnderWay) {
+  press();
+  press();
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+  routes.leaveOpen(kExchangeLine);
+  open();
+  EXPECT_TRUE(working());
+  EXPECT_FALSE(waiting());
+  press();
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+}
+
+TEST_F(SignInScreens, GoOnWithTheUrlThatComesBack) {
+  press();
+  open();
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_TRUE(store().board());
+  EXPECT_TRUE(store().looping());
+  EXPECT_FALSE(store().toast());
+  EXPECT_FALSE(working());
+  EXPECT_FALSE(waiting());
+  EXPECT_EQ(desk.http.count(kExchangeLine), 1U);
+}
+
+TEST_F(SignInScreens, GoBackSilentlyWhenTheBrowserIsCalledOff) {
+  press();
+  screen.cancel();
+  desk.time.run();
+  EXPECT_FALSE(working());
+  EXPECT_FALSE(waiting());
+  EXPECT_FALSE(store().toast());
+  press();
+  EXPECT_TRUE(waiting()) << "and begin anew";
+  EXPECT_EQ(desk.opener.opened.size(), 2U);
+}
+
+TEST_F(SignInScreens, GoBackWhenNoBrowserOpens) {
+  desk.opener.works = false;
+  press();
+  EXPECT_FALSE(working());
+  EXPECT_FALSE(waiting());
+  EXPECT_EQ(desk.toastText(), "No browser opened. Choose a default browser, then try again.");
+}
+
+TEST_F(SignInScreens, GoBackWhenTheExchangeFails) {
+  routes.set(kExchangeLine, answerOf(400, R"({"error":"Code used."})"));
+  press();
+  open();
+  EXPECT_FALSE(working());
+  EXPECT_EQ(desk.toastText(), "Code used.");
+}
+
+TEST_F(SignInScreens, OpenThePageAgain) {
+  screen.openAgain();
+  EXPECT_TRUE(desk.opener.opened.empty());
+  press();
+  screen.openAgain();
+  EXPECT_EQ(desk.opener.opened.size(), 2U);
+}
+
+TEST_F(SignInScreens, StopWaitingWhenAKeyringsTokenComesLate) {
+  press();
+  desk.tokens.item = "late";
+  store().resume();
+  desk.time.run();
+  EXPECT_FALSE(working());
+  EXPECT_FALSE(waiting());
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_FALSE(store().toast());
+  EXPECT_EQ(desk.api.token(), "late");
+}
+
+TEST_F(SignInScreens, AreFreeAgainAfterASignOutBeforeTheFirstBoard) {
+  routes.leaveOpen(kStateLine);
+  press();
+  open();
+  ASSERT_TRUE(store().signedIn());
+  store().signOut(false);
+  desk.time.run();
+  EXPECT_FALSE(working());
+  press();
+  ASSERT_TRUE(working());
+  // The first sign-in comes to its end, which is not the second one's.
+  answer(1, std::unexpected(HttpError::notConnected));
+  EXPECT_TRUE(working());
+  EXPECT_TRUE(waiting());
+}
+
+TEST_F(SignInScreens, DoNothingForSomebodySignedIn) {
+  desk.tokens.item = "late";
+  store().resume();
+  press();
+  EXPECT_TRUE(desk.opener.opened.empty());
+}
+
+}  // namespace
+}  // namespace vellix

@@ -1,0 +1,149 @@
+// The sign-in screen, and the sheet that waits for the browser.
+#include <QQuickItem>
+#include <QTest>
+
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+const QString kButton = QStringLiteral("Sign in with Google");
+const QString kWorking = QStringLiteral("Opening Google…");
+const QString kNote = QStringLiteral(
+    "Google opens on its own page. Sign in with your @tessarine.example account there.");
+const QString kSheet = QStringLiteral("Waiting for your browser");
+
+class SignInViews : public ViewTest {
+ protected:
+  SignInViews() {
+    desk.tokens.item.reset();
+    serveBoard(boardOf({ticketOf("t1")}));
+  }
+  bool has(const QString& name, QAccessible::Role role) { return reader().find(name, role); }
+  bool button(const QString& name) { return has(name, QAccessible::Button); }
+  // The sheet fades, which takes its time.
+  bool sheetStands() {
+    return QTest::qWaitFor([this] { return has(kSheet, QAccessible::Dialog); });
+  }
+  bool sheetGoes() {
+    return QTest::qWaitFor([this] { return !has(kSheet, QAccessible::Dialog); });
+  }
+  void key(Qt::Key which) {
+    QTest::keyClick(window(), which);
+    settle();
+  }
+  // The name of what has the keyboard.
+  std::string focused() {
+    QAccessibleInterface* at = QAccessible::queryAccessibleInterface(window()->activeFocusItem());
+    return at ? at->text(QAccessible::Name).toStdString() : std::string{};
+  }
+  bool ringed() { return window()->activeFocusItem()->property("visualFocus").toBool(); }
+};
+
+TEST_F(SignInViews, InviteASignIn) {
+  showMain({760, 540});
+  EXPECT_TRUE(has("Vellix", QAccessible::Heading));
+  EXPECT_TRUE(has("Supplier proofs, checked against what we sent.", QAccessible::StaticText));
+  EXPECT_TRUE(has("For Renny and Jorvas", QAccessible::StaticText));
+  EXPECT_TRUE(button(kButton));
+  EXPECT_FALSE(has(kNote, QAccessible::StaticText));
+  EXPECT_TRUE(sheetGoes());
+  EXPECT_EQ(focused(), kButton.toStdString());
+  EXPECT_FALSE(ringed());
+}
+
+TEST_F(SignInViews, WaitForTheBrowserAfterAPress) {
+  showMain({760, 540});
+  ASSERT_TRUE(press(kButton));
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+  EXPECT_TRUE(button(kWorking));
+  EXPECT_FALSE(button(kButton));
+  EXPECT_TRUE(has(kNote, QAccessible::StaticText));
+  EXPECT_TRUE(sheetStands());
+  ASSERT_TRUE(press(kWorking));
+  EXPECT_EQ(desk.opener.opened.size(), 1U) << "the button takes no presses meanwhile";
+  ASSERT_TRUE(press("Open it again"));
+  EXPECT_EQ(desk.opener.opened.size(), 2U);
+}
+
+TEST_F(SignInViews, GiveUpTheWaitByTheButton) {
+  showMain({760, 540});
+  ASSERT_TRUE(press(kButton));
+  EXPECT_EQ(focused(), "Cancel");
+  EXPECT_TRUE(sheetStands());
+  ASSERT_TRUE(press("Cancel"));
+  EXPECT_TRUE(button(kButton));
+  EXPECT_TRUE(sheetGoes());
+  EXPECT_EQ(focused(), kButton.toStdString());
+  EXPECT_FALSE(has(kNote, QAccessible::StaticText));
+  EXPECT_FALSE(store().toast());
+}
+
+TEST_F(SignInViews, WorkByKeyAlone) {
+  showMain({1'500, 940});
+  key(Qt::Key_Return);
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+  EXPECT_EQ(focused(), "Cancel");
+  EXPECT_FALSE(ringed());
+  key(Qt::Key_Backtab);
+  EXPECT_EQ(focused(), "Open it again");
+  EXPECT_TRUE(ringed());
+  key(Qt::Key_Space);
+  EXPECT_EQ(desk.opener.opened.size(), 2U);
+  key(Qt::Key_Escape);
+  EXPECT_TRUE(sheetGoes());
+  EXPECT_EQ(focused(), kButton.toStdString());
+  EXPECT_TRUE(ringed()) << "one showed before";
+  key(Qt::Key_Escape);
+  EXPECT_TRUE(button(kButton));
+  key(Qt::Key_Space);
+  EXPECT_TRUE(sheetStands());
+  EXPECT_EQ(focused(), "Cancel");
+  EXPECT_TRUE(ringed());
+}
+
+TEST_F(SignInViews, GiveWayToTheBoard) {
+  routes.set("POST api/login/exchange",
+             answerOf(200, R"({"token":"fresh","me":{"email":"a","name":"b"}})"));
+  showMain({760, 540});
+  ASSERT_TRUE(press(kButton));
+  store().open("sorel://signed-in?code=abc");
+  settle();
+  EXPECT_TRUE(store().board());
+  EXPECT_FALSE(button(kWorking));
+  EXPECT_TRUE(sheetGoes());
+}
+
+TEST_F(SignInViews, SayThatNoBrowserOpened) {
+  desk.opener.works = false;
+  showMain({760, 540});
+  ASSERT_TRUE(press(kButton));
+  EXPECT_TRUE(button(kButton));
+  EXPECT_TRUE(QTest::qWaitFor([this] {
+    return has("No browser opened. Choose a default browser, then try again.",
+               QAccessible::AlertMessage);
+  }));
+}
+
+TEST_F(SignInViews, KeepTheSheetAboveTheFootAndBelowTheNote) {
+  showMain(kSizes.front());
+  ASSERT_TRUE(press(kButton));
+  ASSERT_TRUE(sheetStands());
+  for (const QSize size : kSizes) {
+    resize(size);
+    const QRect note = reader().find(kNote, QAccessible::StaticText)->rect();
+    const QRect sheet = reader().find(kSheet, QAccessible::Dialog)->rect();
+    const QRect foot = reader().find("For Renny and Jorvas", QAccessible::StaticText)->rect();
+    EXPECT_LT(note.bottom(), sheet.top());
+    EXPECT_LT(sheet.bottom(), foot.top());
+  }
+}
+
+TEST_F(SignInViews, EaseInUnlessMotionIsReduced) {
+  show("Shell/SignInView", {{"signIn", models()["signIn"]}}, {760, 540});
+  QQuickItem* view = qobject_cast<QQuickView*>(window())->rootObject();
+  EXPECT_TRUE(QTest::qWaitFor([view] { return view->property("entrance").toReal() == 1; }));
+}
+
+}  // namespace
+}  // namespace vellix
