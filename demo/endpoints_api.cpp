@@ -49,6 +49,7 @@ Reply Service::serve(const Request& request) {
   const bool get = request.method == "GET";
   const bool post = request.method == "POST";
   if (get && path == "/signin") return signInPage(request);
+  if (get && path == "/signin/back" && handBack) return signedInPage(request);
   if (get && path == "/version.json") {
     return jsonReply(VersionInfo{"1.0", 1, "https://proofs.tessarine.example/vellix.dmg",
                                  std::nullopt, std::nullopt});

@@ -21,15 +21,18 @@ struct Options {
   double pace = 1;
   bool colleague = true;
   bool untilStdinCloses = false;
+  bool handBack = false;
   std::string sampleFolder;
 };
 
 constexpr const char* kUsage =
     "usage: vellix_demo_service [--port N] [--no-colleague] [--until-stdin-closes]\n"
-    "                           [--pace FACTOR] [--write-sample FOLDER]\n"
+    "                           [--hand-back] [--pace FACTOR] [--write-sample FOLDER]\n"
     "  --port N               listen on this port of 127.0.0.1; 0, the default, picks a free one\n"
     "  --no-colleague         the other reviewer does nothing unless told to\n"
     "  --until-stdin-closes   end when standard input ends\n"
+    "  --hand-back            the sign-in page does not send the browser to the program: its URL\n"
+    "                         for that is printed as a line \"callback URL\"\n"
     "  --pace FACTOR          how long jobs, checks and approvers take; 1 is the usual\n"
     "  --write-sample FOLDER  write the board and its pictures there, and end\n";
 
@@ -47,6 +50,8 @@ std::optional<Options> optionsOf(int argc, char** argv) {
       options.colleague = false;
     } else if (name == "--until-stdin-closes") {
       options.untilStdinCloses = true;
+    } else if (name == "--hand-back") {
+      options.handBack = true;
     } else if (name == "--write-sample" && !value.empty()) {
       options.sampleFolder = value;
       ++i;
@@ -94,6 +99,12 @@ int serve(const Options& options) {
     if (service.writeSample(options.sampleFolder)) return 0;
     std::fprintf(stderr, "cannot write a sample into %s\n", options.sampleFolder.c_str());
     return 1;
+  }
+  if (options.handBack) {
+    service.handBack = [](const std::string& url) {
+      std::printf("callback %s\n", url.c_str());
+      std::fflush(stdout);
+    };
   }
   httplib::Server server;
   // A connection that is kept alive holds a thread.

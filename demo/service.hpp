@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -49,6 +50,10 @@ class Service {
   // Any thread; several at once.
   Reply answer(const Request& request);
 
+  // Set ahead of the first request: takes the sign-in page's callback URLs in the browser's stead,
+  // for a desktop that does not know their scheme. Called on any thread, with the lock held.
+  std::function<void(const std::string&)> handBack;
+
   // Writes "sample.json" and every picture it names into an existing folder; false on failure.
   bool writeSample(const std::string& folder);
 
@@ -60,6 +65,7 @@ class Service {
                     const std::string& me);
   Reply serveTests(const Request& request);  // under /demo/
   Reply signInPage(const Request& request);
+  Reply signedInPage(const Request& request);
   std::size_t log(const Request& request);
   void logStatus(std::size_t number, int status);
 

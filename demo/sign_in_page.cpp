@@ -24,40 +24,58 @@ const char* const kStyle = R"(
   i { width: 36px; height: 36px; border-radius: 50%; display: grid; place-items: center;
       font-style: normal; font-weight: 600 })";
 
+std::string itemOf(const Request& request, const char* name) {
+  const auto found = request.query.find(name);
+  return found == request.query.end() ? std::string() : found->second;
+}
+
+QString escaped(const std::string& item) {
+  return QString::fromLatin1(QUrl::toPercentEncoding(QString::fromStdString(item)));
+}
+
+Reply pageOf(const QString& content) {
+  const QString page =
+      QStringLiteral(
+          "<!doctype html><html lang=\"en\"><meta charset=\"utf-8\">"
+          "<meta name=\"viewport\" content=\"width=device-width\"><title>Sign in to Vellix</title>"
+          "<style>") +
+      QLatin1String(kStyle) + QStringLiteral("</style><main><h1>Vellix</h1>") + content +
+      QStringLiteral("</main></html>");
+  return {200, page.toStdString(), "text/html; charset=utf-8", {}, false};
+}
+
 }  // namespace
 
 Reply Service::signInPage(const Request& request) {
-  const auto item = [&](const char* name) {
-    const auto found = request.query.find(name);
-    return found == request.query.end() ? std::string() : found->second;
-  };
-  const std::string nonce = item("state");
+  const std::string nonce = itemOf(request, "state");
   if (nonce.empty()) return errorReply(400, "A sign-in needs its state.");
-  QString page = QStringLiteral(
-      "<!doctype html><html lang=\"en\"><meta charset=\"utf-8\">"
-      "<meta name=\"viewport\" content=\"width=device-width\"><title>Sign in to Vellix</title>"
-      "<style>");
-  page += QLatin1String(kStyle);
-  page += QStringLiteral(
-      "</style><main><h1>Vellix</h1><p>Choose who you are today. This is a "
-      "demo: nothing leaves this machine.</p>");
+  QString content = QStringLiteral(
+      "<p>Choose who you are today. This is a demo: nothing leaves this machine.</p>");
   const std::tuple<const char*, const char*, const char*> people[] = {
       {kRenny, "Renny Vale", "#7442e8"}, {kJorvas, "Jorvas Lind", "#1a84f0"}};
+  const QLatin1String back(handBack ? "/signin/back" : "sorel://signed-in");
   for (const auto& [email, name, colour] : people) {
     const QString link =
-        QStringLiteral("sorel://signed-in?code=%1&amp;state=%2")
-            .arg(QString::fromStdString(state_.codeFor(email, nonce)),
-                 QString::fromLatin1(QUrl::toPercentEncoding(QString::fromStdString(nonce))));
-    page += QStringLiteral(
-                "<a href=\"%1\"%2><i style=\"color:%3;background:%3 2e\">%4</i>"
-                "<span><b>%5</b><small>%6</small></span></a>")
-                .arg(link, item("hint") == email ? QStringLiteral(" class=\"hint\"") : QString(),
-                     QLatin1String(colour), QString(QLatin1Char(name[0])), QLatin1String(name),
-                     QLatin1String(email))
-                .replace(QStringLiteral(" 2e\""), QStringLiteral("2e\""));
+        QStringLiteral("%1?code=%2&amp;state=%3")
+            .arg(back, QString::fromStdString(state_.codeFor(email, nonce)), escaped(nonce));
+    content +=
+        QStringLiteral(
+            "<a href=\"%1\"%2><i style=\"color:%3;background:%3 2e\">%4</i>"
+            "<span><b>%5</b><small>%6</small></span></a>")
+            .arg(link,
+                 itemOf(request, "hint") == email ? QStringLiteral(" class=\"hint\"") : QString(),
+                 QLatin1String(colour), QString(QLatin1Char(name[0])), QLatin1String(name),
+                 QLatin1String(email))
+            .replace(QStringLiteral(" 2e\""), QStringLiteral("2e\""));
   }
-  page += QStringLiteral("</main></html>");
-  return {200, page.toStdString(), "text/html; charset=utf-8", {}, false};
+  return pageOf(content);
+}
+
+Reply Service::signedInPage(const Request& request) {
+  const QString url = QStringLiteral("sorel://signed-in?code=%1&state=%2")
+                          .arg(escaped(itemOf(request, "code")), escaped(itemOf(request, "state")));
+  handBack(url.toStdString());
+  return pageOf(QStringLiteral("<p>That's it. Vellix goes on; this page can be closed.</p>"));
 }
 
 }  // namespace vellix::demo

@@ -10,6 +10,7 @@ import time
 import traceback
 from pathlib import Path
 
+from browser import Browser
 from private_session import LIMIT, PrivateSession, Trouble, wait_until
 from reader import Reader
 from service import Service
@@ -43,6 +44,7 @@ class Desk:
         try:
             self.service = Service(self.session, self.service_binary,
                                    self.service_arguments)
+            self.browser = Browser(self.session)
             self._point_program_at(self.service.base)
             self.start_program(SIGNED_IN.format(self.reviewer) if self.reviewer else None)
         except BaseException:
@@ -70,6 +72,13 @@ class Desk:
         self.program = self.session.start("program", command)
         self.reader = Reader(self.session, self.program_binary.name).attach()
 
+    def second_start(self, url=None):
+        """Starts the program once more, as a click on its icon or on a link does. It must end well."""
+        command = [str(self.program_binary)] + ([url] if url else [])
+        code = self.session.start("second", command).wait(timeout=LIMIT)
+        if code != 0:
+            raise Trouble(f"the second start ended with {code}")
+
     def close_window(self):
         """Closes the main window as a person does; the process must then end well."""
         self.reader.key("alt+F4")
@@ -86,7 +95,9 @@ class Desk:
             raise Trouble(f"the program ended with {code}")
 
     def no_warnings(self):
-        said = [line for line in self.session.errors_of("program").splitlines()
+        # What the bus has started speaks through the bus.
+        names = {child.name for child in self.session.children} & {"program", "second", "bus"}
+        said = [line for name in names for line in self.session.errors_of(name).splitlines()
                 if WARNINGS.search(line)]
         if said:
             raise Trouble("the program warned:\n  " + "\n  ".join(said[:40]))
