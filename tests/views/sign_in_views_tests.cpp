@@ -21,6 +21,11 @@ class SignInViews : public ViewTest {
   }
   bool has(const QString& name, QAccessible::Role role) { return reader().find(name, role); }
   bool button(const QString& name) { return has(name, QAccessible::Button); }
+  // The screen eases in.
+  void begin(QSize size) {
+    showMain(size);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return button(kButton); }));
+  }
   // The sheet fades, which takes its time.
   bool sheetStands() {
     return QTest::qWaitFor([this] { return has(kSheet, QAccessible::Dialog); });
@@ -41,7 +46,7 @@ class SignInViews : public ViewTest {
 };
 
 TEST_F(SignInViews, InviteASignIn) {
-  showMain({760, 540});
+  begin({760, 540});
   EXPECT_TRUE(has("Vellix", QAccessible::Heading));
   EXPECT_TRUE(has("Supplier proofs, checked against what we sent.", QAccessible::StaticText));
   EXPECT_TRUE(has("For Renny and Jorvas", QAccessible::StaticText));
@@ -53,7 +58,7 @@ TEST_F(SignInViews, InviteASignIn) {
 }
 
 TEST_F(SignInViews, WaitForTheBrowserAfterAPress) {
-  showMain({760, 540});
+  begin({760, 540});
   ASSERT_TRUE(press(kButton));
   EXPECT_EQ(desk.opener.opened.size(), 1U);
   EXPECT_TRUE(button(kWorking));
@@ -67,7 +72,7 @@ TEST_F(SignInViews, WaitForTheBrowserAfterAPress) {
 }
 
 TEST_F(SignInViews, GiveUpTheWaitByTheButton) {
-  showMain({760, 540});
+  begin({760, 540});
   ASSERT_TRUE(press(kButton));
   EXPECT_EQ(focused(), "Cancel");
   EXPECT_TRUE(sheetStands());
@@ -80,7 +85,7 @@ TEST_F(SignInViews, GiveUpTheWaitByTheButton) {
 }
 
 TEST_F(SignInViews, WorkByKeyAlone) {
-  showMain({1'500, 940});
+  begin({1'500, 940});
   key(Qt::Key_Return);
   EXPECT_EQ(desk.opener.opened.size(), 1U);
   EXPECT_EQ(focused(), "Cancel");
@@ -105,7 +110,7 @@ TEST_F(SignInViews, WorkByKeyAlone) {
 TEST_F(SignInViews, GiveWayToTheBoard) {
   routes.set("POST api/login/exchange",
              answerOf(200, R"({"token":"fresh","me":{"email":"a","name":"b"}})"));
-  showMain({760, 540});
+  begin({760, 540});
   ASSERT_TRUE(press(kButton));
   store().open("sorel://signed-in?code=abc");
   settle();
@@ -116,7 +121,7 @@ TEST_F(SignInViews, GiveWayToTheBoard) {
 
 TEST_F(SignInViews, SayThatNoBrowserOpened) {
   desk.opener.works = false;
-  showMain({760, 540});
+  begin({760, 540});
   ASSERT_TRUE(press(kButton));
   EXPECT_TRUE(button(kButton));
   EXPECT_TRUE(QTest::qWaitFor([this] {
@@ -126,7 +131,7 @@ TEST_F(SignInViews, SayThatNoBrowserOpened) {
 }
 
 TEST_F(SignInViews, KeepTheSheetAboveTheFootAndBelowTheNote) {
-  showMain(kSizes.front());
+  begin(kSizes.front());
   ASSERT_TRUE(press(kButton));
   ASSERT_TRUE(sheetStands());
   for (const QSize size : kSizes) {
