@@ -138,7 +138,7 @@ FocusScope {
             // Its room is there from the start.
             Item {
                 width: parent.width
-                height: 34
+                height: 42
 
                 Label {
                     width: parent.width
