@@ -2,6 +2,7 @@
 #include <QQuickItem>
 #include <QTest>
 
+#include "pieces/Theme.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -144,10 +145,22 @@ TEST_F(SignInViews, KeepTheSheetAboveTheFootAndBelowTheNote) {
   }
 }
 
-TEST_F(SignInViews, EaseInUnlessMotionIsReduced) {
+TEST_F(SignInViews, EaseIn) {
   show("Shell/SignInView", {{"signIn", models()["signIn"]}}, {760, 540});
   QQuickItem* view = qobject_cast<QQuickView*>(window())->rootObject();
   EXPECT_TRUE(QTest::qWaitFor([view] { return view->property("entrance").toReal() == 1; }));
+}
+
+TEST_F(SignInViews, StandAtOnceWhereMotionIsReduced) {
+  engine()
+      ->singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"))
+      ->setReducedMotion(true);
+  showMain({760, 540});
+  EXPECT_TRUE(button(kButton));
+  ASSERT_TRUE(press(kButton));
+  EXPECT_TRUE(has(kSheet, QAccessible::Dialog));
+  ASSERT_TRUE(press("Cancel"));
+  EXPECT_FALSE(has(kSheet, QAccessible::Dialog));
 }
 
 }  // namespace
