@@ -102,9 +102,8 @@ TEST_F(RootViews, ReturnToTheSignInScreen) {
   EXPECT_FALSE(says("Supplier proofs, checked against what we sent."));
   store().signOut(true);
   settle();
-  EXPECT_TRUE(
-      QTest::qWaitFor([this] { return says("Supplier proofs, checked against what we sent."); }));
-  EXPECT_TRUE(says("For Renny and Jorvas"));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return says("For Renny and Jorvas"); })) << "it eases in";
+  EXPECT_TRUE(says("Supplier proofs, checked against what we sent."));
   EXPECT_TRUE(reader().names(QAccessible::ListItem).isEmpty());
 }
 
