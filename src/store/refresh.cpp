@@ -57,12 +57,14 @@ Task<> Store::refresh(std::stop_token stop) {
     }
     // A sign-out in the meantime took the board away on purpose.
     if (session != session_) co_return;
+    noticeNewEvents(*fresh);
     board.set(std::move(*fresh));
     etag = response->header("etag");
     if (selection().empty()) reconcileSelection();
   }
   problem.set(std::nullopt);
   lastOK.set(ports_.loop.now());
+  updateBadge();
   if (const FileItem* file = currentFile()) {
     auto load = loadDetail(*file, false, stop);
     co_await std::move(load);

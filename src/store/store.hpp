@@ -14,6 +14,7 @@
 
 #include "gateway/api.hpp"
 #include "gateway/sign_in.hpp"
+#include "platform/ports/badge.hpp"
 #include "platform/ports/main_loop.hpp"
 #include "platform/ports/windows.hpp"
 #include "records/records.hpp"
@@ -39,6 +40,7 @@ class Store {
     Defaults& defaults;
     const Windows& windows;
     PagePrefetch& pictures;
+    Badge& badge;
   };
   // What is passed must outlive the Store. Starts nothing.
   Store(API& api, SignIn& signIn, Prefs& prefs, Ports ports);
@@ -110,6 +112,7 @@ class Store {
   void requestRefresh();  // sets `refreshing` and starts refreshNow
   bool anyJobActive() const;
   std::map<std::string, const Person*> usersByEmail() const;
+  Int openCount() const;  // of the user's own tickets
 
   // The session.
   Task<> signIn();
@@ -146,6 +149,8 @@ class Store {
  private:
   Task<> runLoop(std::stop_token stop);
   Milliseconds pause() const;
+  void noticeNewEvents(const BoardState& fresh);
+  void updateBadge();
   void noteProblem(const Failure& failure, std::uint64_t session);
   Task<> beginSession();
   Task<> logOut();

@@ -23,6 +23,7 @@ struct Desk {
   FakeOpener opener;
   FakeUuids uuids;
   FakePrefetch pictures;
+  FakeBadge badge;
   FakeCalendar calendar;
   ScriptedHttp http{time};
   API api{http, tokens, defaults};
@@ -33,8 +34,9 @@ struct Desk {
 
   // Built at first use, so a test can set the ports up before.
   Store& store() {
-    if (!store_)
-      store_.emplace(api, signIn, prefs, Store::Ports{time, defaults, windows, pictures});
+    if (!store_) {
+      store_.emplace(api, signIn, prefs, Store::Ports{time, defaults, windows, pictures, badge});
+    }
     return *store_;
   }
   void endStore() { store_.reset(); }

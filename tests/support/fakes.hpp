@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "platform/ports/badge.hpp"
 #include "platform/ports/calendar.hpp"
 #include "platform/ports/defaults.hpp"
 #include "platform/ports/machine.hpp"
@@ -88,6 +89,12 @@ class FakePrefetch : public PagePrefetch {
  public:
   void prefetch(const Page& page) override { pages.push_back(page.i); }
   std::vector<Int> pages;
+};
+
+class FakeBadge : public Badge {
+ public:
+  void show(std::optional<std::int64_t> count) override { shown.push_back(count); }
+  std::vector<std::optional<std::int64_t>> shown;  // the latest last
 };
 
 // UTC, with English words.
