@@ -118,24 +118,4 @@ Item {
             }
         }
     }
-
-    Shortcut {
-        sequences: ["Ctrl+=", "Ctrl++"]
-        onActivated: file.compare.zoomIn()
-    }
-
-    Shortcut {
-        sequence: "Ctrl+-"
-        onActivated: file.compare.zoomOut()
-    }
-
-    Shortcut {
-        sequence: "Ctrl+0"
-        onActivated: file.compare.fit()
-    }
-
-    Shortcut {
-        sequence: "Ctrl+Alt+I"
-        onActivated: file.compare.toggleNotes()
-    }
 }

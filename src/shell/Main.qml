@@ -5,12 +5,14 @@ import Vellix.Inspector
 import Vellix.Pieces
 import Vellix.Shell
 
-// The one main window.
+// The one main window, and the settings window beside it.
 Window {
     id: window
 
     required property RootModel root
     required property SignInModel signIn
+    required property CommandsModel commands
+    required property SettingsModel settings
     required property BoardModel board
     required property CompareModel compare
     required property InspectorModel inspector
@@ -24,14 +26,54 @@ Window {
     visible: true
     color: Theme.window
 
+    // With the main window the program ends, whatever other window is open.
+    onClosing: Qt.quit()
+
+    MenuStrip {
+        id: menus
+
+        width: parent.width
+        commands: window.commands
+    }
+
     RootView {
         anchors.fill: parent
+        anchors.topMargin: menus.height
         root: window.root
         signIn: window.signIn
         board: window.board
         compare: window.compare
         inspector: window.inspector
         pictures: window.pictures
+    }
+
+    CommandKeys {
+        commands: window.commands
+    }
+
+    Loader {
+        id: preferences
+
+        active: false
+        source: "SettingsWindow.qml"
+    }
+
+    Connections {
+        target: window.commands
+
+        function onEndWanted() {
+            window.close();
+        }
+        function onSettingsWanted() {
+            if (!preferences.item)
+                preferences.setSource("SettingsWindow.qml", {
+                    settings: window.settings,
+                    transientParent: window
+                });
+            preferences.active = true;
+            preferences.item.show();
+            preferences.item.requestActivate();
+        }
     }
 
     Binding {

@@ -24,11 +24,13 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       signIn_(api_, {defaults, machine_, browser_, uuids_}),
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
-      store_(api_, signIn_, prefs_, {loop_, defaults, windows_, images_}),
+      store_(api_, signIn_, prefs_, {loop_, defaults, windows_, images_, badge_}),
       board_(store_, defaults, loop_, calendar_),
       compare_(store_),
       inspector_(store_, loop_, calendar_),
       signInScreen_(store_, browser_, loop_),
+      commands_(store_),
+      settings_(prefs_),
       root_(store_, loop_) {}
 
 bool Program::show() {
@@ -49,6 +51,8 @@ QVariantMap Program::parts() {
   return {
       {"signIn", QVariant::fromValue(&signInScreen_)},
       {"root", QVariant::fromValue(&root_)},
+      {"commands", QVariant::fromValue(&commands_)},
+      {"settings", QVariant::fromValue(&settings_)},
       {"board", QVariant::fromValue(&board_)},
       {"compare", QVariant::fromValue(&compare_)},
       {"inspector", QVariant::fromValue(&inspector_)},

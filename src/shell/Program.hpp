@@ -8,6 +8,7 @@
 #include "compare/CompareModel.hpp"
 #include "compare/Pictures.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "platform/linux/LauncherBadge.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
 #include "platform/qt/QtDefaults.hpp"
@@ -19,7 +20,9 @@
 #include "platform/qt/QtUrlOpener.hpp"
 #include "platform/qt/QtUuids.hpp"
 #include "platform/qt/QtWindows.hpp"
+#include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
+#include "shell/SettingsModel.hpp"
 #include "shell/SignInModel.hpp"
 #include "shell/Stage.hpp"
 #include "shell/closed_http.hpp"
@@ -49,6 +52,7 @@ class Program {
   QtCalendar calendar_;
   QtWindows windows_;
   QtMachine machine_;
+  LauncherBadge badge_;
   QtHttp http_;
   ClosedHttp closed_{loop_};
   QtUrlOpener opener_;
@@ -68,6 +72,8 @@ class Program {
   CompareModel compare_;
   InspectorModel inspector_;
   SignInModel signInScreen_;
+  CommandsModel commands_;
+  SettingsModel settings_;
   RootModel root_;  // told last: a view it makes finds the other models up to date
   QQmlApplicationEngine engine_;
 };

@@ -82,12 +82,16 @@ class Desk:
     def close_window(self):
         """Closes the main window as a person does; the process must then end well."""
         self.reader.key("alt+F4")
-        try:
-            code = self.program.wait(timeout=LIMIT)
-        except subprocess.TimeoutExpired:
-            raise Trouble(f"the program still ran {LIMIT:.0f} s after its window closed") from None
+        code = self.ended()
         if code != 0:
             raise Trouble(f"the program ended with {code}")
+
+    def ended(self):
+        """The code the program ends with by itself."""
+        try:
+            return self.program.wait(timeout=LIMIT)
+        except subprocess.TimeoutExpired:
+            raise Trouble(f"the program still ran after {LIMIT:.0f} s") from None
 
     def alive(self):
         code = self.program.poll()

@@ -152,8 +152,9 @@ class Reader:
         inside = takewhile(lambda node: node.depth > nodes[start].depth, nodes[start + 1:])
         return [node for node in inside if node.role == "list item"]
 
-    def gone(self, name=None, contains=None, limit=LIMIT):
-        wait_until(f'"{name or contains}" to go', lambda: not self.find_all(name, contains), limit)
+    def gone(self, name=None, contains=None, roles=None, limit=LIMIT):
+        wait_until(f'"{name or contains}" to go',
+                   lambda: not self.find_all(name, contains, roles), limit)
 
     def press(self, node):
         """Presses through the object's own action, as assistive technology does."""

@@ -39,8 +39,12 @@ class Service:
     def state(self):
         return self._ask("GET", "demo/state")
 
-    def add_fault(self, **fault):
-        self._ask("POST", "demo/faults", fault)
+    def fail_with(self, *faults):
+        """From now on these faults and no others: dicts of path, times, status, cut and so on."""
+        self._ask("POST", "demo/faults", list(faults))
+
+    def colleague_acts(self, **deed):
+        self._ask("POST", "demo/colleague", deed)
 
     def requests(self, method, start):
         """The log's entries of one method whose path starts so, oldest first."""

@@ -98,11 +98,20 @@ class EveryView : public ViewTest {
         {"Shell/LabPills", {{"lab", lab["lab"]}}},
         {"Shell/LabSection", {{"title", "Marks"}}},
         {"Shell/MarkLab", lab},
+        {"Shell/CommandKeys", {pick("commands")}},
+        {"Shell/MenuStrip", {pick("commands")}},
         {"Shell/OfflineBanner", {{"open", true}, {"problem", "This Mac is offline."}}},
         {"Shell/PlainView", {{"loading", true}, {"headline", ""}, {"line", "Loading the board…"}}},
         {"Shell/RootView", models()},
         {"Shell/SignInButton", {{"title", "Opening Google…"}, {"working", true}}},
         {"Shell/SignInView", {pick("signIn")}},
+        {"Shell/SettingsGroup",
+         {{"section",
+           QVariantMap{{"title", "Heads-ups"},
+                       {"toggles", QVariantList{QVariantMap{{"key", "dockBadge"},
+                                                            {"label", "Show my open tickets"},
+                                                            {"on", true}}}}}}}},
+        {"Shell/SettingsView", {pick("settings")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
         {"Shell/WaitingSheet", {{"open", true}}},
@@ -122,15 +131,20 @@ class EveryView : public ViewTest {
     ASSERT_FALSE(views.isEmpty());
     for (const QString& view : views) {
       SCOPED_TRACE(view.toStdString());
-      // Windows of their own, loaded below.
-      if (view == "Shell/Main" || view == "Shell/PanelWindow") continue;
+      if (kWindows.contains(view)) continue;  // loaded in tests of their own
       ASSERT_TRUE(own_.contains(view)) << "a view that no test gives its properties";
       for (const QSize size : kSizes) show(view, own_.value(view), size);
     }
   }
 
  private:
-  std::pair<QString, QVariant> pick(const QString& name) { return {name, models()[name]}; }
+  static inline const QStringList kWindows{"Shell/Main", "Shell/PanelWindow", "Shell/SettingsWindow"};
+
+  std::pair<QString, QVariant> pick(const QString& name) {
+    QVariantMap all = models();
+    all.insert(windowModels());
+    return {name, all[name]};
+  }
 
   QQmlComponent panel_{engine()};
   QMap<QString, QVariantMap> own_;

@@ -81,6 +81,8 @@ QVariantMap ViewTest::models() {
     compare_.emplace(store());
     inspector_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.browser, desk.time);
+    commands_.emplace(store());
+    settings_.emplace(store().prefs);
     root_.emplace(store(), desk.time);
   }
   return {{"signIn", QVariant::fromValue(&*signIn_)},
@@ -89,6 +91,12 @@ QVariantMap ViewTest::models() {
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};
+}
+
+QVariantMap ViewTest::windowModels() {
+  models();
+  return {{"commands", QVariant::fromValue(&*commands_)},
+          {"settings", QVariant::fromValue(&*settings_)}};
 }
 
 void ViewTest::show(const QString& view, const QVariantMap& properties, QSize size) {
@@ -102,6 +110,12 @@ void ViewTest::show(const QString& view, const QVariantMap& properties, QSize si
   view_->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(view_.get()));
   settle();
+}
+
+void ViewTest::showMain(QSize size) {
+  QVariantMap properties = models();
+  properties.insert(windowModels());
+  showWindow("Shell/Main", properties, size);
 }
 
 void ViewTest::showWindow(const QString& view, const QVariantMap& properties, QSize size) {

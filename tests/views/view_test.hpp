@@ -8,8 +8,10 @@
 #include "board/BoardModel.hpp"
 #include "compare/CompareModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
 #include "shell/SignInModel.hpp"
+#include "shell/SettingsModel.hpp"
 #include "store/store_test.hpp"
 #include "views/plain_pictures.hpp"
 #include "views/screen_reader.hpp"
@@ -27,10 +29,12 @@ class ViewTest : public StoreTest {
 
   // The models as initial properties, under the names that the views give them.
   QVariantMap models();
+  // What the main window wants beside these.
+  QVariantMap windowModels();
   // Loads one view, "Board/FileList" say, into a window of its own and shows it.
   void show(const QString& view, const QVariantMap& properties, QSize size);
   // Loads the main window, or another that is one by itself.
-  void showMain(QSize size) { showWindow("Shell/Main", models(), size); }
+  void showMain(QSize size);
   void showWindow(const QString& view, const QVariantMap& properties, QSize size);
   QQuickWindow* window() { return window_; }
   QQmlEngine* engine() { return engine_.get(); }
@@ -49,6 +53,8 @@ class ViewTest : public StoreTest {
   std::optional<BoardModel> board_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
+  std::optional<CommandsModel> commands_;
+  std::optional<SettingsModel> settings_;
   std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();
   std::unique_ptr<QQuickView> view_;
   QQuickWindow* window_ = nullptr;

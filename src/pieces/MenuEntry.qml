@@ -1,0 +1,65 @@
+import QtQuick
+import Vellix.Pieces
+
+// One line of a Menu, or the rule between two groups of them.
+Pressable {
+    id: line
+
+    // A map of `key`, `text`, `enabled` and `shortcut`; the rule has no key.
+    required property var entry
+
+    readonly property bool rule: entry.key === ""
+    readonly property bool takesFocus: !rule && enabled
+
+    label: entry.text
+    enabled: !rule && entry.enabled
+    activeFocusOnTab: false
+    pressedScale: 1
+    opacity: 1
+    implicitHeight: rule ? 11 : 28
+    implicitWidth: words.implicitWidth + (keys.text === "" ? 0 : keys.implicitWidth + 40) + 24
+
+    Accessible.role: rule ? Accessible.Separator : Accessible.MenuItem
+    Accessible.description: keys.text
+
+    onHoveredChanged: if (hovered && takesFocus) forceActiveFocus(Qt.MouseFocusReason)
+
+    Hairline {
+        visible: line.rule
+        anchors.verticalCenter: parent.verticalCenter
+        x: Theme.gap8
+        width: parent.width - 2 * x
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        visible: line.takesFocus && line.activeFocus
+        radius: Theme.radiusControl
+        color: line.pressed ? Theme.selectedLine : Theme.selectedFill
+    }
+
+    Label {
+        id: words
+
+        x: 12
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.row
+        color: line.enabled ? Theme.text : Theme.faint
+        opacity: line.enabled ? 1 : 0.6
+        text: line.entry.text
+        Accessible.ignored: true
+    }
+
+    Label {
+        id: keys
+
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.note
+        color: Theme.faint
+        opacity: line.enabled ? 1 : 0.6
+        text: line.entry.shortcut ?? ""
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vellix.Pieces
+
+// A float over the window. It opens where there is room, takes the keyboard, closes on Esc and on a
+// press elsewhere, which does nothing else, and gives the focus back.
+T.Popup {
+    id: popover
+
+    // What a screen reader calls it.
+    required property string label
+    property real radius: Theme.radiusCard
+    property Item cameFrom: null
+
+    modal: true
+    dim: false
+    focus: true
+    margins: Theme.gap8
+    padding: Theme.gap16
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+
+    onAboutToShow: cameFrom = parent?.Window.activeFocusItem ?? null
+    onClosed: {
+        // The reason brings the ring back to what had it.
+        if (cameFrom && cameFrom.visible)
+            cameFrom.forceActiveFocus(cameFrom.focusReason ?? Qt.PopupFocusReason);
+        cameFrom = null;
+    }
+
+    background: Rectangle {
+        radius: popover.radius
+        color: Theme.raised
+        border.width: 1
+        border.color: Theme.line
+
+        Shadow {
+            anchors.fill: parent
+            z: -1
+            radius: popover.radius
+            color: Theme.shadow
+        }
+    }
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.hover }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; to: 0; duration: Theme.hover }
+    }
+}

@@ -1,0 +1,40 @@
+#include "shell/CommandsModel.hpp"
+
+#include <QKeySequence>
+
+#include "bridge/value.hpp"
+
+namespace vellix {
+
+CommandsModel::CommandsModel(Store& store)
+    : store_(store),
+      onChange_(store.changes.observe(
+          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kPanels,
+          [this] { update(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
+  update();
+}
+
+void CommandsModel::run(const QString& key) {
+  if (key == QLatin1String{"settings"}) {
+    emit settingsWanted();
+  } else if (key == QLatin1String{"quit"}) {
+    emit endWanted();
+  } else {
+    runCommand(store_, key.toStdString());
+  }
+}
+
+void CommandsModel::update() {
+  QVariantList menus = toQml(menuBar(store_)).toList();
+  if (menus == menus_) return;
+  menus_ = std::move(menus);
+  emit menusChanged();
+}
+
+QString CommandsModel::written(const QString& shortcut) {
+  return QKeySequence::fromString(shortcut, QKeySequence::PortableText)
+      .toString(QKeySequence::NativeText);
+}
+
+}  // namespace vellix

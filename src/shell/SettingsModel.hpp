@@ -1,0 +1,38 @@
+// The settings for their view. Main thread only.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+#include <QVariantMap>
+
+#include "shell/settings.hpp"
+
+namespace vellix {
+
+class SettingsModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap view READ view NOTIFY viewChanged)
+
+ public:
+  // The preferences must outlive the model.
+  explicit SettingsModel(Prefs& prefs);
+
+  QVariantMap view() const { return view_; }
+
+  Q_INVOKABLE void set(const QString& key, bool on);
+  Q_INVOKABLE void setAppearance(const QString& value);
+
+ signals:
+  void viewChanged();
+
+ private:
+  void update();
+
+  Prefs& prefs_;
+  QVariantMap view_;
+  Changes::Subscription onPrefs_;
+};
+
+}  // namespace vellix

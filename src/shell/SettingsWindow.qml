@@ -1,0 +1,34 @@
+import QtQuick
+import Vellix.Pieces
+import Vellix.Shell
+
+// The settings in a window of their own, as tall as they are.
+Window {
+    id: window
+
+    required property SettingsModel settings
+
+    title: "Settings"
+    width: 460
+    height: Math.min(content.implicitHeight, Screen.desktopAvailableHeight - 80)
+    minimumWidth: 380
+    minimumHeight: 240
+    maximumWidth: 460
+    maximumHeight: content.implicitHeight
+    flags: Qt.Dialog | Qt.WindowCloseButtonHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint
+    color: Theme.window
+
+    SettingsView {
+        id: content
+
+        anchors.fill: parent
+        focus: true
+        settings: window.settings
+        Keys.onEscapePressed: window.close()
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Close]
+        onActivated: window.close()
+    }
+}

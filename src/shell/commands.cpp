@@ -1,0 +1,103 @@
+#include "shell/commands.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace vellix {
+namespace {
+
+constexpr double kZoomIn = 1.25;
+constexpr double kZoomOut = 0.8;
+
+bool always(const Store&) { return true; }
+bool whileSignedIn(const Store& store) { return store.signedIn(); }
+bool withOneTicket(const Store& store) { return store.currentFile() != nullptr; }
+
+void nothing(Store&) {}  // the window's own business
+void signOut(Store& store) { store.signOut(false); }
+void sync(Store& store) { store.requestSync(); }
+void refresh(Store& store) { store.requestRefresh(); }
+void makeReport(Store& store) { store.requestReport({store.currentFile()->id}); }
+void zoomIn(Store& store) { store.stepZoom(kZoomIn); }
+void zoomOut(Store& store) { store.stepZoom(kZoomOut); }
+void fitPage(Store& store) { store.fitZoom(); }
+void notes(Store& store) { store.toggleNotes(); }
+void pageStrip(Store& store) { store.prefs.showPageStrip.set(!store.prefs.showPageStrip()); }
+
+struct Command {
+  const char* key = "";  // none: a separator
+  const char* text = "";
+  const char* shortcut = "";
+  bool (*enabled)(const Store&) = always;
+  void (*run)(Store&) = nothing;
+};
+constexpr Command kSeparator{};
+
+constexpr std::array kApplication{
+    Command{"signOut", "Sign out", "", whileSignedIn, signOut},
+    kSeparator,
+    Command{"settings", "Settings…", "Ctrl+,"},
+    kSeparator,
+    Command{"quit", "Quit Vellix", "Ctrl+Q"},
+};
+constexpr std::array kReview{
+    Command{"sync", "Sync", "Ctrl+Shift+S", whileSignedIn, sync},
+    Command{"refresh", "Refresh", "Ctrl+R", whileSignedIn, refresh},
+    kSeparator,
+    Command{"report", "Make report", "Ctrl+Shift+P", withOneTicket, makeReport},
+};
+constexpr std::array kView{
+    Command{"zoomIn", "Zoom in", "Ctrl+=", always, zoomIn},
+    Command{"zoomOut", "Zoom out", "Ctrl+-", always, zoomOut},
+    Command{"fitPage", "Fit the page", "Ctrl+0", always, fitPage},
+    kSeparator,
+    Command{"notes", "Show notes", "Ctrl+Alt+I", always, notes},
+    Command{"pageStrip", "Show the page strip", "", always, pageStrip},
+};
+
+bool notesAreOut(const Store& store) {
+  return store.notesFloat ? store.notesDrawer() : store.prefs.showNotes();
+}
+
+std::string textOf(const Command& command, const Store& store) {
+  const std::string_view key = command.key;
+  if (key == "notes" && notesAreOut(store)) return "Hide notes";
+  if (key == "pageStrip" && store.prefs.showPageStrip()) return "Hide the page strip";
+  return command.text;
+}
+
+template <std::size_t N>
+MenuView menu(const char* title, const std::array<Command, N>& commands, const Store& store) {
+  MenuView view{.title = title, .entries = {}};
+  for (const Command& command : commands) {
+    view.entries.push_back({.key = command.key,
+                            .text = textOf(command, store),
+                            .shortcut = command.shortcut,
+                            .enabled = command.enabled(store)});
+  }
+  return view;
+}
+
+template <std::size_t N>
+bool runIn(const std::array<Command, N>& commands, Store& store, std::string_view key) {
+  const auto found = std::ranges::find(
+      commands, key, [](const Command& one) { return std::string_view{one.key}; });
+  if (found == commands.end()) return false;
+  if (found->enabled(store)) found->run(store);
+  return true;
+}
+
+}  // namespace
+
+std::vector<MenuView> menuBar(const Store& store) {
+  return {menu("Vellix", kApplication, store), menu("Review", kReview, store),
+          // The trailing blank keeps it apart from the system's own menu of that name.
+          menu("View ", kView, store)};
+}
+
+void runCommand(Store& store, std::string_view key) {
+  [[maybe_unused]] const bool known =
+      runIn(kApplication, store, key) || runIn(kReview, store, key) || runIn(kView, store, key);
+}
+
+}  // namespace vellix

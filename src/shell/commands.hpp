@@ -1,0 +1,36 @@
+// The menu bar: every command with its words, its shortcut and when it is to be had.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/store.hpp"
+
+namespace vellix {
+
+// One line of a menu. A separator has no key.
+struct CommandView {
+  std::string key;
+  std::string text;
+  std::string shortcut;  // portable, "Ctrl+Shift+S": on the Mac Ctrl is the Command key
+  bool enabled = true;
+  bool operator==(const CommandView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(CommandView, (), (key, text, shortcut, enabled))
+
+struct MenuView {
+  std::string title;
+  std::vector<CommandView> entries;
+  bool operator==(const MenuView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(MenuView, (), (title, entries))
+
+// The application's own menu first.
+std::vector<MenuView> menuBar(const Store& store);
+
+// Carries out the command of that key. Nothing happens for one that is disabled, or is not the
+// Store's business (the settings window, the end of the program).
+void runCommand(Store& store, std::string_view key);
+
+}  // namespace vellix

@@ -1,0 +1,44 @@
+"""The service fails and recovers under an open board; then it ends the session."""
+
+import sys
+
+from desk import Desk, expect, run
+
+BANNER = "What's here stays. It tries again on its own."
+
+
+def lose(build):
+    with Desk(build) as desk:
+        reader, service = desk.reader, desk.service
+        reader.find(name="Only mine")
+        tickets = len(reader.find_all(roles=("list item",)))
+        expect(tickets, "no ticket is listed")
+
+        # The service's own words stand in the banner, the board stays, and it goes as it came.
+        service.fail_with({"path": "/api/state", "times": 100000, "status": 503,
+                           "body": '{"error": "Down for a minute."}'})
+        reader.find(name="Down for a minute.")
+        reader.find(name=BANNER)
+        reader.find(name="Offline")
+        expect(len(reader.find_all(roles=("list item",))) == tickets, "the board did not stay")
+        service.fail_with()
+        reader.gone(name="Down for a minute.")
+        reader.gone(name=BANNER)
+
+        # A connection that breaks off is told in the program's words.
+        service.fail_with({"path": "/api/state", "times": 100000, "cut": True})
+        reader.find(name="This Mac is offline. Vellix will catch up when it's back.")
+        service.fail_with()
+        reader.gone(name=BANNER)
+
+        # A session that ended elsewhere leads to the sign-in screen, and says why.
+        service.fail_with({"path": "/api/state", "status": 401})
+        reader.find(contains="You're signed out. Sign in again.")
+        reader.find(name="Supplier proofs, checked against what we sent.")
+        expect(not reader.find_all(name="Only mine"), "the board is still there")
+        expect(not service.requests("POST", "api/logout"), "the service was told to sign out")
+        desk.close_window()
+
+
+if __name__ == "__main__":
+    sys.exit(run(lose))

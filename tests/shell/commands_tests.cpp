@@ -1,0 +1,169 @@
+// The menu bar's words, shortcuts and commands.
+#include "shell/commands.hpp"
+
+#include "store/store_test.hpp"
+
+namespace vellix {
+namespace {
+
+class Commands : public StoreTest {
+ protected:
+  explicit Commands(std::optional<std::string> token = "token-1") : StoreTest(std::move(token)) {}
+
+  CommandView entry(const std::string& key) {
+    for (const auto& menu : menuBar(store())) {
+      for (const auto& one : menu.entries) {
+        if (one.key == key) return one;
+      }
+    }
+    ADD_FAILURE() << "no command " << key;
+    return {};
+  }
+  bool enabled(const std::string& key) { return entry(key).enabled; }
+  std::string text(const std::string& key) { return entry(key).text; }
+  void run(const std::string& key) {
+    runCommand(store(), key);
+    desk.time.run();
+  }
+  void serveOne() {
+    serveBoard(boardOf({ticketAt("t1", 1), ticketAt("t2", 1)}));
+    serveDetail(detailOf(ticketAt("t1", 1)));
+    poll();
+  }
+};
+
+class SignedOutCommands : public Commands {
+ protected:
+  SignedOutCommands() : Commands(std::nullopt) {}
+};
+
+TEST_F(Commands, StandInTheirMenusInOrder) {
+  std::vector<std::string> lines;
+  for (const auto& menu : menuBar(store())) {
+    lines.push_back("[" + menu.title + "]");
+    for (const auto& one : menu.entries) {
+      lines.push_back(one.key.empty() ? "-" : one.text + " " + one.shortcut);
+    }
+  }
+  EXPECT_EQ(lines,
+            (std::vector<std::string>{"[Vellix]", "Sign out ", "-", "Settings… Ctrl+,", "-",
+                                      "Quit Vellix Ctrl+Q", "[Review]", "Sync Ctrl+Shift+S",
+                                      "Refresh Ctrl+R", "-", "Make report Ctrl+Shift+P", "[View ]",
+                                      "Zoom in Ctrl+=", "Zoom out Ctrl+-", "Fit the page Ctrl+0",
+                                      "-", "Hide notes Ctrl+Alt+I", "Hide the page strip "}));
+}
+
+TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {
+  std::vector<std::string> offered;
+  for (const auto& menu : menuBar(store())) {
+    for (const auto& one : menu.entries) {
+      if (!one.key.empty() && one.enabled) offered.push_back(one.key);
+    }
+  }
+  EXPECT_EQ(offered, (std::vector<std::string>{"settings", "quit", "zoomIn", "zoomOut", "fitPage",
+                                               "notes", "pageStrip"}));
+}
+
+TEST_F(SignedOutCommands, ADisabledOneDoesNothing) {
+  for (const char* key : {"signOut", "sync", "refresh", "report"}) run(key);
+  EXPECT_TRUE(lines().empty());
+  EXPECT_FALSE(store().refreshing());
+  EXPECT_TRUE(store().busy().empty());
+}
+
+TEST_F(Commands, TheReportNeedsExactlyOneTicket) {
+  EXPECT_FALSE(enabled("report"));
+  serveOne();
+  EXPECT_TRUE(enabled("report"));
+  store().selection.set({"t1", "t2"});
+  EXPECT_FALSE(enabled("report"));
+  run("report");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 0U);
+  store().selection.set({});
+  EXPECT_FALSE(enabled("report"));
+}
+
+TEST_F(Commands, AskForASync) {
+  routes.set("POST api/jobs", answerOf(200, "{}"));
+  run("sync");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 1U);
+  EXPECT_EQ(desk.toastText(), "Asked the Mac mini to sync.");
+}
+
+TEST_F(Commands, AskForTheReportOfTheTicketOnShow) {
+  serveOne();
+  routes.set("POST api/jobs", answerOf(200, "{}"));
+  store().selection.set({"t2"});
+  run("report");
+  const auto sent = std::ranges::find_if(
+      desk.http.exchanges, [](const auto& exchange) { return exchange.line() == "POST api/jobs"; });
+  ASSERT_NE(sent, desk.http.exchanges.end());
+  EXPECT_EQ(sent->request.body, R"({"kind":"report","file_ids":["t2"]})");
+  EXPECT_EQ(desk.toastText(), "Asked the Mac mini for the report.");
+}
+
+TEST_F(Commands, RefreshIsTheManualOne) {
+  serveOne();
+  runCommand(store(), "refresh");
+  EXPECT_TRUE(store().refreshing());
+  desk.time.run();
+  EXPECT_FALSE(store().refreshing());
+  EXPECT_EQ(desk.toastText(), "Up to date.");
+}
+
+TEST_F(Commands, SignOutIsTheUsersOwn) {
+  serveOne();
+  run("signOut");
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(desk.toast());
+  EXPECT_EQ(desk.http.count("POST api/logout"), 1U);
+}
+
+TEST_F(Commands, ZoomByTheirSteps) {
+  run("zoomIn");
+  EXPECT_EQ(store().zoom(), 1.25);
+  run("zoomIn");
+  EXPECT_EQ(store().zoom(), 1.5);
+  run("zoomOut");
+  EXPECT_EQ(store().zoom(), 1.25);
+  run("fitPage");
+  EXPECT_EQ(store().zoom(), 1.0);
+}
+
+TEST_F(Commands, TheNotesFollowThePreferenceWhileDocked) {
+  EXPECT_EQ(text("notes"), "Hide notes");
+  run("notes");
+  EXPECT_FALSE(store().prefs.showNotes());
+  EXPECT_EQ(text("notes"), "Show notes");
+}
+
+TEST_F(Commands, TheNotesFollowTheDrawerWhileFloating) {
+  store().notesFloat = true;
+  EXPECT_EQ(text("notes"), "Show notes");
+  run("notes");
+  EXPECT_TRUE(store().notesDrawer());
+  EXPECT_TRUE(store().prefs.showNotes());
+  EXPECT_EQ(text("notes"), "Hide notes");
+}
+
+TEST_F(Commands, ThePageStripIsFlippedAndKept) {
+  run("pageStrip");
+  EXPECT_EQ(text("pageStrip"), "Show the page strip");
+  EXPECT_EQ(desk.defaults.flag("ShowPageStrip"), false);
+  run("pageStrip");
+  EXPECT_EQ(text("pageStrip"), "Hide the page strip");
+}
+
+TEST_F(Commands, AnUnknownOneAndASeparatorDoNothing) {
+  serveOne();
+  const auto before = lines();
+  run("");
+  run("settings");
+  run("quit");
+  run("nonsense");
+  EXPECT_EQ(lines(), before);
+  EXPECT_TRUE(store().signedIn());
+}
+
+}  // namespace
+}  // namespace vellix

@@ -1,0 +1,150 @@
+// The menu bar, its shortcuts and the settings, worked in a real window.
+#include <QQuickItem>
+#include <QTest>
+
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class MenuViews : public ViewTest {
+ protected:
+  void open() {
+    serveTheDay();
+    showMain({1'500, 940});
+    window()->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  }
+  void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window(), key, modifiers);
+    settle();
+  }
+  bool offers(const QString& entry) {
+    return reader().names(QAccessible::MenuItem).contains(entry);
+  }
+  QQuickItem* focused() { return window()->activeFocusItem(); }
+  QString focusedName() {
+    auto* seen = focused() ? QAccessible::queryAccessibleInterface(focused()) : nullptr;
+    return seen ? seen->text(QAccessible::Name) : QString{};
+  }
+};
+
+TEST_F(MenuViews, OpenTakeAndCloseByTheScreenReader) {
+  open();
+  EXPECT_FALSE(offers("Zoom in"));
+  ASSERT_TRUE(press("View ", QAccessible::MenuItem));
+  ASSERT_TRUE(offers("Zoom in"));
+  ASSERT_TRUE(press("Zoom in", QAccessible::MenuItem));
+  EXPECT_EQ(store().zoom(), 1.25);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !offers("Zoom in"); }));
+}
+
+TEST_F(MenuViews, AreWorkedByKeyAndGiveTheFocusBack) {
+  open();
+  key(Qt::Key_Tab);
+  QQuickItem* before = focused();
+  ASSERT_TRUE(before);
+  key(Qt::Key_F10);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Sign out"; }))
+      << focusedName().toStdString();
+  key(Qt::Key_Left);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Zoom in"; }))
+      << focusedName().toStdString();
+  key(Qt::Key_Up);
+  EXPECT_EQ(focusedName(), "Zoom in") << "the first stays the first";
+  key(Qt::Key_End);
+  EXPECT_EQ(focusedName(), "Hide the page strip");
+  key(Qt::Key_Up);
+  EXPECT_EQ(focusedName(), "Hide notes");
+  key(Qt::Key_Up);
+  EXPECT_EQ(focusedName(), "Fit the page") << "the rule between is passed over";
+  key(Qt::Key_Escape);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == before; }));
+  EXPECT_EQ(store().zoom(), 1.0);
+}
+
+TEST_F(MenuViews, PassOverWhatIsDisabled) {
+  open();
+  store().selection.set({});
+  settle();
+  key(Qt::Key_F10);
+  key(Qt::Key_Right);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Sync"; }));
+  key(Qt::Key_End);
+  EXPECT_EQ(focusedName(), "Refresh");
+}
+
+TEST_F(MenuViews, StayOpenAndKeepTheFocusOverAPoll) {
+  open();
+  key(Qt::Key_F10);
+  key(Qt::Key_Left);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Zoom in"; }));
+  key(Qt::Key_Down);
+  serveTheDay();
+  settle();
+  EXPECT_EQ(focusedName(), "Zoom out");
+}
+
+TEST_F(MenuViews, APressElsewhereClosesAndDoesNothingElse) {
+  open();
+  const auto selected = store().selection();
+  ASSERT_TRUE(press("View ", QAccessible::MenuItem));
+  ASSERT_TRUE(offers("Zoom in"));
+  QTest::mouseClick(window(), Qt::LeftButton, {}, {120, 300});
+  settle();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !offers("Zoom in"); }));
+  EXPECT_EQ(store().selection(), selected);
+}
+
+TEST_F(MenuViews, ShortcutsDoWhatTheirEntriesDo) {
+  open();
+  key(Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1.25);
+  key(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1.5);
+  key(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1.25);
+  key(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1.0);
+  key(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_FALSE(store().prefs.showNotes());
+  const auto before = polls();
+  key(Qt::Key_R, Qt::ControlModifier);
+  EXPECT_EQ(polls(), before + 1);
+}
+
+TEST_F(MenuViews, TheSettingsOpenInAWindowOfTheirOwnOnceAndCloseOnEsc) {
+  open();
+  const auto before = QGuiApplication::topLevelWindows().size();
+  const auto settingsWindow = [] {
+    for (QWindow* one : QGuiApplication::topLevelWindows()) {
+      if (one->title() == "Settings") return qobject_cast<QQuickWindow*>(one);
+    }
+    return static_cast<QQuickWindow*>(nullptr);
+  };
+  key(Qt::Key_Comma, Qt::ControlModifier);
+  ASSERT_TRUE(settingsWindow());
+  QQuickWindow* settings = settingsWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(settings));
+  EXPECT_EQ(settings->width(), 460);
+  EXPECT_EQ(settings->transientParent(), window());
+
+  ScreenReader inside{settings};
+  ASSERT_TRUE(inside.press("Show the notes panel", QAccessible::CheckBox));
+  EXPECT_FALSE(store().prefs.showNotes());
+  ASSERT_TRUE(inside.press("Dark", QAccessible::RadioButton));
+  EXPECT_EQ(store().prefs.appearance(), "dark");
+
+  settings->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(settings));
+  QTest::keyClick(settings, Qt::Key_Escape);
+  EXPECT_FALSE(settings->isVisible());
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  key(Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_TRUE(settings->isVisible());
+  EXPECT_EQ(QGuiApplication::topLevelWindows().size(), before + 1);
+}
+
+}  // namespace
+}  // namespace vellix
