@@ -28,7 +28,7 @@ Item {
             // Zooming in is "+" to everybody, whatever key it shares.
             sequences: command.shortcut === "Ctrl+=" ? ["Ctrl+=", "Ctrl++"]
                        : command.shortcut === "" ? [] : [command.shortcut]
-            enabled: command.enabled
+            enabled: keys.enabled && command.enabled
             onActivated: keys.commands.run(command.key)
         }
     }

@@ -29,10 +29,20 @@ Window {
     // With the main window the program ends, whatever other window is open.
     onClosing: Qt.quit()
 
+    // The Mac has a menu bar of its own, which knows the shortcuts as well.
+    readonly property bool systemMenus: Qt.platform.os === "osx"
+
+    Loader {
+        Component.onCompleted: if (window.systemMenus)
+            setSource("SystemMenus.qml", { commands: window.commands })
+    }
+
     MenuStrip {
         id: menus
 
+        visible: !window.systemMenus
         width: parent.width
+        height: visible ? implicitHeight : 0
         commands: window.commands
     }
 
@@ -48,6 +58,7 @@ Window {
     }
 
     CommandKeys {
+        enabled: !window.systemMenus
         commands: window.commands
     }
 
@@ -70,6 +81,7 @@ Window {
                     settings: window.settings,
                     transientParent: window
                 });
+            window.settings.update();
             preferences.active = true;
             preferences.item.show();
             preferences.item.requestActivate();

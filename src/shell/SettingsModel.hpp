@@ -21,6 +21,8 @@ class SettingsModel : public QObject {
 
   QVariantMap view() const { return view_; }
 
+  // Looks again whether what is set can be kept.
+  Q_INVOKABLE void update();
   Q_INVOKABLE void set(const QString& key, bool on);
   Q_INVOKABLE void setAppearance(const QString& value);
 
@@ -28,8 +30,6 @@ class SettingsModel : public QObject {
   void viewChanged();
 
  private:
-  void update();
-
   Prefs& prefs_;
   QVariantMap view_;
   Changes::Subscription onPrefs_;

@@ -55,6 +55,16 @@ Rectangle {
                 }
             }
 
+            Label {
+                visible: text !== ""
+                width: parent.width
+                wrapMode: Text.Wrap
+                size: Theme.body
+                color: Theme.warning
+                text: view.settings.view.trouble
+                Accessible.role: Accessible.AlertMessage
+            }
+
             Repeater {
                 model: view.settings.view.sections.length
 

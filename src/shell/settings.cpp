@@ -55,7 +55,8 @@ SettingsViewValue settingsView(const Prefs& prefs) {
           .appearances = {{"system", "Match the Mac"}, {"light", "Light"}, {"dark", "Dark"}},
           .sections = {section("Reviewing", kReviewing, prefs),
                        section("Tidying up", kTidyingUp, prefs),
-                       section("Heads-ups", kHeadsUps, prefs)}};
+                       section("Heads-ups", kHeadsUps, prefs)},
+          .trouble = prefs.lasting() ? "" : "These can't be saved here. They hold until you quit."};
 }
 
 void setToggle(Prefs& prefs, std::string_view key, bool on) {

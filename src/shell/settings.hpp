@@ -36,9 +36,10 @@ struct SettingsViewValue {
   std::string appearance;  // key of one of the choices
   std::vector<ChoiceView> appearances;
   std::vector<SettingsSection> sections;
+  std::string trouble;  // empty as long as there is none
   bool operator==(const SettingsViewValue&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(SettingsViewValue, (), (appearance, appearances, sections))
+BOOST_DESCRIBE_STRUCT(SettingsViewValue, (), (appearance, appearances, sections, trouble))
 
 SettingsViewValue settingsView(const Prefs& prefs);
 

@@ -27,6 +27,9 @@ class Prefs {
 
   Prefs(MainLoop& loop, Defaults& defaults) : changes(loop), defaults_(defaults) {}
 
+  // False while settings last for this run alone.
+  bool lasting() const { return defaults_.lasting(); }
+
   Changes changes;  // any setting: watch with kAny
   static constexpr Changes::Fields kAny = 1;
 

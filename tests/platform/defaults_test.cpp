@@ -31,6 +31,7 @@ TEST_F(QtDefaultsTest, NothingIsThereAtFirst) {
   EXPECT_EQ(defaults.text("ServerURL"), std::nullopt);
   EXPECT_EQ(defaults.flag("LiveToasts"), std::nullopt);
   EXPECT_TRUE(content().isEmpty());
+  EXPECT_TRUE(defaults.lasting());
 }
 
 TEST_F(QtDefaultsTest, OutlivesTheProcess) {
@@ -148,6 +149,7 @@ TEST_F(QtDefaultsTest, WithoutAPlaceToWriteItLastsForTheRun) {
   QCoreApplication::processEvents();
   EXPECT_EQ(defaults.text("Queue"), "mine");
   EXPECT_EQ(defaults.flag("MineOnly"), true);
+  EXPECT_FALSE(defaults.lasting());
 }
 
 }  // namespace

@@ -46,6 +46,13 @@ TEST_F(Settings, AreAllOnAtFirst) {
   EXPECT_TRUE(defaults.flags.empty()) << "showing them writes nothing";
 }
 
+TEST_F(Settings, SayWhenTheyCannotBeKept) {
+  Prefs prefs{time, defaults};
+  EXPECT_EQ(settingsView(prefs).trouble, "");
+  defaults.canWrite = false;
+  EXPECT_EQ(settingsView(prefs).trouble, "These can't be saved here. They hold until you quit.");
+}
+
 TEST_F(Settings, OfferThreeAppearances) {
   const Prefs prefs{time, defaults};
   EXPECT_EQ(

@@ -28,9 +28,11 @@ class FakeDefaults : public Defaults {
   }
   void setText(const std::string& key, const std::string& value) override { texts[key] = value; }
   void setFlag(const std::string& key, bool value) override { flags[key] = value; }
+  bool lasting() const override { return canWrite; }
 
   std::map<std::string, std::string> texts;
   std::map<std::string, bool> flags;
+  bool canWrite = true;
 };
 
 class FakeTokenStore : public TokenStore {

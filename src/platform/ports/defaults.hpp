@@ -17,6 +17,8 @@ class Defaults {
   // Readable at once; on disk soon after. A file that cannot be written is not an error here.
   virtual void setText(const std::string& key, const std::string& value) = 0;
   virtual void setFlag(const std::string& key, bool value) = 0;
+  // False while nothing can be written down: what is set then lasts for the run alone.
+  virtual bool lasting() const = 0;
 };
 
 }  // namespace vellix

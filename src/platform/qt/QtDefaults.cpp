@@ -49,4 +49,6 @@ void QtDefaults::setFlag(const std::string& key, bool value) {
   settings_.setValue(keyOf(key), value);
 }
 
+bool QtDefaults::lasting() const { return settings_.isWritable(); }
+
 }  // namespace vellix
