@@ -9,11 +9,12 @@ Window {
     id: window
 
     required property RootModel root
+    required property SettingsModel settings
     required property string panel
     required property var lab
     required property var symbols
 
-    readonly property var panels: ({ lab: lab })
+    readonly property var panels: ({ lab: lab, settings: settingsPanel })
 
     title: "Vellix"
     width: 1500
@@ -40,6 +41,19 @@ Window {
         MarkLab {
             lab: window.lab
             symbols: window.symbols
+        }
+    }
+
+    Component {
+        id: settingsPanel
+
+        Item {
+            SettingsView {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: implicitWidth
+                height: parent.height
+                settings: window.settings
+            }
         }
     }
 }

@@ -63,6 +63,7 @@ QVariantMap Program::parts() {
 QVariantMap Program::panelOf(const std::string& panel) {
   return {
       {"root", QVariant::fromValue(&root_)},
+      {"settings", QVariant::fromValue(&settings_)},
       {"panel", QString::fromStdString(panel)},
       {"lab", toQml(markLab())},
       {"symbols", Symbol::names()},

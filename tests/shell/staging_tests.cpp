@@ -77,6 +77,7 @@ TEST(Staging, TakesASizeOfExactlyTwoNumbers) {
 
 TEST(Staging, KnowsThePanelsThatStandAlone) {
   EXPECT_EQ(panelAlone({"vellix", "--panel", "lab"}), "lab");
+  EXPECT_EQ(panelAlone({"vellix", "--panel", "settings"}), "settings");
   EXPECT_EQ(panelAlone({"vellix", "--lab"}), "lab");
   EXPECT_EQ(panelAlone({"vellix", "--panel", "attic", "--lab"}), "lab");
   for (const char* other : {"attic", "", "LAB", "--dark"}) {

@@ -175,6 +175,7 @@ TEST_F(EveryView, StandsAloneAsAPanel) {
   for (const QSize size : kSizes) {
     showWindow("Shell/PanelWindow",
                {{"root", models()["root"]},
+                {"settings", windowModels()["settings"]},
                 {"panel", "lab"},
                 {"lab", toQml(markLab())},
                 {"symbols", Symbol::names()}},
