@@ -5,6 +5,7 @@ import time
 
 from desk import Desk, expect, run, wait_until
 
+TOAST = ("alert message",)
 LAUNCHER = "com.canonical.Unity.LauncherEntry"
 
 
@@ -52,12 +53,12 @@ def others(build):
         # Three things in one poll: the newest alone is told, and goes by itself after a while.
         for text in ("First.", "Second.", "Third."):
             service.colleague_acts(text=text)
-        shown = reader.find(contains="Third.", roles=("notification", "alert"))
+        shown = reader.find(contains="Third.", roles=TOAST)
         expect("Jorvas" in shown.name, f"it says {shown.name!r}")
         seen = time.monotonic()
-        expect(not reader.find_all(contains="Second.", roles=("notification", "alert")),
+        expect(not reader.find_all(contains="Second.", roles=TOAST),
                "a second toast stands beside it")
-        reader.gone(contains="Third.", roles=("notification", "alert"))
+        reader.gone(contains="Third.", roles=TOAST)
         expect(time.monotonic() - seen < 20, "the toast stayed too long")
 
         # Told not to, it tells no more; and the badge goes with its setting at the next poll.
@@ -70,7 +71,7 @@ def others(build):
         polls = len(service.requests("GET", "api/state"))
         service.colleague_acts(text="Unheard.")
         service.wait_for_request("GET", "api/state", count=polls + 2)
-        expect(not reader.find_all(contains="Unheard.", roles=("notification", "alert")),
+        expect(not reader.find_all(contains="Unheard.", roles=TOAST),
                "it was told all the same")
         wait_until("the badge to go", lambda: launcher.badges()[-1] is None)
         desk.close_window()

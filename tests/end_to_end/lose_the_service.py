@@ -1,8 +1,8 @@
-"""The service fails and recovers under an open board; then it ends the session."""
+"""The service fails and recovers under an open board; it ends the session, and a new one begins."""
 
 import sys
 
-from desk import Desk, expect, run
+from desk import SIGNED_IN, Desk, expect, run
 
 BANNER = "What's here stays. It tries again on its own."
 
@@ -37,6 +37,18 @@ def lose(build):
         reader.find(name="Supplier proofs, checked against what we sent.")
         expect(not reader.find_all(name="Only mine"), "the board is still there")
         expect(not service.requests("POST", "api/logout"), "the service was told to sign out")
+
+        reader.gone(contains="You're signed out.")
+
+        # Signed in again it is all there; going by the user's own wish, the service is told.
+        desk.second_start(SIGNED_IN.format("renny"))
+        reader.find(name="Only mine")
+        reader.find(name="Up to date")
+        reader.click(reader.find(name="Vellix", roles=("menu item",)))
+        reader.click(reader.find(name="Sign out", roles=("menu item",)))
+        reader.find(name="Supplier proofs, checked against what we sent.")
+        service.wait_for_request("POST", "api/logout")
+        expect(not reader.find_all(contains="You're signed out."), "it was told as a mishap")
         desk.close_window()
 
 
