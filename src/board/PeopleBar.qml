@@ -4,16 +4,20 @@ import QtQuick
 import Vellix.Board
 import Vellix.Pieces
 
-// Who reviews here, and who of them is in the program now.
+// Who reviews here, and who of them is in the program now; at the far end the settings and the
+// account.
 Item {
     id: bar
 
     required property BoardModel board
     required property PictureSource pictures
 
+    // A command of the program's was chosen, by its key.
+    signal commanded(string key)
+
     // Many people move together, so that all of them find room.
     readonly property real step: people.count < 2 ? 0
-        : Math.min(38, (width - 30) / (people.count - 1))
+        : Math.min(38, (ends.x - Theme.gap8 - 30) / (people.count - 1))
 
     implicitHeight: 30
 
@@ -75,6 +79,39 @@ Item {
                     radius: 4
                     color: Theme.fore["green"]
                 }
+            }
+        }
+    }
+
+    Row {
+        id: ends
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.gap4
+
+        IconButton {
+            symbol: "gearshape"
+            help: "Settings (⌘,)"
+            onClicked: bar.commanded("settings")
+        }
+
+        IconButton {
+            id: account
+
+            symbol: "ellipsis"
+            help: "Account"
+            checked: menu.visible
+            onClicked: menu.openAt(visualFocus)
+
+            Menu {
+                id: menu
+
+                x: account.width - width
+                y: -height - Theme.gap4
+                label: "Account"
+                entries: [{ key: "signOut", text: "Sign out", enabled: true, shortcut: "" }]
+                onPicked: key => bar.commanded(key)
             }
         }
     }

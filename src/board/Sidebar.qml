@@ -9,6 +9,8 @@ Rectangle {
     required property BoardModel board
     required property PictureSource pictures
 
+    signal commanded(string key)
+
     color: Theme.column
 
     Accessible.role: Accessible.Pane
@@ -81,5 +83,6 @@ Rectangle {
         width: parent.width - 2 * x
         board: sidebar.board
         pictures: sidebar.pictures
+        onCommanded: key => sidebar.commanded(key)
     }
 }

@@ -55,6 +55,7 @@ Window {
         compare: window.compare
         inspector: window.inspector
         pictures: window.pictures
+        onCommanded: key => window.commands.run(key)
     }
 
     CommandKeys {

@@ -19,6 +19,9 @@ FocusScope {
     required property InspectorModel inspector
     required property PictureSource pictures
 
+    // A command of the menus' was chosen in the view, by its key.
+    signal commanded(string key)
+
     readonly property var shown: root.view
     readonly property string openFile: shown.content === "file" ? shown.file : ""
 
@@ -57,6 +60,7 @@ FocusScope {
                 width: view.root.sidebarWidth(view.width)
                 board: view.board
                 pictures: view.pictures
+                onCommanded: key => view.commanded(key)
             }
 
             Hairline {

@@ -22,6 +22,12 @@ class MenuViews : public ViewTest {
   bool offers(const QString& entry) {
     return reader().names(QAccessible::MenuItem).contains(entry);
   }
+  static QQuickWindow* settingsWindow() {
+    for (QWindow* one : QGuiApplication::topLevelWindows()) {
+      if (one->title() == "Settings") return qobject_cast<QQuickWindow*>(one);
+    }
+    return nullptr;
+  }
   QQuickItem* focused() { return window()->activeFocusItem(); }
   QString focusedName() {
     auto* seen = focused() ? QAccessible::queryAccessibleInterface(focused()) : nullptr;
@@ -113,15 +119,18 @@ TEST_F(MenuViews, ShortcutsDoWhatTheirEntriesDo) {
   EXPECT_EQ(polls(), before + 1);
 }
 
+TEST_F(MenuViews, TheColumnLeadsToTheSettingsAndOut) {
+  open();
+  ASSERT_TRUE(press("Settings (⌘,)"));
+  EXPECT_TRUE(settingsWindow());
+  ASSERT_TRUE(press("Account"));
+  ASSERT_TRUE(press("Sign out", QAccessible::MenuItem));
+  EXPECT_FALSE(store().signedIn());
+}
+
 TEST_F(MenuViews, TheSettingsOpenInAWindowOfTheirOwnOnceAndCloseOnEsc) {
   open();
   const auto before = QGuiApplication::topLevelWindows().size();
-  const auto settingsWindow = [] {
-    for (QWindow* one : QGuiApplication::topLevelWindows()) {
-      if (one->title() == "Settings") return qobject_cast<QQuickWindow*>(one);
-    }
-    return static_cast<QQuickWindow*>(nullptr);
-  };
   key(Qt::Key_Comma, Qt::ControlModifier);
   ASSERT_TRUE(settingsWindow());
   QQuickWindow* settings = settingsWindow();
