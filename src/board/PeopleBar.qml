@@ -101,17 +101,23 @@ Item {
 
             symbol: "ellipsis"
             help: "Account"
-            checked: menu.visible
-            onClicked: menu.openAt(visualFocus)
+            checked: menu.item?.visible ?? false
+            onClicked: {
+                if (!menu.item)
+                    menu.setSource("AccountMenu.qml", { parent: account });
+                menu.item.openAt(visualFocus);
+            }
 
-            Menu {
+            Loader {
                 id: menu
+            }
 
-                x: account.width - width
-                y: -height - Theme.gap4
-                label: "Account"
-                entries: [{ key: "signOut", text: "Sign out", enabled: true, shortcut: "" }]
-                onPicked: key => bar.commanded(key)
+            Connections {
+                target: menu.item
+
+                function onPicked(key: string) {
+                    bar.commanded(key);
+                }
             }
         }
     }

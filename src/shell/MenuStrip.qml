@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Vellix.Pieces
 import Vellix.Shell
 
-// The menu bar, where the platform has none of its own; and the shortcuts of its entries.
+// The menu bar, where the platform has none of its own.
 Rectangle {
     id: strip
 
@@ -17,19 +16,16 @@ Rectangle {
     function show(index: int, byKey: bool) {
         const count = commands.menus.length;
         const wanted = (index + count) % count;
-        const next = titles.itemAt(wanted).menu;
+        const next = titles.itemAt(wanted) as MenuTitle;
         commands.update();
         if (openIndex < 0 || openIndex === wanted) {
-            next.openAt(byKey);
+            next.open(byKey);
             return;
         }
         // The focus goes back to where it was before the first of them.
-        const last = titles.itemAt(openIndex).menu;
-        const from = last.cameFrom;
-        last.cameFrom = null;
-        last.close();
-        next.openAt(byKey);
-        next.cameFrom = from;
+        const from = (titles.itemAt(openIndex) as MenuTitle).leave();
+        next.open(byKey);
+        next.menu.cameFrom = from;
     }
 
     implicitHeight: 28
@@ -47,69 +43,16 @@ Rectangle {
 
             model: strip.commands.menus.length
 
-            Pressable {
-                id: title
-
-                required property int index
-                readonly property var view: strip.commands.menus[index]
-                readonly property alias menu: menu
-
-                label: view.title
-                activeFocusOnTab: false
-                pressedScale: 1
+            MenuTitle {
                 height: strip.height
-                width: Math.ceil(word.implicitWidth) + 2 * 9
-
-                Accessible.role: Accessible.MenuItem
-
+                commands: strip.commands
                 onClicked: strip.show(index, false)
-
-                Rectangle {
-                    anchors.fill: parent
-                    anchors.topMargin: 3
-                    anchors.bottomMargin: 3
-                    radius: Theme.radiusControl
-                    color: menu.visible ? Theme.selectedFill : Theme.hoverFill
-                    opacity: menu.visible || title.hovered ? 1 : 0
-                }
-
-                Label {
-                    id: word
-
-                    anchors.centerIn: parent
-                    size: Theme.body
-                    weight: title.index === 0 ? Font.DemiBold : Font.Normal
-                    text: title.view.title
-                    Accessible.ignored: true
-                }
-
-                Menu {
-                    id: menu
-
-                    y: title.height
-                    label: title.view.title
-                    entries: title.view.entries.map(entry => ({
-                                key: entry.key,
-                                text: entry.text,
-                                enabled: entry.enabled,
-                                shortcut: strip.commands.written(entry.shortcut)
-                            }))
-                    onPicked: key => strip.commands.run(key)
-                    onLeft: strip.show(title.index - 1, true)
-                    onRight: strip.show(title.index + 1, true)
-                    onAboutToShow: strip.openIndex = title.index
-                    onAboutToHide: if (strip.openIndex === title.index) strip.openIndex = -1
-
-                    // While a menu is open, pointing at another's title opens that one.
-                    T.Overlay.modal: MouseArea {
-                        hoverEnabled: true
-                        onPositionChanged: event => {
-                            const at = mapToItem(title.parent, event.x, event.y);
-                            const other = title.parent.childAt(at.x, at.y);
-                            if (other && other !== title && other.index !== undefined)
-                                strip.show(other.index, false);
-                        }
-                    }
+                onAsked: (number, byKey) => strip.show(number, byKey)
+                onShownChanged: {
+                    if (shown)
+                        strip.openIndex = index;
+                    else if (strip.openIndex === index)
+                        strip.openIndex = -1;
                 }
             }
         }

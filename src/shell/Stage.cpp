@@ -1,8 +1,9 @@
 #include "shell/Stage.hpp"
 
-#include <QCoreApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <cstdio>
 
 #include "records/json.hpp"
@@ -14,6 +15,7 @@ namespace {
 
 // Pictures are decoded and what glides has come to rest by then.
 constexpr Milliseconds kSettling{3'000};
+constexpr QPoint kNowhere{-100, -100};
 
 }  // namespace
 
@@ -60,6 +62,8 @@ void Stage::present() {
   if (const auto text = argument(arguments_, "--size")) {
     if (const auto size = contentSize(*text)) resizeFirstWindow({size->width, size->height});
   }
+  // In memory the pointer would rest in the window's corner, on a menu.
+  if (QGuiApplication::platformName() == QLatin1String("offscreen")) QCursor::setPos(kNowhere);
   tasks_.start(capture());
 }
 
