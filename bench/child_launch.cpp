@@ -36,6 +36,9 @@ class Launch {
     const auto opening = openTokenStore(configFolder());
     tokens_ = co_await opening;
     program_.emplace(loop_, defaults_, *tokens_);
+    program_->begin();
+    const auto turn = loop_.turn();
+    co_await turn;
     if (!program_->show()) std::_Exit(1);
     window_ = qobject_cast<QQuickWindow*>(QGuiApplication::topLevelWindows().constFirst());
   }

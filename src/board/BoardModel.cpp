@@ -19,7 +19,7 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
       onChange_(store.changes.observe(
           Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn,
           [this] { update(); })),
-      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
+      onPoll_(store.changes.observe(Store::kLastOK | Store::kProblem, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })),
       onAny_(store.changes.observe(Store::kAny, [this] { updateColumn(); })) {
   update();
@@ -34,7 +34,7 @@ void BoardModel::update() {
   if (replaced(head_, view.head)) emit headChanged();
 }
 
-// A poll that brought nothing new still lets time pass, but not before the minute is over.
+// A poll that brought nothing, or failed, still lets time pass, but not before the minute is over.
 void BoardModel::pollEnded() {
   if (minute_.over(clock_.now())) update();
 }

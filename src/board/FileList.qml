@@ -90,6 +90,16 @@ Item {
         keyNavigationEnabled: false
         currentIndex: -1
 
+        // A list that fills from nothing is there at once; from then on its rows are seen to move.
+        property bool settled: false
+        onCountChanged: settled = settled && count > 0
+
+        Timer {
+            running: rows.count > 0 && !rows.settled
+            interval: 100
+            onTriggered: rows.settled = true
+        }
+
         function sortRows() {
             order.sort(contentItem);
         }
@@ -153,6 +163,8 @@ Item {
 
         add: Transition {
             id: coming
+
+            enabled: rows.settled
 
             NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.standard }
             Glide { property: "y"; from: coming.ViewTransition.destination.y - 20 }

@@ -50,8 +50,8 @@ void CompareModel::stepPage(int delta) {
 
 void CompareModel::togglePane(const QString& key) { vellix::togglePane(store_, key.toStdString()); }
 
-void CompareModel::zoomIn() { store_.stepZoom(1.25); }
-void CompareModel::zoomOut() { store_.stepZoom(0.8); }
+void CompareModel::zoomIn() { store_.stepZoom(Store::kZoomIn); }
+void CompareModel::zoomOut() { store_.stepZoom(Store::kZoomOut); }
 void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
 void CompareModel::toggleNotes() { store_.toggleNotes(); }

@@ -29,6 +29,8 @@ Item {
             sequences: command.shortcut === "Ctrl+=" ? ["Ctrl+=", "Ctrl++"]
                        : command.shortcut === "" ? [] : [command.shortcut]
             enabled: keys.enabled && command.enabled
+            // Held down, only the zoom goes on.
+            autoRepeat: command.key === "zoomIn" || command.key === "zoomOut"
             onActivated: keys.commands.run(command.key)
         }
     }

@@ -80,6 +80,7 @@ Window {
             if (!preferences.item)
                 preferences.setSource("SettingsWindow.qml", {
                     settings: window.settings,
+                    commands: window.commands,
                     transientParent: window
                 });
             window.settings.update();
@@ -94,6 +95,4 @@ Window {
         property: "appearance"
         value: window.root.appearance
     }
-
-    Component.onCompleted: root.start()
 }

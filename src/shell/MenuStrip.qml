@@ -59,6 +59,7 @@ Rectangle {
     }
 
     Shortcut {
+        enabled: strip.visible
         sequence: "F10"
         onActivated: strip.show(0, true)
     }

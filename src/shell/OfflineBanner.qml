@@ -43,6 +43,10 @@ Rectangle {
         Label {
             width: Math.min(implicitWidth, parent.width)
             wrapMode: Text.Wrap
+            // The service's own words may be many.
+            maximumLineCount: 3
+            elide: Text.ElideRight
+            tellsWhole: true
             size: Theme.body
             weight: Font.Medium
             text: banner.problem

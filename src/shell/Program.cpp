@@ -33,11 +33,16 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       settings_(prefs_),
       root_(store_, loop_) {}
 
-bool Program::show() {
+void Program::begin() {
   if (stage_.on()) {
     stage_.setUp();
     root_.forceAppearance(stage_.appearance());
+  } else if (!standsApart(arguments_)) {
+    root_.start();
   }
+}
+
+bool Program::show() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   const std::string panel = panelAlone(arguments_);
   engine_.setInitialProperties(panel.empty() ? parts() : panelOf(panel));

@@ -34,11 +34,13 @@ class Program {
  public:
   Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arguments arguments = {});
 
+  // Stages the Store, or has it poll for a session that is there. A turn of the main loop later the
+  // first request is on its way, while the window is made.
+  void begin();
   // False when the window could not be made.
   bool show();
   // From now on the theme goes with the desktop's look, which must outlive the program.
   void follow(const PortalLook& look);
-  bool staged() const { return stage_.on(); }
   // Once shown: puts the window where the person sees it.
   void bringForward(const QByteArray& activationToken);
   Store& store() { return store_; }

@@ -1,6 +1,7 @@
 #include "shell/RootModel.hpp"
 
 #include "bridge/replaced.hpp"
+#include "shell/settings.hpp"
 
 namespace vellix {
 
@@ -41,7 +42,7 @@ void RootModel::undo() { undoToast(store_); }
 
 QString RootModel::appearance() const {
   if (!forcedAppearance_.isEmpty()) return forcedAppearance_;
-  return QString::fromStdString(store_.prefs.appearance());
+  return QString::fromStdString(appearanceOf(store_.prefs));
 }
 
 void RootModel::forceAppearance(const QString& appearance) {

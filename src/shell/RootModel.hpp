@@ -29,7 +29,7 @@ class RootModel : public QObject {
   // Shows this one whatever the preferences say.
   void forceAppearance(const QString& appearance);
 
-  Q_INVOKABLE void start();  // the first view is up
+  void start();  // polls for a session that is there
   Q_INVOKABLE void undo();
   Q_INVOKABLE static double sidebarWidth(double windowWidth);
 

@@ -7,6 +7,7 @@ Window {
     id: window
 
     required property SettingsModel settings
+    required property CommandsModel commands
 
     title: "Settings"
     width: 460
@@ -25,6 +26,10 @@ Window {
         focus: true
         settings: window.settings
         Keys.onEscapePressed: window.close()
+    }
+
+    CommandKeys {
+        commands: window.commands
     }
 
     Shortcut {

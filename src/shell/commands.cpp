@@ -6,9 +6,6 @@
 namespace vellix {
 namespace {
 
-constexpr double kZoomIn = 1.25;
-constexpr double kZoomOut = 0.8;
-
 bool always(const Store&) { return true; }
 bool whileSignedIn(const Store& store) { return store.signedIn(); }
 bool withOneTicket(const Store& store) { return store.currentFile() != nullptr; }
@@ -18,8 +15,8 @@ void signOut(Store& store) { store.signOut(false); }
 void sync(Store& store) { store.requestSync(); }
 void refresh(Store& store) { store.requestRefresh(); }
 void makeReport(Store& store) { store.requestReport({store.currentFile()->id}); }
-void zoomIn(Store& store) { store.stepZoom(kZoomIn); }
-void zoomOut(Store& store) { store.stepZoom(kZoomOut); }
+void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
+void zoomOut(Store& store) { store.stepZoom(Store::kZoomOut); }
 void fitPage(Store& store) { store.fitZoom(); }
 void notes(Store& store) { store.toggleNotes(); }
 void pageStrip(Store& store) { store.prefs.showPageStrip.set(!store.prefs.showPageStrip()); }

@@ -49,7 +49,10 @@ StartRequest requestOf(const QStringList& arguments, const QByteArray& activatio
 class Run {
  public:
   Run(QGuiApplication& application, DesktopApplication& desktop, StartRequest request)
-      : application_(application), desktop_(desktop), request_(std::move(request)) {
+      : application_(application),
+        arguments_(plain(application.arguments())),
+        desktop_(desktop),
+        request_(std::move(request)) {
     tasks_.start(start());
   }
 
@@ -67,13 +70,16 @@ class Run {
   Task<> start() {
     const auto known = tokens_.primedWithin(kTokenPatience);
     co_await known;
-    program_.emplace(loop_, defaults_, tokens_, plain(application_.arguments()));
+    program_.emplace(loop_, defaults_, tokens_, arguments_);
+    program_->begin();
+    const auto turn = loop_.turn();
+    co_await turn;
     if (!program_->show()) {
       application_.exit(1);
       co_return;
     }
     program_->follow(look_);
-    if (program_->staged()) co_return;
+    if (standsApart(arguments_)) co_return;
     open(request_.urls);
     desktop_.listen([this](const StartRequest& request) {
       program_->bringForward(request.activationToken);
@@ -98,6 +104,7 @@ class Run {
   }
 
   QGuiApplication& application_;
+  const Arguments arguments_;
   DesktopApplication& desktop_;
   const StartRequest request_;
   PortalLook look_;  // asked ahead of the first picture
@@ -125,11 +132,8 @@ int main(int argc, char* argv[]) {
   if (QGuiApplication::platformName() == "offscreen") {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   }
-  // A start that only takes pictures is nobody's application: it neither meets a running one nor
-  // stands in its way.
-  const bool staged = shotPath(plain(application.arguments())).has_value();
   const auto request = requestOf(application.arguments(), activationToken);
   DesktopApplication desktop{QDBusConnection::sessionBus(), kDesktopName};
-  if (!staged && desktop.handOver(request)) return 0;
+  if (!standsApart(plain(application.arguments())) && desktop.handOver(request)) return 0;
   return Run{application, desktop, request}.exec();
 }

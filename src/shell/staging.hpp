@@ -23,6 +23,12 @@ inline std::optional<std::string> shotPath(const Arguments& arguments) {
 // The panel that stands alone in the window; empty for the whole program.
 std::string panelAlone(const Arguments& arguments);
 
+// Taking pictures or showing one panel, it is nobody's application: it polls nothing, and neither
+// meets a running one nor stands in its way.
+inline bool standsApart(const Arguments& arguments) {
+  return shotPath(arguments) || !panelAlone(arguments).empty();
+}
+
 // A finite number and nothing else.
 std::optional<double> numberIn(std::string_view text);
 

@@ -45,6 +45,8 @@ Task<> Store::refresh(std::stop_token stop) {
   const auto session = session_;
   auto call = api_.send({.path = "api/state", .etag = etag, .stop = stop});
   const auto response = co_await std::move(call);
+  // A session that has ended took its board away on purpose, and leaves the next one in peace.
+  if (session != session_ && (response || signedIn())) co_return;
   if (!response) {
     noteProblem(response.error(), session);
     co_return;
@@ -55,8 +57,6 @@ Task<> Store::refresh(std::stop_token stop) {
       noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why), session);
       co_return;
     }
-    // A sign-out in the meantime took the board away on purpose.
-    if (session != session_) co_return;
     noticeNewEvents(*fresh);
     board.set(std::move(*fresh));
     etag = response->header("etag");
@@ -76,6 +76,8 @@ void Store::noteProblem(const Failure& failure, std::uint64_t session) {
     if (session == session_) signOut(true);
   } else {
     problem.set(failure.description().value_or("Can't reach the Vellix server right now."));
+    // The same trouble again is news as well: time has passed.
+    changes.note(kProblem);
   }
 }
 

@@ -33,8 +33,10 @@ Task<> Store::completeSignIn(std::string url) {
   co_await std::move(session);
 }
 
-// Whoever is signed in waits for no browser any more.
+// Whoever is signed in waits for no browser any more, and what the token before it still brings is
+// not for this session.
 Task<> Store::beginSession() {
+  ++session_;
   signIn_.cancel();
   signedIn.set(true);
   etag.reset();

@@ -133,6 +133,8 @@ class Store {
   void requestDetail(FileItem file);  // starts an unforced loadDetail
   void stepPage(const FileDetail& detail, Int delta);
   void goToPage(const std::string& id, Int index);
+  static constexpr double kZoomIn = 1.25;
+  static constexpr double kZoomOut = 0.8;
   void stepZoom(double factor);
   void zoomTo(double value);  // held to 1.0 and 4.0; what is no number changes nothing
   void fitZoom();
@@ -174,7 +176,7 @@ class Store {
   SignIn& signIn_;
   Ports ports_;
   std::optional<std::stop_source> loop_;
-  std::uint64_t session_ = 0;  // counts sign-outs: an answer from before one is not for after it
+  std::uint64_t session_ = 0;  // counts sessions: an answer to one is not for the next
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };

@@ -3,7 +3,7 @@
 import sys
 import time
 
-from desk import Desk, expect, run, wait_until
+from desk import SIGNED_IN, Desk, expect, run, wait_until
 
 TOAST = ("alert message",)
 LAUNCHER = "com.canonical.Unity.LauncherEntry"
@@ -38,9 +38,8 @@ def my_open_tickets(service, me):
 
 def others(build):
     with Desk(build, reviewer=None) as desk:
-        desk.close_window()
         launcher = Launcher(desk.session)
-        desk.start_program("sorel://signed-in?code=demo-renny")
+        desk.second_start(SIGNED_IN.format("renny"))
         reader, service = desk.reader, desk.service
         reader.find(name="Only mine")
 

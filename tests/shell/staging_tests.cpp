@@ -87,6 +87,15 @@ TEST(Staging, KnowsThePanelsThatStandAlone) {
   EXPECT_EQ(panelAlone({"vellix"}), "");
 }
 
+TEST(Staging, StandsApartForPicturesAndPanelsAlone) {
+  EXPECT_TRUE(standsApart({"vellix", "--shot", "out.png"}));
+  EXPECT_TRUE(standsApart({"vellix", "--lab"}));
+  EXPECT_TRUE(standsApart({"vellix", "--panel", "settings"}));
+  EXPECT_FALSE(standsApart({"vellix", "--shot"}));
+  EXPECT_FALSE(standsApart({"vellix", "--panel", "attic"}));
+  EXPECT_FALSE(standsApart({"vellix", "sorel://signed-in?code=a"}));
+}
+
 TEST(Staging, MakesKeysOfFileNames) {
   EXPECT_EQ(sampleKey("files_a1_p1.jpg"), "files/a1/p1.jpg");
   EXPECT_EQ(sampleKey("thumb.png"), "thumb.png");

@@ -198,6 +198,34 @@ TEST_F(ByBrowser, ATokenThatComesDuringTheExchangeGivesWayToTheNewOne) {
   EXPECT_TRUE(store().looping());
 }
 
+TEST_F(ByBrowser, ARefusalOfTheTokenBeforeDoesNotEndTheNewSession) {
+  routes.leaveOpen(kExchangeLine);
+  routes.leaveOpen(kStateLine);
+  signIn();
+  open();
+  resume("late");  // its first poll is under way when the exchange ends
+  answer(0, answerOf(200, kExchangeAnswer));
+  answer(1, answerOf(401));
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_EQ(desk.api.token(), "fresh");
+  EXPECT_FALSE(store().toast());
+}
+
+TEST_F(ByBrowser, ALinkTakesTheSeatOfWhoIsSignedIn) {
+  desk.tokens.item = "old";
+  routes.leaveOpen(kStateLine);
+  store().startLoop();
+  desk.time.run();
+  open();
+  ASSERT_EQ(desk.api.token(), "fresh");
+  ASSERT_EQ(polls(), 2U);
+  BoardState stale = boardOf({ticketAt("t9", 1)});
+  answer(0, answerOf(200, jsonOf(stale), "\"stale\""));
+  EXPECT_FALSE(store().board()) << "the board of the session before";
+  EXPECT_FALSE(store().etag);
+  answer(0, std::unexpected(HttpError::notConnected));
+}
+
 TEST_F(ByBrowser, ARefusalOfTheLastSessionDoesNotDisturbTheOneThatWaits) {
   desk.tokens.item = "old";
   routes.leaveOpen(kStateLine);

@@ -94,6 +94,17 @@ TEST_F(BoardModels, CountTheOverdueAnewWhenTheMinuteIsOver) {
   EXPECT_EQ(model().head()["overdue"].toString(), "1 overdue");
 }
 
+TEST_F(BoardModels, CountTheOverdueAnewWhileTheServiceIsAway) {
+  serveBoard(boardOf({dueIn("a", 1)}));
+  poll();
+  EXPECT_EQ(model().head()["overdue"].toString(), "");
+  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
+  poll();
+  desk.time.advance(Milliseconds{120'000});
+  poll();
+  EXPECT_EQ(model().head()["overdue"].toString(), "1 overdue");
+}
+
 TEST_F(BoardModels, MarkTheTwoRowsOfAnotherSelection) {
   serveBoard(boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c")}));
   poll();

@@ -119,6 +119,35 @@ TEST_F(MenuViews, ShortcutsDoWhatTheirEntriesDo) {
   EXPECT_EQ(polls(), before + 1);
 }
 
+TEST_F(MenuViews, AShortcutHeldDownActsOnceButForTheZoom) {
+  open();
+  const auto hold = [this](Qt::Key held, int text) {
+    for (const bool repeated : {false, true, true}) {
+      QKeyEvent press(QEvent::KeyPress, held, Qt::ControlModifier, QString(QChar(text)), repeated);
+      QCoreApplication::sendEvent(window(), &press);
+    }
+    settle();
+  };
+  const auto before = polls();
+  hold(Qt::Key_R, 'r');
+  EXPECT_EQ(polls(), before + 1);
+  hold(Qt::Key_Equal, '=');
+  EXPECT_EQ(store().zoom(), 2.0);
+}
+
+TEST_F(MenuViews, TheSettingsFollowTheKeyboard) {
+  show("Shell/SettingsView", {{"settings", windowModels()["settings"]}}, {460, 240});
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  for (int tab = 0; tab < 13 && focusedName() != "Show my open tickets on the Dock icon"; ++tab) {
+    key(Qt::Key_Tab);
+    ASSERT_TRUE(focused());
+    const QRectF place = focused()->mapRectToScene(focused()->boundingRect());
+    EXPECT_TRUE(QRectF(0, 0, 460, 240).contains(place)) << focusedName().toStdString();
+  }
+  EXPECT_EQ(focusedName(), "Show my open tickets on the Dock icon");
+}
+
 TEST_F(MenuViews, TheColumnLeadsToTheSettingsAndOut) {
   open();
   ASSERT_TRUE(press("Settings (⌘,)"));

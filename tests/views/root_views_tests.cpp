@@ -27,7 +27,7 @@ class RootViews : public ViewTest {
 TEST_F(RootViews, LoadTheBoard) {
   showMain({1'500, 940});
   EXPECT_TRUE(says("Loading the board…"));
-  EXPECT_EQ(polls(), 1U) << "the first view starts the polling";
+  EXPECT_EQ(polls(), 1U) << "the window comes up with the polling under way";
   EXPECT_TRUE(store().looping());
 }
 
@@ -81,6 +81,18 @@ TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {
   EXPECT_EQ(store().problem(), kOfflineText);
   EXPECT_TRUE(QTest::qWaitFor([this] { return warns(kOfflineText); }));
   EXPECT_TRUE(says("What's here stays. It tries again on its own."));
+}
+
+TEST_F(RootViews, LeaveTheContentItsRoomUnderManyWordsOfTrouble) {
+  serveTheDay();
+  showMain({760, 540});
+  store().problem.set(QString("Much went wrong. ").repeated(300).toStdString());
+  settle();
+  QQuickItem* banner = itemOf("OfflineBanner", window()->contentItem());
+  ASSERT_TRUE(banner);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return banner->height() > 30; }));
+  QTest::qWait(400);
+  EXPECT_LT(banner->height(), 120);
 }
 
 TEST_F(RootViews, ShowTheToastAndItsUndo) {

@@ -115,6 +115,7 @@ void ViewTest::show(const QString& view, const QVariantMap& properties, QSize si
 void ViewTest::showMain(QSize size) {
   QVariantMap properties = models();
   properties.insert(windowModels());
+  root_->start();
   showWindow("Shell/Main", properties, size);
 }
 

@@ -1,6 +1,10 @@
 // The count that docks and launchers of Linux desktops draw on a program's icon, told to them by a
-// signal on the session bus. Without a bus nothing happens. Main thread only.
+// signal on the session bus, and again to one that comes later. Without a bus nothing happens. Main
+// thread only.
 #pragma once
+
+#include <QDBusServiceWatcher>
+#include <memory>
 
 #include "platform/ports/badge.hpp"
 
@@ -11,7 +15,10 @@ class LauncherBadge : public Badge {
   void show(std::optional<std::int64_t> count) override;
 
  private:
-  std::optional<std::int64_t> told_;
+  void tell() const;
+
+  std::optional<std::int64_t> count_;
+  std::unique_ptr<QDBusServiceWatcher> launchers_;  // from the first count on
 };
 
 }  // namespace vellix
