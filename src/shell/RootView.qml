@@ -30,8 +30,9 @@ FocusScope {
     Loader {
         anchors.fill: parent
         active: !view.shown.signedIn
-        focus: active
         sourceComponent: signInSide
+        // Even from a menu, which could not give the keyboard back to what has gone.
+        onLoaded: forceActiveFocus()
     }
 
     Loader {

@@ -16,6 +16,8 @@ Menu {
     signal pointed(real x, real y)
 
     y: parent.height
+    // Without it the area over the strip would not be made. It darkens nothing.
+    dim: true
     label: view.title
     entries: view.entries.map(entry => ({
                 key: entry.key,
@@ -25,11 +27,22 @@ Menu {
             }))
     onPicked: key => commands.run(key)
 
-    T.Overlay.modal: MouseArea {
-        hoverEnabled: true
-        onPositionChanged: event => {
-            const at = mapToItem(menu.parent, event.x, event.y);
-            menu.pointed(at.x, at.y);
+    T.Overlay.modal: Item {
+        id: cover
+
+        HoverHandler {
+            // A pointer that only rests there, while keys are used, leads nowhere.
+            property var last: null
+
+            onPointChanged: {
+                const at = point.position;
+                const moved = last && (at.x !== last.x || at.y !== last.y);
+                last = Qt.point(at.x, at.y);
+                if (!moved)
+                    return;
+                const there = cover.mapToItem(menu.parent, at);
+                menu.pointed(there.x, there.y);
+            }
         }
     }
 }

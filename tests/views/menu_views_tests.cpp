@@ -19,6 +19,11 @@ class MenuViews : public ViewTest {
     QTest::keyClick(window(), key, modifiers);
     settle();
   }
+  void pointAt(const QString& title) {
+    const QRect place = reader().find(title, QAccessible::MenuItem)->rect();
+    QTest::mouseMove(window(), window()->mapFromGlobal(place.center()));
+    settle();
+  }
   bool offers(const QString& entry) {
     return reader().names(QAccessible::MenuItem).contains(entry);
   }
@@ -27,6 +32,17 @@ class MenuViews : public ViewTest {
       if (one->title() == "Settings") return qobject_cast<QQuickWindow*>(one);
     }
     return nullptr;
+  }
+  // What was asked of the Mac mini.
+  std::vector<std::string> jobs() {
+    std::vector<std::string> all;
+    for (const auto* each : desk.http.matching("POST api/jobs"))
+      all.push_back(each->request.body.value_or(""));
+    return all;
+  }
+  // The sign-in screen, and the keyboard at its button.
+  bool leadsOut() {
+    return QTest::qWaitFor([this] { return focusedName() == "Sign in with Google"; });
   }
   QQuickItem* focused() { return window()->activeFocusItem(); }
   QString focusedName() {
@@ -43,6 +59,34 @@ TEST_F(MenuViews, OpenTakeAndCloseByTheScreenReader) {
   ASSERT_TRUE(press("Zoom in", QAccessible::MenuItem));
   EXPECT_EQ(store().zoom(), 1.25);
   EXPECT_TRUE(QTest::qWaitFor([this] { return !offers("Zoom in"); }));
+}
+
+TEST_F(MenuViews, TellTheShortcuts) {
+  open();
+  ASSERT_TRUE(press("Review", QAccessible::MenuItem));
+  auto* refresh = reader().find("Refresh", QAccessible::MenuItem);
+  ASSERT_TRUE(refresh);
+  EXPECT_EQ(refresh->text(QAccessible::Description), CommandsModel::written("Ctrl+R"));
+  EXPECT_FALSE(CommandsModel::written("Ctrl+R").isEmpty());
+}
+
+TEST_F(MenuViews, FollowThePointerToAnotherTitle) {
+  open();
+  ASSERT_TRUE(press("Review", QAccessible::MenuItem));
+  ASSERT_TRUE(offers("Refresh"));
+  pointAt("Review");
+  ASSERT_TRUE(offers("Refresh"));
+  pointAt("View ");
+  EXPECT_TRUE(offers("Zoom in"));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !offers("Refresh"); }));
+}
+
+TEST_F(MenuViews, AreNotDisturbedByAPointerThatRests) {
+  open();
+  pointAt("View ");
+  key(Qt::Key_F10);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Sign out"; }));
+  EXPECT_FALSE(offers("Zoom in"));
 }
 
 TEST_F(MenuViews, AreWorkedByKeyAndGiveTheFocusBack) {
@@ -117,6 +161,10 @@ TEST_F(MenuViews, ShortcutsDoWhatTheirEntriesDo) {
   const auto before = polls();
   key(Qt::Key_R, Qt::ControlModifier);
   EXPECT_EQ(polls(), before + 1);
+  key(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+  key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(jobs(), (std::vector<std::string>{R"({"kind":"report","file_ids":["t1"]})",
+                                              R"({"kind":"sync"})"}));
 }
 
 TEST_F(MenuViews, AShortcutHeldDownActsOnceButForTheZoom) {
@@ -148,13 +196,36 @@ TEST_F(MenuViews, TheSettingsFollowTheKeyboard) {
   EXPECT_EQ(focusedName(), "Show my open tickets on the Dock icon");
 }
 
-TEST_F(MenuViews, TheColumnLeadsToTheSettingsAndOut) {
+TEST_F(MenuViews, TheColumnLeadsToTheSettings) {
   open();
   ASSERT_TRUE(press("Settings (⌘,)"));
   EXPECT_TRUE(settingsWindow());
+}
+
+TEST_F(MenuViews, TheAccountMenuLeadsOut) {
+  open();
   ASSERT_TRUE(press("Account"));
   ASSERT_TRUE(press("Sign out", QAccessible::MenuItem));
   EXPECT_FALSE(store().signedIn());
+  EXPECT_TRUE(leadsOut()) << focusedName().toStdString();
+}
+
+TEST_F(MenuViews, TheMenuBarLeadsOut) {
+  open();
+  ASSERT_TRUE(press("Vellix", QAccessible::MenuItem));
+  ASSERT_TRUE(press("Sign out", QAccessible::MenuItem));
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_TRUE(leadsOut()) << focusedName().toStdString();
+}
+
+TEST_F(MenuViews, TheMenuBarLeadsOutByKey) {
+  open();
+  key(Qt::Key_Tab);
+  key(Qt::Key_F10);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Sign out"; }));
+  key(Qt::Key_Space);
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_TRUE(leadsOut()) << focusedName().toStdString();
 }
 
 TEST_F(MenuViews, TheSettingsOpenInAWindowOfTheirOwnOnceAndCloseOnEsc) {
