@@ -2,7 +2,9 @@
 #include <QPointer>
 #include <QQuickItem>
 #include <QTest>
+#include <functional>
 
+#include "pieces/Theme.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -14,19 +16,31 @@ class RootViews : public ViewTest {
     return reader().find(text, QAccessible::StaticText) ||
            reader().find(text, QAccessible::Heading);
   }
-  static QQuickItem* itemOf(const QByteArray& type, QQuickItem* root) {
-    if (QByteArray{root->metaObject()->className()}.startsWith(type + "_")) return root;
+  using Wanted = std::function<bool(const QQuickItem*)>;
+  static QQuickItem* itemIn(QQuickItem* root, const Wanted& wanted) {
+    if (!root || wanted(root)) return root;
     for (QQuickItem* child : root->childItems()) {
-      if (QQuickItem* found = itemOf(type, child)) return found;
+      if (QQuickItem* found = itemIn(child, wanted)) return found;
     }
     return nullptr;
   }
+  QQuickItem* itemOf(const QByteArray& type, QQuickItem* root) {
+    return itemIn(root, [&](const QQuickItem* each) {
+      return QByteArray{each->metaObject()->className()}.startsWith(type + "_");
+    });
+  }
+  QQuickItem* itemOf(const QByteArray& type) { return itemOf(type, window()->contentItem()); }
+  // The spinner in the place of a ticket.
+  QQuickItem* spinner() { return itemOf("Spinner", itemOf("PlainView")); }
   bool warns(const QString& text) { return reader().find(text, QAccessible::AlertMessage); }
 };
 
 TEST_F(RootViews, LoadTheBoard) {
   showMain({1'500, 940});
   EXPECT_TRUE(says("Loading the board…"));
+  ASSERT_TRUE(spinner());
+  EXPECT_TRUE(spinner()->isVisible());
+  EXPECT_EQ(spinner()->size(), QSizeF(18, 18));
   EXPECT_EQ(polls(), 1U) << "the window comes up with the polling under way";
   EXPECT_TRUE(store().looping());
 }
@@ -38,6 +52,7 @@ TEST_F(RootViews, AskForAChoice) {
   settle();
   EXPECT_TRUE(says("Pick a file."));
   EXPECT_TRUE(says("Pick one on the left to compare it with our files."));
+  EXPECT_FALSE(spinner() && spinner()->isVisible());
 }
 
 TEST_F(RootViews, SayThatThereIsNothingToReview) {
@@ -45,6 +60,19 @@ TEST_F(RootViews, SayThatThereIsNothingToReview) {
   showMain({760, 540});
   EXPECT_TRUE(says("Nothing to review yet."));
   EXPECT_TRUE(says("Press Sync. Claude on the Mac mini checks supplier mail for new proofs."));
+  EXPECT_FALSE(spinner() && spinner()->isVisible());
+}
+
+TEST_F(RootViews, GiveTheColumnItsWidthByTheWindows) {
+  serveTheDay();
+  showMain({1'500, 940});
+  QQuickItem* column = itemOf("Sidebar");
+  ASSERT_TRUE(column);
+  for (const auto& [width, expected] :
+       {std::pair{979, 236}, {980, 260}, {1'279, 260}, {1'280, 284}}) {
+    resize({width, 940});
+    EXPECT_EQ(column->width(), expected) << "in a window of " << width;
+  }
 }
 
 TEST_F(RootViews, ShowTheTicketThatIsSelected) {
@@ -59,7 +87,7 @@ TEST_F(RootViews, ShowTheTicketThatIsSelected) {
 TEST_F(RootViews, MakeANewViewForAnotherTicketAlone) {
   serveTheDay();
   showMain({1'500, 940});
-  const auto fileView = [this] { return itemOf("FileView", window()->contentItem()); };
+  const auto fileView = [this] { return itemOf("FileView"); };
   const QPointer<QQuickItem> first = fileView();
   ASSERT_TRUE(first);
   routes.set(kStateLine, std::unexpected(HttpError::notConnected));
@@ -80,7 +108,17 @@ TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {
   settle();
   EXPECT_EQ(store().problem(), kOfflineText);
   EXPECT_TRUE(QTest::qWaitFor([this] { return warns(kOfflineText); }));
-  EXPECT_TRUE(says("What's here stays. It tries again on its own."));
+  const auto* line =
+      reader().find("What's here stays. It tries again on its own.", QAccessible::StaticText);
+  ASSERT_TRUE(line);
+  const auto* theme =
+      engine()->singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"));
+  EXPECT_EQ(line->object()->property("color"), theme->faint());
+  const auto* icon = itemIn(itemOf("OfflineBanner"), [](const QQuickItem* each) {
+    return each->property("name") == "wifi.exclamationmark";
+  });
+  ASSERT_TRUE(icon);
+  EXPECT_TRUE(icon->isVisible());
 }
 
 TEST_F(RootViews, LeaveTheContentItsRoomUnderManyWordsOfTrouble) {
@@ -88,7 +126,7 @@ TEST_F(RootViews, LeaveTheContentItsRoomUnderManyWordsOfTrouble) {
   showMain({760, 540});
   store().problem.set(QString("Much went wrong. ").repeated(300).toStdString());
   settle();
-  QQuickItem* banner = itemOf("OfflineBanner", window()->contentItem());
+  QQuickItem* banner = itemOf("OfflineBanner");
   ASSERT_TRUE(banner);
   EXPECT_TRUE(QTest::qWaitFor([&] { return banner->height() > 30; }));
   QTest::qWait(400);

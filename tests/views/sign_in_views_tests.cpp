@@ -1,4 +1,7 @@
 // The sign-in screen, and the sheet that waits for the browser.
+#include <QEasingCurve>
+#include <QQmlComponent>
+#include <QQmlListReference>
 #include <QQuickItem>
 #include <QTest>
 
@@ -13,6 +16,37 @@ const QString kWorking = QStringLiteral("Opening Google…");
 const QString kNote = QStringLiteral(
     "Google opens on its own page. Sign in with your @tessarine.example account there.");
 const QString kSheet = QStringLiteral("Waiting for your browser");
+
+// How far the screen has come, and how it comes.
+class Entrance {
+ public:
+  explicit Entrance(QObject& view) : view_(view) {
+    for (QQuickItem* each : qobject_cast<QQuickItem*>(&view)->childItems()) {
+      QQmlListReference moves{each, "transform"};
+      if (moves.count() == 1) {
+        content_ = each;
+        move_ = moves.at(0);
+      }
+    }
+    for (QObject* each : view.children()) {
+      if (each->inherits("QQuickBehavior")) motion_ = each->property("animation").value<QObject*>();
+    }
+  }
+  bool whole() const { return content_ && move_ && motion_; }
+  qreal done() const { return view_.property("entrance").toReal(); }
+  qreal opacity() const { return content_->opacity(); }
+  qreal drop() const { return move_->property("y").toReal(); }
+  int duration() const { return motion_->property("duration").toInt(); }
+  QList<QPointF> curve() const {
+    return motion_->property("easing").value<QEasingCurve>().toCubicSpline();
+  }
+
+ private:
+  QObject& view_;
+  QQuickItem* content_ = nullptr;
+  QObject* move_ = nullptr;
+  QObject* motion_ = nullptr;
+};
 
 class SignInViews : public ViewTest {
  protected:
@@ -146,9 +180,24 @@ TEST_F(SignInViews, KeepTheSheetAboveTheFootAndBelowTheNote) {
 }
 
 TEST_F(SignInViews, EaseIn) {
-  show("Shell/SignInView", {{"signIn", models()["signIn"]}}, {760, 540});
-  QQuickItem* view = qobject_cast<QQuickView*>(window())->rootObject();
-  EXPECT_TRUE(QTest::qWaitFor([view] { return view->property("entrance").toReal() == 1; }));
+  QQmlComponent component{engine(), QUrl{"qrc:/qt/qml/Vellix/Shell/SignInView.qml"}};
+  const std::unique_ptr<QObject> view{
+      component.createWithInitialProperties({{"signIn", models()["signIn"]}})};
+  ASSERT_TRUE(view) << component.errorString().toStdString();
+  const Entrance entrance{*view};
+  ASSERT_TRUE(entrance.whole());
+  EXPECT_EQ(entrance.done(), 0);
+  EXPECT_EQ(entrance.opacity(), 0);
+  EXPECT_EQ(entrance.drop(), 6);
+  EXPECT_EQ(entrance.duration(), 900);
+  EXPECT_EQ(entrance.curve().mid(0, 2), (QList<QPointF>{{0.2, 0.8}, {0.2, 1}}));
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    EXPECT_EQ(entrance.opacity(), entrance.done());
+    EXPECT_DOUBLE_EQ(entrance.drop(), 6 * (1 - entrance.done()));
+    return entrance.done() == 1;
+  }));
+  EXPECT_EQ(entrance.opacity(), 1);
+  EXPECT_EQ(entrance.drop(), 0);
 }
 
 TEST_F(SignInViews, StandAtOnceWhereMotionIsReduced) {
