@@ -37,6 +37,8 @@ Popover {
 
     onOpened: if (byKey) go(-1, 1)
 
+    // Made at once, as is wanted.
+    // qmllint disable deferred-property-id
     contentItem: FocusScope {
         implicitWidth: Math.max(184, column.implicitWidth)
         implicitHeight: column.implicitHeight

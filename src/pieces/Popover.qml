@@ -10,7 +10,8 @@ T.Popup {
     // What a screen reader calls it.
     required property string label
     property real radius: Theme.radiusCard
-    property Item cameFrom: null
+    // What had the focus, and whether its ring showed: { item, ring }.
+    property var cameFrom: null
 
     modal: true
     dim: false
@@ -21,11 +22,13 @@ T.Popup {
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
 
-    onAboutToShow: cameFrom = parent?.Window.activeFocusItem ?? null
+    onAboutToShow: {
+        const item = parent?.Window.activeFocusItem ?? null;
+        cameFrom = item ? { item: item, ring: (item as PressArea)?.visualFocus ?? false } : null;
+    }
     onClosed: {
-        // The reason brings the ring back to what had it.
-        if (cameFrom && cameFrom.visible)
-            cameFrom.forceActiveFocus(cameFrom.focusReason ?? Qt.PopupFocusReason);
+        if (cameFrom?.item?.visible)
+            cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);
         cameFrom = null;
     }
 

@@ -22,7 +22,7 @@ Pressable {
     }
 
     // Closes without giving the focus back; returns what had it.
-    function leave(): Item {
+    function leave(): var {
         const from = place.item.cameFrom;
         place.item.cameFrom = null;
         place.item.close();

@@ -11,7 +11,7 @@ Window {
 
     title: "Settings"
     width: 460
-    height: Math.min(content.implicitHeight, Screen.desktopAvailableHeight - 80)
+    height: Math.min(content.implicitHeight, window.Screen.desktopAvailableHeight - 80)
     minimumWidth: 380
     minimumHeight: 240
     maximumWidth: 460
@@ -33,7 +33,7 @@ Window {
     }
 
     Shortcut {
-        sequences: [StandardKey.Close]
+        sequence: "Ctrl+W"
         onActivated: window.close()
     }
 }

@@ -30,6 +30,7 @@ inline Page pageOf(Int i) {
 
 inline std::vector<Page> pagesOf(Int count) {
   std::vector<Page> pages;
+  pages.reserve(static_cast<std::size_t>(count));
   for (Int i = 0; i < count; ++i) pages.push_back(pageOf(i));
   return pages;
 }
@@ -82,6 +83,7 @@ class StoreTest : public testing::Test {
   }
   std::vector<std::string> lines() {
     std::vector<std::string> all;
+    all.reserve(desk.http.exchanges.size());
     for (const auto& exchange : desk.http.exchanges) all.push_back(exchange.line());
     return all;
   }

@@ -110,6 +110,7 @@ TEST_F(MenuViews, AreWorkedByKeyAndGiveTheFocusBack) {
   EXPECT_EQ(focusedName(), "Fit the page") << "the rule between is passed over";
   key(Qt::Key_Escape);
   EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == before; }));
+  EXPECT_TRUE(before->property("visualFocus").toBool()) << "the ring is back as well";
   EXPECT_EQ(store().zoom(), 1.0);
 }
 

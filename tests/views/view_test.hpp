@@ -19,9 +19,11 @@
 namespace vellix {
 
 class ViewTest : public StoreTest {
+ public:
+  ~ViewTest() override;
+
  protected:
   ViewTest();
-  ~ViewTest() override;
 
   // Three tickets, the first with three pages and findings, all of it served and polled.
   void serveTheDay();
