@@ -1,12 +1,9 @@
 // The board, its details and its pictures as files.
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <algorithm>
-#include <future>
 
-#include "clock.hpp"
 #include "records/sample.hpp"
 #include "service.hpp"
 

@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(All, FileListFolds,
                                          Fold{"NotFoldingAndShown", false, true, false, true, ""}),
                          [](const auto& each) { return each.param.name; });
 
-TEST_F(FileList, CountsOnlyTheReviewerSOwnBesideTheFoldedHeader) {
+TEST_F(FileList, CountsOnlyOnesOwnBesideTheFoldedHeader) {
   auto mine = ticketOf("a", "reviewed");
   mine.assignee = "renny@tessarine.example";
   show({mine, ticketOf("b", "reviewed")});
