@@ -22,7 +22,7 @@ Rectangle {
     readonly property Item thumbTarget: {
         for (let i = 0; i < cells.count; ++i) {
             const cell = cells.itemAt(i) as Pressable;
-            if (cell && options[i].key === current)
+            if (cell && options[i]?.key === current)
                 return cell;
         }
         return null;
@@ -84,13 +84,14 @@ Rectangle {
         Repeater {
             id: cells
 
-            model: segments.options
+            // New words for a choice keep its cell: the focus on it, and a press that has begun.
+            model: segments.options.length
 
             Pressable {
                 id: cell
 
-                required property var modelData
                 required property int index
+                readonly property var modelData: segments.options[index] ?? ({ key: "", label: "" })
                 readonly property bool current: modelData.key === segments.current
                 readonly property string count: modelData.count ?? ""
 

@@ -206,6 +206,30 @@ TEST_F(TicketLists, PressTheFocusedRowBySpaceAndReturn) {
   EXPECT_EQ(store().selection(), std::set<std::string>{"t3"});
 }
 
+TEST_F(TicketLists, KeepTheFocusOnAQueueWhoseCountChanges) {
+  showTickets(2);
+  for (int tab = 0; tab < 2; ++tab) key(Qt::Key_Tab);
+  ASSERT_EQ(focused(), "New titles");
+  board().files[0].status = "reviewed";
+  serve();
+  settle();
+  EXPECT_EQ(focused(), "New titles");
+}
+
+TEST_F(TicketLists, TakeThePressOnAQueueWhoseCountChangesMeanwhile) {
+  showTickets(2);
+  auto* reprints = reader().find("Reprints", QAccessible::RadioButton);
+  ASSERT_TRUE(reprints);
+  const QPoint middle = window()->mapFromGlobal(reprints->rect().center());
+  QTest::mousePress(window(), Qt::LeftButton, {}, middle);
+  board().files[0].track = "reprint";
+  serve();
+  settle();
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middle);
+  settle();
+  EXPECT_EQ(store().queue(), "reprint");
+}
+
 TEST_F(TicketLists, TakeNoArrowKeysOfTheirOwn) {
   showTickets(300);
   focusOn(2);
