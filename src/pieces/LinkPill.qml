@@ -1,7 +1,7 @@
 import QtQuick
 import Vellix.Pieces
 
-// A small capsule that opens a web or mail address through the platform; anything else it leaves.
+// A small capsule that opens a web or mail address through the platform; without one it is disabled.
 Pressable {
     id: pill
 
@@ -9,16 +9,16 @@ Pressable {
     required property string icon
     property url url
 
+    readonly property bool opens: /^(https?|mailto):/i.test(url.toString())
+
+    enabled: opens
     label: title
     radius: height / 2
     implicitWidth: Math.ceil(row.implicitWidth) + 20
     implicitHeight: 24
     Accessible.role: Accessible.Link
 
-    onClicked: {
-        if (/^(https?|mailto):/i.test(pill.url.toString()))
-            Qt.openUrlExternally(pill.url);
-    }
+    onClicked: Qt.openUrlExternally(pill.url)
 
     Rectangle {
         anchors.fill: parent

@@ -22,8 +22,8 @@ Column {
         Pill { title: "Withdraw"; icon: "xmark"; color: Theme.danger }
         Pill { title: "Share"; icon: "link"; raised: true }
         Pill { title: "Make report"; icon: "doc.richtext"; enabled: false }
-        LinkPill { title: "Email"; icon: "envelope" }
-        LinkPill { title: "Folder"; icon: "folder"; enabled: false }
+        LinkPill { title: "Email"; icon: "envelope"; url: "mailto:renny@tessarine.example" }
+        LinkPill { title: "Folder"; icon: "folder" }
     }
 
     LabSection {

@@ -16,6 +16,7 @@ Item {
         Pill { id: pill; title: "Share"; icon: "link" }
         BigButton { id: big; title: "Sync"; icon: "arrow.triangle.2.circlepath"; width: 200 }
         LinkPill { id: link; title: "Email"; icon: "envelope"; url: "https://mail.example/7" }
+        LinkPill { id: opener; title: "Folder"; icon: "folder" }
         IconButton { id: bare; symbol: "gearshape"; help: "Settings" }
         TextButton { id: stop; text: "Stop" }
         CheckBox { id: check; text: "Only mine" }
@@ -79,7 +80,6 @@ Item {
             Theme.reducedMotion = false;
             big.busy = false;
             check.checked = toggle.checked = false;
-            link.url = "https://mail.example/7";
             toast.undoLabel = "Undo";
             slider.level = 2;
             probe.takeOpened();
@@ -213,11 +213,17 @@ Item {
         }
 
         function test_linkOpensWebAndMailOnly() {
-            mouseClick(link);
-            compare(probe.takeOpened(), ["https://mail.example/7"]);
+            for (const opened of ["https://mail.example/7", "http://mail.example/7", "MAILTO:ana@press.example"]) {
+                opener.url = opened;
+                verify(opener.enabled, opened);
+                mouseClick(opener);
+                compare(probe.takeOpened().map(url => url.toLowerCase()), [opened.toLowerCase()]);
+            }
             for (const refused of ["", "file:///etc/passwd", "javascript:alert(1)"]) {
-                link.url = refused;
-                mouseClick(link);
+                opener.url = refused;
+                verify(!opener.enabled, refused);
+                mouseClick(opener);
+                probe.act(opener, "Press");
                 compare(probe.takeOpened(), []);
             }
         }
