@@ -22,11 +22,10 @@ std::string sublineOf(const FileItem& file) {
 
 std::string spokenOf(const FileRowView& row) {
   std::string spoken;
-  spoken.reserve(row.heading.size() + row.subline.size() + 64);
-  spoken = row.heading;
+  spoken.reserve(row.subline.size() + 64);
   const auto add = [&](const std::string& part) {
     if (part.empty()) return;
-    spoken += ", ";
+    if (!spoken.empty()) spoken += ", ";
     spoken += part;
   };
   add(row.subline);

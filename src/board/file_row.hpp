@@ -29,7 +29,7 @@ struct FileRowView {
   std::optional<DueChipView> due;
   FileCountView count;
   std::optional<AvatarView> assignee;
-  std::string spoken;  // the whole row for a screen reader
+  std::string spoken;  // what a screen reader says behind the heading
   bool selected = false;
   bool operator==(const FileRowView&) const = default;
 };

@@ -170,7 +170,7 @@ TEST_F(FileRow, ShowsWhoReviews) {
   EXPECT_EQ(rowOf(file).assignee->letter, "q");
 }
 
-TEST_F(FileRow, IsSpokenWholeAndSkipsWhatIsEmpty) {
+TEST_F(FileRow, IsSpokenBehindItsHeadingAndSkipsWhatIsEmpty) {
   FileItem file = ticketOf("t1");
   file.title = "The Lighthouse";
   file.po = "PO 7";
@@ -178,11 +178,10 @@ TEST_F(FileRow, IsSpokenWholeAndSkipsWhatIsEmpty) {
   file.tally = tally(2, 0);
   file.assignee = "renny@tessarine.example";
   desk.store().board.set(boardOf({}));
-  EXPECT_EQ(rowOf(file, momentOf(60'000)).spoken,
-            "The Lighthouse, PO 7, Overdue 1 min, 2 to look at, Renny Vale");
+  EXPECT_EQ(rowOf(file, momentOf(60'000)).spoken, "PO 7, Overdue 1 min, 2 to look at, Renny Vale");
   FileItem bare = ticketOf("t2", "reviewed");
   bare.title = "Harbour Bread";
-  EXPECT_EQ(rowOf(bare).spoken, "Harbour Bread");
+  EXPECT_EQ(rowOf(bare).spoken, "");
 }
 
 }  // namespace
