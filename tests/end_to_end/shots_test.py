@@ -199,7 +199,7 @@ class Shots(unittest.TestCase):
         self.path("unwritable")
 
     def test_takes_the_pixels_from_the_screen(self):
-        self.path("from the screen")
+        self.assertEqual(self.size("from the screen"), "800x600")
 
     def test_asks_the_service_nothing(self):
         self.assertFalse(self.stage.was_connected_to())

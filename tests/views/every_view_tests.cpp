@@ -138,6 +138,18 @@ class EveryView : public ViewTest {
     }
   }
 
+  void showPanel(const QString& panel, QSize size) {
+    showWindow("Shell/PanelWindow",
+               {{"root", models()["root"]},
+                {"settings", windowModels()["settings"]},
+                {"panel", panel},
+                {"lab", toQml(markLab())},
+                {"symbols", Symbol::names()}},
+               size);
+    EXPECT_EQ(window()->title(), "Vellix");
+    EXPECT_EQ(window()->minimumSize(), kSizes.front());
+  }
+
  private:
   static inline const QStringList kFloats{"Board/AccountMenu", "Shell/Main", "Shell/PanelWindow",
                                           "Shell/SettingsWindow", "Shell/StripMenu"};
@@ -173,19 +185,27 @@ TEST_F(EveryView, StandsInTheMainWindowInTheDark) {
   showMain(kSizes.back());
 }
 
-TEST_F(EveryView, StandsAloneAsAPanel) {
+TEST_F(EveryView, ShowsTheLabAloneAsAPanel) {
   for (const QSize size : kSizes) {
-    showWindow("Shell/PanelWindow",
-               {{"root", models()["root"]},
-                {"settings", windowModels()["settings"]},
-                {"panel", "lab"},
-                {"lab", toQml(markLab())},
-                {"symbols", Symbol::names()}},
-               size);
-    EXPECT_EQ(window()->title(), "Vellix");
-    EXPECT_EQ(window()->minimumSize(), kSizes.front());
-    EXPECT_TRUE(reader().find("Ready in about 40 sec", QAccessible::StaticText));
+    showPanel("lab", size);
+    for (const QString text : {"Overdue 5 hr", "Due today 6 PM", "Due Wed 3 PM", "Up to date",
+                               "Offline", "Ready in about 40 sec", "New", "In review", "Reviewed",
+                               "Fix", "Check", "Minor", "Reprint", "New title"}) {
+      EXPECT_EQ(reader().names(QAccessible::StaticText).count(text), 2)
+          << text.toStdString() << ", in full and small";
+    }
     EXPECT_TRUE(reader().find("wifi.exclamationmark", QAccessible::Graphic));
+  }
+}
+
+TEST_F(EveryView, ShowsTheSettingsAloneAsAPanel) {
+  for (const QSize size : kSizes) {
+    showPanel("settings", size);
+    auto* settings = reader().find("Settings", QAccessible::Pane);
+    ASSERT_TRUE(settings);
+    EXPECT_EQ(settings->rect().width(), 460);
+    EXPECT_EQ(window()->mapFromGlobal(settings->rect().topLeft()).x(), (size.width() - 460) / 2);
+    EXPECT_TRUE(reader().find("Appearance", QAccessible::Grouping));
   }
 }
 
