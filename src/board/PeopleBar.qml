@@ -56,6 +56,7 @@ Item {
                 pictures: bar.pictures
                 size: 30
                 ring: person.ring
+                Accessible.description: person.here ? "In Vellix now" : ""
             }
 
             // The dot's own ring is in the colour of the column.
@@ -68,9 +69,6 @@ Item {
                 height: 12
                 radius: 6
                 color: Theme.column
-
-                Accessible.role: Accessible.Graphic
-                Accessible.name: "In Vellix now"
 
                 Rectangle {
                     anchors.centerIn: parent

@@ -59,10 +59,9 @@ def look_around(build):
             for entry in service.requests("GET", "api/state")))
 
         # Both people were here within the last minutes.
-        reader.find("Renny Vale")
-        reader.find("Jorvas Lind")
-        wait_until("both people to be here",
-                   lambda: len(reader.find_all("In Vellix now")) == 2)
+        for person in ("Renny Vale", "Jorvas Lind"):
+            wait_until(f"{person} to be here", lambda person=person: "In Vellix now" in [
+                reader.description(node) for node in reader.find_all(person)])
         desk.close_window()
 
 

@@ -156,6 +156,12 @@ class Reader:
         wait_until(f'"{name or contains}" to go',
                    lambda: not self.find_all(name, contains, roles), limit)
 
+    def description(self, node):
+        wanted = self.glib.Variant("(ss)", (ATSPI + "Accessible", "Description"))
+        answer = self._ask([((node.address, node.path), "org.freedesktop.DBus.Properties", "Get",
+                             wanted)])[0]
+        return answer[0] if answer else ""
+
     def press(self, node):
         """Presses through the object's own action, as assistive technology does."""
         place = (node.address, node.path)
