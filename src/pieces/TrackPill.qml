@@ -1,12 +1,5 @@
 import QtQuick
 import Vellix.Pieces
 
-// The pill of a track. `pill` is a PillView.
-Pillbox {
-    required property var pill
-
-    text: pill.text
-    icon: pill.icon
-    dashed: pill.dashed
-    tone: pill.tone
-}
+// The pill of a track.
+ValuePill {}
