@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/linux/ApplicationInterface.hpp"
+#include "platform/linux/ask_bus.hpp"
 
 namespace vellix {
 namespace {
@@ -11,7 +12,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const auto kInterface = u"org.freedesktop.Application"_s;
-constexpr int kBusLimit = 2'000;    // ms, for one question to the bus
 constexpr int kOtherLimit = 5'000;  // ms, for the other instance
 constexpr int kAttempts = 3;
 
@@ -19,13 +19,6 @@ constexpr int kAttempts = 3;
 constexpr uint kDoNotQueue = 4;
 constexpr uint kPrimaryOwner = 1;
 constexpr uint kAlreadyOwner = 4;
-
-QDBusMessage askBus(const QDBusConnection& bus, const QString& question, const QVariantList& of) {
-  QDBusMessage call = QDBusMessage::createMethodCall(
-      u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, question);
-  call.setArguments(of);
-  return bus.call(call, QDBus::Block, kBusLimit);
-}
 
 }  // namespace
 

@@ -4,10 +4,11 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDeadlineTimer>
 #include <QThread>
 #include <utility>
+
+#include "platform/linux/ask_bus.hpp"
 
 namespace vellix {
 namespace {
@@ -17,15 +18,7 @@ using namespace Qt::StringLiterals;
 const auto kService = u"com.rennyvale.Sorel"_s;
 const auto kAccount = u"session"_s;
 const auto kSecretsName = u"org.freedesktop.secrets"_s;
-constexpr int kBusLimit = 2000;      // ms, for one question to the bus
 constexpr int kPatienceAtEnd = 500;  // ms
-
-QDBusMessage askBus(const QDBusConnection& bus, const QString& question, const QVariantList& of) {
-  QDBusMessage call = QDBusMessage::createMethodCall(
-      u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, question);
-  call.setArguments(of);
-  return bus.call(call, QDBus::Block, kBusLimit);
-}
 
 SecretService lookOnBus(const QDBusConnection& bus) {
   if (!bus.isConnected()) return SecretService::absent;

@@ -1,7 +1,5 @@
 #include "platform/linux/TokenStores.hpp"
 
-#include <QStandardPaths>
-
 #include "platform/linux/FileTokenStore.hpp"
 #include "platform/linux/KeychainThread.hpp"
 #include "platform/linux/SecretServiceTokenStore.hpp"
@@ -17,11 +15,6 @@ void openKeyring(const Resolver<Opened>& resolver, const KeyringLimits& limits) 
 }
 
 }  // namespace
-
-std::string configFolder() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString() +
-         "/vellix";
-}
 
 Pending<Opened> openTokenStore(const std::string& folder, KeyringLimits limits) {
   const Resolver<Opened> resolver;

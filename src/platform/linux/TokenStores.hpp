@@ -24,7 +24,4 @@ struct KeyringLimits {
 Pending<std::shared_ptr<DurableTokenStore>> openTokenStore(const std::string& configFolder,
                                                            KeyringLimits limits = {});
 
-// The user's folder of this program's configuration.
-std::string configFolder();
-
 }  // namespace vellix

@@ -19,10 +19,12 @@ bool readsAsTrue(const QString& word) {
 
 }  // namespace
 
-std::string defaultsPath() {
+std::string configFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString() +
-         "/vellix/defaults.ini";
+         "/vellix";
 }
+
+std::string defaultsPath() { return configFolder() + "/defaults.ini"; }
 
 QtDefaults::QtDefaults(const std::string& path)
     : settings_(QString::fromStdString(path), QSettings::IniFormat) {}

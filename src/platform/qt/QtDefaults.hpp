@@ -7,7 +7,10 @@
 
 namespace vellix {
 
-// Where the file lies for this user; its folder holds the program's other configuration.
+// The user's folder of this program's configuration.
+std::string configFolder();
+
+// Where the file lies for this user.
 std::string defaultsPath();
 
 // Main thread. A damaged file gives what is readable of it; one that cannot be written leaves the
