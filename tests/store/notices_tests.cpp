@@ -1,51 +1,14 @@
-// What others did rises as one toast a poll, and the badge counts the user's open tickets.
-#include "store/store_test.hpp"
+// What others did rises as one toast a poll.
+#include "store/notices_test.hpp"
 
 namespace vellix {
 namespace {
 
-constexpr const char* kMe = "ann@tessarine.example";
-
-Event eventOf(Int id, std::optional<std::string> by, std::string kind,
-              std::optional<std::string> text) {
-  Event event;
-  event.id = id;
-  event.by = std::move(by);
-  event.kind = std::move(kind);
-  event.text = std::move(text);
-  return event;
-}
-
-class Notices : public StoreTest {
- protected:
-  // A minute after the Store came up, so everything that follows is news.
-  Notices() {
-    store();
-    desk.time.advance(Milliseconds{60'000});
-  }
-
-  Event now(Event event) {
-    event.at = wireOf(desk.time.now());
-    return event;
-  }
-  void pollWith(std::vector<Event> events, std::vector<FileItem> files = {}) {
-    BoardState board = boardOf(std::move(files));
-    board.me = {kMe, "Ann"};
-    board.users = {{.email = kMe, .name = "Ann"}, {.email = "bo@tessarine.example", .name = "Bo"}};
-    board.events = std::move(events);
-    serveBoard(board, "\"b" + std::to_string(++tag_) + "\"");
-    poll();
-  }
-  void beginAt(Int id) { pollWith({eventOf(id, std::nullopt, "synced", "Synced.")}); }
-
- private:
-  int tag_ = 0;
-};
+using Notices = NoticesTest;
 
 TEST_F(Notices, TheFirstBoardRaisesNone) {
   std::vector<Event> events;
-  for (Int id = 50; id > 0; --id)
-    events.push_back(now(eventOf(id, "bo@tessarine.example", "x", "y")));
+  for (Int id = 50; id > 0; --id) events.push_back(now(eventOf(id, kBo, "x", "y")));
   pollWith(events);
   EXPECT_FALSE(desk.toast());
   EXPECT_EQ(store().seenEvent, 50);
@@ -54,16 +17,15 @@ TEST_F(Notices, TheFirstBoardRaisesNone) {
 TEST_F(Notices, AFirstBoardWithoutEventsLeavesTheNextOneTheFirst) {
   pollWith({});
   EXPECT_EQ(store().seenEvent, 0);
-  pollWith({now(eventOf(3, "bo@tessarine.example", "x", "y"))});
+  pollWith({now(eventOf(3, kBo, "x", "y"))});
   EXPECT_FALSE(desk.toast());
   EXPECT_EQ(store().seenEvent, 3);
 }
 
 TEST_F(Notices, OnlyTheNewestOfSeveralIsTold) {
   beginAt(1);
-  pollWith({now(eventOf(4, "bo@tessarine.example", "status", "Fourth.")),
-            now(eventOf(3, "bo@tessarine.example", "status", "Third.")),
-            now(eventOf(2, "bo@tessarine.example", "status", "Second."))});
+  pollWith({now(eventOf(4, kBo, "status", "Fourth.")), now(eventOf(3, kBo, "status", "Third.")),
+            now(eventOf(2, kBo, "status", "Second."))});
   EXPECT_EQ(desk.toastText(), "Bo: Fourth.");
   EXPECT_FALSE(desk.toast()->undo);
   EXPECT_FALSE(desk.toast()->undoLabel);
@@ -72,8 +34,7 @@ TEST_F(Notices, OnlyTheNewestOfSeveralIsTold) {
 
 TEST_F(Notices, OnesOwnDoingsArePassedOverForTheNextNewest) {
   beginAt(1);
-  pollWith({now(eventOf(3, kMe, "status", "Mine.")),
-            now(eventOf(2, "bo@tessarine.example", "status", "Bo's."))});
+  pollWith({now(eventOf(3, kMe, "status", "Mine.")), now(eventOf(2, kBo, "status", "Bo's."))});
   EXPECT_EQ(desk.toastText(), "Bo: Bo's.");
   EXPECT_EQ(store().seenEvent, 3);
 }
@@ -87,7 +48,7 @@ TEST_F(Notices, OnesOwnDoingsAloneRaiseNone) {
 
 TEST_F(Notices, WhatHappenedBeforeTheStartRaisesNone) {
   beginAt(1);
-  Event old = eventOf(2, "bo@tessarine.example", "status", "Old.");
+  Event old = eventOf(2, kBo, "status", "Old.");
   old.at = wireOf(store().started);
   pollWith({old});
   EXPECT_FALSE(desk.toast());
@@ -101,7 +62,7 @@ TEST_F(Notices, WhatHappenedBeforeTheStartRaisesNone) {
 TEST_F(Notices, TurnedOffTheyStillCountAsSeen) {
   beginAt(1);
   store().prefs.liveToasts.set(false);
-  const auto event = now(eventOf(2, "bo@tessarine.example", "status", "Off."));
+  const auto event = now(eventOf(2, kBo, "status", "Off."));
   pollWith({event});
   EXPECT_FALSE(desk.toast());
   EXPECT_EQ(store().seenEvent, 2);
@@ -112,7 +73,7 @@ TEST_F(Notices, TurnedOffTheyStillCountAsSeen) {
 
 TEST_F(Notices, ABoardOfOlderEventsNeverTurnsThemBack) {
   beginAt(9);
-  pollWith({now(eventOf(4, "bo@tessarine.example", "status", "Older."))});
+  pollWith({now(eventOf(4, kBo, "status", "Older."))});
   EXPECT_FALSE(desk.toast());
   EXPECT_EQ(store().seenEvent, 9);
   pollWith({});
@@ -121,7 +82,7 @@ TEST_F(Notices, ABoardOfOlderEventsNeverTurnsThemBack) {
 
 TEST_F(Notices, AnUnchangedBoardRaisesNone) {
   beginAt(1);
-  pollWith({now(eventOf(2, "bo@tessarine.example", "status", "Once."))});
+  pollWith({now(eventOf(2, kBo, "status", "Once."))});
   store().toast.set(std::nullopt);
   poll();  // the tag matches: not modified
   EXPECT_FALSE(desk.toast());
@@ -130,7 +91,7 @@ TEST_F(Notices, AnUnchangedBoardRaisesNone) {
 TEST_F(Notices, ReplaceTheToastOnShow) {
   beginAt(1);
   store().toast.set(Toast{"Marked fine.", "Undo", [] {}});
-  pollWith({now(eventOf(2, "bo@tessarine.example", "status", "Newer."))});
+  pollWith({now(eventOf(2, kBo, "status", "Newer."))});
   EXPECT_EQ(desk.toastText(), "Bo: Newer.");
 }
 
@@ -165,7 +126,6 @@ TEST_P(NoticeWording, IsToldSo) {
   EXPECT_EQ(desk.toastText(), GetParam().told);
 }
 
-const std::string kBo = "bo@tessarine.example";
 INSTANTIATE_TEST_SUITE_P(
     Words, NoticeWording,
     testing::Values(
@@ -187,55 +147,6 @@ INSTANTIATE_TEST_SUITE_P(
         Wording{"newFile", kBo, "new_file", "Rain came in.", "Rain came in."},
         Wording{"report", kBo, "report_ready", "Report is ready.", "Report is ready."}),
     [](const auto& each) { return each.param.name; });
-
-FileItem ticketFor(std::string id, std::string status, std::optional<std::string> assignee) {
-  FileItem file = ticketOf(std::move(id), std::move(status));
-  file.assignee = std::move(assignee);
-  return file;
-}
-
-class BadgeOfTheIcon : public Notices {
- protected:
-  const std::vector<FileItem> files{ticketFor("a", "new", kMe),
-                                    ticketFor("b", "in_review", kMe),
-                                    ticketFor("c", "odd", kMe),
-                                    ticketFor("d", "reviewed", kMe),
-                                    ticketFor("e", "new", kBo),
-                                    ticketFor("f", "new", std::nullopt),
-                                    ticketFor("g", "new", "ANN@tessarine.example")};
-};
-
-TEST_F(BadgeOfTheIcon, CountsOnesOwnTicketsThatAreNotReviewed) {
-  EXPECT_EQ(store().openCount(), 0);
-  pollWith({}, files);
-  EXPECT_EQ(store().openCount(), 3);
-  EXPECT_EQ(desk.badge.shown.back(), 3);
-}
-
-TEST_F(BadgeOfTheIcon, IsClearedWhenNothingIsOpen) {
-  pollWith({}, files);
-  pollWith({}, {ticketFor("d", "reviewed", kMe)});
-  EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
-}
-
-TEST_F(BadgeOfTheIcon, TurnedOffIsClearedAtTheNextGoodPollAndNotAtOnce) {
-  pollWith({}, files);
-  store().prefs.dockBadge.set(false);
-  desk.time.run();
-  EXPECT_EQ(desk.badge.shown.back(), 3);
-  routes.set(kStateLine, std::unexpected(HttpError::notConnected));
-  poll();
-  EXPECT_EQ(desk.badge.shown.back(), 3);
-  pollWith({}, files);
-  EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
-}
-
-TEST_F(BadgeOfTheIcon, IsBroughtUpToDateByAnUnchangedBoardToo) {
-  pollWith({}, files);
-  store().prefs.dockBadge.set(false);
-  poll();
-  EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
-}
 
 }  // namespace
 }  // namespace vellix

@@ -1,7 +1,7 @@
 // Signing in through the browser, and what may come in between.
 #include <gmock/gmock.h>
 
-#include "store/store_test.hpp"
+#include "store/sign_in_test.hpp"
 
 namespace vellix {
 namespace {
@@ -9,17 +9,8 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr const char* kCallback = "sorel://signed-in?code=abc&state=s1";
-constexpr const char* kExchangeLine = "POST api/login/exchange";
-constexpr const char* kExchangeAnswer =
-    R"({"token":"fresh","me":{"email":"renny@tessarine.example","name":"Renny Vale"}})";
-
-class ByBrowser : public StoreTest {
+class ByBrowser : public SignInTest {
  protected:
-  ByBrowser() : StoreTest(std::nullopt) {
-    serveBoard(boardOf({}));
-    routes.set(kExchangeLine, answerOf(200, kExchangeAnswer));
-  }
   bool ended = false;
 
   void signIn() {
@@ -34,12 +25,6 @@ class ByBrowser : public StoreTest {
     desk.tokens.item = token;
     store().resume();
     desk.time.run();
-  }
-  void expectStillOut() {
-    EXPECT_FALSE(store().signedIn());
-    EXPECT_FALSE(store().looping());
-    EXPECT_FALSE(desk.api.token());
-    EXPECT_EQ(polls(), 0U);
   }
 };
 
@@ -106,16 +91,9 @@ TEST_F(ByBrowser, OneThatEndsWithNothingSaysSo) {
   EXPECT_EQ(desk.toastText(), "Sign-in was cancelled.");
 }
 
-struct FailedRun {
-  const char* name;
-  const char* url;
-  HttpResult answer;
-  const char* text;
-};
+class FailedByBrowser : public ByBrowser, public testing::WithParamInterface<FailedSignIn> {};
 
-class FailedRuns : public ByBrowser, public testing::WithParamInterface<FailedRun> {};
-
-TEST_P(FailedRuns, AreToldInAToast) {
+TEST_P(FailedByBrowser, AreToldInAToast) {
   routes.set(kExchangeLine, GetParam().answer);
   signIn();
   open(GetParam().url);
@@ -126,18 +104,11 @@ TEST_P(FailedRuns, AreToldInAToast) {
   EXPECT_FALSE(desk.defaults.texts.contains("LastEmail"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, FailedRuns,
-    testing::Values(
-        FailedRun{"NoCode", "sorel://signed-in", answerOf(200),
-                  "That sign-in did not come through. Try again."},
-        FailedRun{"Refused", kCallback, answerOf(400, R"({"error":"Code used."})"), "Code used."},
-        FailedRun{"Broken", kCallback, answerOf(500), kRefusedText},
-        FailedRun{"Unknown", kCallback, answerOf(401), kSignedOutText},
-        FailedRun{"Offline", kCallback, std::unexpected(HttpError::notConnected), kOfflineText},
-        FailedRun{"Undecodable", kCallback, answerOf(200, "[]"),
-                  "Sign-in didn't finish. Try again."}),
-    [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(All, FailedByBrowser, testing::ValuesIn(failedSignIns()), nameOf);
+INSTANTIATE_TEST_SUITE_P(OfItsOwn, FailedByBrowser,
+                         testing::Values(FailedSignIn{"Undecodable", kCallback, answerOf(200, "[]"),
+                                                      "Sign-in didn't finish. Try again."}),
+                         nameOf);
 
 TEST_F(ByBrowser, AUrlThatIsNoCallbackLeavesItWaiting) {
   signIn();

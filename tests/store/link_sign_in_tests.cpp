@@ -1,0 +1,118 @@
+// Coming in by a link that was opened from outside.
+#include <gmock/gmock.h>
+
+#include "store/sign_in_test.hpp"
+
+namespace vellix {
+namespace {
+
+using testing::ElementsAre;
+
+class ByLink : public SignInTest {
+ protected:
+  void complete(const std::string& url = kCallback) {
+    desk.tasks.start(store().completeSignIn(url));
+    desk.time.run();
+  }
+};
+
+TEST_F(ByLink, FetchesTheBoardOnceThenStartsTheLoop) {
+  store().etag = "\"of the last session\"";
+  complete();
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_TRUE(store().board());
+  EXPECT_TRUE(store().looping());
+  EXPECT_THAT(lines(), ElementsAre(kExchangeLine, kStateLine, kStateLine));
+  EXPECT_FALSE(desk.http.exchanges[1].has("If-None-Match"));
+  EXPECT_EQ(desk.http.exchanges[1].header("Authorization"), "Bearer fresh");
+  EXPECT_EQ(desk.http.exchanges[2].header("If-None-Match"), "\"b1\"");
+  EXPECT_FALSE(store().toast());
+}
+
+TEST_F(ByLink, StartsTheLoopOnlyAfterTheFirstBoardIsIn) {
+  routes.leaveOpen(kStateLine);
+  complete();
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_FALSE(store().looping());
+  answer(1, std::unexpected(HttpError::notConnected));
+  EXPECT_EQ(store().problem(), kOfflineText);
+  EXPECT_TRUE(store().looping());
+}
+
+TEST_F(ByLink, StartsNoLoopWhenTheServiceEndsTheSessionAtOnce) {
+  routes.set(kStateLine, answerOf(401));
+  complete();
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(store().looping());
+  EXPECT_FALSE(desk.api.token());
+  EXPECT_EQ(desk.toastText(), kSignedOutText);
+  desk.time.advance(Milliseconds{60'000});
+  EXPECT_EQ(polls(), 1U);
+}
+
+TEST_F(ByLink, AgainKeepsWhatWasSeenAndTheTagsOfTheLastSession) {
+  complete();
+  store().seenEvent = 12;
+  store().fileTags = {{"t1#0", "\"old\""}};
+  const Moment started = store().started;
+  store().signOut(true);
+  desk.time.advance(Milliseconds{60'000});
+  complete();
+  EXPECT_TRUE(store().signedIn());
+  EXPECT_EQ(store().seenEvent, 12);
+  EXPECT_EQ(store().started, started);
+  EXPECT_EQ(store().fileTags.at("t1#0"), "\"old\"");
+  EXPECT_TRUE(store().looping());
+}
+
+TEST_F(ByLink, SendsTheTagsOfTheLastSessionAgain) {
+  serveBoard(boardOf({ticketAt("t1", 1)}));
+  routes.set("GET api/files/t1", answerOf(304));
+  store().fileTags = {{"t1#0", "\"old\""}};
+  complete();
+  EXPECT_EQ(desk.http.matching("GET api/files/t1").at(0)->header("If-None-Match"), "\"old\"");
+}
+
+class FailedByLink : public ByLink, public testing::WithParamInterface<FailedSignIn> {};
+
+TEST_P(FailedByLink, AreToldInAToast) {
+  routes.set(kExchangeLine, GetParam().answer);
+  complete(GetParam().url);
+  expectStillOut();
+  EXPECT_EQ(desk.toastText(), GetParam().text);
+  EXPECT_FALSE(desk.toast()->undoLabel);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FailedByLink, testing::ValuesIn(failedSignIns()), nameOf);
+INSTANTIATE_TEST_SUITE_P(OfItsOwn, FailedByLink,
+                         testing::Values(FailedSignIn{"Undecodable", kCallback, answerOf(200, "[]"),
+                                                      "Sign-in didn't finish."}),
+                         nameOf);
+
+TEST_F(ByLink, BeginsFromAUrlOpenedFromOutside) {
+  store().open(kCallback);
+  EXPECT_TRUE(desk.http.exchanges.empty()) << "in a turn of its own";
+  desk.time.run();
+  EXPECT_EQ(desk.http.count(kExchangeLine), 1U);
+  EXPECT_TRUE(store().signedIn());
+}
+
+class ForeignUrls : public ByLink, public testing::WithParamInterface<const char*> {};
+
+TEST_P(ForeignUrls, AreIgnored) {
+  store().open(GetParam());
+  desk.time.run();
+  EXPECT_TRUE(desk.http.exchanges.empty());
+  EXPECT_FALSE(store().toast());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ForeignUrls,
+                         testing::Values("sorel://other?code=abc", "sorel://?code=abc",
+                                         "sorel:signed-in?code=abc", "sorel:///signed-in?code=abc",
+                                         "https://signed-in?code=abc", "sorel2://signed-in?code=a",
+                                         "signed-in?code=abc", "",
+                                         "sorel://signed-in@other?code=abc",
+                                         "sorel://signed-in.example?code=abc"));
+
+}  // namespace
+}  // namespace vellix
