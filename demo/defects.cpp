@@ -113,17 +113,23 @@ std::optional<Planted> moveBreak(PageArt& page, int line) {
   return std::nullopt;
 }
 
+// A passage that runs over the end of a line, so that it takes a box on each.
 std::optional<Planted> changeFont(PageArt& page, int line) {
   auto& lines = page.text.lines;
-  for (auto i = static_cast<std::size_t>(std::max(line, 0)); i < lines.size(); ++i) {
-    if (lines[i].words.size() < 7 || lines[i].ends) continue;
+  for (auto i = static_cast<std::size_t>(std::max(line, 0)); i + 1 < lines.size(); ++i) {
+    if (lines[i].words.size() < 7 || lines[i + 1].words.size() < 5 || lines[i].ends) continue;
     Planted planted{Defect::wrongFont, {}, {}, "A passage is in another font", {}, {}, {}};
     QStringList passage;
-    for (std::size_t w = 1; w < 6; ++w) {
-      lines[i].words[w].face = Face::fallback;
-      planted.wordIds.push_back(lines[i].words[w].id);
-      passage << lines[i].words[w].text;
+    const auto change = [&](Word& word) {
+      word.face = Face::fallback;
+      planted.wordIds.push_back(word.id);
+      passage << word.text;
+    };
+    for (std::size_t w = lines[i].words.size() - 4; w < lines[i].words.size(); ++w) {
+      change(lines[i].words[w]);
     }
+    change(lines[i + 1].words[0]);
+    change(lines[i + 1].words[1]);
     planted.detail = quoted(passage.join(u' ')) +
                      " is set in DejaVu Sans. We sent it in EB Garamond, so the font was probably "
                      "not embedded.";
