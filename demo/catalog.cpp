@@ -32,6 +32,7 @@ std::vector<PageArt> sentPages(const TicketPlan& plan) {
   } else {
     pages = {coverArt(book, PageKind::front), coverArt(book, PageKind::back)};
   }
+  if (std::ssize(pages) > plan.pages) pages.resize(static_cast<std::size_t>(plan.pages));
   return pages;
 }
 
@@ -236,14 +237,14 @@ Ticket ticketOf(const TicketPlan& plan, double now, Pictures& pictures) {
                                                                : "kestrel-print.example";
   item.sender = "proofs@" + domain;
   item.received = received;
-  item.page_count = index;
+  if (index > 0) item.page_count = index;
   item.links = Links{"https://mail.tessarine.example/mail/#all/" + slug, drive + "f/" + slug,
                      drive + "d/" + plan.po, drive + "f/" + slug + "-indd", heading + ".indd"};
   item.summary = plan.summary;
   item.status = plan.status;
   item.created = received + 4 * kMinute;
   item.rev = 1;
-  item.thumb = version.pages.front().thumb;
+  if (!version.pages.empty()) item.thumb = version.pages.front().thumb;
   item.track = plan.track;
   if (!plan.assignee.empty()) {
     item.assignee = plan.assignee;
@@ -260,7 +261,7 @@ Ticket ticketOf(const TicketPlan& plan, double now, Pictures& pictures) {
   version.record.from = item.sender;
   version.record.at = received;
   version.record.size = 2'400'000 + static_cast<Int>(index) * 181'000;
-  version.record.page_count = index;
+  version.record.page_count = item.page_count;
   version.record.summary = plan.summary;
   version.record.status = "done";
   version.origin = {item.supplier, item.sender,  item.received, item.filename,
@@ -296,7 +297,7 @@ void addVersion(Ticket& ticket, Version record, const std::vector<std::string>& 
   ticket.item.version = record.n;
   ticket.item.page_count = index;
   ticket.item.refs = next.refs;
-  ticket.item.thumb = next.pages.front().thumb;
+  if (!next.pages.empty()) ticket.item.thumb = next.pages.front().thumb;
   next.record = std::move(record);
   ticket.versions.push_back(std::move(next));
 }

@@ -11,6 +11,8 @@ State::State(Pictures& pictures, double now, double pace, bool colleague)
     : pictures_(pictures), now_(now), pace_(pace) {
   open(now);
   openRounds();
+  openNotes();
+  openJobs();
   if (colleague) scheduleColleague();
 }
 
@@ -192,7 +194,7 @@ Outcome<FileDetail> State::detailOf(const std::string& id, std::optional<Int> wa
   detail.file = itemOf(*ticket);
   detail.file.pages = version->pages;
   detail.file.refs = version->refs;
-  detail.file.page_count = static_cast<Int>(version->pages.size());
+  detail.file.page_count = version->record.page_count;
   detail.findings = version->findings;
   detail.version = n;
   detail.versions.emplace();

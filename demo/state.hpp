@@ -93,6 +93,8 @@ class State {
 
   void open(double now);
   void openRounds();
+  void openNotes();
+  void openJobs();
   Ticket* find(const std::string& id);
   std::pair<Ticket*, Finding*> findFinding(const std::string& id);
   FileItem itemOf(const Ticket& ticket) const;

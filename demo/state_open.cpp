@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "clock.hpp"
-#include "report_pdf.hpp"
 #include "state.hpp"
 
 namespace vellix::demo {
@@ -175,84 +174,6 @@ void State::openRounds() {
     approval.at = ago(hours - 9);
     answered(id, approval);
   }
-
-  const auto note = [&](const char* ticket, const char* id, Int page, const char* by, double hours,
-                        const char* text) -> Note& {
-    Note written;
-    written.id = id;
-    written.file_id = ticket;
-    written.page = page;
-    written.text = text;
-    written.by = by;
-    written.at = ago(hours);
-    auto& notes = find(ticket)->notes;
-    notes.push_back({written, find(ticket)->newest().record.n});
-    return notes.back().note;
-  };
-  Note& folio = note("salt-text", "n-folio", 2, kJorvas, 0.2,
-                     "Is this the old file? The folio moved as well.");
-  folio.x = 0.5;
-  folio.y = 0.935;
-  folio.side = "supplier";
-  Note& area = note("salt-text", "n-plate", 4, kRenny, 20, "Ask Halden to place the art anew.");
-  area.x = 0.16;
-  area.y = 0.12;
-  area.w = 0.7;
-  area.h = 0.4;
-  area.side = "supplier";
-  Note& tagged = note("salt-text", "n-tag", 5, kJorvas, 3,
-                      "Renny, is this the font they had trouble with before?");
-  tagged.tags = {kRenny};
-  tagged.finding_id = std::nullopt;
-  Note& solved = note("letter-cover", "n-seal", 0, kMira, 6.1,
-                      "The seal wants to sit in the middle of the flap.");
-  solved.x = 0.5;
-  solved.y = 0.6;
-  solved.side = "supplier";
-  Note& done = note("bread-cover", "n-done", 1, kJorvas, 4, "Told Kestrel about the number.");
-  done.resolved = 1;
-  done.resolved_by = kJorvas;
-
-  Job sync;
-  sync.id = "job-sync-0";
-  sync.kind = "sync";
-  sync.status = "done";
-  sync.requested_by = kJorvas;
-  sync.created = ago(2.1);
-  sync.started = ago(2.1) + 4000;
-  sync.finished = ago(2.1) + 96000;
-  sync.steps = {"Reading supplier mail", "Filing to Drive", "Checking pages",
-                "Writing what was found"};
-  sync.summary = Summary{std::vector<std::string>{"Filed one proof from Halden"},
-                         std::vector<std::string>{"A Small Cartography Text is new on the board"},
-                         std::nullopt};
-  sync.result = JobResult{1, std::nullopt, std::nullopt, 0.42};
-  sync_ = sync;
-
-  Job job;
-  job.id = "job-report-0";
-  job.kind = "report";
-  job.status = "done";
-  job.requested_by = kRenny;
-  job.created = ago(23.0);
-  job.started = ago(23.0) + 2000;
-  job.finished = ago(23.0) + 44000;
-  job.steps = {"Gathering findings", "Drawing pages", "Writing the report"};
-  job.args = JobArgs{std::vector<std::string>{"letter-cover"}};
-  job.summary =
-      Summary{std::vector<std::string>{"Made a report on one ticket"}, std::nullopt, std::nullopt};
-  job.result = JobResult{std::nullopt, "report-0", std::nullopt, 0.08};
-  const FileDetail detail = detailOf("letter-cover", std::nullopt).value_or(FileDetail{});
-  pdfs_["report-0"] = reportPdf("The Long Letter Cover report", {detail});
-  reports_.push_back({"report-0",
-                      job.id,
-                      {"letter-cover"},
-                      "The Long Letter Cover report",
-                      static_cast<Int>(pdfs_["report-0"].size()),
-                      std::nullopt,
-                      kRenny,
-                      *job.finished});
-  jobs_.push_back(std::move(job));
 }
 
 }  // namespace vellix::demo

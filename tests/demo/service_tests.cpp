@@ -1,6 +1,7 @@
 // The demo service over its own socket, read with the client's own records.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <set>
 #include <thread>
@@ -167,6 +168,51 @@ TEST_F(DemoService, ShowsABoardWorthLookingAt) {
   }
 }
 
+TEST_F(DemoService, OpensWithTicketsOfEverySize) {
+  std::set<Int> sizes;
+  for (const FileItem& file : board().files) sizes.insert(file.page_count.value_or(0));
+  EXPECT_TRUE(sizes.contains(0));
+  EXPECT_TRUE(sizes.contains(1));
+  EXPECT_GT(*sizes.rbegin(), 200);
+}
+
+TEST_F(DemoService, OpensWithFindingsAndNotesOfEveryForm) {
+  std::set<std::string> forms;
+  for (const FileItem& file : board().files) {
+    const FileDetail all = detail(file.id);
+    for (const Finding& finding : all.findings) {
+      forms.insert(finding.kind);
+      forms.insert("state " + finding.state);
+      if (finding.boxes && finding.boxes->size() > 1) forms.insert("two boxes");
+    }
+    for (const Note& note : all.comments) {
+      const bool area = note.w && note.h;
+      const std::string form = area ? "area" : note.x && note.y ? "point" : "word";
+      forms.insert(note.isResolved() ? "settled " + form : form + " on " + note.side.value_or("-"));
+      if (!note.page) forms.insert("of the ticket");
+    }
+  }
+  for (const char* form :
+       {"words",         "breaks",           "fonts",        "picture",   "barcode",
+        "spots",         "hidden",           "missing_page", "pass",      "expected",
+        "state open",    "state issue",      "state fine",   "two boxes", "point on supplier",
+        "point on ours", "area on supplier", "area on ours", "word on -", "settled point",
+        "of the ticket"}) {
+    EXPECT_TRUE(forms.contains(form)) << form;
+  }
+}
+
+TEST_F(DemoService, OpensWithReportsMadeAndMissed) {
+  const BoardState now = board();
+  std::set<std::string> ends;
+  for (const Job& job : now.jobs) ends.insert(job.kind + " " + job.status);
+  for (const char* end : {"report done", "report failed", "report stuck"}) {
+    EXPECT_TRUE(ends.contains(end)) << end;
+  }
+  EXPECT_TRUE(
+      std::ranges::any_of(now.reports, [](const Report& r) { return r.drive_link.has_value(); }));
+}
+
 TEST_F(DemoService, TellsTrueSizesAndBoxesOnThePage) {
   std::size_t pages = 0;
   std::vector<std::pair<std::string, std::vector<double>>> pictures;
@@ -185,6 +231,9 @@ TEST_F(DemoService, TellsTrueSizesAndBoxesOnThePage) {
       EXPECT_LT(finding.page, static_cast<Int>(all.file.pages->size()));
       EXPECT_TRUE(!finding.box || lies(*finding.box)) << finding.id;
       EXPECT_TRUE(!finding.ref_box || lies(*finding.ref_box)) << finding.id;
+      for (const auto& box : finding.boxes.value_or(std::vector<std::vector<double>>{})) {
+        EXPECT_TRUE(lies(box)) << finding.id;
+      }
       if (finding.kind == "words") {
         EXPECT_TRUE(finding.box && finding.ref_box) << finding.id;
         EXPECT_NE(finding.before, finding.after) << finding.id;
