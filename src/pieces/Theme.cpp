@@ -41,6 +41,10 @@ Theme::Theme(QObject* parent) : QObject(parent) {
   qApp->installEventFilter(this);
   dark_ = systemIsDark();
   fillTones();
+  onPaper_.insert(QStringLiteral("accent"), QColor("#e4572e"));
+  onPaper_.insert(QStringLiteral("green"), QColor("#2e8b57"));
+  onPaper_.insert(QStringLiteral("muted"), QColor("#453d39"));
+  onPaper_.insert(QStringLiteral("reference"), QColor("#1a84f0"));
 }
 
 void Theme::setAppearance(const QString& appearance) {

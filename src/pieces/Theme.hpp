@@ -71,6 +71,9 @@ class Theme : public QObject {
   // By the tone's name: Theme.fore["red"] is its foreground, Theme.tint["red"] its tinted ground.
   Q_PROPERTY(QObject* fore READ fore CONSTANT)
   Q_PROPERTY(QObject* tint READ tint CONSTANT)
+  // What lies on paper, which is as light in the dark look: "accent", "green", "muted" and
+  // "reference".
+  Q_PROPERTY(QObject* onPaper READ onPaper CONSTANT)
 
   // Faces. `pointsPerPixel` turns a size in logical pixels into font.pointSize, which keeps halves
   // where the platform draws them.
@@ -115,6 +118,7 @@ class Theme : public QObject {
   void followSystem(const Look& look);
   QObject* fore() { return &fore_; }
   QObject* tint() { return &tint_; }
+  QObject* onPaper() { return &onPaper_; }
   QString family() const { return family_; }
   QString serif() const { return serif_; }
   qreal pointsPerPixel() const;
@@ -141,6 +145,7 @@ class Theme : public QObject {
   bool reducedMotion_ = false;
   QQmlPropertyMap fore_;
   QQmlPropertyMap tint_;
+  QQmlPropertyMap onPaper_;
   QString family_;
   QString serif_;
 };

@@ -1,0 +1,63 @@
+// The frame of a mark on a picture: a line with round corners over a lighter one that keeps it
+// readable on any ground. The line runs along the item's edge, half of it outside. However large
+// the frame, only its line is ever drawn. Lengths are logical pixels.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QColor>
+#include <QImage>
+#include <QQuickItem>
+#include <vector>
+
+namespace vellix {
+
+class MarkFrame : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY looksChanged)
+  Q_PROPERTY(qreal line MEMBER line_ NOTIFY looksChanged)
+  // A dash and the gap after it, alike; 0 for a solid line.
+  Q_PROPERTY(qreal dash MEMBER dash_ NOTIFY looksChanged)
+  Q_PROPERTY(qreal halo MEMBER halo_ NOTIFY looksChanged)  // the lighter line; 0 for none
+  Q_PROPERTY(qreal haloOpacity MEMBER haloOpacity_ NOTIFY looksChanged)
+  Q_PROPERTY(qreal radius MEMBER radius_ NOTIFY looksChanged)
+  Q_PROPERTY(qreal fill MEMBER fill_ NOTIFY looksChanged)  // opacity of the colour inside
+
+ public:
+  explicit MarkFrame(QQuickItem* parent = nullptr);
+
+ signals:
+  void looksChanged();
+
+ protected:
+  void updatePolish() override;
+  void geometryChange(const QRectF& now, const QRectF& before) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
+
+ private:
+  // A part of the frame, in device pixels from the item's corner as it lies on the device's grid.
+  struct Strip {
+    QRect place;
+    QImage image;
+  };
+
+  QPointF offGrid() const;
+  std::vector<QRect> stripsOf(const QRect& whole) const;
+  QImage drawn(const QRect& strip) const;
+  void realign();
+
+  QColor color_ = Qt::black;
+  qreal line_ = 1.6;
+  qreal dash_ = 0;
+  qreal halo_ = 3;
+  qreal haloOpacity_ = 0.9;
+  qreal radius_ = 3;
+  qreal fill_ = 0;
+  QPointF off_;  // of the item's corner from the device's grid, in device pixels
+  std::vector<Strip> strips_;
+  bool fresh_ = false;  // the strips are not in the textures yet
+  QMetaObject::Connection aligning_;
+};
+
+}  // namespace vellix
