@@ -1,10 +1,12 @@
-# vellix_folder(LOGIC <files...> MODELS <files...> VIEWS <files...> LINK <targets...>)
+# vellix_folder(LOGIC <files...> MODELS <files...> VIEWS <files...> LINK <targets...>
+#               USES <modules...>)
 #
 # Lists one folder of src/ by kind. LOGIC joins vellix_core, which is compiled without Qt. MODELS
 # and VIEWS become the QML module Vellix.<Folder> in the library vellix_<folder>. LINK names the
-# folders' libraries whose QML modules or models the views and models here use.
+# folders' libraries whose QML modules or models the views and models here use; USES the modules
+# whose types are types of properties here.
 function(vellix_folder)
-  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "LOGIC;MODELS;VIEWS;LINK")
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "LOGIC;MODELS;VIEWS;LINK;USES")
   get_filename_component(name ${CMAKE_CURRENT_SOURCE_DIR} NAME)
 
   if(arg_LOGIC)
@@ -20,7 +22,7 @@ function(vellix_folder)
       URI Vellix.${initial}${rest}
       VERSION 1.0
       RESOURCE_PREFIX /qt/qml
-      DEPENDENCIES QtQuick
+      DEPENDENCIES QtQuick ${arg_USES}
       OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/Vellix/${initial}${rest}
       SOURCES ${arg_MODELS}
       QML_FILES ${arg_VIEWS})

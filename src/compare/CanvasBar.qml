@@ -4,18 +4,29 @@ import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// The strip under the stage: pages, panes, zoom and the notes panel. It breaks into rows when it
-// is narrow.
+// The strip under the stage: pages, panes, the way they are compared, zoom and the notes panel. In
+// one row where that fits, else in two or three.
 Rectangle {
     id: bar
 
     required property CompareModel compare
 
-    readonly property var view: compare.bar
-    readonly property bool tight: pages.width + toggles.width + tools.width + 2 * Theme.gap16
-                                  > width - 2 * Theme.gap12
+    // A pane is about to be shown or hidden.
+    signal toggled()
 
-    implicitHeight: (tight ? 2 * 32 + Theme.gap4 : 32) + 2 * Theme.gap8
+    readonly property var view: compare.bar
+    readonly property real line: 32
+    readonly property real room: width - 2 * Theme.gap12
+    readonly property real choices: modes.width + (view.overlay ? overlay.width + Theme.gap12 : 0)
+    readonly property real middle: toggles.width + Theme.gap12 + choices
+    readonly property int rows: pages.width + middle + tools.width + 2 * Theme.gap12 <= room ? 1
+                                : middle <= room ? 2 : 3
+
+    function rowAt(row: int): real {
+        return Theme.gap8 + row * (line + Theme.gap4);
+    }
+
+    implicitHeight: rowAt(rows) - Theme.gap4 + Theme.gap8
     color: Theme.window
 
     Accessible.role: Accessible.ToolBar
@@ -30,8 +41,8 @@ Rectangle {
         id: pages
 
         x: Theme.gap12
-        y: Theme.gap8
-        height: 32
+        y: bar.rowAt(0)
+        height: bar.line
         spacing: Theme.gap4
 
         IconButton {
@@ -60,9 +71,9 @@ Rectangle {
     Row {
         id: toggles
 
-        x: bar.tight ? Theme.gap16 : pages.x + pages.width + Theme.gap16
-        y: Theme.gap8 + (bar.tight ? 32 + Theme.gap4 : 0)
-        height: 32
+        x: bar.rows === 1 ? pages.x + pages.width + Theme.gap12 : Theme.gap16
+        y: bar.rowAt(bar.rows === 1 ? 0 : 1)
+        height: bar.line
         spacing: Theme.gap12
 
         Repeater {
@@ -74,8 +85,52 @@ Rectangle {
                 // By id: a toggle that goes has no parent any more.
                 anchors.verticalCenter: toggles.verticalCenter
                 widest: (bar.width - 2 * Theme.gap16) / panes.count - toggles.spacing
-                onClicked: bar.compare.togglePane(key)
+                onClicked: {
+                    bar.toggled();
+                    bar.compare.togglePane(key);
+                }
             }
+        }
+    }
+
+    Segmented {
+        id: modes
+
+        // In a row of its own at the start; else at the end of what is free.
+        x: bar.rows === 3 ? Theme.gap12
+           : (bar.rows === 2 ? bar.width - Theme.gap12 : tools.x - Theme.gap12) - bar.choices
+        y: bar.rowAt(bar.rows - 1) + (bar.line - height) / 2
+        label: "View"
+        padding: 9
+        options: bar.compare.modes
+        current: bar.view.mode
+        onPicked: key => bar.compare.setMode(key)
+    }
+
+    Row {
+        id: overlay
+
+        visible: bar.view.overlay
+        x: modes.x + modes.width + Theme.gap12
+        y: modes.y
+        height: modes.height
+        spacing: Theme.gap12
+
+        Slider {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 96
+            label: help
+            help: "How much of ours shows through"
+            level: bar.view.opacity
+            onMoved: level => bar.compare.setOpacity(level)
+        }
+
+        CheckBox {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Difference"
+            size: Theme.body
+            checked: bar.view.difference
+            onToggled: checked => bar.compare.setDifference(checked)
         }
     }
 
@@ -84,9 +139,9 @@ Rectangle {
 
         anchors.right: parent.right
         anchors.rightMargin: Theme.gap12
-        y: Theme.gap8
-        height: 32
-        spacing: Theme.gap8
+        y: bar.rowAt(0)
+        height: bar.line
+        spacing: Theme.gap4
 
         IconButton {
             anchors.verticalCenter: parent.verticalCenter

@@ -4,7 +4,7 @@ import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// The page of a ticket beside what it is compared with, and the bar under it.
+// The page of a ticket beside what it is compared with, the loupe over it and the bar under it.
 Rectangle {
     id: canvas
 
@@ -14,11 +14,59 @@ Rectangle {
     readonly property var view: compare.bar
     readonly property real barHeight: bar.height
     property real zoom: view.zoom
+    // The spot of the stage that stays where it is while a hand zooms.
+    property point hand
+    property bool shifting: false
+
+    function relay() {
+        const anchor = compare.glides ? Qt.point(stage.width / 2, stage.height / 2) : hand;
+        const to = compare.layStage(Qt.size(stage.width, stage.height), zoom,
+                                    Qt.point(stage.contentX, stage.contentY), anchor);
+        stage.contentX = to.x;
+        stage.contentY = to.y;
+    }
+
+    function pan(dx: real, dy: real) {
+        stage.contentX = Math.max(0, Math.min(stage.contentWidth - stage.width, stage.contentX + dx));
+        stage.contentY = Math.max(0, Math.min(stage.contentHeight - stage.height, stage.contentY + dy));
+    }
 
     color: Theme.canvas
+    clip: true
+
+    onZoomChanged: relay()
+    Component.onCompleted: relay()
 
     Behavior on zoom {
+        enabled: canvas.compare.glides
         Glide {}
+    }
+
+    Connections {
+        target: canvas.compare
+
+        function onSelected() {
+            const to = canvas.compare.revealSelected(Qt.point(stage.contentX, stage.contentY));
+            if (to.x === stage.contentX && to.y === stage.contentY)
+                return;
+            toX.to = to.x;
+            toY.to = to.y;
+            reveal.restart();
+        }
+    }
+
+    ParallelAnimation {
+        id: reveal
+
+        Glide { id: toX; target: stage; property: "contentX" }
+        Glide { id: toY; target: stage; property: "contentY" }
+    }
+
+    Timer {
+        id: shift
+
+        interval: Theme.standard
+        onTriggered: canvas.shifting = false
     }
 
     Flickable {
@@ -29,43 +77,110 @@ Rectangle {
         anchors.top: parent.top
         anchors.bottom: bar.top
         clip: true
+        pixelAligned: true
         boundsBehavior: Flickable.StopAtBounds
-        interactive: canvas.view.scrolls
-        contentWidth: canvas.view.scrolls ? Math.max(width, panes.width + 36) : width
-        contentHeight: canvas.view.scrolls ? Math.max(height, panes.height + 28) : height
+        interactive: canvas.compare.stage.scrolls
+        contentWidth: canvas.compare.stage.width
+        contentHeight: canvas.compare.stage.height
+        activeFocusOnTab: interactive
 
-        readonly property size room: canvas.compare.paneRoom(Qt.size(width, height), repeater.count)
+        Accessible.role: Accessible.Pane
+        Accessible.name: "Pages"
+        Accessible.focusable: interactive
 
-        Row {
-            id: panes
+        onWidthChanged: canvas.relay()
+        onHeightChanged: canvas.relay()
+        onMovementStarted: reveal.stop()
 
-            x: 18
-            y: 14
-            spacing: 16
+        Keys.onPressed: event => {
+            const step = 48;
+            const leap = { [Qt.Key_Left]: [-step, 0], [Qt.Key_Right]: [step, 0],
+                           [Qt.Key_Up]: [0, -step], [Qt.Key_Down]: [0, step],
+                           [Qt.Key_PageUp]: [0, -0.9 * height], [Qt.Key_PageDown]: [0, 0.9 * height],
+                           [Qt.Key_Home]: [-contentWidth, -contentHeight],
+                           [Qt.Key_End]: [contentWidth, contentHeight] }[event.key];
+            if (!interactive || !leap || event.modifiers & ~Qt.KeypadModifier)
+                return;
+            event.accepted = true;
+            reveal.stop();
+            canvas.pan(leap[0], leap[1]);
+        }
 
-            Repeater {
-                id: repeater
+        WheelHandler {
+            acceptedModifiers: Qt.ControlModifier
+            target: null
+            onWheel: event => {
+                canvas.hand = stage.mapFromItem(stage.contentItem, event.x, event.y);
+                canvas.compare.wheel(event.angleDelta.y / 120);
+            }
+        }
 
-                model: canvas.compare.panes
+        WheelHandler {
+            acceptedModifiers: Qt.ShiftModifier
+            target: null
+            onWheel: event => canvas.pan(-(event.angleDelta.y || event.angleDelta.x) / 2, 0)
+        }
 
-                Pane {
-                    pictures: canvas.pictures
-                    room: stage.room
-                    picture: canvas.compare.fittedImage(stage.room, aspect, canvas.zoom)
-                }
+        PinchHandler {
+            id: fingers
+
+            target: null
+            onActiveChanged: {
+                if (!active)
+                    canvas.compare.endPinch();
+            }
+            onActiveScaleChanged: {
+                if (!active)
+                    return;
+                canvas.hand = stage.mapFromItem(stage.contentItem, centroid.position.x, centroid.position.y);
+                canvas.compare.pinch(activeScale);
+            }
+        }
+
+        Repeater {
+            model: canvas.compare.panes
+
+            Pane {
+                compare: canvas.compare
+                pictures: canvas.pictures
+                shifting: canvas.shifting
             }
         }
     }
 
+    // The middle button drags the stage also where the left one draws.
+    MouseArea {
+        property point from
+        property point at
+
+        anchors.fill: stage
+        acceptedButtons: Qt.MiddleButton
+        enabled: stage.interactive
+        cursorShape: pressed ? Qt.ClosedHandCursor : undefined
+        onPressed: mouse => {
+            from = Qt.point(stage.contentX, stage.contentY);
+            at = Qt.point(mouse.x, mouse.y);
+        }
+        onPositionChanged: mouse => canvas.pan(from.x + at.x - mouse.x - stage.contentX,
+                                               from.y + at.y - mouse.y - stage.contentY)
+    }
+
+    FocusRing {
+        visible: stage.activeFocus && stage.interactive
+        anchors.fill: stage
+        anchors.margins: 1
+        around: 0
+    }
+
     ScrollBar {
         view: stage
-        visible: canvas.view.scrolls && shown < 1
+        visible: stage.interactive && shown < 1
     }
 
     ScrollBar {
         view: stage
         vertical: false
-        visible: canvas.view.scrolls && shown < 1
+        visible: stage.interactive && shown < 1
     }
 
     Label {
@@ -76,6 +191,23 @@ Rectangle {
         text: canvas.view.empty
     }
 
+    Loupe {
+        anchors.left: stage.left
+        anchors.right: stage.right
+        anchors.bottom: stage.bottom
+        anchors.margins: Theme.gap12
+        height: implicitHeight
+        compare: canvas.compare
+        pictures: canvas.pictures
+        takesEscape: !canvas.view.drafting
+    }
+
+    Shortcut {
+        sequence: "Esc"
+        enabled: canvas.view.drafting
+        onActivated: canvas.compare.dropDraft()
+    }
+
     CanvasBar {
         id: bar
 
@@ -83,5 +215,9 @@ Rectangle {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         compare: canvas.compare
+        onToggled: {
+            canvas.shifting = Theme.standard > 0;
+            shift.restart();
+        }
     }
 }

@@ -1,24 +1,44 @@
 #include "compare/CompareModel.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "bridge/replaced.hpp"
+#include "compare/crop.hpp"
+#include "compare/marks.hpp"
 
 namespace vellix {
 namespace {
 
 Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
-QSizeF sizeOf(Extent extent) { return {extent.width, extent.height}; }
+Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
+QPointF pointOf(Spot spot) { return {spot.x, spot.y}; }
+QRectF rectOf(const Box& box) { return {box.x, box.y, box.width, box.height}; }
+
+Box boxFrom(const QVariantMap& map) {
+  return {map["x"].toDouble(), map["y"].toDouble(), map["width"].toDouble(),
+          map["height"].toDouble()};
+}
 
 }  // namespace
 
-CompareModel::CompareModel(Store& store)
+CompareModel::CompareModel(Store& store, MainLoop& loop)
     : store_(store),
+      blink_(loop,
+             [this] {
+               ++state_.blink;
+               update();
+             }),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
-                                          Store::kPage | Store::kCanvas | Store::kSignedIn,
+                                          Store::kPage | Store::kCanvas | Store::kSignedIn |
+                                          Store::kFocus | Store::kDraft,
                                       [this] { update(); })),
+      onFocus_(store.changes.observe(Store::kFocus, [this] { emit selected(); })),
       onPanels_(store.changes.observe(Store::kPanels, [this] { updateNotes(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { updateNotes(); })) {
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] {
+        update();
+        updateNotes();
+      })) {
   update();
   updateNotes();
 }
@@ -29,19 +49,89 @@ void CompareModel::update() {
   asked_ = file ? file->id : std::string{};
 
   const FileDetail* detail = store_.currentDetail();
-  auto view = detail ? canvasView(store_, *detail) : CanvasView{};
-  panes_.setRows(std::move(view.panes));
-  toggles_.setRows(std::move(view.toggles));
+  updateCanvas(detail);
   if (replaced(header_, file ? fileHeader(*file) : FileHeaderView{})) emit headerChanged();
-  if (replaced(bar_, view.bar)) emit barChanged();
   if (loaded_ != (detail != nullptr)) {
     loaded_ = detail != nullptr;
     emit loadedChanged();
   }
 }
 
+void CompareModel::updateCanvas(const FileDetail* detail) {
+  // Another ticket's canvas is another one: it begins anew.
+  const std::string canvas = detail ? detail->file.id : std::string{};
+  if (canvas != canvas_) {
+    blink_.follow(false);
+    state_ = {};
+    canvas_ = canvas;
+  }
+  blink_.follow(detail && takesTurns(store_));
+  auto view = detail ? canvasView(store_, *detail, state_) : CanvasView{};
+  alone_ = takesTurns(store_);
+  panes_.setRows(std::move(view.panes));
+  toggles_.setRows(std::move(view.toggles));
+  layOut();
+  if (const bool glides = handZoom_ != store_.zoom(); glides != glides_) {
+    glides_ = glides;
+    emit glidesChanged();
+  }
+  if (replaced(bar_, view.bar)) emit barChanged();
+  if (replaced(loupe_, view.loupe)) emit loupeChanged();
+}
+
 void CompareModel::updateNotes() {
   if (replaced(notes_, notesPanel(store_, width_))) emit notesChanged();
+}
+
+void CompareModel::layOut() {
+  std::vector<StagePane> panes;
+  for (const auto& pane : panes_.rows()) panes.push_back({pane.aspect, !pane.img.empty()});
+  auto layout = stageLayout(size_, panes, zoom_, alone_);
+  if (layout == layout_) return;
+  layout_ = std::move(layout);
+  stage_ = toQml(layout_).toMap();
+  emit stageChanged();
+}
+
+QPointF CompareModel::layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor) {
+  const StageLayout before = layout_;
+  size_ = extentOf(size);
+  zoom_ = zoom;
+  layOut();
+  return pointOf(anchored(before, spotOf(scroll), layout_, spotOf(anchor), size_));
+}
+
+QPointF CompareModel::revealSelected(QPointF scroll) const {
+  for (std::size_t i = 0; i < panes_.rows().size() && i < layout_.panes.size(); ++i) {
+    const PaneView& pane = panes_.rows()[i];
+    const auto box = std::ranges::find(pane.boxes, true, &BoxMarkView::selected);
+    if (!pane.onStage || box == pane.boxes.end()) continue;
+    const Box& page = layout_.panes[i].page;
+    const Box mark = vellix::boxMark(box->box, {page.width, page.height});
+    return pointOf(revealed(layout_, spotOf(scroll), i, mark, size_));
+  }
+  return scroll;
+}
+
+QRectF CompareModel::boxMark(const QVariantMap& box, QSizeF picture) {
+  return rectOf(vellix::boxMark(boxFrom(box), extentOf(picture)));
+}
+
+QRectF CompareModel::areaMark(const QVariantMap& box, QSizeF picture) {
+  return rectOf(vellix::areaMark(boxFrom(box), extentOf(picture)));
+}
+
+QVariantMap CompareModel::cropLayout(const QVariantMap& crop, QSizeF place) {
+  std::vector<Box> boxes;
+  for (const QVariant& box : crop["boxes"].toList()) boxes.push_back(boxFrom(box.toMap()));
+  const auto layout = vellix::cropLayout(boxFrom(crop["part"].toMap()), boxes,
+                                         crop["aspect"].toDouble(), extentOf(place));
+  return toQml(layout).toMap();
+}
+
+QSizeF CompareModel::cropPlace(double width, int crops) {
+  const auto place = vellix::cropPlace(width, static_cast<std::size_t>(std::max(crops, 0)));
+  return {place.width, place.height};
 }
 
 void CompareModel::stepPage(int delta) {
@@ -50,11 +140,43 @@ void CompareModel::stepPage(int delta) {
 
 void CompareModel::togglePane(const QString& key) { vellix::togglePane(store_, key.toStdString()); }
 
+void CompareModel::setMode(const QString& key) {
+  if (const auto mode = modeOf(key.toStdString())) store_.mode.set(*mode);
+}
+
+void CompareModel::setOpacity(double opacity) {
+  if (std::isnan(opacity)) return;
+  state_.opacity = std::clamp(opacity, 0.0, 1.0);
+  update();
+}
+
+void CompareModel::setDifference(bool difference) {
+  state_.difference = difference;
+  update();
+}
+
 void CompareModel::zoomIn() { store_.stepZoom(Store::kZoomIn); }
 void CompareModel::zoomOut() { store_.stepZoom(Store::kZoomOut); }
 void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
+
+void CompareModel::pinch(double magnification) {
+  vellix::pinch(store_, state_, magnification);
+  handZoom_ = store_.zoom();
+}
+
+void CompareModel::endPinch() { state_.pinchStart.reset(); }
+
+void CompareModel::wheel(double notches) {
+  store_.zoomTo(store_.zoom() * std::pow(Store::kZoomIn, notches));
+  handZoom_ = store_.zoom();
+}
+
 void CompareModel::toggleNotes() { store_.toggleNotes(); }
+
+void CompareModel::openNotes() {
+  if (!notes_["open"].toBool()) store_.toggleNotes();
+}
 
 void CompareModel::layNotes(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
@@ -63,12 +185,14 @@ void CompareModel::layNotes(double width) {
   updateNotes();
 }
 
-QSizeF CompareModel::paneRoom(QSizeF stage, int panes) {
-  return sizeOf(vellix::paneRoom(extentOf(stage), static_cast<std::size_t>(std::max(panes, 0))));
+void CompareModel::pressBox(const QString& finding) { toggleFocus(store_, finding.toStdString()); }
+
+void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
+
+void CompareModel::beginNote(const QString& side, QPointF from, QPointF to, QSizeF picture) {
+  vellix::beginNote(store_, side.toStdString(), spotOf(from), spotOf(to), extentOf(picture));
 }
 
-QSizeF CompareModel::fittedImage(QSizeF room, double aspect, double zoom) {
-  return sizeOf(vellix::fittedImage(extentOf(room), aspect, zoom));
-}
+void CompareModel::dropDraft() { vellix::dropDraft(store_); }
 
 }  // namespace vellix

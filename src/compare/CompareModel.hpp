@@ -1,11 +1,15 @@
-// The ticket on show, its page and the canvas, for their views. Main thread only.
+// The page on show: its panes, what lies on them, the bar and the loupe, for their views. Main
+// thread only. Sizes are logical pixels.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <QPointF>
+#include <QRectF>
 #include <QSizeF>
 
 #include "bridge/RowsModel.hpp"
+#include "compare/blink.hpp"
 #include "compare/canvas_view.hpp"
 #include "compare/file_header.hpp"
 
@@ -19,54 +23,102 @@ class CompareModel : public QObject {
   Q_PROPERTY(bool loaded READ loaded NOTIFY loadedChanged)  // its detail is here
   Q_PROPERTY(QVariantMap bar READ bar NOTIFY barChanged)
   Q_PROPERTY(QVariantMap notes READ notes NOTIFY notesChanged)
+  Q_PROPERTY(QVariantMap loupe READ loupe NOTIFY loupeChanged)
+  Q_PROPERTY(QVariantMap stage READ stage NOTIFY stageChanged)  // a StageLayout
+  Q_PROPERTY(QVariantList modes READ modes CONSTANT)
+  // The zoom was stepped to, and glides there; else a hand is moving it. Told before the zoom.
+  Q_PROPERTY(bool glides READ glides NOTIFY glidesChanged)
   Q_PROPERTY(QAbstractItemModel* panes READ panes CONSTANT)
   Q_PROPERTY(QAbstractItemModel* toggles READ toggles CONSTANT)
 
  public:
-  // The Store must outlive the model.
-  explicit CompareModel(Store& store);
+  // The Store and the loop must outlive the model.
+  CompareModel(Store& store, MainLoop& loop);
 
   QVariantMap header() const { return header_; }
   bool loaded() const { return loaded_; }
   QVariantMap bar() const { return bar_; }
   QVariantMap notes() const { return notes_; }
+  QVariantMap loupe() const { return loupe_; }
+  QVariantMap stage() const { return stage_; }
+  static QVariantList modes() { return toQml(compareModes()).toList(); }
+  bool glides() const { return glides_; }
   QAbstractItemModel* panes() { return &panes_; }
   QAbstractItemModel* toggles() { return &toggles_; }
 
   Q_INVOKABLE void stepPage(int delta);
   Q_INVOKABLE void togglePane(const QString& key);
+  Q_INVOKABLE void setMode(const QString& key);
+  Q_INVOKABLE void setOpacity(double opacity);
+  Q_INVOKABLE void setDifference(bool difference);
   Q_INVOKABLE void zoomIn();
   Q_INVOKABLE void zoomOut();
   Q_INVOKABLE void zoomTo(double zoom);
   Q_INVOKABLE void fit();
+  Q_INVOKABLE void pinch(double magnification);
+  Q_INVOKABLE void endPinch();
+  // By so many notches of a wheel.
+  Q_INVOKABLE void wheel(double notches);
   Q_INVOKABLE void toggleNotes();
-  // Tells how wide the view is, in logical pixels: where it is narrow the panel floats.
+  Q_INVOKABLE void openNotes();
+  // Tells how wide the view is: where it is narrow the panel floats.
   Q_INVOKABLE void layNotes(double width);
 
-  // Logical pixels.
-  Q_INVOKABLE static QSizeF paneRoom(QSizeF stage, int panes);
-  Q_INVOKABLE static QSizeF fittedImage(QSizeF room, double aspect, double zoom);
+  Q_INVOKABLE void pressBox(const QString& finding);
+  Q_INVOKABLE void closeLoupe();
+  Q_INVOKABLE void beginNote(const QString& side, QPointF from, QPointF to, QSizeF picture);
+  Q_INVOKABLE void dropDraft();
+
+  // Lays the panes out on a stage of this size at this zoom. Gives the place to scroll to, from
+  // `scroll`, so that what was under `anchor` on the stage stays there.
+  Q_INVOKABLE QPointF layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor);
+  // The place to scroll to, from `scroll`, to have the selected finding's mark in sight.
+  Q_INVOKABLE QPointF revealSelected(QPointF scroll) const;
+  // In the picture's coordinates; `box` in fractions of the page.
+  Q_INVOKABLE static QRectF boxMark(const QVariantMap& box, QSizeF picture);
+  Q_INVOKABLE static QRectF areaMark(const QVariantMap& box, QSizeF picture);
+  // A CropLayout, for a CropView in a place of this size.
+  Q_INVOKABLE static QVariantMap cropLayout(const QVariantMap& crop, QSizeF place);
+  Q_INVOKABLE static QSizeF cropPlace(double width, int crops);
 
  signals:
   void headerChanged();
   void loadedChanged();
   void barChanged();
+  void glidesChanged();
   void notesChanged();
+  void loupeChanged();
+  void stageChanged();
+  void selected();  // another finding, or none
 
  private:
   void update();
+  void updateCanvas(const FileDetail* detail);
   void updateNotes();
+  void layOut();
 
   Store& store_;
-  std::string asked_;  // the ticket whose detail was asked for
+  std::string asked_;   // the ticket whose detail was asked for
+  std::string canvas_;  // the ticket whose canvas is on show
+  CanvasState state_;
+  Blink blink_;
   double width_ = 0;
   bool loaded_ = false;
+  bool glides_ = true;
+  std::optional<double> handZoom_;  // where a hand has brought the zoom
+  bool alone_ = false;              // the panes take turns
+  Extent size_;
+  double zoom_ = 1;  // as it is drawn, on its way to the Store's
+  StageLayout layout_;
   QVariantMap header_ = toQml(FileHeaderView{}).toMap();
   QVariantMap bar_ = toQml(CanvasBarView{}).toMap();
   QVariantMap notes_ = toQml(NotesPanelView{}).toMap();
+  QVariantMap loupe_ = toQml(LoupeView{}).toMap();
+  QVariantMap stage_ = toQml(StageLayout{}).toMap();
   RowsModel<PaneView, &PaneView::key> panes_;
   RowsModel<PaneToggleView, &PaneToggleView::key> toggles_;
   Changes::Subscription onChange_;
+  Changes::Subscription onFocus_;
   Changes::Subscription onPanels_;
   Changes::Subscription onPrefs_;
 };

@@ -1,30 +1,56 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// One shown picture under its caption, fitted into the room and then zoomed.
+// One shown picture under its caption, with its marks; or the words that take its place.
 Item {
     id: pane
 
+    required property int index
     required property string img
     required property real aspect
     required property string label
     required property string tone
     required property string missing
     required property string missingWhy
+    required property string side
+    required property bool onStage
+    required property string under
+    required property bool difference
+    required property var boxes
+    required property var notes
+    required property var draft
+    required property CompareModel compare
     required property PictureSource pictures
-    required property size room
-    required property size picture
+    required property bool shifting  // its place changes by what was shown or hidden
 
-    readonly property real captionHeight: 22
+    readonly property var blank: ({ x: 0, y: 0, width: 0, height: 0, page: { x: 0, y: 0, width: 0, height: 0 } })
+    readonly property var place: compare.stage.panes[index] ?? blank
+    property bool settled: false
 
-    width: Math.max(room.width, img === "" ? 0 : picture.width)
-    height: captionHeight + (img === "" ? room.height : picture.height)
+    x: place.x
+    y: place.y
+    width: place.width
+    height: place.height
+    visible: onStage
+    opacity: settled ? 1 : 0
 
     Accessible.role: Accessible.Grouping
     Accessible.name: label
+
+    Component.onCompleted: settled = true
+
+    Behavior on x {
+        enabled: pane.shifting && pane.settled
+        Glide {}
+    }
+
+    Behavior on opacity {
+        enabled: pane.shifting
+        Glide {}
+    }
 
     Row {
         visible: pane.img !== ""
@@ -54,11 +80,20 @@ Item {
         id: page
 
         visible: pane.img !== ""
-        // A page stands on whole pixels of the device, so that type stays sharp.
-        x: Math.round((pane.width - width) / 2)
-        y: pane.captionHeight
-        width: pane.picture.width
-        height: pane.picture.height
+        x: pane.place.page.x - pane.place.x
+        y: pane.place.page.y - pane.place.y
+        width: pane.place.page.width
+        height: pane.place.page.height
+
+        Behavior on width {
+            enabled: pane.shifting && pane.settled
+            Glide {}
+        }
+
+        Behavior on height {
+            enabled: pane.shifting && pane.settled
+            Glide {}
+        }
 
         Shadow {
             anchors.fill: parent
@@ -75,14 +110,46 @@ Item {
             Accessible.role: Accessible.Graphic
             Accessible.name: pane.label
         }
+
+        Repeater {
+            model: pane.under !== "" && !pane.difference ? 1 : 0
+
+            RemoteImage {
+                anchors.fill: parent
+                pictures: pane.pictures
+                key: pane.under
+                placeholder: "transparent"
+                opacity: pane.compare.bar.opacity
+            }
+        }
+
+        Repeater {
+            model: pane.difference ? 1 : 0
+
+            DifferenceImage {
+                anchors.fill: parent
+                pictures: pane.pictures
+                key: pane.img
+                under: pane.under
+            }
+        }
+
+        PageMarks {
+            anchors.fill: parent
+            compare: pane.compare
+            side: pane.side
+            boxes: pane.boxes
+            notes: pane.notes
+            draft: pane.draft
+            draws: pane.compare.bar.draws
+        }
     }
 
-    Loader {
-        active: pane.img === ""
-        width: pane.room.width
-        height: pane.room.height
+    Repeater {
+        model: pane.img === "" ? 1 : 0
 
-        sourceComponent: NoRef {
+        NoRef {
+            anchors.fill: parent
             what: pane.missing
             why: pane.missingWhy
         }

@@ -2,21 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace vellix {
 namespace {
-
-const RefPage* refPage(const Page& page, const std::string& role) {
-  if (!page.refs) return nullptr;
-  const auto found = page.refs->find(role);
-  return found == page.refs->end() ? nullptr : &found->second;
-}
-
-double aspectOf(const RefPage* ref, const Page& page) {
-  const bool sized = ref && ref->px && ref->px->size() == 2 && (*ref->px)[1] > 0;
-  return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
-}
 
 PaneInfo rolePane(const std::string& role, const Page& page, Int version) {
   const RefPage* ref = refPage(page, role);
@@ -32,6 +20,17 @@ PaneInfo rolePane(const std::string& role, const Page& page, Int version) {
 }
 
 }  // namespace
+
+const RefPage* refPage(const Page& page, const std::string& role) {
+  if (!page.refs) return nullptr;
+  const auto found = page.refs->find(role);
+  return found == page.refs->end() ? nullptr : &found->second;
+}
+
+double aspectOf(const RefPage* ref, const Page& page) {
+  const bool sized = ref && ref->px && ref->px->size() == 2 && (*ref->px)[1] > 0;
+  return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
+}
 
 Int versionOf(const FileDetail& detail) {
   return detail.version.value_or(detail.file.version.value_or(1));
@@ -86,22 +85,18 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
   return panes;
 }
 
+std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes) {
+  std::vector<std::string> roles;
+  for (const auto& pane : panes) {
+    if (pane.role) roles.push_back(*pane.role);
+  }
+  return roles;
+}
+
 bool standsAlone(const Finding& finding) {
   static constexpr std::array<std::string_view, 5> kinds{"hidden", "barcode", "spots", "pass",
                                                          "missing_page"};
   return std::ranges::find(kinds, finding.kind) != kinds.end();
-}
-
-Extent paneRoom(Extent stage, std::size_t panes) {
-  const auto count = static_cast<double>(std::max<std::size_t>(panes, 1));
-  return {(stage.width - 36 - (count - 1) * 16) / count, stage.height - 28 - 22};
-}
-
-Extent fittedImage(Extent room, double aspect, double zoom) {
-  const double shape = std::isnan(aspect) ? 0.2 : std::max(aspect, 0.2);
-  Extent fitted{room.width, room.width / shape};
-  if (room.height < fitted.height) fitted = {room.height * shape, room.height};
-  return {zoom * std::max(fitted.width, 1.0), zoom * std::max(fitted.height, 1.0)};
 }
 
 void togglePane(Store& store, const std::string& key) {

@@ -25,21 +25,17 @@ Int versionOf(const FileDetail& detail);
 // The page of this ticket that is on show, held to the pages there are.
 Int pageIndex(const Store& store, const FileItem& file);
 const Page* pageAt(const FileItem& file, Int index);  // owned by the ticket; null when none
+const RefPage* refPage(const Page& page, const std::string& role);  // owned by the page; or null
+// Width over height: the reference's own, else the page's.
+double aspectOf(const RefPage* ref, const Page& page);
 std::string roleLabel(const std::string& role);
 std::string thirdRole(const Page& page, const FileItem& file, Int version);
 std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int version,
                               const std::set<std::string>& shown);
+// The roles of these panes, in order.
+std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes);
 // A check of its own kind, with no reference to compare with: it stays whatever is hidden.
 bool standsAlone(const Finding& finding);
-
-// Sizes in logical pixels.
-struct Extent {
-  double width = 0;
-  double height = 0;
-  bool operator==(const Extent&) const = default;
-};
-Extent paneRoom(Extent stage, std::size_t panes);
-Extent fittedImage(Extent room, double aspect, double zoom);
 
 // Shows a hidden pane, hides a shown one; the last one stays.
 void togglePane(Store& store, const std::string& key);

@@ -6,12 +6,15 @@
 namespace vellix {
 namespace {
 
+constexpr double kSmallestPinch = 0.01;  // change of scale
+
 PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   PaneView view{.key = file.id + " " + pane.key,
                 .img = pane.img.value_or(""),
                 .aspect = pane.aspect,
                 .label = pane.label,
-                .tone = pane.tone};
+                .tone = pane.tone,
+                .side = sideOf(pane.role)};
   if (!view.img.empty()) return view;
   const std::string role = pane.role.value_or("submitted");
   view.missing = role == "submitted" ? "No file of ours for this page"
@@ -43,35 +46,99 @@ std::vector<PaneToggleView> togglesOf(const Store& store, const Page& page, cons
           toggleView(store, "third", roleLabel(thirdRole(page, file, version)), "orange")};
 }
 
+// Side by side all panes stand on the stage; overlaid the first, under the second; else they take
+// turns.
+std::vector<PaneView> stagedPanes(const Store& store, const std::vector<PaneInfo>& built,
+                                  const FileItem& file, const CanvasState& state) {
+  std::vector<PaneView> panes;
+  panes.reserve(built.size());
+  for (const auto& pane : built) panes.push_back(paneView(pane, file));
+  if (panes.empty()) return panes;
+  if (store.mode() == CompareMode::overlay) {
+    panes.resize(1);
+    if (built.size() > 1) panes.front().under = built[1].img.value_or("");
+    panes.front().difference = state.difference && !panes.front().under.empty();
+  } else if (store.mode() == CompareMode::blink) {
+    const auto turn = static_cast<std::size_t>(state.blink) % panes.size();
+    for (std::size_t i = 0; i < panes.size(); ++i) panes[i].onStage = i == turn;
+  }
+  return panes;
+}
+
+CanvasBarView barView(const Store& store, const FileItem& file, Int index,
+                      const CanvasState& state) {
+  const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
+  const Page* page = pageAt(file, index);
+  CanvasBarView bar{.mode = keyOf(store.mode()),
+                    .overlay = store.mode() == CompareMode::overlay,
+                    .opacity = state.opacity,
+                    .difference = state.difference,
+                    .draws = store.prefs.drawToComment()};
+  if (page) {
+    bar.place =
+        "p" + page->name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
+  } else {
+    bar.empty = "No pages in this file.";
+  }
+  bar.first = index <= 0;
+  bar.last = index >= count - 1;
+  bar.zoom = store.zoom();
+  bar.percent = std::to_string(std::lround(store.zoom() * 100)) + "%";
+  bar.canZoomOut = store.zoom() > 1;
+  bar.canZoomIn = store.zoom() < 4;
+  return bar;
+}
+
 }  // namespace
 
-CanvasView canvasView(const Store& store, const FileDetail& detail) {
+std::vector<ModeView> compareModes() {
+  return {{"side", "Side by side"}, {"overlay", "Overlay"}, {"blink", "Blink"}};
+}
+
+std::string keyOf(CompareMode mode) {
+  return mode == CompareMode::overlay ? "overlay" : mode == CompareMode::blink ? "blink" : "side";
+}
+
+std::optional<CompareMode> modeOf(const std::string& key) {
+  for (const auto mode : {CompareMode::side, CompareMode::overlay, CompareMode::blink}) {
+    if (keyOf(mode) == key) return mode;
+  }
+  return std::nullopt;
+}
+
+CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state) {
   const FileItem& file = detail.file;
-  const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
   const Int index = pageIndex(store, file);
   const Int version = versionOf(detail);
-  CanvasView view;
+  CanvasView view{.bar = barView(store, file, index, state)};
   // Without a page the bar still stands, with the roles that a page would have.
   static const Page kNoPage;
   const Page* page = pageAt(file, index);
   view.toggles = togglesOf(store, page ? *page : kNoPage, file, version);
-  if (page) {
-    for (const auto& pane : panesOf(*page, file, version, store.shown())) {
-      view.panes.push_back(paneView(pane, file));
-    }
-    view.bar.place =
-        "p" + page->name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
-  } else {
-    view.bar.empty = "No pages in this file.";
+  if (!page) return view;
+  const auto built = panesOf(*page, file, version, store.shown());
+  const auto roles = rolesOf(built);
+  view.panes = stagedPanes(store, built, file, state);
+  for (std::size_t i = 0; i < view.panes.size(); ++i) {
+    auto marks = marksOf(store, detail, *page, index, built[i].role, roles);
+    view.panes[i].boxes = std::move(marks.boxes);
+    view.panes[i].notes = std::move(marks.notes);
+    view.bar.drafting |= marks.draft.here && view.panes[i].onStage;
+    view.panes[i].draft = std::move(marks.draft);
   }
-  view.bar.first = index <= 0;
-  view.bar.last = index >= count - 1;
-  view.bar.zoom = store.zoom();
-  view.bar.percent = std::to_string(std::lround(store.zoom() * 100)) + "%";
-  view.bar.canZoomOut = store.zoom() > 1;
-  view.bar.canZoomIn = store.zoom() < 4;
-  view.bar.scrolls = store.zoom() > 1.01;
+  view.loupe = loupe(store, detail, *page, index, roles);
   return view;
+}
+
+bool takesTurns(const Store& store) { return store.mode() == CompareMode::blink; }
+
+void pinch(Store& store, CanvasState& state, double magnification) {
+  if (!std::isfinite(magnification) || magnification <= 0) return;
+  if (!state.pinchStart) {
+    if (std::abs(magnification - 1) < kSmallestPinch) return;
+    state.pinchStart = store.zoom();
+  }
+  store.zoomTo(*state.pinchStart * magnification);
 }
 
 bool notesFloat(double width) { return width < 900; }

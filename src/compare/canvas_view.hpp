@@ -5,8 +5,19 @@
 #include <vector>
 
 #include "compare/canvas.hpp"
+#include "compare/loupe.hpp"
+#include "compare/page_marks.hpp"
+#include "compare/stage.hpp"
 
 namespace vellix {
+
+// What a canvas knows by itself, and forgets when it goes.
+struct CanvasState {
+  double opacity = 0.5;  // of what lies over
+  bool difference = false;
+  Int blink = 0;                     // counts the swaps
+  std::optional<double> pinchStart;  // zoom
+};
 
 struct PaneView {
   std::string key;  // of the ticket and the pane: another ticket's panes are others
@@ -16,9 +27,18 @@ struct PaneView {
   std::string tone;
   std::string missing;  // what is not there
   std::string missingWhy;
+  std::string side;         // of notes that begin here
+  bool onStage = true;      // false while another has its turn
+  std::string under;        // blob key of what lies over the picture; empty for nothing
+  bool difference = false;  // shows how the two differ
+  std::vector<BoxMarkView> boxes;
+  std::vector<NoteMarkView> notes;
+  DraftMarkView draft;
   bool operator==(const PaneView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(PaneView, (), (key, img, aspect, label, tone, missing, missingWhy))
+BOOST_DESCRIBE_STRUCT(PaneView, (),
+                      (key, img, aspect, label, tone, missing, missingWhy, side, onStage, under,
+                       difference, boxes, notes, draft))
 
 struct PaneToggleView {
   std::string key;
@@ -31,20 +51,36 @@ struct PaneToggleView {
 };
 BOOST_DESCRIBE_STRUCT(PaneToggleView, (), (key, label, tone, icon, help, shown))
 
+struct ModeView {
+  std::string key;
+  std::string label;
+  bool operator==(const ModeView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ModeView, (), (key, label))
+std::vector<ModeView> compareModes();
+std::string keyOf(CompareMode mode);
+std::optional<CompareMode> modeOf(const std::string& key);  // none for another word
+
 struct CanvasBarView {
   std::string empty;  // said in place of the panes
-  std::string place;  // "p{name} · {n} of {count}"
+  std::string mode;   // its key
+  bool overlay = false;
+  double opacity = 0.5;
+  bool difference = false;
+  bool draws = false;     // a drag over a page begins a note
+  bool drafting = false;  // one is being written on this page
+  std::string place;      // "p{name} · {n} of {count}"
   bool first = true;
   bool last = true;
   double zoom = 1;
   std::string percent;
   bool canZoomIn = true;
   bool canZoomOut = false;
-  bool scrolls = false;
   bool operator==(const CanvasBarView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
-                      (empty, place, first, last, zoom, percent, canZoomIn, canZoomOut, scrolls))
+                      (empty, mode, overlay, opacity, difference, draws, drafting, place, first,
+                       last, zoom, percent, canZoomIn, canZoomOut))
 
 // The notes panel beside the page: known before the ticket's detail is here.
 struct NotesPanelView {
@@ -60,9 +96,14 @@ struct CanvasView {
   CanvasBarView bar;
   std::vector<PaneView> panes;
   std::vector<PaneToggleView> toggles;
+  LoupeView loupe;
 };
 
-CanvasView canvasView(const Store& store, const FileDetail& detail);
+CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state = {});
+// The panes take turns on the stage instead of standing beside one another.
+bool takesTurns(const Store& store);
+// A magnification since the pinch began; the smallest ones are no pinch yet.
+void pinch(Store& store, CanvasState& state, double magnification);
 
 // `width` is that of the view which the panel stands in, in logical pixels.
 bool notesFloat(double width);

@@ -11,6 +11,7 @@ Item {
     required property string caption
     required property string title
     required property string detail
+    required property var wordings
     required property string decision
     required property bool issue
     required property bool fine
@@ -167,6 +168,14 @@ Item {
                 size: Theme.body
                 color: Theme.muted
                 text: card.detail
+            }
+
+            BeforeAfter {
+                visible: card.wordings.length > 0
+                topPadding: Theme.gap4
+                bottomPadding: Theme.gap4
+                width: parent.width
+                wordings: card.wordings
             }
 
             Row {

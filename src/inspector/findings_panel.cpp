@@ -4,14 +4,15 @@
 #include <map>
 
 #include "compare/canvas.hpp"
+#include "compare/finding_words.hpp"
+#include "compare/page_marks.hpp"
 #include "records/friendly_time.hpp"
+#include "store/people.hpp"
 
 namespace vellix {
 namespace {
 
 constexpr std::size_t kMostOtherPages = 12;
-
-bool isReal(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
 
 int rankOf(const Finding& finding) {
   const int state = finding.state == "issue" ? 1 : finding.state == "fine" ? 2 : 0;
@@ -31,16 +32,18 @@ bool counts(const Finding& finding, const std::vector<std::string>& roles) {
 std::string decidedLine(const Store& store, const Finding& finding, Moment now,
                         const Calendar& calendar) {
   std::string line = finding.state == "issue" ? "Real issue" : "Fine";
-  if (finding.state_by) {
-    const auto people = store.usersByEmail();
-    const auto person = people.find(*finding.state_by);
-    line += " · " + (person == people.end() ? *finding.state_by : person->second->name);
-  }
+  if (finding.state_by) line += " · " + personName(store, *finding.state_by);
   if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
   return line;
 }
 
-FindingCardView cardOf(const Store& store, const Finding& finding, Moment now,
+std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file) {
+  if (!finding.before && !finding.after) return {};
+  return {{roleLabel(finding.against), finding.before.value_or("")},
+          {file.supplier.value_or("Supplier") + " file", finding.after.value_or("")}};
+}
+
+FindingCardView cardOf(const Store& store, const FileItem& file, const Finding& finding, Moment now,
                        const Calendar& calendar) {
   const bool decided = finding.state != "open";
   const std::string line = decided ? decidedLine(store, finding, now, calendar) : std::string{};
@@ -49,6 +52,7 @@ FindingCardView cardOf(const Store& store, const Finding& finding, Moment now,
       .caption = cardCaption(finding),
       .title = finding.title,
       .detail = finding.detail.value_or(""),
+      .wordings = wordingsOf(finding, file),
       .decision = finding.state,
       .issue = finding.state == "issue",
       .fine = finding.state == "fine",
@@ -80,7 +84,7 @@ std::vector<OtherPageView> otherPages(const FileDetail& detail, Int open,
   std::map<Int, Int> counted;
   for (const auto& finding : detail.findings) {
     const bool waits = finding.page != open && finding.state == "open" &&
-                       finding.severity != "low" && isReal(finding) && counts(finding, roles);
+                       finding.severity != "low" && !isPassed(finding) && counts(finding, roles);
     if (waits) ++counted[finding.page];
   }
   std::vector<OtherPageView> others;
@@ -110,24 +114,6 @@ void toggleState(Store& store, const std::string& id, const std::string& state) 
 
 }  // namespace
 
-std::string kindLabel(const std::string& kind) {
-  static const std::map<std::string, std::string> labels{
-      {"words", "Words"},          {"expected", "Our edit"},  {"breaks", "Line breaks"},
-      {"hidden", "Under the art"}, {"fonts", "Fonts"},        {"size", "Size"},
-      {"picture", "Art"},          {"barcode", "Barcode"},    {"spots", "Spot colors"},
-      {"pass", "Passed"},          {"missing_page", "Pages"}, {"extra_page", "Pages"},
-  };
-  const auto found = labels.find(kind);
-  return found == labels.end() ? "Other" : found->second;
-}
-
-std::string cardCaption(const Finding& finding) {
-  std::string against = roleLabel(finding.against);
-  if (against.starts_with("What")) against.front() = 'w';
-  if (against.starts_with("Last")) against.front() = 'l';
-  return kindLabel(finding.kind) + " · vs " + against;
-}
-
 std::vector<std::string> comparedRoles(const Store& store, const FileDetail& detail,
                                        const Page* page) {
   std::vector<std::string> roles;
@@ -155,7 +141,7 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
   const auto roles = comparedRoles(store, detail, page);
   std::vector<const Finding*> real;
   for (const auto& finding : detail.findings) {
-    if (finding.page == index && isReal(finding) && counts(finding, roles)) {
+    if (finding.page == index && !isPassed(finding) && counts(finding, roles)) {
       real.push_back(&finding);
     }
   }
@@ -172,7 +158,8 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
     view.head.calm = "Nothing different here.";
     view.head.calmReason = calmReason(roles);
   }
-  for (const Finding* finding : real) view.cards.push_back(cardOf(store, *finding, now, calendar));
+  for (const Finding* finding : real)
+    view.cards.push_back(cardOf(store, detail.file, *finding, now, calendar));
   view.others = otherPages(detail, index, roles);
   return view;
 }
@@ -182,8 +169,7 @@ void pressFine(Store& store, const std::string& id) { toggleState(store, id, "fi
 
 void pressCard(Store& store, const std::string& id) {
   const Finding* finding = findingOf(store, id);
-  if (!finding || !finding->box) return;
-  store.focus.set(store.focus() == id ? std::nullopt : std::optional{id});
+  if (finding && finding->box) toggleFocus(store, id);
 }
 
 }  // namespace vellix

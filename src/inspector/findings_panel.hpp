@@ -9,12 +9,21 @@
 
 namespace vellix {
 
+// The two wordings of a finding. A side without words says so, which is a finding in itself.
+struct WordingView {
+  std::string caption;
+  std::string text;  // empty for none
+  bool operator==(const WordingView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(WordingView, (), (caption, text))
+
 struct FindingCardView {
   std::string id;
   std::string caption;
   std::string title;
   std::string detail;
-  std::string decision;  // the state: "open", "issue", "fine"
+  std::vector<WordingView> wordings;  // before and after, or none
+  std::string decision;               // the state: "open", "issue", "fine"
   bool issue = false;
   bool fine = false;
   bool busy = false;
@@ -28,8 +37,8 @@ struct FindingCardView {
   bool operator==(const FindingCardView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
-                      (id, caption, title, detail, decision, issue, fine, busy, selectable,
-                       selected, folds, decided, foldedIcon, foldedTone, foldedHelp))
+                      (id, caption, title, detail, wordings, decision, issue, fine, busy,
+                       selectable, selected, folds, decided, foldedIcon, foldedTone, foldedHelp))
 
 struct OtherPageView {
   Int page = 0;  // 0-based
@@ -56,8 +65,6 @@ struct FindingsPanelView {
   std::vector<OtherPageView> others;
 };
 
-std::string kindLabel(const std::string& kind);
-std::string cardCaption(const Finding& finding);
 // The references that count here: any that a finding of the page may point to.
 std::vector<std::string> comparedRoles(const Store& store, const FileDetail& detail,
                                        const Page* page);

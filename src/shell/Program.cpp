@@ -26,7 +26,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       prefs_(loop_, defaults),
       store_(api_, signIn_, prefs_, {loop_, defaults, windows_, images_, badge_}),
       board_(store_, defaults, loop_, calendar_),
-      compare_(store_),
+      compare_(store_, loop_),
       inspector_(store_, loop_, calendar_),
       signInScreen_(store_, browser_, loop_),
       commands_(store_),

@@ -1,5 +1,7 @@
 #include "store/people.hpp"
 
+#include <algorithm>
+
 namespace vellix {
 namespace {
 
@@ -9,6 +11,13 @@ constexpr double kPresence = 720'000;  // milliseconds
 
 bool isHere(const Person& person, Moment now) {
   return wireOf(now) - kPresence < person.last_seen.value_or(0);
+}
+
+std::string personName(const Store& store, const std::string& email) {
+  if (!store.board()) return email;
+  const auto& users = store.board()->users;
+  const auto person = std::ranges::find(users, email, &Person::email);
+  return person == users.end() ? email : person->name;
 }
 
 }  // namespace vellix

@@ -112,54 +112,6 @@ TEST(ThirdRole, StandsWithoutAnyReferencesTold) {
   EXPECT_EQ(thirdRole(Page{}, ticketOf("t1"), 1), "fbc");
 }
 
-struct Room {
-  std::size_t panes;
-  Extent room;
-};
-
-class PaneRooms : public testing::TestWithParam<Room> {};
-
-TEST_P(PaneRooms, ShareTheStage) {
-  EXPECT_EQ(paneRoom({1'000, 700}, GetParam().panes), GetParam().room);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, PaneRooms,
-                         testing::Values(Room{0, {964, 650}}, Room{1, {964, 650}},
-                                         Room{2, {474, 650}}, Room{3, {932.0 / 3, 650}}),
-                         [](const auto& each) { return std::to_string(each.param.panes); });
-
-struct Fit {
-  const char* name;
-  Extent room;
-  double aspect;
-  double zoom;
-  Extent image;
-};
-
-class FittedImages : public testing::TestWithParam<Fit> {};
-
-TEST_P(FittedImages, FillTheRoomInTheirShape) {
-  const auto& each = GetParam();
-  const Extent image = fittedImage(each.room, each.aspect, each.zoom);
-  EXPECT_DOUBLE_EQ(image.width, each.image.width);
-  EXPECT_DOUBLE_EQ(image.height, each.image.height);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, FittedImages,
-                         testing::Values(Fit{"ByHeight", {400, 600}, 0.5, 1, {300, 600}},
-                                         Fit{"ByWidth", {400, 600}, 2, 1, {400, 200}},
-                                         Fit{"ExactlyBoth", {400, 600}, 400.0 / 600, 1, {400, 600}},
-                                         Fit{"Zoomed", {400, 600}, 2, 2.5, {1'000, 500}},
-                                         Fit{"AtLeastAFifth", {400, 600}, 0.1, 1, {120, 600}},
-                                         Fit{"NoWidth", {400, 600}, 0, 1, {120, 600}},
-                                         Fit{"BelowZero", {400, 600}, -3, 1, {120, 600}},
-                                         Fit{"NotANumber", {400, 600}, kNaN, 1, {120, 600}},
-                                         Fit{"Huge", {400, 600}, 1e300, 1, {400, 1}},
-                                         Fit{"Endless", {400, 600}, kInfinity, 4, {1'600, 4}},
-                                         Fit{"NoRoom", {0, 0}, 1, 1, {1, 1}},
-                                         Fit{"LessThanNoRoom", {-12, -50}, 1, 2, {2, 2}}),
-                         [](const auto& each) { return each.param.name; });
-
 struct Toggle {
   const char* name;
   Keys before;

@@ -109,7 +109,6 @@ struct Zoom {
   const char* percent;
   bool out;
   bool in;
-  bool scrolls;
 };
 
 class CanvasZooms : public Canvas, public testing::WithParamInterface<Zoom> {};
@@ -121,18 +120,17 @@ TEST_P(CanvasZooms, AreToldInPercentAndEndAtTheirBounds) {
   EXPECT_EQ(bar.percent, GetParam().percent);
   EXPECT_EQ(bar.canZoomOut, GetParam().out);
   EXPECT_EQ(bar.canZoomIn, GetParam().in);
-  EXPECT_EQ(bar.scrolls, GetParam().scrolls);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CanvasZooms,
-                         testing::Values(Zoom{"Fit", 1, "100%", false, true, false},
-                                         Zoom{"JustAboveFit", 1.006, "101%", true, true, false},
-                                         Zoom{"AtTheGuard", 1.01, "101%", true, true, false},
-                                         Zoom{"AboveTheGuard", 1.011, "101%", true, true, true},
-                                         Zoom{"RoundedDown", 1.374, "137%", true, true, true},
-                                         Zoom{"RoundedUp", 1.376, "138%", true, true, true},
-                                         Zoom{"JustBelowTheMost", 3.99, "399%", true, true, true},
-                                         Zoom{"TheMost", 4, "400%", true, false, true}),
+                         testing::Values(Zoom{"Fit", 1, "100%", false, true},
+                                         Zoom{"JustAboveFit", 1.006, "101%", true, true},
+                                         Zoom{"AtTheGuard", 1.01, "101%", true, true},
+                                         Zoom{"AboveTheGuard", 1.011, "101%", true, true},
+                                         Zoom{"RoundedDown", 1.374, "137%", true, true},
+                                         Zoom{"RoundedUp", 1.376, "138%", true, true},
+                                         Zoom{"JustBelowTheMost", 3.99, "399%", true, true},
+                                         Zoom{"TheMost", 4, "400%", true, false}),
                          [](const auto& each) { return each.param.name; });
 
 struct Notes {
@@ -223,7 +221,8 @@ TEST_F(Canvas, ShowsAPaneWithItsPicture) {
                                           .img = "blob-1",
                                           .aspect = 0.5,
                                           .label = "Harrow Print file · p1",
-                                          .tone = "purple"}));
+                                          .tone = "purple",
+                                          .side = "supplier"}));
 }
 
 TEST_F(Canvas, TakesAnEmptyPictureForNone) {

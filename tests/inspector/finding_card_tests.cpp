@@ -35,6 +35,23 @@ TEST_F(FindingCards, HaveNoDetailWhenThereIsNone) {
   EXPECT_EQ(card().detail, "");
 }
 
+TEST_F(FindingCards, TellTheTwoWordings) {
+  using Wordings = std::vector<WordingView>;
+  held().kind = "barcode";  // stays on show whatever it is against
+  EXPECT_EQ(card().wordings, Wordings{});
+  held().before = "light";
+  held().after = "ligth";
+  EXPECT_EQ(card().wordings, (Wordings{{"What we sent", "light"}, {"Supplier file", "ligth"}}));
+  detail.file.supplier = "Harrow Print";
+  held().against = "previous";
+  held().before.reset();
+  EXPECT_EQ(card().wordings, (Wordings{{"Last version", ""}, {"Harrow Print file", "ligth"}}));
+  held().against = "submitted";
+  held().before = "";
+  held().after.reset();
+  EXPECT_EQ(card().wordings, (Wordings{{"What we sent", ""}, {"Harrow Print file", ""}}));
+}
+
 TEST_F(FindingCards, LightTheDecisionThatHolds) {
   held().state = "issue";
   EXPECT_TRUE(card().issue);

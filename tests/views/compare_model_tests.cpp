@@ -39,7 +39,7 @@ class CompareModels : public StoreTest {
     desk.time.run();
   }
   CompareModel& model() {
-    if (!model_) model_.emplace(store());
+    if (!model_) model_.emplace(store(), desk.time);
     return *model_;
   }
   QString picture(int pane) { return fieldOf(model().panes(), pane, "img").toString(); }
@@ -236,12 +236,6 @@ TEST_F(CompareModels, ZoomToNothingThatIsNoNumber) {
   EXPECT_EQ(store().zoom(), 2);
   model().zoomTo(std::numeric_limits<double>::infinity());
   EXPECT_EQ(store().zoom(), 4);
-}
-
-TEST(CompareModel, MeasuresForItsViews) {
-  EXPECT_EQ(CompareModel::paneRoom({1'000, 700}, 2), QSizeF(474, 650));
-  EXPECT_EQ(CompareModel::paneRoom({1'000, 700}, -1), QSizeF(964, 650));
-  EXPECT_EQ(CompareModel::fittedImage({400, 600}, 0.5, 2), QSizeF(600, 1'200));
 }
 
 }  // namespace

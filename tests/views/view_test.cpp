@@ -78,7 +78,7 @@ void ViewTest::serveTheDay() {
 QVariantMap ViewTest::models() {
   if (!root_) {
     board_.emplace(store(), desk.defaults, desk.time, desk.calendar);
-    compare_.emplace(store());
+    compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.browser, desk.time);
     commands_.emplace(store());

@@ -1,0 +1,33 @@
+import QtQuick
+import Vellix.Pieces
+
+// The rectangle of a finding on a page. `mark` is a BoxMarkView, `place` where it is drawn.
+Pressable {
+    id: box
+
+    required property var mark
+    required property rect place
+
+    x: place.x
+    y: place.y
+    width: place.width
+    height: place.height
+    // A small one within a large one can still be pressed.
+    z: -mark.box.width * mark.box.height
+    radius: 3
+    pressedScale: 1
+    label: mark.name
+    help: mark.help
+
+    Accessible.checkable: true
+    Accessible.checked: mark.selected
+    Accessible.onToggleAction: box.click()
+
+    MarkFrame {
+        anchors.fill: parent
+        color: Theme.onPaper[box.mark.colour]
+        line: box.mark.selected || box.hovered ? 2.4 : 1.6
+        dash: box.mark.soft ? 4 : 0
+        fill: box.mark.selected ? 0.1 : 0
+    }
+}

@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Compare
+import Vellix.Pieces
+
+// One cut-out of a page, enlarged: the whole picture laid out larger and clipped. `crop` is a
+// CropView.
+Item {
+    id: cut
+
+    required property CompareModel compare
+    required property PictureSource pictures
+    required property var crop
+    required property color ground
+
+    readonly property var lay: compare.cropLayout(crop, Qt.size(width, height))
+    readonly property color colour: Theme.onPaper[crop.colour]
+
+    Item {
+        id: frame
+
+        x: cut.lay.frame.x
+        width: cut.lay.frame.width
+        height: cut.lay.frame.height
+        clip: true
+
+        RemoteImage {
+            x: cut.lay.page.x
+            y: cut.lay.page.y
+            width: cut.lay.page.width
+            height: cut.lay.page.height
+            pictures: cut.pictures
+            key: cut.crop.img
+            placeholder: Theme.paper
+
+            Accessible.role: Accessible.Graphic
+            Accessible.name: cut.crop.label
+        }
+
+        Repeater {
+            model: cut.lay.marks.length
+
+            MarkFrame {
+                required property int index
+                readonly property var place: cut.lay.marks[index] ?? Qt.rect(0, 0, 0, 0)
+
+                x: place.x
+                y: place.y
+                width: place.width
+                height: place.height
+                line: 2.4
+                color: cut.colour
+            }
+        }
+    }
+
+    // Round corners: what is clipped has none.
+    Rectangle {
+        anchors.fill: frame
+        anchors.margins: -4
+        radius: 10
+        color: "transparent"
+        border.width: 4
+        border.color: cut.ground
+    }
+
+    Label {
+        y: frame.height + 4
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        size: 9.5
+        font.letterSpacing: 0.6
+        color: cut.crop.colour === "accent" ? Theme.accent : Theme.fore["blue"]
+        tellsWhole: true
+        text: cut.crop.label
+    }
+}

@@ -1,0 +1,133 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Compare
+import Vellix.Pieces
+
+// The strip over the bottom of the stage that shows the selected finding's spot on every page.
+Item {
+    id: loupe
+
+    required property CompareModel compare
+    required property PictureSource pictures
+    // Esc is this strip's only while nothing above it wants it.
+    required property bool takesEscape
+
+    readonly property var view: compare.loupe
+    // What was shown last stays while the strip leaves.
+    property var kept: view
+    readonly property size place: compare.cropPlace(strip.width, kept.crops.length)
+    property real open: view.open ? 1 : 0
+
+    onViewChanged: {
+        if (view.open)
+            kept = view;
+    }
+
+    visible: open > 0
+    implicitHeight: head.height + strip.height + 3 * Theme.gap12
+    opacity: open
+    transform: Translate { y: (1 - loupe.open) * loupe.height }
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: kept.title
+
+    Behavior on open {
+        Glide {}
+    }
+
+    Rectangle {
+        id: card
+
+        anchors.fill: parent
+        radius: Theme.radiusCard
+        color: Theme.card
+
+        Shadow {
+            anchors.fill: parent
+            z: -1
+            radius: Theme.radiusCard
+            color: Theme.shadow
+        }
+    }
+
+    // A press on the strip is none on the page under it.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Item {
+        id: head
+
+        x: Theme.gap16
+        y: Theme.gap12
+        width: parent.width - 2 * x
+        height: 24
+
+        Label {
+            id: caption
+
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, parent.width * 0.4)
+            size: Theme.small
+            color: Theme.muted
+            text: loupe.kept.caption
+        }
+
+        Label {
+            anchors.left: caption.right
+            anchors.leftMargin: Theme.gap12
+            anchors.right: close.left
+            anchors.rightMargin: Theme.gap8
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.row
+            weight: Font.DemiBold
+            tellsWhole: true
+            text: loupe.kept.title
+        }
+
+        IconButton {
+            id: close
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "xmark.circle.fill"
+            help: "Close (Esc)"
+            onClicked: loupe.compare.closeLoupe()
+        }
+    }
+
+    Row {
+        id: strip
+
+        x: Theme.gap16
+        anchors.top: head.bottom
+        anchors.topMargin: Theme.gap12
+        width: parent.width - 2 * x
+        height: loupe.place.height
+        spacing: 12
+
+        Repeater {
+            model: loupe.kept.crops.length
+
+            Crop {
+                required property int index
+
+                width: loupe.place.width
+                height: loupe.place.height
+                compare: loupe.compare
+                pictures: loupe.pictures
+                crop: loupe.kept.crops[index] ?? loupe.kept.crops[0]
+                ground: card.color
+            }
+        }
+    }
+
+    Shortcut {
+        sequence: "Esc"
+        enabled: loupe.view.open && loupe.takesEscape
+        onActivated: loupe.compare.closeLoupe()
+    }
+}

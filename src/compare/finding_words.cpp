@@ -1,0 +1,37 @@
+#include "compare/finding_words.hpp"
+
+#include <map>
+
+#include "compare/canvas.hpp"
+
+namespace vellix {
+
+std::string kindLabel(const std::string& kind) {
+  static const std::map<std::string, std::string> labels{
+      {"words", "Words"},          {"expected", "Our edit"},  {"breaks", "Line breaks"},
+      {"hidden", "Under the art"}, {"fonts", "Fonts"},        {"size", "Size"},
+      {"picture", "Art"},          {"barcode", "Barcode"},    {"spots", "Spot colors"},
+      {"pass", "Passed"},          {"missing_page", "Pages"}, {"extra_page", "Pages"},
+  };
+  const auto found = labels.find(kind);
+  return found == labels.end() ? "Other" : found->second;
+}
+
+std::string cardCaption(const Finding& finding) {
+  std::string against = roleLabel(finding.against);
+  if (against.starts_with("What")) against.front() = 'w';
+  if (against.starts_with("Last")) against.front() = 'l';
+  return kindLabel(finding.kind) + " · vs " + against;
+}
+
+std::string stateWord(const std::string& state) {
+  if (state == "issue") return "Real issue";
+  if (state == "fine") return "Fine";
+  return "Open";
+}
+
+bool isPassed(const Finding& finding) {
+  return finding.kind == "expected" || finding.kind == "pass";
+}
+
+}  // namespace vellix

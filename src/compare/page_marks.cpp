@@ -1,0 +1,108 @@
+#include "compare/page_marks.hpp"
+
+#include <algorithm>
+
+#include "compare/canvas.hpp"
+#include "compare/finding_words.hpp"
+#include "compare/marks.hpp"
+#include "pieces/vocabulary.hpp"
+#include "store/people.hpp"
+
+namespace vellix {
+namespace {
+
+bool isOn(const Finding& finding, Int page, const std::vector<std::string>& roles) {
+  return finding.page == page &&
+         (std::ranges::find(roles, finding.against) != roles.end() || standsAlone(finding));
+}
+
+std::string colourOf(const Finding& finding) {
+  if (finding.state == "fine" || finding.kind == "pass") return "green";
+  return finding.kind == "expected" ? "muted" : "accent";
+}
+
+void addBoxes(std::vector<BoxMarkView>& marks, const Store& store, const Finding& finding,
+              const std::optional<std::string>& role, const std::string& pageName) {
+  const std::string state = isPassed(finding) ? kindLabel(finding.kind) : stateWord(finding.state);
+  BoxMarkView mark{.finding = finding.id,
+                   .colour = colourOf(finding),
+                   .soft = isPassed(finding) || finding.state == "fine",
+                   .selected = store.focus() == finding.id,
+                   .help = finding.title,
+                   .name = finding.title + ", " + severityPill(finding.severity).text + ", " +
+                           state + ", page " + pageName};
+  for (const Box& box : boxesOn(role, finding)) {
+    mark.box = box;
+    marks.push_back(mark);
+  }
+}
+
+// Numbered by their place among the notes of this side, also where one has no place on the page.
+std::vector<NoteMarkView> noteMarks(const Store& store, const FileDetail& detail, Int index,
+                                    const std::string& side, const std::string& pageName) {
+  std::vector<NoteMarkView> marks;
+  Int number = 0;
+  for (const Note& note : detail.comments) {
+    const std::string ofSide = note.side == "ours" ? "ours" : "supplier";
+    if (note.page != index || note.isResolved() || ofSide != side) continue;
+    ++number;
+    const auto box = boxOf(std::vector{note.x.value_or(0), note.y.value_or(0), note.w.value_or(0),
+                                       note.h.value_or(0)});
+    if (!note.x || !note.y || !box) continue;
+    const std::string help = personName(store, note.by) + ": " + note.text;
+    std::string name = "Note " + std::to_string(number) + ", ";
+    name.append(help).append(", page ").append(pageName);
+    marks.push_back({.number = number,
+                     .box = *box,
+                     .area = isArea(box->width, box->height),
+                     .help = help,
+                     .name = std::move(name)});
+  }
+  return marks;
+}
+
+DraftMarkView draftMark(const Store& store, const std::string& ticket, Int index,
+                        const std::string& side, const std::string& pageName) {
+  const auto& draft = store.draft();
+  if (!draft || draft->fileID != ticket || draft->page != index || draft->side != side) return {};
+  const bool area = isArea(draft->w, draft->h);
+  return {.here = true,
+          .box = {draft->x, draft->y, draft->w, draft->h},
+          .area = area,
+          .name = std::string{area ? "Note on this area" : "Note here"} + ", p" + pageName};
+}
+
+}  // namespace
+
+std::string sideOf(const std::optional<std::string>& role) { return role ? "ours" : "supplier"; }
+
+PaneMarks marksOf(const Store& store, const FileDetail& detail, const Page& page, Int index,
+                  const std::optional<std::string>& role, const std::vector<std::string>& roles) {
+  PaneMarks marks;
+  for (const Finding& finding : detail.findings) {
+    if (!isOn(finding, index, roles) || (role && finding.against != *role)) continue;
+    addBoxes(marks.boxes, store, finding, role, page.name());
+  }
+  const std::string side = sideOf(role);
+  marks.notes = noteMarks(store, detail, index, side, page.name());
+  marks.draft = draftMark(store, detail.file.id, index, side, page.name());
+  return marks;
+}
+
+void toggleFocus(Store& store, const std::string& finding) {
+  store.focus.set(store.focus() == finding ? std::nullopt : std::optional{finding});
+}
+
+void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent picture) {
+  const FileDetail* detail = store.currentDetail();
+  if (!detail) return;
+  DraftNote note = drawn(from, to, picture);
+  note.fileID = detail->file.id;
+  note.page = pageIndex(store, detail->file);
+  note.side = side;
+  store.draft.set(std::move(note));
+}
+
+void dropDraft(Store& store) { store.draft.set(std::nullopt); }
+
+}  // namespace vellix

@@ -1,0 +1,62 @@
+// What lies on the panes of a page: findings' rectangles, notes, and the note being written.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "compare/geometry.hpp"
+#include "store/store.hpp"
+
+namespace vellix {
+
+// Places are fractions of the page.
+struct BoxMarkView {
+  std::string finding;
+  Box box;
+  std::string colour;  // "accent", "green" or "muted", as it is on paper
+  bool soft = false;   // dashed: nothing left to decide
+  bool selected = false;
+  std::string help;
+  std::string name;
+  bool operator==(const BoxMarkView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(BoxMarkView, (), (finding, box, colour, soft, selected, help, name))
+
+struct NoteMarkView {
+  Int number = 0;
+  Box box;
+  bool area = false;  // else a point
+  std::string help;
+  std::string name;
+  bool operator==(const NoteMarkView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(NoteMarkView, (), (number, box, area, help, name))
+
+struct DraftMarkView {
+  bool here = false;
+  Box box;
+  bool area = false;
+  std::string name;
+  bool operator==(const DraftMarkView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(DraftMarkView, (), (here, box, area, name))
+
+struct PaneMarks {
+  std::vector<BoxMarkView> boxes;
+  std::vector<NoteMarkView> notes;
+  DraftMarkView draft;
+};
+
+// "supplier", or "ours" for a pane with a role.
+std::string sideOf(const std::optional<std::string>& role);
+// The marks of one pane of a page; `roles` are those of all panes that are built.
+PaneMarks marksOf(const Store& store, const FileDetail& detail, const Page& page, Int index,
+                  const std::optional<std::string>& role, const std::vector<std::string>& roles);
+
+// Selects a finding, or no longer.
+void toggleFocus(Store& store, const std::string& finding);
+// Begins a note on the page that is open. Spots and size are those of the pane's picture.
+void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent picture);
+void dropDraft(Store& store);
+
+}  // namespace vellix

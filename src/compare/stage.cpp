@@ -1,0 +1,99 @@
+#include "compare/stage.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vellix {
+namespace {
+
+constexpr double kSide = 18;           // left and right of the panes
+constexpr double kTop = 14;            // above and below them
+constexpr double kBetween = 16;        // two panes
+constexpr double kCaption = 22;        // the caption's line, and 6 to the picture
+constexpr double kScrollsFrom = 1.01;  // a pinch may stop just above fit
+constexpr double kFlattest = 0.2;      // aspect
+constexpr double kInSight = 24;        // around a mark
+
+double held(double scroll, double content, double stage) {
+  return std::clamp(scroll, 0.0, std::max(0.0, content - stage));
+}
+
+// The pane at this place of the content; between two, the one before.
+std::size_t paneAt(const StageLayout& layout, double x) {
+  std::size_t at = 0;
+  for (std::size_t i = 1; i < layout.panes.size(); ++i) {
+    if (layout.panes[i].x <= x && layout.panes[i].x > layout.panes[at].x) at = i;
+  }
+  return at;
+}
+
+}  // namespace
+
+Extent paneRoom(Extent stage, std::size_t panes) {
+  const auto count = static_cast<double>(std::max<std::size_t>(panes, 1));
+  return {(stage.width - 2 * kSide - (count - 1) * kBetween) / count,
+          stage.height - 2 * kTop - kCaption};
+}
+
+Extent fittedImage(Extent room, double aspect, double zoom) {
+  const double shape = std::isnan(aspect) ? kFlattest : std::max(aspect, kFlattest);
+  Extent fitted{room.width, room.width / shape};
+  if (room.height < fitted.height) fitted = {room.height * shape, room.height};
+  return {zoom * std::max(fitted.width, 1.0), zoom * std::max(fitted.height, 1.0)};
+}
+
+StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, double zoom,
+                        bool alone) {
+  const Extent room = paneRoom(stage, alone ? 1 : panes.size());
+  StageLayout layout{.scrolls = zoom > kScrollsFrom};
+  double x = kSide;
+  Extent content;
+  for (const auto& pane : panes) {
+    const Extent picture = pane.pictured ? fittedImage(room, pane.aspect, zoom) : room;
+    const double width = std::max(room.width, picture.width);
+    // A page begins on a whole pixel, so that type stays sharp.
+    const double left = x + std::round((width - picture.width) / 2);
+    layout.panes.push_back({.x = x,
+                            .y = kTop,
+                            .width = width,
+                            .height = kCaption + picture.height,
+                            .page = {left, kTop + kCaption, picture.width, picture.height}});
+    content.width = std::max(content.width, x + width + kSide);
+    content.height = std::max(content.height, 2 * kTop + kCaption + picture.height);
+    if (!alone) x += width + kBetween;
+  }
+  layout.width = layout.scrolls ? std::max(stage.width, content.width) : stage.width;
+  layout.height = layout.scrolls ? std::max(stage.height, content.height) : stage.height;
+  return layout;
+}
+
+Spot anchored(const StageLayout& before, Spot scroll, const StageLayout& after, Spot anchor,
+              Extent stage) {
+  if (!after.scrolls) return {};
+  Spot to = scroll;
+  if (!before.panes.empty() && before.panes.size() == after.panes.size()) {
+    const std::size_t at = paneAt(before, anchor.x + scroll.x);
+    const Box& was = before.panes[at].page;
+    const Box& is = after.panes[at].page;
+    // A layout that was not shown yet has no size to keep a place in.
+    if (was.width > 0 && was.height > 0) {
+      to = {is.x + (anchor.x + scroll.x - was.x) / was.width * is.width - anchor.x,
+            is.y + (anchor.y + scroll.y - was.y) / was.height * is.height - anchor.y};
+    }
+  }
+  return {held(to.x, after.width, stage.width), held(to.y, after.height, stage.height)};
+}
+
+Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,
+              Extent stage) {
+  if (!layout.scrolls || pane >= layout.panes.size()) return scroll;
+  const Box& page = layout.panes[pane].page;
+  const auto along = [](double at, double length, double from, double room, double content) {
+    const bool seen = at - kInSight >= from && at + length + kInSight <= from + room;
+    return seen ? from : held(at + length / 2 - room / 2, content, room);
+  };
+  return {along(page.x + mark.x, mark.width, scroll.x, stage.width, layout.width),
+          along(page.y + mark.y, mark.height, scroll.y, stage.height, layout.height)};
+}
+
+}  // namespace vellix

@@ -1,0 +1,51 @@
+// Where the panes stand on the stage, and how it is scrolled. Logical pixels.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "compare/geometry.hpp"
+
+namespace vellix {
+
+// The room of each of so many panes.
+Extent paneRoom(Extent stage, std::size_t panes);
+Extent fittedImage(Extent room, double aspect, double zoom);
+
+// One pane: its column, and the picture in it, both in the content's coordinates. Where there is no
+// picture the rectangle is the room for the words in its place.
+struct PanePlace {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+  Box page;
+  bool operator==(const PanePlace&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(PanePlace, (), (x, y, width, height, page))
+
+struct StageLayout {
+  double width = 0;  // of the content
+  double height = 0;
+  bool scrolls = false;
+  std::vector<PanePlace> panes;
+  bool operator==(const StageLayout&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(StageLayout, (), (width, height, scrolls, panes))
+
+struct StagePane {
+  double aspect = 0;
+  bool pictured = true;
+};
+// `alone`: the panes take turns, each with the whole stage to itself.
+StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, double zoom, bool alone);
+
+// How far the content must be scrolled after a change of layout, so that what lay under `anchor`,
+// a spot of the stage, lies there again as nearly as it can.
+Spot anchored(const StageLayout& before, Spot scroll, const StageLayout& after, Spot anchor,
+              Extent stage);
+// How far to scroll to have this mark of a pane's page in sight: not at all when it is.
+Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,
+              Extent stage);
+
+}  // namespace vellix

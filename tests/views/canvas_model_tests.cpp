@@ -1,0 +1,226 @@
+// The canvas as its model tells it: its own state, the pace of blinking, zooming by hand.
+#include <QSignalSpy>
+
+#include "compare/CompareModel.hpp"
+#include "store/store_test.hpp"
+#include "views/operations.hpp"
+
+namespace vellix {
+namespace {
+
+class CanvasModels : public StoreTest {
+ protected:
+  CanvasModels() {
+    BoardState board = boardOf({ticketOf("t1"), ticketOf("t2")});
+    std::map<std::string, FileDetail> details;
+    for (const char* id : {"t1", "t2"}) {
+      FileDetail detail = detailOf(ticketOf(id), {findingOf("f-" + std::string{id})});
+      detail.file.pages = pagesOf(2);
+      for (auto& page : *detail.file.pages) {
+        page.img = "supplier-" + std::to_string(page.i);
+        page.px = {400, 400};
+        page.refs = {{"submitted", RefPage{.img = "ours-" + std::to_string(page.i)}}};
+      }
+      details[id] = std::move(detail);
+    }
+    store().board.set(std::move(board));
+    store().details.set(std::move(details));
+    store().shown.set({"supplier", "submitted"});
+    select("t1");
+    model.layStage({1'000, 700}, 1, {}, {});
+  }
+  void select(const std::string& id) {
+    store().selection.set({id});
+    desk.time.run();
+  }
+  void mode(const char* key) {
+    model.setMode(key);
+    desk.time.run();
+  }
+  QString onStage() {
+    QString keys;
+    for (int i = 0; i < model.panes()->rowCount(); ++i) {
+      if (fieldOf(model.panes(), i, "onStage").toBool()) {
+        keys += fieldOf(model.panes(), i, "img").toString() + ";";
+      }
+    }
+    return keys;
+  }
+  double left(int pane) { return model.stage()["panes"].toList().at(pane).toMap()["x"].toDouble(); }
+
+  CompareModel model{store(), desk.time};
+};
+
+TEST_F(CanvasModels, SwapThePanesAtTheirPace) {
+  mode("blink");
+  EXPECT_EQ(onStage(), "supplier-0;");
+  desk.time.advance(Milliseconds{699});
+  EXPECT_EQ(onStage(), "supplier-0;");
+  desk.time.advance(Milliseconds{1});
+  EXPECT_EQ(onStage(), "ours-0;");
+  desk.time.advance(Milliseconds{700});
+  EXPECT_EQ(onStage(), "supplier-0;");
+}
+
+TEST_F(CanvasModels, ResumeBlinkingWhereTheyLeftOff) {
+  mode("blink");
+  desk.time.advance(Milliseconds{700});
+  ASSERT_EQ(onStage(), "ours-0;");
+  mode("side");
+  EXPECT_EQ(desk.time.sleeping(), 0U);
+  desk.time.advance(Milliseconds{5'000});
+  EXPECT_EQ(onStage(), "supplier-0;ours-0;");
+  mode("blink");
+  EXPECT_EQ(onStage(), "ours-0;");
+}
+
+TEST_F(CanvasModels, KeepTheSamePanesWhileTheyTakeTurns) {
+  mode("blink");
+  Operations operations{model.panes()};
+  desk.time.advance(Milliseconds{700});
+  for (const auto& each : operations.take()) EXPECT_TRUE(each.starts_with("change")) << each;
+}
+
+TEST_F(CanvasModels, BlinkOnlyWhileACanvasIsOnShow) {
+  mode("blink");
+  store().selection.set({"t1", "t2"});
+  desk.time.run();
+  EXPECT_EQ(desk.time.sleeping(), 0U);
+  select("t2");
+  EXPECT_EQ(desk.time.sleeping(), 1U) << "the mode is the same for all tickets";
+}
+
+TEST_F(CanvasModels, BeginAnewWithAnotherTicket) {
+  mode("overlay");
+  model.setOpacity(0.9);
+  model.setDifference(true);
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 0.9);
+  EXPECT_TRUE(model.bar()["difference"].toBool());
+  model.stepPage(1);
+  desk.time.run();
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 0.9) << "another page is the same canvas";
+  select("t2");
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 0.5);
+  EXPECT_FALSE(model.bar()["difference"].toBool());
+  EXPECT_EQ(model.bar()["mode"].toString(), "overlay");
+}
+
+TEST_F(CanvasModels, HoldTheOpacityWithinBounds) {
+  model.setOpacity(7);
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 1);
+  model.setOpacity(-1);
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 0);
+  model.setOpacity(std::nan(""));
+  EXPECT_EQ(model.bar()["opacity"].toDouble(), 0);
+}
+
+TEST_F(CanvasModels, TakeNoOtherWordForAMode) {
+  mode("riddle");
+  EXPECT_EQ(store().mode(), CompareMode::side);
+}
+
+TEST_F(CanvasModels, GlideByStepsAndNotByHand) {
+  EXPECT_TRUE(model.glides());
+  model.wheel(1);
+  desk.time.run();
+  EXPECT_DOUBLE_EQ(store().zoom(), 1.25);
+  EXPECT_FALSE(model.glides());
+  model.zoomIn();
+  desk.time.run();
+  EXPECT_TRUE(model.glides());
+  model.pinch(1.3);
+  desk.time.run();
+  EXPECT_FALSE(model.glides());
+  model.zoomTo(2);
+  desk.time.run();
+  EXPECT_TRUE(model.glides());
+}
+
+TEST_F(CanvasModels, TellHowTheyGlideBeforeTheZoom) {
+  bool gliding = true;
+  QObject::connect(&model, &CompareModel::barChanged, [&] { gliding = model.glides(); });
+  model.wheel(2);
+  desk.time.run();
+  EXPECT_FALSE(gliding);
+}
+
+TEST_F(CanvasModels, BeginEachPinchAnew) {
+  model.pinch(2);
+  model.endPinch();
+  model.pinch(1.5);
+  EXPECT_DOUBLE_EQ(store().zoom(), 3);
+}
+
+TEST_F(CanvasModels, WheelWithinBounds) {
+  model.wheel(50);
+  EXPECT_EQ(store().zoom(), 4);
+  model.wheel(-50);
+  EXPECT_EQ(store().zoom(), 1);
+}
+
+TEST_F(CanvasModels, LayTheStageOutAnewForOtherPanes) {
+  EXPECT_EQ(left(1), 18 + 474 + 16);
+  const QSignalSpy stages{&model, &CompareModel::stageChanged};
+  model.togglePane("third");
+  desk.time.run();
+  EXPECT_EQ(stages.count(), 1);
+  EXPECT_DOUBLE_EQ(left(1), 18 + 932.0 / 3 + 16);
+  model.stepPage(1);
+  desk.time.run();
+  EXPECT_EQ(stages.count(), 1) << "pages of one shape stand in the same places";
+}
+
+TEST_F(CanvasModels, KeepThePlaceUnderTheAnchor) {
+  const QPointF to = model.layStage({1'000, 700}, 2, {0, 0}, {255, 273});
+  EXPECT_EQ(model.stage()["width"].toDouble(), 2 * 948 + 16 + 36);
+  EXPECT_EQ(to, QPointF(18 + 474 - 255, 36 + 474 - 273));
+  EXPECT_EQ(model.layStage({1'000, 700}, 1, to, {500, 350}), QPointF(0, 0));
+}
+
+TEST_F(CanvasModels, BringTheSelectedFindingInSight) {
+  model.layStage({1'000, 700}, 4, {0, 0}, {0, 0});
+  EXPECT_EQ(model.revealSelected({0, 0}), QPointF(0, 0)) << "nothing is selected";
+  const QSignalSpy selections{&model, &CompareModel::selected};
+  model.pressBox("f-t1");
+  desk.time.run();
+  EXPECT_EQ(selections.count(), 1);
+  EXPECT_EQ(model.revealSelected({0, 0}), QPointF(0, 0)) << "it is in sight";
+  EXPECT_EQ(model.revealSelected({900, 900}), QPointF(0, 0)) << "as near as the content goes";
+}
+
+TEST_F(CanvasModels, OpenTheNotesForAPin) {
+  store().prefs.showNotes.set(false);
+  desk.time.run();
+  model.openNotes();
+  EXPECT_TRUE(store().prefs.showNotes());
+  desk.time.run();
+  model.openNotes();
+  EXPECT_TRUE(store().prefs.showNotes());
+}
+
+TEST_F(CanvasModels, OpenAndCloseTheLoupe) {
+  EXPECT_FALSE(model.loupe()["open"].toBool());
+  model.pressBox("f-t1");
+  desk.time.run();
+  EXPECT_TRUE(model.loupe()["open"].toBool());
+  model.closeLoupe();
+  desk.time.run();
+  EXPECT_FALSE(model.loupe()["open"].toBool());
+  EXPECT_FALSE(store().focus());
+}
+
+TEST_F(CanvasModels, CutAndMarkForTheirViews) {
+  const QVariantMap box = toQml(Box{0.25, 0.5, 0.5, 0.25}).toMap();
+  EXPECT_EQ(CompareModel::boxMark(box, {400, 600}), QRectF(97, 297, 206, 156));
+  EXPECT_EQ(CompareModel::areaMark(box, {400, 600}), QRectF(100, 300, 200, 150));
+  EXPECT_EQ(CompareModel::cropPlace(900, 2), QSizeF(444, 205));
+  EXPECT_EQ(CompareModel::cropPlace(480, -1), QSizeF(480, 220));
+  const CropView crop{
+      .aspect = 0.5, .part = {0.2, 0.4, 0.5, 0.1}, .boxes = {{0.3, 0.42, 0.1, 0.05}}};
+  const QVariantMap cut = CompareModel::cropLayout(toQml(crop).toMap(), {300, 218});
+  EXPECT_EQ(cut["frame"].toMap()["width"].toDouble(), 300);
+  EXPECT_EQ(cut["marks"].toList().size(), 1);
+}
+
+}  // namespace
+}  // namespace vellix
