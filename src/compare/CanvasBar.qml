@@ -17,10 +17,15 @@ Rectangle {
     readonly property var view: compare.bar
     readonly property real line: 32
     readonly property real room: width - 2 * Theme.gap12
-    readonly property real choices: modes.width + (view.overlay ? overlay.width + Theme.gap12 : 0)
-    readonly property real middle: toggles.width + Theme.gap12 + choices
-    readonly property int rows: pages.width + middle + tools.width + 2 * Theme.gap12 <= room ? 1
-                                : middle <= room ? 2 : 3
+    readonly property real gap: Theme.gap12
+    // The picker's row. What an overlay needs comes beside it where there is room, else below, so
+    // that nothing moves away under the pointer.
+    readonly property int modesRow: pages.width + toggles.width + modes.width + tools.width + 3 * gap <= room ? 0
+                                    : toggles.width + modes.width + gap <= room ? 1 : 2
+    readonly property real taken: modes.width + gap + (modesRow === 2 ? 0 : toggles.width + gap)
+                                  + (modesRow === 0 ? pages.width + tools.width + 2 * gap : 0)
+    readonly property int overlayRow: taken + overlay.width <= room ? modesRow : modesRow + 1
+    readonly property int rows: 1 + (view.overlay ? overlayRow : modesRow)
 
     function rowAt(row: int): real {
         return Theme.gap8 + row * (line + Theme.gap4);
@@ -71,8 +76,8 @@ Rectangle {
     Row {
         id: toggles
 
-        x: bar.rows === 1 ? pages.x + pages.width + Theme.gap12 : Theme.gap16
-        y: bar.rowAt(bar.rows === 1 ? 0 : 1)
+        x: bar.modesRow === 0 ? pages.x + pages.width + bar.gap : Theme.gap16
+        y: bar.rowAt(Math.min(bar.modesRow, 1))
         height: bar.line
         spacing: Theme.gap12
 
@@ -96,10 +101,9 @@ Rectangle {
     Segmented {
         id: modes
 
-        // In a row of its own at the start; else at the end of what is free.
-        x: bar.rows === 3 ? Theme.gap12
-           : (bar.rows === 2 ? bar.width - Theme.gap12 : tools.x - Theme.gap12) - bar.choices
-        y: bar.rowAt(bar.rows - 1) + (bar.line - height) / 2
+        x: bar.modesRow === 0 ? tools.x - bar.gap - width
+           : bar.modesRow === 1 ? bar.width - Theme.gap12 - width : Theme.gap12
+        y: bar.rowAt(bar.modesRow) + (bar.line - height) / 2
         label: "View"
         padding: 9
         options: bar.compare.modes
@@ -111,8 +115,9 @@ Rectangle {
         id: overlay
 
         visible: bar.view.overlay
-        x: modes.x + modes.width + Theme.gap12
-        y: modes.y
+        x: bar.overlayRow === bar.modesRow && bar.modesRow < 2 ? modes.x - bar.gap - width
+                                                               : bar.width - Theme.gap12 - width
+        y: bar.rowAt(bar.overlayRow) + (bar.line - height) / 2
         height: modes.height
         spacing: Theme.gap12
 

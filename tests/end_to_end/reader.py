@@ -193,6 +193,14 @@ class Reader:
     def key(self, *keys):
         self.session.run("xdotool", "key", "--clearmodifiers", *keys)
 
+    def tab_to(self, name, roles, key="Tab", most=80):
+        """Gives the keyboard to that object, as a person does who has no mouse."""
+        for _ in range(most):
+            if any(self.has(node, STATE_FOCUSED) for node in self.find_all(name=name, roles=roles)):
+                return
+            self.key(key)
+        raise Trouble(f'no {key} came to "{name}"')
+
     def type(self, text):
         self.session.run("xdotool", "type", "--delay", "1", text)
 
