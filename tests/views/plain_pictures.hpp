@@ -1,4 +1,4 @@
-// Pictures of one colour each, brought a turn later, as the picture cache would.
+// Pictures of one colour, or known ones, brought a turn later, as the picture cache would.
 #pragma once
 
 #include <QPointer>
@@ -15,14 +15,16 @@ class PlainPictures : public PictureSource {
   void bring(const QString& key, QSize shown, QObject* context,
              std::function<void(QImage)> done) override {
     asked.append(key);
-    QTimer::singleShot(0, context, [shown, done = std::move(done)] {
-      QImage image{shown.expandedTo({1, 1}), QImage::Format_RGB32};
+    QImage image = known.value(key);
+    if (image.isNull()) {
+      image = QImage{shown.expandedTo({1, 1}), QImage::Format_RGB32};
       image.fill(Qt::lightGray);
-      done(image);
-    });
+    }
+    QTimer::singleShot(0, context, [image, done = std::move(done)] { done(image); });
   }
 
   QStringList asked;
+  QHash<QString, QImage> known;  // other than plain gray
 };
 
 }  // namespace vellix

@@ -1,0 +1,247 @@
+// The canvas to the pixel: what is overlaid, how pages differ, and where marks lie.
+#include <QTest>
+
+#include "views/sights.hpp"
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr QColor kOne{200, 40, 100};
+constexpr QColor kOther{100, 140, 20};
+
+class CanvasLooks : public ViewTest {
+ protected:
+  CanvasLooks() {
+    pictures.known["supplier-0"] = plain(kOne);
+    pictures.known["submitted-0"] = plain(kOther);
+    serveTheDay();
+    store().prefs.showNotes.set(false);
+    store().prefs.openLoupe.set(false);
+    showMain({1'400, 900});
+    rest();
+  }
+  static QImage plain(QColor colour) {
+    QImage image{300, 400, QImage::Format_RGB32};
+    image.fill(colour);
+    return image;
+  }
+  // Until nothing moves any more and every picture is here.
+  void rest() {
+    for (int i = 0; i < 4; ++i) {
+      settle();
+      QTest::qWait(10);
+    }
+    const bool stands = QTest::qWaitFor([this] { return !moves(); }, 5'000);
+    EXPECT_TRUE(stands);
+    settle();
+  }
+  // Whether the page is another size some frames later.
+  bool moves() {
+    const QRectF before = page("supplier-0");
+    QTest::qWait(120);
+    settle();
+    return before != page("supplier-0");
+  }
+  QQuickItem* picture(const QString& key) {
+    for (QQuickItem* each : seen(window()->contentItem(), "RemoteImage")) {
+      if (each->property("key").toString() == key) return each;
+    }
+    return nullptr;
+  }
+  // Where a page lies in the window.
+  QRectF page(const QString& key) {
+    QQuickItem* item = picture(key);
+    return item ? item->mapRectToScene(item->boundingRect()) : QRectF{};
+  }
+  QColor at(QPointF spot) {
+    settle();
+    const QImage image = window()->grabWindow();
+    const qreal scale = window()->effectiveDevicePixelRatio();
+    return image.pixelColor((spot * scale).toPoint());
+  }
+  QColor at(const QString& key, qreal fx, qreal fy) {
+    const QRectF rect = page(key);
+    return at({rect.x() + fx * rect.width(), rect.y() + fy * rect.height()});
+  }
+  static void expectColour(const QColor& is, const QColor& wanted, int within = 2) {
+    EXPECT_NEAR(is.red(), wanted.red(), within);
+    EXPECT_NEAR(is.green(), wanted.green(), within);
+    EXPECT_NEAR(is.blue(), wanted.blue(), within);
+  }
+  void overlay(double opacity, bool difference = false) {
+    store().mode.set(CompareMode::overlay);
+    settle();
+    auto* compare = models()["compare"].value<CompareModel*>();
+    compare->setOpacity(opacity);
+    compare->setDifference(difference);
+    rest();
+  }
+};
+
+TEST_F(CanvasLooks, SideBySideShowsEachPageAsItIs) {
+  expectColour(at("supplier-0", 0.8, 0.8), kOne);
+  expectColour(at("submitted-0", 0.8, 0.8), kOther);
+}
+
+TEST_F(CanvasLooks, OverlayMixesByTheOpacity) {
+  overlay(0.5);
+  expectColour(at("supplier-0", 0.8, 0.8), {150, 90, 60});
+  overlay(0);
+  expectColour(at("supplier-0", 0.8, 0.8), kOne);
+  overlay(1);
+  expectColour(at("supplier-0", 0.8, 0.8), kOther);
+  overlay(0.25);
+  expectColour(at("supplier-0", 0.8, 0.8), {175, 65, 80});
+}
+
+TEST_F(CanvasLooks, DifferenceIsThatOfEachChannelWhateverTheOpacity) {
+  for (const double opacity : {0.0, 0.5, 1.0}) {
+    overlay(opacity, true);
+    expectColour(at("supplier-0", 0.8, 0.8), {100, 100, 80}, 0);
+  }
+}
+
+TEST_F(CanvasLooks, EqualPagesDifferByNothing) {
+  pictures.known["submitted-1"] = plain(kOne);
+  pictures.known["supplier-1"] = plain(kOne);
+  overlay(0.5, true);
+  auto* compare = models()["compare"].value<CompareModel*>();
+  compare->stepPage(1);
+  rest();
+  for (const double zoom : {1.0, 2.0, 4.0}) {
+    store().zoom.set(zoom);
+    rest();
+    const QRectF rect = page("supplier-1").intersected({300, 120, 1'000, 600});
+    for (const double part : {0.1, 0.5, 0.9}) {
+      expectColour(at({rect.x() + part * rect.width(), rect.y() + part * rect.height()}), Qt::black,
+                   0);
+    }
+  }
+}
+
+TEST_F(CanvasLooks, PagesOfOtherPixelSizesRegister) {
+  // Left half dark, right half light, once at three times the pixels.
+  const auto halves = [](QSize size) {
+    QImage image{size, QImage::Format_RGB32};
+    image.fill(Qt::black);
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = size.width() / 2; x < size.width(); ++x) image.setPixel(x, y, 0xffffffff);
+    }
+    return image;
+  };
+  pictures.known["supplier-1"] = halves({900, 1'200});
+  pictures.known["submitted-1"] = halves({300, 400});
+  overlay(0.5, true);
+  models()["compare"].value<CompareModel*>()->stepPage(1);
+  rest();
+  for (const double x : {0.1, 0.4, 0.48, 0.52, 0.6, 0.9}) {
+    expectColour(at("supplier-1", x, 0.5), Qt::black, 6);
+  }
+}
+
+TEST_F(CanvasLooks, MarksLieOnTheirPlaceAtEveryZoom) {
+  const QColor accent{"#e4572e"};
+  for (const double zoom : {1.0, 1.25, 2.0, 4.0}) {
+    store().zoom.set(zoom);
+    rest();
+    const QRectF rect = page("supplier-0");
+    // The box 0.1, 0.1, 0.2, 0.1 with its margin of 3: the upper and the left line.
+    const QPointF corner{rect.x() + 0.1 * rect.width() - 3, rect.y() + 0.1 * rect.height() - 3};
+    const QRectF seen{240, 120, 1'160, 640};
+    const QPointF above{corner.x() + 20, corner.y()};
+    const QPointF beside{corner.x(), corner.y() + 20};
+    for (const QPointF spot : {above, beside}) {
+      if (!seen.contains(spot)) continue;
+      const QColor colour = at(spot);
+      EXPECT_GT(colour.red(), 200) << zoom;
+      EXPECT_NEAR(colour.green(), accent.green(), 60) << zoom;
+    }
+  }
+}
+
+TEST_F(CanvasLooks, APassedCheckIsDashedAndAnOpenFindingIsNot) {
+  FileDetail detail = lighthouse();
+  detail.findings = {findingOf("f1"), findingOf("f2")};
+  detail.findings[0].box = {0.1, 0.1, 0.8, 0.1};
+  detail.findings[1].box = {0.1, 0.5, 0.8, 0.1};
+  detail.findings[1].kind = "pass";
+  store().details.set({{"t1", detail}});
+  rest();
+  const auto changes = [this](double y) {
+    const QRectF rect = page("supplier-0");
+    int count = 0;
+    QColor last;
+    for (double x = 0.2; x < 0.8; x += 2 / rect.width()) {
+      const QColor colour = at({rect.x() + x * rect.width(), rect.y() + y * rect.height() - 3});
+      const int far = std::abs(colour.green() - last.green());
+      count += last.isValid() && far > 40;
+      last = colour;
+    }
+    return count;
+  };
+  EXPECT_EQ(changes(0.1), 0);
+  EXPECT_GT(changes(0.5), 8);
+}
+
+TEST_F(CanvasLooks, WhatReachesBeyondThePageIsCutOff) {
+  FileDetail detail = lighthouse();
+  detail.findings = {findingOf("f1")};
+  detail.findings[0].box = {0.5, 0.5, 40, 40};
+  store().details.set({{"t1", detail}});
+  rest();
+  const QRectF rect = page("supplier-0");
+  const QColor line = at({rect.x() + 0.7 * rect.width(), rect.y() + 0.5 * rect.height() - 3});
+  EXPECT_GT(line.red(), 200);
+  EXPECT_LT(line.blue(), 120);
+  const QColor next = at({page("submitted-0").x() + 30, rect.y() + 0.5 * rect.height() - 3});
+  expectColour(next, kOther);
+}
+
+TEST_F(CanvasLooks, ADrawnDragIsSeenWhileItIsDrawnAndThenStands) {
+  const QRectF rect = page("supplier-0");
+  const QPoint from =
+      QPointF{rect.x() + 0.5 * rect.width(), rect.y() + 0.5 * rect.height()}.toPoint();
+  const QPoint to =
+      QPointF{rect.x() + 0.75 * rect.width(), rect.y() + 0.75 * rect.height()}.toPoint();
+  QTest::mousePress(window(), Qt::LeftButton, {}, from);
+  QTest::mouseMove(window(), from + QPoint{20, 20});
+  QTest::mouseMove(window(), to);
+  settle();
+  const QPointF inside{(from.x() + to.x()) / 2.0, (from.y() + to.y()) / 2.0};
+  const QColor tinted = at(inside);
+  EXPECT_NE(tinted, kOne) << "filled a little with the accent";
+  EXPECT_FALSE(store().draft());
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, to);
+  settle();
+  ASSERT_TRUE(store().draft());
+  EXPECT_NEAR(store().draft()->x, 0.5, 0.01);
+  EXPECT_NEAR(store().draft()->w, 0.25, 0.01);
+  EXPECT_EQ(store().draft()->side, "supplier");
+  EXPECT_TRUE(reader().find("Note on this area, p1", QAccessible::Button));
+  EXPECT_NE(at(inside), kOne);
+  QTest::keyClick(window(), Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(store().draft());
+  EXPECT_EQ(at(inside), kOne);
+}
+
+TEST_F(CanvasLooks, NothingIsDrawnWhereDrawingIsOff) {
+  store().prefs.drawToComment.set(false);
+  settle();
+  const QRectF rect = page("supplier-0");
+  QTest::mouseClick(
+      window(), Qt::LeftButton, {},
+      QPointF{rect.x() + 0.8 * rect.width(), rect.y() + 0.8 * rect.height()}.toPoint());
+  settle();
+  EXPECT_FALSE(store().draft());
+  // Boxes can be pressed all the same.
+  QTest::mouseClick(
+      window(), Qt::LeftButton, {},
+      QPointF{rect.x() + 0.2 * rect.width(), rect.y() + 0.15 * rect.height()}.toPoint());
+  settle();
+  EXPECT_TRUE(store().focus());
+}
+
+}  // namespace
+}  // namespace vellix
