@@ -5,30 +5,30 @@
 namespace vellix::bench {
 namespace {
 
-bool isPage(QSize shown) { return shown.height() >= kShortestPage; }
+bool isPage(const PictureRoom& room) { return room.size.height() >= kShortestPage; }
 
 }  // namespace
 
-QImage WatchedPictures::atHand(const QString& key, QSize shown) {
-  QImage image = pictures_.atHand(key, shown);
-  if (!image.isNull()) note(key, shown, image);
-  return image;
+Pixels WatchedPictures::atHand(const QString& key, const PictureRoom& room) {
+  Pixels pixels = pictures_.atHand(key, room);
+  if (!pixels.isNull()) note(key, room, pixels);
+  return pixels;
 }
 
-void WatchedPictures::bring(const QString& key, QSize shown, QObject* context,
-                            std::function<void(QImage)> done) {
-  if (isPage(shown)) ++waits_;
-  pictures_.bring(key, shown, context, [this, key, shown, done = std::move(done)](QImage image) {
-    note(key, shown, image);
-    done(std::move(image));
+void WatchedPictures::bring(const QString& key, const PictureRoom& room, QObject* context,
+                            std::function<void(Pixels)> done) {
+  if (isPage(room)) ++waits_;
+  pictures_.bring(key, room, context, [this, key, room, done = std::move(done)](Pixels pixels) {
+    note(key, room, pixels);
+    done(std::move(pixels));
   });
 }
 
-void WatchedPictures::note(const QString& key, QSize shown, const QImage& image) {
-  if (!isPage(shown) || image.isNull()) return;
+void WatchedPictures::note(const QString& key, const PictureRoom& room, const Pixels& pixels) {
+  if (!isPage(room) || pixels.isNull()) return;
   given_ = key;
-  pixels_ = image.size();
-  shown_ = shown;
+  pixels_ = pixels.image.size();
+  shown_ = room.size;
 }
 
 }  // namespace vellix::bench

@@ -11,9 +11,9 @@ class WatchedPictures : public PictureSource {
  public:
   explicit WatchedPictures(PictureSource& pictures) : pictures_(pictures) {}
 
-  QImage atHand(const QString& key, QSize shown) override;
-  void bring(const QString& key, QSize shown, QObject* context,
-             std::function<void(QImage)> done) override;
+  Pixels atHand(const QString& key, const PictureRoom& room) override;
+  void bring(const QString& key, const PictureRoom& room, QObject* context,
+             std::function<void(Pixels)> done) override;
 
   // Of the page that was last given its picture; thumbnails are not looked at.
   const QString& given() const { return given_; }
@@ -22,7 +22,7 @@ class WatchedPictures : public PictureSource {
   int waits() const { return waits_; }      // pages that were not at hand
 
  private:
-  void note(const QString& key, QSize shown, const QImage& image);
+  void note(const QString& key, const PictureRoom& room, const Pixels& pixels);
 
   PictureSource& pictures_;
   QString given_;

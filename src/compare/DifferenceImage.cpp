@@ -1,113 +1,127 @@
 #include "compare/DifferenceImage.hpp"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
-#include <cmath>
-
-#include "compare/Difference.hpp"
+#include <QPromise>
+#include <QThreadPool>
+#include <memory>
 
 namespace vellix {
 namespace {
 
-class RootNode : public QSGTransformNode {
- public:
-  QSGImageNode* picture = nullptr;
-};
+// What is made within two milliseconds is made at once, and painted in the very next frame.
+constexpr qint64 kSmall = 2'500'000;  // pixels
 
-LaidPicture fitted(const QImage& image, QSize room) {
-  const QSize size = image.size().scaled(room, Qt::KeepAspectRatio);
-  return {
-      image,
-      QRect(QPoint((room.width() - size.width()) / 2, (room.height() - size.height()) / 2), size)};
+bool isPlain(const LaidPicture& picture) {
+  return picture.image.isNull() || picture.image.size() == picture.place.size();
 }
 
 }  // namespace
 
-DifferenceImage::DifferenceImage(QQuickItem* parent) : QQuickItem(parent) {
-  setFlag(ItemHasContents);
+bool DifferenceImage::Inputs::operator==(const Inputs& other) const {
+  const auto same = [](const LaidPicture& one, const LaidPicture& two) {
+    return one.image.cacheKey() == two.image.cacheKey() && one.place == two.place;
+  };
+  return ground == other.ground && same(pictures[0], other.pictures[0]) &&
+         same(pictures[1], other.pictures[1]);
+}
+
+DifferenceImage::DifferenceImage(QQuickItem* parent) : PictureItem(parent) {
+  for (Side& side : sides_) {
+    connect(&side.picture, &FollowedPicture::changed, this, &QQuickItem::polish);
+  }
+  connect(&making_, &QFutureWatcherBase::finished, this, [this] {
+    if (making_.isCanceled()) return;
+    image_ = making_.result();
+    polish();
+  });
 }
 
 void DifferenceImage::setPictures(PictureSource* pictures) {
   if (pictures_ == pictures) return;
   pictures_ = pictures;
-  asked_ = {};
   polish();
   emit picturesChanged();
 }
 
 void DifferenceImage::setKey(const QString& key) {
   if (key == sides_[0].key) return;
-  sides_[0] = {key, {}, sides_[0].asking + 1};
-  asked_ = {};
+  sides_[0].key = key;
   polish();
   emit keyChanged();
 }
 
 void DifferenceImage::setUnder(const QString& key) {
   if (key == sides_[1].key) return;
-  sides_[1] = {key, {}, sides_[1].asking + 1};
-  asked_ = {};
+  sides_[1].key = key;
   polish();
   emit underChanged();
 }
 
-void DifferenceImage::geometryChange(const QRectF& now, const QRectF& before) {
-  QQuickItem::geometryChange(now, before);
-  if (now.size() != before.size()) polish();
+void DifferenceImage::resized() { polish(); }
+
+bool DifferenceImage::isHere(const Side& side) const {
+  return !side.key.isEmpty() && side.picture.isHere();
 }
 
-QSize DifferenceImage::shownPixels() const {
-  const qreal ratio = window() ? window()->effectiveDevicePixelRatio() : 1;
-  return (size() * ratio).toSize();
+bool DifferenceImage::isMissing(const Side& side) const {
+  return side.key.isEmpty() || side.picture.isMissing();
 }
 
-void DifferenceImage::ask(Side& side, QSize size) {
-  const quint64 asking = ++side.asking;
-  if (side.key.isEmpty()) return;
-  if (QImage image = pictures_->atHand(side.key, size); !image.isNull()) {
-    side.image = std::move(image);
+std::optional<DifferenceImage::Inputs> DifferenceImage::inputs() const {
+  const bool both = isHere(sides_[0]) && isHere(sides_[1]);
+  const PictureRoom room(deviceSize());
+  Inputs inputs{.pictures = {}, .ground = room.size};
+  bool any = false;
+  for (std::size_t i = 0; i < inputs.pictures.size(); ++i) {
+    if (!isHere(sides_[i])) continue;
+    // Of two that are scaled by different ways even equal ones differ.
+    if (both && !sides_[i].picture.isFinal()) return std::nullopt;
+    const Pixels& pixels = sides_[i].picture.pixels();
+    inputs.pictures[i] = {pixels.image, fittedPlace(pixels.whole, room)};
+    any = true;
+  }
+  if (!any) return std::nullopt;
+  // Pictures that are shown larger than they are differ in their own pixels.
+  const auto& [one, other] = inputs.pictures;
+  const QRect all(QPoint(), room.size);
+  if (both && one.image.size() == other.image.size() && one.place == all && other.place == all) {
+    inputs.ground = one.image.size();
+    for (auto& picture : inputs.pictures) picture.place = {QPoint(), inputs.ground};
+  }
+  return inputs;
+}
+
+void DifferenceImage::make(const Inputs& inputs) {
+  if (made_ == inputs) return;
+  made_ = inputs;
+  making_.setFuture({});  // one that is under way is nobody's any more
+  const auto& [one, other] = inputs.pictures;
+  const qint64 pixels = qint64{inputs.ground.width()} * inputs.ground.height();
+  if (pixels <= kSmall && isPlain(one) && isPlain(other)) {
+    image_ = difference(one, other, inputs.ground);
     return;
   }
-  pictures_->bring(side.key, size, this, [this, &side, asking](QImage image) {
-    if (asking != side.asking) return;
-    side.image = std::move(image);
-    polish();
+  const auto promise = std::make_shared<QPromise<QImage>>();
+  making_.setFuture(promise->future());
+  promise->start();
+  QThreadPool::globalInstance()->start([promise, inputs] {
+    promise->addResult(difference(inputs.pictures[0], inputs.pictures[1], inputs.ground));
+    promise->finish();
   });
 }
 
+// Runs once before the next frame, however much has changed.
 void DifferenceImage::updatePolish() {
-  const QSize size = shownPixels();
-  if (!pictures_ || size.isEmpty()) return;
-  if (asked_ != size) {
-    asked_ = size;
-    for (Side& side : sides_) ask(side, size);
+  const QSize size = deviceSize();
+  if (size.isEmpty()) return;
+  for (Side& side : sides_) side.picture.follow(pictures_, side.key, size);
+  if (const auto now = inputs()) make(*now);
+  if (isMissing(sides_[0]) && isMissing(sides_[1])) {
+    made_.reset();
+    making_.setFuture({});
+    image_ = {};
+    return showGround(Qt::transparent);
   }
-  const auto& [one, other] = sides_;
-  if (one.image.isNull() && other.image.isNull()) return;
-  image_ = difference(fitted(one.image, size), fitted(other.image, size), size);
-  fresh_ = true;
-  update();
-}
-
-QSGNode* DifferenceImage::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-  auto* root = static_cast<RootNode*>(old);
-  if (image_.isNull() || size().isEmpty()) {
-    delete root;
-    return nullptr;
-  }
-  const bool made = !root;
-  if (made) {
-    root = new RootNode;
-    root->picture = window()->createImageNode();
-    root->picture->setFlag(QSGNode::OwnedByParent);
-    root->picture->setOwnsTexture(true);
-    root->picture->setFiltering(QSGTexture::Linear);
-  }
-  if (made || fresh_) root->picture->setTexture(window()->createTextureFromImage(image_));
-  fresh_ = false;
-  root->picture->setRect(boundingRect());
-  if (made) root->appendChildNode(root->picture);
-  return root;
+  if (!image_.isNull()) showImage(image_, image_.rect(), QRect(QPoint(), size));
 }
 
 }  // namespace vellix

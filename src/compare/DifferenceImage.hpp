@@ -1,17 +1,21 @@
 // Shows the difference of two pictures, each fitted into the item: black where they are equal.
-// Until both are here it shows the one that is; what was shown before stays that long.
+// Until both are here it shows the one that is; what was on show before stays until then, and while
+// the item's size changes it is scaled. Without either it shows nothing.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
-#include <QImage>
+#include <QFutureWatcher>
 #include <QPointer>
-#include <QQuickItem>
+#include <array>
+#include <optional>
 
-#include "pieces/PictureSource.hpp"
+#include "compare/Difference.hpp"
+#include "pieces/FollowedPicture.hpp"
+#include "pieces/PictureItem.hpp"
 
 namespace vellix {
 
-class DifferenceImage : public QQuickItem {
+class DifferenceImage : public PictureItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
@@ -34,24 +38,32 @@ class DifferenceImage : public QQuickItem {
   void underChanged();
 
  protected:
-  void geometryChange(const QRectF& now, const QRectF& before) override;
+  void resized() override;
   void updatePolish() override;
-  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
   struct Side {
+    explicit Side(QObject* item) : picture(item) {}
     QString key;
-    QImage image;
-    quint64 asking = 0;
+    FollowedPicture picture;
   };
-  void ask(Side& side, QSize size);
-  QSize shownPixels() const;
+  // Everything that a difference is made of.
+  struct Inputs {
+    std::array<LaidPicture, 2> pictures;
+    QSize ground;
+    bool operator==(const Inputs& other) const;
+  };
+
+  bool isHere(const Side& side) const;
+  bool isMissing(const Side& side) const;
+  std::optional<Inputs> inputs() const;  // none while something better is on its way
+  void make(const Inputs& inputs);
 
   QPointer<PictureSource> pictures_;
-  Side sides_[2];
+  Side sides_[2]{Side{this}, Side{this}};
+  std::optional<Inputs> made_;  // or being made
+  QFutureWatcher<QImage> making_;
   QImage image_;
-  bool fresh_ = false;
-  QSize asked_;
 };
 
 }  // namespace vellix

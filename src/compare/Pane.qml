@@ -105,6 +105,7 @@ Item {
             anchors.fill: parent
             pictures: pane.pictures
             key: pane.img
+            pageRoom: Qt.size(pane.compare.stage.room.width, pane.compare.stage.room.height)
             placeholder: Theme.paper
 
             Accessible.role: Accessible.Graphic

@@ -18,14 +18,14 @@ class Pictures : public PictureSource {
   // Both must outlive the source.
   Pictures(Images& images, PixelCache& pixels) : images_(images), pixels_(pixels) {}
 
-  QImage atHand(const QString& key, QSize shown) override;
-  void bring(const QString& key, QSize shown, QObject* context,
-             std::function<void(QImage)> done) override;
+  Pixels atHand(const QString& key, const PictureRoom& room) override;
+  void bring(const QString& key, const PictureRoom& room, QObject* context,
+             std::function<void(Pixels)> done) override;
 
  private:
-  Task<> load(std::string key, QSize shown, QPointer<QObject> context,
-              std::function<void(QImage)> done);
-  Task<QImage> pixelsOf(PictureHandle picture, QSize shown);
+  Task<> load(std::string key, PictureRoom room, QPointer<QObject> context,
+              std::function<void(Pixels)> done);
+  Task<Pixels> pixelsOf(PictureHandle picture, PictureRoom room);
 
   Images& images_;
   PixelCache& pixels_;

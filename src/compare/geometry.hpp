@@ -13,6 +13,7 @@ struct Extent {
   double height = 0;
   bool operator==(const Extent&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Extent, (), (width, height))
 
 // Logical pixels.
 struct Spot {

@@ -45,7 +45,8 @@ Extent fittedImage(Extent room, double aspect, double zoom) {
 StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, double zoom,
                         bool alone) {
   const Extent room = paneRoom(stage, alone ? 1 : panes.size());
-  StageLayout layout{.scrolls = zoom > kScrollsFrom};
+  StageLayout layout{.scrolls = zoom > kScrollsFrom,
+                     .room = {zoom * room.width, zoom * room.height}};
   double x = kSide;
   Extent content;
   for (const auto& pane : panes) {

@@ -29,9 +29,10 @@ struct StageLayout {
   double height = 0;
   bool scrolls = false;
   std::vector<PanePlace> panes;
+  Extent room;  // of each pane, zoomed: what a page of any shape is fitted into
   bool operator==(const StageLayout&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(StageLayout, (), (width, height, scrolls, panes))
+BOOST_DESCRIBE_STRUCT(StageLayout, (), (width, height, scrolls, panes, room))
 
 struct StagePane {
   double aspect = 0;

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
-#include <QImage>
 #include <QObject>
 #include <functional>
+
+#include "platform/qt/PictureFitting.hpp"
 
 namespace vellix {
 
@@ -16,12 +17,13 @@ class PictureSource : public QObject {
  public:
   using QObject::QObject;
 
-  // What can be painted at once at this size in device pixels; null when nothing can.
-  virtual QImage atHand(const QString& key, QSize shown) = 0;
-  // Brings the picture in, fetched and decoded as needed. Calls back once, later, with a null
-  // image when it cannot be had; never after the context has gone.
-  virtual void bring(const QString& key, QSize shown, QObject* context,
-                     std::function<void(QImage)> done) = 0;
+  // The best that can be painted at once: exactly the pixels shown in this room, else enough, else
+  // fewer; null when there are none.
+  virtual Pixels atHand(const QString& key, const PictureRoom& room) = 0;
+  // Brings exactly the pixels shown there, fetched, decoded and scaled as needed. Calls back once,
+  // later, with a null image when the picture cannot be had; never after the context has gone.
+  virtual void bring(const QString& key, const PictureRoom& room, QObject* context,
+                     std::function<void(Pixels)> done) = 0;
 };
 
 }  // namespace vellix

@@ -6,13 +6,13 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QPointer>
-#include <QQuickItem>
 
-#include "pieces/PictureSource.hpp"
+#include "pieces/FollowedPicture.hpp"
+#include "pieces/PictureItem.hpp"
 
 namespace vellix {
 
-class RemoteImage : public QQuickItem {
+class RemoteImage : public PictureItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
@@ -20,6 +20,9 @@ class RemoteImage : public QQuickItem {
   Q_PROPERTY(bool fill READ fill WRITE setFill NOTIFY fillChanged)  // fills and crops, or fits
   // The picture fills the ellipse that fits in; the ground stays as it is.
   Q_PROPERTY(bool round READ round WRITE setRound NOTIFY roundChanged)
+  // Of a page: the room that a page of any shape would be fitted into, in logical pixels. The
+  // pages beside it are made ready for it.
+  Q_PROPERTY(QSizeF pageRoom READ pageRoom WRITE setPageRoom NOTIFY pageRoomChanged)
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
   Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
 
@@ -34,43 +37,41 @@ class RemoteImage : public QQuickItem {
   void setFill(bool fill);
   bool round() const { return round_; }
   void setRound(bool round);
+  QSizeF pageRoom() const { return pageRoom_; }
+  void setPageRoom(QSizeF room);
   QColor placeholder() const { return placeholder_; }
   void setPlaceholder(const QColor& colour);
-  bool ready() const { return !image_.isNull(); }
+  bool ready() const { return ready_; }
 
  signals:
   void picturesChanged();
   void keyChanged();
   void fillChanged();
   void roundChanged();
+  void pageRoomChanged();
   void placeholderChanged();
   void readyChanged();
 
  protected:
   void componentComplete() override;
-  void geometryChange(const QRectF& now, const QRectF& before) override;
-  void itemChange(ItemChange change, const ItemChangeData& data) override;
+  void resized() override;
   void updatePolish() override;
-  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  void ask();  // looks again for the right pixels at the next polish
-  void answer(QImage image);
-  void show(QImage image);
-  QSize shownPixels() const;
-  QImage cutRound() const;
+  void lookAgain();  // at the next polish
+  PictureRoom room() const;
+  QImage cutRound(const QRectF& part) const;
 
   QPointer<PictureSource> pictures_;
   QString key_;
   bool fill_ = false;
   bool round_ = false;
+  QSizeF pageRoom_;
   QColor placeholder_;
-  QImage image_;
-  bool fresh_ = false;    // image_ is not in the texture yet
-  bool settled_ = false;  // image_ is the asked key's, or null because it cannot be had
-  quint64 asking_ = 0;    // the last request; answers of earlier ones are dropped
-  QString askedKey_;
-  QSize askedSize_;
+  FollowedPicture picture_{this};
+  bool ready_ = false;
+  QImage cut_;  // round, of the image with this key
+  qint64 cutFrom_ = 0;
 };
 
 }  // namespace vellix

@@ -4,16 +4,25 @@
 #include <gtest/gtest.h>
 
 #include <QQuickWindow>
+#include <QtMath>
 
+#include "pieces/rest.hpp"
 #include "pieces/scripted_source.hpp"
+#include "platform/pictures.hpp"
+#include "platform/qt/PixelCache.hpp"
+#include "platform/waiting.hpp"
 
 namespace vellix {
 namespace {
 
 const QColor kBehind(Qt::white);
+const QColor kOne(200, 10, 50);
+const QColor kOther(50, 20, 50);
+const QColor kBetween(150, 10, 0);
 constexpr QSize kRoom(100, 100);
+constexpr QSize kPage(3000, 3000);
 
-QImage plain(const QColor& colour, QSize size = kRoom) {
+QImage plain(const QColor& colour, QSize size) {
   QImage image(size, QImage::Format_RGB32);
   image.fill(colour);
   return image;
@@ -33,14 +42,22 @@ class DifferenceImageTest : public testing::Test {
     item->setParentItem(window.contentItem());
     window.show();
   }
+  QSize device(QSize logical) const {
+    return (QSizeF(logical) * window.effectiveDevicePixelRatio()).toSize();
+  }
+  // The very next frame.
   QImage frame() { return window.grabWindow(); }
   QColor seen(QPoint point = {50, 50}) {
-    return frame().pixelColor(point * window.effectiveDevicePixelRatio());
+    return frame().pixelColor((QPointF(point) * window.effectiveDevicePixelRatio()).toPoint());
   }
-  // Both at hand, at the size of the device.
-  void hold(const QColor& one, const QColor& other) {
-    source.held["one"] = plain(one, kRoom * window.effectiveDevicePixelRatio());
-    source.held["other"] = plain(other, kRoom * window.effectiveDevicePixelRatio());
+  // Of a large page: exactly what a place of this size shows.
+  Pixels exact(const QColor& colour, QSize logical = kRoom) {
+    return {plain(colour, device(logical)), kPage};
+  }
+  static Pixels fewer(const QColor& colour) { return {plain(colour, {30, 30}), kPage}; }
+  void hold(const Pixels& one, const Pixels& other) {
+    source.held["one"] = one;
+    source.held["other"] = other;
   }
   void ask() {
     item->setKey("one");
@@ -52,38 +69,241 @@ TEST_F(DifferenceImageTest, ShowsNothingWithoutPictures) {
   EXPECT_EQ(seen(), kBehind);
   ask();
   EXPECT_EQ(seen(), kBehind);
-  EXPECT_EQ(source.requests.size(), 2U);
+  ASSERT_EQ(source.requests.size(), 2U);
+  EXPECT_EQ(source.requests[0].room, PictureRoom(device(kRoom)));
+  source.answer(0, {});
+  source.answer(1, {});
+  EXPECT_EQ(seen(), kBehind);
 }
 
 TEST_F(DifferenceImageTest, ShowsTheDifferenceOfTwoAtHandInTheVeryNextFrame) {
-  hold({200, 10, 50}, {50, 20, 50});
+  hold(exact(kOne), exact(kOther));
   ask();
-  EXPECT_EQ(seen(), QColor(150, 10, 0));
+  EXPECT_EQ(seen(), kBetween);
   EXPECT_TRUE(source.requests.empty());
 }
 
 TEST_F(DifferenceImageTest, ShowsTheOneThatIsHereAlone) {
-  hold({200, 10, 50}, {50, 20, 50});
-  source.held.remove("other");
+  hold(exact(kOne), {});
   ask();
-  EXPECT_EQ(seen(), QColor(200, 10, 50));
+  EXPECT_EQ(seen(), kOne);
   ASSERT_EQ(source.requests.size(), 1U);
-  source.answer(0, plain({50, 20, 50}, kRoom * window.effectiveDevicePixelRatio()));
-  EXPECT_EQ(seen(), QColor(150, 10, 0));
+  source.answer(0, exact(kOther));
+  EXPECT_EQ(seen(), kBetween);
 }
 
-TEST_F(DifferenceImageTest, IsBlackForOnePictureUnderTwoKeys) {
-  hold({200, 10, 50}, {200, 10, 50});
+TEST_F(DifferenceImageTest, StaysWithTheOneWhenTheOtherCannotBeHad) {
+  hold(exact(kOne), {});
   ask();
+  frame();
+  source.answer(0, {});
+  EXPECT_EQ(seen(), kOne);
+}
+
+TEST_F(DifferenceImageTest, ShowsTheOneAloneWhenThereIsNoOther) {
+  hold(exact(kOne), exact(kOther));
+  ask();
+  frame();
+  item->setUnder("");
+  EXPECT_EQ(seen(), kOne);
+}
+
+TEST_F(DifferenceImageTest, LeavesThePageBeforeUntilTheNextIsHere) {
+  hold(exact(kOne), exact(kOther));
+  ask();
+  frame();
+  item->setKey("next");
+  item->setUnder("next-other");
+  EXPECT_EQ(seen(), kBetween);
+  source.answer(0, exact(Qt::red));
+  source.answer(1, exact(Qt::red));
   EXPECT_EQ(seen(), QColor(Qt::black));
+}
+
+TEST_F(DifferenceImageTest, ShowsNothingWhenTheNextPageCannotBeHad) {
+  hold(exact(kOne), exact(kOther));
+  ask();
+  frame();
+  item->setKey("next");
+  item->setUnder("next-other");
+  frame();
+  source.answer(0, {});
+  source.answer(1, {});
+  EXPECT_EQ(seen(), kBehind);
+}
+
+// Two that were scaled in different ways differ though they are equal.
+TEST_F(DifferenceImageTest, ComparesNothingThatIsNotExact) {
+  hold(exact(kOne), fewer(kOne));
+  ask();
+  EXPECT_EQ(seen(), kBehind);
+  ASSERT_EQ(source.requests.size(), 1U);
+  source.answer(0, exact(kOne));
+  EXPECT_EQ(seen(), QColor(Qt::black));
+}
+
+TEST_F(DifferenceImageTest, ComparesWhatThereIsWhenBetterCannotBeHad) {
+  hold(exact(kOne), fewer(kOther));
+  ask();
+  frame();
+  source.answer(0, {});
+  EXPECT_TRUE(waitUntil([this] { return seen() == kBetween; }));
+}
+
+TEST_F(DifferenceImageTest, IsScaledWhileItsSizeChangesAndThenSharp) {
+  hold(exact(kOne, {50, 50}), exact(kOther, {50, 50}));
+  item->setSize({50, 50});
+  ask();
+  EXPECT_EQ(seen({20, 20}), kBetween);
+  for (const qreal side : {60.0, 70.0, 80.0}) {
+    item->setSize({side, side});
+    EXPECT_EQ(seen(QPoint(1, 1) * (side - 3)), kBetween);
+  }
+  EXPECT_TRUE(source.requests.empty());
+  EXPECT_TRUE(rest(item.get()));
+  ASSERT_EQ(source.requests.size(), 2U);
+  source.answer(0, exact(Qt::white, {80, 80}));
+  EXPECT_EQ(seen({70, 70}), kBetween);
+  source.answer(1, exact(Qt::white, {80, 80}));
+  EXPECT_EQ(seen({70, 70}), QColor(Qt::black));
+  EXPECT_FALSE(rest(item.get())) << "nothing ticks at rest";
+}
+
+TEST_F(DifferenceImageTest, IsMadeBesideTheMainThreadWhenLarge) {
+  const QSize large(3000, 2000);
+  item->setSize(large);
+  hold({plain(kOne, device(large)), device(large)}, {plain(kOther, device(large)), device(large)});
+  ask();
+  EXPECT_EQ(seen(), kBehind);
+  EXPECT_TRUE(waitUntil([this] { return seen() == kBetween; }));
+  // One that is under way for an earlier page is not shown.
+  source.held["next"] = {plain(kOther, device(large)), device(large)};
+  item->setUnder("one");
+  frame();
+  item->setKey("next");
+  item->setUnder("next");
+  frame();
+  EXPECT_TRUE(waitUntil([this] { return seen() == QColor(Qt::black); }));
+}
+
+TEST_F(DifferenceImageTest, LaysPagesOfOtherSizesOverOneAnother) {
+  const QSize two(3000, 3010);
+  hold(exact(kOne), {plain(kOther, exactSize(two, device(kRoom))), two});
+  ask();
+  EXPECT_EQ(seen({50, 1}), kBetween);
+  EXPECT_EQ(seen({98, 98}), kBetween);
+}
+
+TEST_F(DifferenceImageTest, ShowsOneAloneWhereTheOtherDoesNotReach) {
+  const QSize half(1500, 3000);
+  hold(exact(kOne), {plain(kOther, exactSize(half, device(kRoom))), half});
+  ask();
+  EXPECT_EQ(seen({10, 50}), kOne);
+  EXPECT_EQ(seen({50, 50}), kBetween);
+  EXPECT_EQ(seen({90, 50}), kOne);
 }
 
 TEST_F(DifferenceImageTest, MayGoWhileRequestsAreOut) {
   ask();
   frame();
   item.reset();
-  source.answer(0, plain(Qt::red));
+  source.answer(0, exact(kOne));
   EXPECT_EQ(seen(), kBehind);
+}
+
+TEST_F(DifferenceImageTest, MayGoWhileItIsMade) {
+  const QSize large(3000, 2000);
+  item->setSize(large);
+  hold({plain(kOne, device(large)), device(large)}, {plain(kOther, device(large)), device(large)});
+  ask();
+  frame();
+  item.reset();
+  EXPECT_EQ(seen(), kBehind);
+}
+
+// Real pictures, decoded and scaled.
+class CachedPages : public PictureSource {
+ public:
+  Pixels atHand(const QString& key, const PictureRoom& room) override {
+    return cache.cachedPixels(*pages.value(key), room);
+  }
+  void bring(const QString& key, const PictureRoom& room, QObject* context,
+             std::function<void(Pixels)> done) override {
+    cache.requestPixels(pages.value(key), room, context, std::move(done));
+  }
+  void add(const QString& key, const QImage& image) {
+    Picture picture = pictureOf(key.toStdString(), encodedAs("jpg", image));
+    picture.width = image.width();
+    picture.height = image.height();
+    pages[key] = std::make_shared<const Picture>(std::move(picture));
+  }
+
+  QMap<QString, PictureHandle> pages;
+  PixelCache cache;
+};
+
+class DifferenceOfPages : public DifferenceImageTest {
+ protected:
+  CachedPages pages;
+
+  ~DifferenceOfPages() override { item.reset(); }
+
+  // The brightest channel of what is on show once nothing is on its way any more.
+  int brightest(qreal zoom) {
+    item->setSize(QSizeF(66, 88) * zoom);
+    frame();
+    rest(item.get());
+    const auto ready = [&](const QString& key) {
+      const PictureRoom room((item->size() * window.effectiveDevicePixelRatio()).toSize());
+      return isExact(pages.atHand(key, room), room);
+    };
+    EXPECT_TRUE(waitUntil([&] { return ready("one") && ready("other"); }));
+    QCoreApplication::processEvents();
+    const QSizeF seen = QSizeF(kRoom).boundedTo(item->size()) * window.effectiveDevicePixelRatio();
+    const QSize inside(qFloor(seen.width()), qFloor(seen.height()));
+    const QImage image = frame().convertToFormat(QImage::Format_RGB32);
+    int most = 0;
+    for (int y = 0; y < inside.height(); ++y) {
+      for (int x = 0; x < inside.width(); ++x) {
+        const QRgb pixel = image.pixel(x, y);
+        most = std::max({most, qRed(pixel), qGreen(pixel), qBlue(pixel)});
+      }
+    }
+    return most;
+  }
+};
+
+TEST_F(DifferenceOfPages, ThatAreTheSameIsBlackToThePixelAtEveryZoom) {
+  pages.add("one", testImage(600, 800));
+  pages.add("other", testImage(600, 800));
+  item->setPictures(&pages);
+  ask();
+  // One was seen at other sizes before.
+  QObject nobody;
+  for (const QSize size : {QSize(600, 800), QSize(300, 400)}) {
+    pages.bring("one", size, &nobody, [](const Pixels&) {});
+  }
+  for (const qreal zoom : {1.0, 1.25, 1.5, 2.0, 3.25, 4.0, 12.0}) {
+    EXPECT_EQ(brightest(zoom), 0) << zoom;
+  }
+}
+
+TEST_F(DifferenceOfPages, ThatAreTheSameInOtherSizesIsNearlyBlack) {
+  const auto page = [](QSize size) {
+    QImage image = plain(Qt::white, size);
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) {
+        const int tone = 128 + 127 * x / size.width() * y / size.height();
+        image.setPixel(x, y, qRgb(tone, tone, tone));
+      }
+    }
+    return image;
+  };
+  pages.add("one", page({600, 800}));
+  pages.add("other", page({901, 1203}));
+  item->setPictures(&pages);
+  ask();
+  EXPECT_LE(brightest(1), 6);
 }
 
 }  // namespace

@@ -36,7 +36,8 @@ class PicturesTest : public testing::Test {
 
   void serve(const std::string& bytes) { routes.set(kLine, answerOf(200, bytes)); }
   void bring() {
-    pictures->bring("a", kWhole, &*view, [this](const QImage& image) { answers.push_back(image); });
+    pictures->bring("a", kWhole, &*view,
+                    [this](const Pixels& pixels) { answers.push_back(pixels.image); });
   }
   bool settles(const std::function<bool()>& condition) {
     return waitUntil([this, &condition] {
@@ -64,7 +65,7 @@ TEST_F(PicturesTest, AreBroughtOverTheNetworkOnceAndThenAtHand) {
   EXPECT_TRUE(pictures->atHand("a", kWhole).isNull());
   const QImage image = brought();
   EXPECT_EQ(image.size(), kWhole);
-  EXPECT_EQ(pictures->atHand("a", kWhole).cacheKey(), image.cacheKey());
+  EXPECT_EQ(pictures->atHand("a", kWhole).image.cacheKey(), image.cacheKey());
   EXPECT_EQ(brought().cacheKey(), image.cacheKey());
   EXPECT_EQ(requests(), 1U);
 }
@@ -120,7 +121,7 @@ TEST_F(PicturesTest, ThatBreakAgainAreFetchedAnewAgain) {
     PixelCache none;
     Pictures others(images, none);
     bool told = false;
-    others.bring("a", kWhole, &*view, [&told](const QImage& image) { told = !image.isNull(); });
+    others.bring("a", kWhole, &*view, [&told](const Pixels& pixels) { told = !pixels.isNull(); });
     EXPECT_TRUE(settles([&told] { return told; }));
     EXPECT_EQ(requests(), times);
   }

@@ -15,26 +15,26 @@ class ScriptedSource : public PictureSource {
  public:
   struct Request {
     QString key;
-    QSize shown;
+    PictureRoom room;
     QPointer<QObject> context;
-    std::function<void(QImage)> done;
+    std::function<void(Pixels)> done;
   };
 
-  QImage atHand(const QString& key, QSize) override {
+  Pixels atHand(const QString& key, const PictureRoom&) override {
     ++looks;
     return held.value(key);
   }
-  void bring(const QString& key, QSize shown, QObject* context,
-             std::function<void(QImage)> done) override {
-    requests.push_back({key, shown, context, std::move(done)});
+  void bring(const QString& key, const PictureRoom& room, QObject* context,
+             std::function<void(Pixels)> done) override {
+    requests.push_back({key, room, context, std::move(done)});
   }
 
-  void answer(std::size_t index, const QImage& image) {
+  void answer(std::size_t index, const Pixels& pixels) {
     const Request request = std::exchange(requests.at(index), {});
-    if (request.context) request.done(image);
+    if (request.context) request.done(pixels);
   }
 
-  QMap<QString, QImage> held;  // at hand, by key
+  QMap<QString, Pixels> held;  // at hand, by key
   std::vector<Request> requests;
   int looks = 0;
 };

@@ -36,7 +36,7 @@ TEST_F(QtPictureDecoderTest, TakesThePageFormats) {
     const auto handle = decoded(picture);
     ASSERT_TRUE(handle) << format;
     EXPECT_EQ(*handle, *known);
-    EXPECT_FALSE(cache_.cachedPixels(*handle, {150, 101}).isNull()) << format;
+    EXPECT_FALSE(cache_.cachedPixels(*handle, QSize(150, 101)).isNull()) << format;
   }
 }
 

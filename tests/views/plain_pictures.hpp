@@ -11,13 +11,13 @@ namespace vellix {
 
 class PlainPictures : public PictureSource {
  public:
-  QImage atHand(const QString&, QSize) override { return {}; }
-  void bring(const QString& key, QSize shown, QObject* context,
-             std::function<void(QImage)> done) override {
+  Pixels atHand(const QString&, const PictureRoom&) override { return {}; }
+  void bring(const QString& key, const PictureRoom& room, QObject* context,
+             std::function<void(Pixels)> done) override {
     asked.append(key);
     QImage image = known.value(key);
     if (image.isNull()) {
-      image = QImage{shown.expandedTo({1, 1}), QImage::Format_RGB32};
+      image = QImage{room.size.expandedTo({1, 1}), QImage::Format_RGB32};
       image.fill(Qt::lightGray);
     }
     QTimer::singleShot(0, context, [image, done = std::move(done)] { done(image); });

@@ -1,8 +1,6 @@
 #include "platform/qt/PixelCache.hpp"
 
 #include <QImageReader>
-#include <algorithm>
-#include <optional>
 
 #include "platform/qt/PictureReading.hpp"
 
@@ -11,10 +9,17 @@ namespace {
 
 constexpr int kThreads = 2;
 constexpr int kMostMegabytes = 512;  // of one picture's pixels
-// What is shown smaller than this is a thumbnail, and says nothing about how pages are shown.
-constexpr int kSmallestPage = 400;
+// Until a page was shown nobody knows how large: enough for most windows.
+constexpr int kFirstReduction = 2;
 
 enum Priority { kAhead, kForAView };
+
+QSize wholeOf(const Picture& picture) { return {picture.width, picture.height}; }
+
+QImage scaled(const QImage& image, QSize size) {
+  if (image.isNull() || image.size() == size) return image;
+  return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
 
 }  // namespace
 
@@ -28,51 +33,66 @@ PixelCache::~PixelCache() {
   pool_.waitForDone();
 }
 
-QImage PixelCache::cachedPixels(const Picture& picture, QSize shown) {
-  const int most = needed(picture, shown);
-  for (const int reduction : kReductions) {
-    if (reduction > most) continue;
-    const QImage image = find({picture.key, reduction});
-    if (!image.isNull()) return image;
+Pixels PixelCache::cachedPixels(const Picture& picture, const PictureRoom& room) {
+  notePage(room);
+  const QSize whole = wholeOf(picture);
+  if (QImage exact = find(keyOf(picture, exactSize(whole, room))); !exact.isNull()) {
+    return {std::move(exact), whole};
   }
-  return {};
+  Pixels best;
+  const Key* bestKey = nullptr;
+  for (auto at = index_.lower_bound(keyOf(picture, {0, 0}));
+       at != index_.end() && at->first.first == picture.key; ++at) {
+    Pixels one{at->second->image, whole};
+    if (!looksBetter(one, best, room)) continue;
+    best = std::move(one);
+    bestKey = &at->first;
+  }
+  if (bestKey) find(*bestKey);  // it is in use
+  return best;
 }
 
-void PixelCache::requestPixels(const PictureHandle& picture, QSize shown, QObject* context,
-                               Done done) {
-  const QImage atHand = cachedPixels(*picture, shown);
+void PixelCache::requestPixels(const PictureHandle& picture, const PictureRoom& room,
+                               QObject* context, Done done) {
+  notePage(room);
+  const QSize whole = wholeOf(*picture);
+  const QSize exact = exactSize(whole, room);
   Waiter waiter{std::move(done), true, context};
-  if (atHand.isNull()) {
-    return request(*picture, needed(*picture, shown), kForAView, std::move(waiter));
+  if (QImage atHand = find(keyOf(*picture, exact)); !atHand.isNull()) {
+    return later([waiter = std::move(waiter), pixels = Pixels(std::move(atHand), whole)] {
+      if (waiter.context) waiter.done(pixels);
+    });
   }
-  later([waiter = std::move(waiter), atHand] {
-    if (waiter.context) waiter.done(atHand);
-  });
-}
-
-void PixelCache::warm(const PictureHandle& picture) {
-  if (!find({picture->key, pageReduction_}).isNull()) return;
-  request(*picture, pageReduction_, kAhead, {[](const QImage&) {}, false, nullptr});
+  request({.picture = *picture, .exact = exact, .keepsReduced = true, .priority = kForAView},
+          std::move(waiter));
 }
 
 void PixelCache::decodeWhole(Picture encoded, Done done) {
-  const Key key{encoded.key, pageReduction_};
+  const QSize whole = wholeOf(encoded);
+  const QSize exact = page_.isEmpty() ? reducedSize(whole, kFirstReduction)
+                                      : exactSize(whole, roomOnPage(whole, page_));
+  Job job{.picture = std::move(encoded), .exact = exact, .priority = kAhead};
+  const Key key = keyOf(job.picture, exact);
   // What lies in a file was decoded before it was written. Bytes from outside always are.
-  if (!encoded.file.empty()) {
-    const QImage atHand = find(key);
-    if (!atHand.isNull()) return later([done = std::move(done), atHand] { done(atHand); });
-    return request(encoded, key.second, kAhead, {std::move(done), false, nullptr});
+  if (!job.picture.file.empty()) {
+    if (QImage atHand = find(key); !atHand.isNull()) {
+      return later(
+          [done = std::move(done), pixels = Pixels(std::move(atHand), whole)] { done(pixels); });
+    }
+    return request(job, {std::move(done), false, nullptr});
   }
-  decode(encoded, key.second, kAhead, [this, key, done = std::move(done)](const QImage& image) {
-    keep(key, image);
-    done(image);
+  start(job, [this, key, whole, done = std::move(done)](const Made& made) {
+    keep(key, made.exact);
+    done({made.exact, whole});
   });
 }
 
-int PixelCache::needed(const Picture& picture, QSize shown) {
-  const int reduction = reductionFor({picture.width, picture.height}, shown);
-  if (std::max(shown.width(), shown.height()) >= kSmallestPage) pageReduction_ = reduction;
-  return reduction;
+PixelCache::Key PixelCache::keyOf(const Picture& picture, QSize size) {
+  return {picture.key, {size.width(), size.height()}};
+}
+
+void PixelCache::notePage(const PictureRoom& room) {
+  if (!room.page.isEmpty()) page_ = room.page;
 }
 
 QImage PixelCache::find(const Key& key) {
@@ -95,35 +115,47 @@ void PixelCache::keep(const Key& key, const QImage& image) {
   held_ += size;
 }
 
-void PixelCache::request(const Picture& picture, int reduction, int priority, Waiter waiter) {
-  const Key key{picture.key, reduction};
+void PixelCache::request(const Job& job, Waiter waiter) {
+  const Key key = keyOf(job.picture, job.exact);
   auto& waiters = wanted_[key];
   waiters.push_back(std::move(waiter));
   if (waiters.size() > 1) return;
-  decode(picture, reduction, priority, [this, key](const QImage& image) {
-    keep(key, image);
+  const QSize whole = wholeOf(job.picture);
+  const Key reduced = keyOf(job.picture, reducedSize(whole, reductionFor(whole, job.exact)));
+  Job found = job;
+  found.reduced = find(reduced);
+  start(found, [this, key, reduced, whole, keepsReduced = job.keepsReduced](const Made& made) {
+    // The exact one was asked for, so it is the more recently used.
+    if (keepsReduced) keep(reduced, made.reduced);
+    keep(key, made.exact);
     const auto told = std::move(wanted_[key]);
     wanted_.erase(key);
     for (const auto& one : told) {
-      if (!one.bound || one.context) one.done(image);
+      if (!one.bound || one.context) one.done({made.exact, whole});
     }
   });
 }
 
-void PixelCache::decode(const Picture& picture, int reduction, int priority, Done done) {
+void PixelCache::start(const Job& job, std::function<void(Made)> done) {
   const auto id = ++started_;
-  decoding_[id] = std::move(done);
-  const auto work = [this, id, picture, reduction] {
-    const auto bytes = encodedBytes(picture);
-    const QImage image = bytes ? decodePicture(*bytes, reduction) : QImage();
-    later([this, id, image] {
-      const auto found = decoding_.find(id);
-      const Done told = std::move(found->second);
-      decoding_.erase(found);
-      told(image);
+  if (job.reduced.isNull()) ++decodes_;
+  working_[id] = std::move(done);
+  const auto work = [this, id, job] {
+    Made made{.reduced = job.reduced, .exact = {}};
+    if (made.reduced.isNull()) {
+      const auto bytes = encodedBytes(job.picture);
+      const int reduction = reductionFor(wholeOf(job.picture), job.exact);
+      if (bytes) made.reduced = decodePicture(*bytes, reduction);
+    }
+    made.exact = scaled(made.reduced, job.exact);
+    later([this, id, made] {
+      const auto found = working_.find(id);
+      const auto told = std::move(found->second);
+      working_.erase(found);
+      told(made);
     });
   };
-  pool_.start(work, priority);
+  pool_.start(work, job.priority);
 }
 
 // Callable from any thread.

@@ -1,4 +1,4 @@
-// The pixels of pictures, decoded off the main thread and held under a byte budget.
+// The pixels of pictures, decoded and scaled off the main thread and held under a byte budget.
 #pragma once
 
 #include <QImage>
@@ -15,41 +15,41 @@
 #include <vector>
 
 #include "platform/ports/pictures.hpp"
+#include "platform/qt/PictureFitting.hpp"
 
 namespace vellix {
 
-// Main thread. Pixels are held by picture and reduction (1, 2, 4 or 8); the least recently used
-// go first. Views that hold an image keep it alive beyond the budget. Its end waits for the
-// decodes under way and drops those that wait.
+// Main thread. A picture is decoded at the greatest reduction that is enough and then scaled to
+// exactly what is shown, always in this way: equal pictures at equal sizes have equal pixels. Both
+// are held by picture and size; the least recently used go first. Views that hold an image keep it
+// alive beyond the budget. Its end waits for the work under way and drops what waits.
 class PixelCache {
  public:
-  using Done = std::function<void(QImage)>;
+  using Done = std::function<void(Pixels)>;
 
   explicit PixelCache(std::int64_t budgetBytes = std::int64_t{256} << 20);
   ~PixelCache();
   PixelCache(const PixelCache&) = delete;
   PixelCache& operator=(const PixelCache&) = delete;
 
-  // The pixels at hand that are enough for `shown` (device pixels), the fewest of them; null when
-  // there are none. Never decodes.
-  QImage cachedPixels(const Picture& picture, QSize shown);
+  // The best there is at hand: the exact pixels, else the fewest that are enough, else the most;
+  // null when there are none. Never decodes.
+  Pixels cachedPixels(const Picture& picture, const PictureRoom& room);
 
-  // Calls `done` in a later turn, unless `context` is gone by then; with a null image when the
-  // picture cannot be decoded. Equal requests are decoded once.
-  void requestPixels(const PictureHandle& picture, QSize shown, QObject* context, Done done);
+  // Calls `done` with the exact pixels in a later turn, unless `context` is gone by then; with a
+  // null image when the picture cannot be decoded. Equal requests share their work.
+  void requestPixels(const PictureHandle& picture, const PictureRoom& room, QObject* context,
+                     Done done);
 
-  // Decodes ahead what a page step will ask for: at the reduction that pages were last shown at.
-  void warm(const PictureHandle& picture);
-
-  // Decodes to the end at that same reduction and keeps the pixels; null when it does not decode.
-  // `done` is called in a later turn.
+  // Decodes to the end and keeps what a page with this picture would show where pages were last
+  // shown; null when it does not decode. `done` is called in a later turn.
   void decodeWhole(Picture encoded, Done done);
 
   std::int64_t bytesHeld() const { return held_; }
-  std::int64_t decodesStarted() const { return started_; }
+  std::int64_t decodesStarted() const { return decodes_; }
 
  private:
-  using Key = std::pair<std::string, int>;
+  using Key = std::pair<std::string, std::pair<int, int>>;
   struct Entry {
     Key key;
     QImage image;
@@ -59,22 +59,36 @@ class PixelCache {
     bool bound = false;  // to the context's life
     QPointer<QObject> context;
   };
+  struct Job {
+    Picture picture;
+    QSize exact;
+    QImage reduced;  // where it is at hand
+    bool keepsReduced = false;
+    int priority = 0;
+  };
+  struct Made {
+    QImage reduced;
+    QImage exact;
+  };
 
+  static Key keyOf(const Picture& picture, QSize size);
   QImage find(const Key& key);
   void keep(const Key& key, const QImage& image);
-  int needed(const Picture& picture, QSize shown);
-  void request(const Picture& picture, int reduction, int priority, Waiter waiter);
-  void decode(const Picture& picture, int reduction, int priority, Done done);
+  void notePage(const PictureRoom& room);
+  void request(const Job& job, Waiter waiter);
+  void start(const Job& job, std::function<void(Made)> done);
   void later(std::function<void()> work);
 
   const std::int64_t budget_;
   std::int64_t held_ = 0;
+  std::int64_t decodes_ = 0;
   std::int64_t started_ = 0;
-  int pageReduction_ = 2;
+  QSizeF page_;               // the room that pages were last shown in
   std::list<Entry> entries_;  // the most recently used first
   std::map<Key, std::list<Entry>::iterator> index_;
   std::map<Key, std::vector<Waiter>> wanted_;
-  std::map<std::int64_t, Done> decoding_;  // stays here: what it holds belongs to this thread
+  // Stays here: what it holds belongs to this thread.
+  std::map<std::int64_t, std::function<void(Made)>> working_;
   QObject context_;
   QThreadPool pool_;
 };

@@ -1,0 +1,53 @@
+// The pixels of one picture for one view: at once the best there is, then exactly what is shown.
+// While the room changes from frame to frame nothing is made for the sizes in between. Main thread
+// only.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+
+#include "pieces/PictureSource.hpp"
+
+namespace vellix {
+
+class FollowedPicture : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FollowedPicture(QObject* parent);
+
+  // What is to be shown now, and where; to be told before each frame. Another key or source asks
+  // at once; no key asks for nothing, and leaves the pixels.
+  void follow(PictureSource* source, const QString& key, const PictureRoom& room);
+
+  // Of the key before while the new one's are awaited; null when they cannot be had.
+  const Pixels& pixels() const { return pixels_; }
+  bool isHere() const { return settled_ && !pixels_.isNull(); }  // they are the asked key's
+  bool isMissing() const { return settled_ && pixels_.isNull(); }
+  // They will not become better in this room.
+  bool isFinal() const;
+
+ signals:
+  void changed();
+
+ private:
+  void look();
+  void ask();
+  void answer(Pixels pixels);
+  void show(Pixels pixels);
+  bool hasAll() const;
+  bool isMuchTooSmall() const;
+
+  QPointer<PictureSource> source_;
+  QString key_;
+  PictureRoom room_;
+  Pixels pixels_;
+  bool settled_ = false;  // pixels_ are the key's, or null because they cannot be had
+  quint64 turn_ = 0;      // of keys and sources; answers of earlier ones are dropped
+  int awaited_ = 0;       // answers of this turn
+  QTimer resting_{this};  // runs while the room has just changed
+};
+
+}  // namespace vellix
