@@ -15,7 +15,7 @@
 
 namespace vellix {
 
-class DifferenceImage : public PictureItem {
+class DifferenceImage : public vellix::PictureItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)

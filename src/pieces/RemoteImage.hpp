@@ -12,7 +12,7 @@
 
 namespace vellix {
 
-class RemoteImage : public PictureItem {
+class RemoteImage : public vellix::PictureItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)

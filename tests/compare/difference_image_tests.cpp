@@ -246,7 +246,7 @@ class DifferenceOfPages : public DifferenceImageTest {
  protected:
   CachedPages pages;
 
-  ~DifferenceOfPages() override { item.reset(); }
+  void TearDown() override { item.reset(); }
 
   // The brightest channel of what is on show once nothing is on its way any more.
   int brightest(qreal zoom) {

@@ -99,12 +99,12 @@ TEST_F(QtPictureDecoderTest, RefusesWhatIsNoPageFormat) {
                                      svg,
                                      "<html>502</html>",
                                      "%PDF-1.4\n",
-                                     "GIF89a\x01\x00\x01\x00",
+                                     std::string("GIF89a\x01\x00\x01\x00", 10),
                                      std::string(100'000, '\0'),
                                      "\xFF\xD8\xFF",
                                      "\xFF\xD8\xFF\xE0garbage that goes on for a while",
                                      "\x89PNG\r\n\x1A\n",
-                                     "RIFF\x04\0\0\0WEBP",
+                                     std::string("RIFF\x04\0\0\0WEBP", 12),
                                      "RIFFxxxxWEBPVP8 garbage garbage garbage"};
   for (const char* format : {"bmp", "tiff", "ico", "ppm"}) {
     others.push_back(encodedAs(format, testImage(16, 16)));
