@@ -124,6 +124,19 @@ TEST(Stage, WithoutPanesIsEmpty) {
 }
 
 // Where a fraction of a pane's page lies on the stage.
+TEST(Stage, TellsTheRoomThatAPageOfAnyShapeIsFittedInto) {
+  for (const double zoom : {1.0, 2.5}) {
+    const StageLayout layout = stageLayout({1'000, 700}, {{0.7}, {2}}, zoom, false);
+    EXPECT_EQ(layout.room, (Extent{zoom * 474, zoom * 650}));
+    for (const double aspect : {0.05, 0.7, 2.0}) {
+      const Extent fitted = fittedImage(layout.room, aspect, 1);
+      const Extent shown = fittedImage(paneRoom({1'000, 700}, 2), aspect, zoom);
+      EXPECT_DOUBLE_EQ(fitted.width, shown.width);
+      EXPECT_DOUBLE_EQ(fitted.height, shown.height);
+    }
+  }
+}
+
 Spot seen(const StageLayout& layout, Spot scroll, std::size_t pane, double fx, double fy) {
   const Box& page = layout.panes[pane].page;
   return {page.x + fx * page.width - scroll.x, page.y + fy * page.height - scroll.y};
