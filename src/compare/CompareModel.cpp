@@ -94,11 +94,16 @@ void CompareModel::layOut() {
 }
 
 QPointF CompareModel::layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor) {
-  const StageLayout before = layout_;
+  const Spot at = spotOf(scroll);
+  // Scrolled by other means, or held elsewhere: another place is meant.
+  const bool same = anchor_ && anchor_->spot == spotOf(anchor) && std::abs(at.x - scroll_.x) <= 1 &&
+                    std::abs(at.y - scroll_.y) <= 1;
+  if (!same) anchor_ = anchorAt(layout_, at, spotOf(anchor));
   size_ = extentOf(size);
   zoom_ = zoom;
   layOut();
-  return pointOf(anchored(before, spotOf(scroll), layout_, spotOf(anchor), size_));
+  scroll_ = anchored(anchor_, at, layout_, size_);
+  return pointOf(scroll_);
 }
 
 QPointF CompareModel::revealSelected(QPointF scroll) const {

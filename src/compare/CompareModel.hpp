@@ -110,6 +110,8 @@ class CompareModel : public QObject {
   Extent size_;
   double zoom_ = 1;  // as it is drawn, on its way to the Store's
   StageLayout layout_;
+  std::optional<Anchor> anchor_;  // what is zoomed about
+  Spot scroll_;                   // where that has brought the content
   QVariantMap header_ = toQml(FileHeaderView{}).toMap();
   QVariantMap bar_ = toQml(CanvasBarView{}).toMap();
   QVariantMap notes_ = toQml(NotesPanelView{}).toMap();

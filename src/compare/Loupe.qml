@@ -24,7 +24,7 @@ Item {
             kept = view;
     }
 
-    visible: open > 0
+    visible: view.open || open > 0
     implicitHeight: head.height + strip.height + 3 * Theme.gap12
     opacity: open
     transform: Translate { y: (1 - loupe.open) * loupe.height }
@@ -110,16 +110,18 @@ Item {
         spacing: 12
 
         Repeater {
-            model: loupe.kept.crops.length
+            model: KeyedRows {
+                rows: loupe.kept.crops
+            }
 
             Crop {
-                required property int index
+                required property var value
 
                 width: loupe.place.width
                 height: loupe.place.height
                 compare: loupe.compare
                 pictures: loupe.pictures
-                crop: loupe.kept.crops[index] ?? loupe.kept.crops[0]
+                crop: value
                 ground: card.color
             }
         }

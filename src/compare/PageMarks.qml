@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Compare
+import Vellix.Pieces
 
 // All that lies on the picture of a pane: where notes are drawn, findings, notes, the draft.
 // What reaches beyond the page is cut off, but for the half of a pin on its edge.
@@ -16,9 +17,6 @@ Item {
     required property bool draws
 
     readonly property size picture: Qt.size(width, height)
-    // Stands in for a mark that goes, until its item has gone.
-    readonly property var gone: ({ finding: "", box: { x: 0, y: 0, width: 0, height: 0 }, colour: "accent",
-                                   soft: false, selected: false, area: false, number: 0, help: "", name: "" })
 
     Repeater {
         model: marks.draws ? 1 : 0
@@ -42,14 +40,15 @@ Item {
             x: cut.reach
             y: cut.reach
 
-            // By number, so that a mark keeps the focus and the hover when others change.
             Repeater {
-                model: marks.boxes.length
+                model: KeyedRows {
+                    rows: marks.boxes
+                }
 
                 BoxMark {
-                    required property int index
+                    required property var value
 
-                    mark: marks.boxes[index] ?? marks.gone
+                    mark: value
                     place: marks.compare.boxMark(mark.box, marks.picture)
                     onClicked: marks.compare.pressBox(mark.finding)
                 }
@@ -61,12 +60,14 @@ Item {
             y: cut.reach
 
             Repeater {
-                model: marks.notes.length
+                model: KeyedRows {
+                    rows: marks.notes
+                }
 
                 NoteMark {
-                    required property int index
+                    required property var value
 
-                    mark: marks.notes[index] ?? marks.gone
+                    mark: value
                     picture: marks.picture
                     place: marks.compare.areaMark(mark.box, marks.picture)
                     onAsked: marks.compare.openNotes()

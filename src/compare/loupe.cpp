@@ -20,7 +20,8 @@ CropView referenceCrop(const Finding& finding, const Page& page, const std::stri
                        const RefPage& reference) {
   const bool own = role == finding.against && finding.ref_box;
   const double aspect = aspectOf(&reference, page);
-  return {.img = *reference.img,
+  return {.key = role,
+          .img = *reference.img,
           .aspect = aspect,
           .part = cropAround(boxOf(own ? finding.ref_box : finding.box), aspect),
           .boxes = own ? boxesOn(role, finding) : boxesOf(finding),
@@ -35,7 +36,8 @@ LoupeView loupe(const Store& store, const FileDetail& detail, const Page& page, 
   const Finding* finding = findingInFocus(store, detail, index);
   if (!finding) return {};
   LoupeView view{.open = true, .caption = cardCaption(*finding), .title = finding->title};
-  view.crops.push_back({.img = page.img.value_or(""),
+  view.crops.push_back({.key = "supplier",
+                        .img = page.img.value_or(""),
                         .aspect = page.aspect(),
                         .part = cropAround(boxOf(finding->box), page.aspect()),
                         .boxes = boxesOf(*finding),

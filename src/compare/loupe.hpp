@@ -10,6 +10,7 @@
 namespace vellix {
 
 struct CropView {
+  std::string key;  // of its pane
   std::string img;  // blob key; empty for none
   double aspect = 0;
   Box part;                // of the page, in fractions
@@ -18,7 +19,7 @@ struct CropView {
   std::string label;
   bool operator==(const CropView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(CropView, (), (img, aspect, part, boxes, colour, label))
+BOOST_DESCRIBE_STRUCT(CropView, (), (key, img, aspect, part, boxes, colour, label))
 
 struct LoupeView {
   bool open = false;

@@ -23,6 +23,7 @@ std::string colourOf(const Finding& finding) {
 
 void addBoxes(std::vector<BoxMarkView>& marks, const Store& store, const Finding& finding,
               const std::optional<std::string>& role, const std::string& pageName) {
+  const std::size_t before = marks.size();
   const std::string state = isPassed(finding) ? kindLabel(finding.kind) : stateWord(finding.state);
   BoxMarkView mark{.finding = finding.id,
                    .colour = colourOf(finding),
@@ -32,6 +33,7 @@ void addBoxes(std::vector<BoxMarkView>& marks, const Store& store, const Finding
                    .name = finding.title + ", " + severityPill(finding.severity).text + ", " +
                            state + ", page " + pageName};
   for (const Box& box : boxesOn(role, finding)) {
+    mark.key = finding.id + " " + std::to_string(marks.size() - before);
     mark.box = box;
     marks.push_back(mark);
   }
@@ -52,7 +54,8 @@ std::vector<NoteMarkView> noteMarks(const Store& store, const FileDetail& detail
     const std::string help = personName(store, note.by) + ": " + note.text;
     std::string name = "Note " + std::to_string(number) + ", ";
     name.append(help).append(", page ").append(pageName);
-    marks.push_back({.number = number,
+    marks.push_back({.key = note.id,
+                     .number = number,
                      .box = *box,
                      .area = isArea(box->width, box->height),
                      .help = help,

@@ -11,6 +11,7 @@ namespace vellix {
 
 // Places are fractions of the page.
 struct BoxMarkView {
+  std::string key;  // of this rectangle, within its pane
   std::string finding;
   Box box;
   std::string colour;  // "accent", "green" or "muted", as it is on paper
@@ -20,9 +21,10 @@ struct BoxMarkView {
   std::string name;
   bool operator==(const BoxMarkView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(BoxMarkView, (), (finding, box, colour, soft, selected, help, name))
+BOOST_DESCRIBE_STRUCT(BoxMarkView, (), (key, finding, box, colour, soft, selected, help, name))
 
 struct NoteMarkView {
+  std::string key;
   Int number = 0;
   Box box;
   bool area = false;  // else a point
@@ -30,7 +32,7 @@ struct NoteMarkView {
   std::string name;
   bool operator==(const NoteMarkView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(NoteMarkView, (), (number, box, area, help, name))
+BOOST_DESCRIBE_STRUCT(NoteMarkView, (), (key, number, box, area, help, name))
 
 struct DraftMarkView {
   bool here = false;

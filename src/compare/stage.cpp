@@ -63,26 +63,32 @@ StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, doubl
     content.height = std::max(content.height, 2 * kTop + kCaption + picture.height);
     if (!alone) x += width + kBetween;
   }
-  layout.width = layout.scrolls ? std::max(stage.width, content.width) : stage.width;
-  layout.height = layout.scrolls ? std::max(stage.height, content.height) : stage.height;
+  layout.width = layout.scrolls ? std::max(stage.width, std::ceil(content.width)) : stage.width;
+  layout.height = layout.scrolls ? std::max(stage.height, std::ceil(content.height)) : stage.height;
   return layout;
 }
 
-Spot anchored(const StageLayout& before, Spot scroll, const StageLayout& after, Spot anchor,
+std::optional<Anchor> anchorAt(const StageLayout& layout, Spot scroll, Spot spot) {
+  if (layout.panes.empty()) return std::nullopt;
+  const std::size_t at = paneAt(layout, spot.x + scroll.x);
+  const Box& page = layout.panes[at].page;
+  if (!(page.width > 0 && page.height > 0)) return std::nullopt;
+  return Anchor{
+      spot,
+      at,
+      {(spot.x + scroll.x - page.x) / page.width, (spot.y + scroll.y - page.y) / page.height}};
+}
+
+Spot anchored(const std::optional<Anchor>& anchor, Spot scroll, const StageLayout& layout,
               Extent stage) {
-  if (!after.scrolls) return {};
+  if (!layout.scrolls) return {};
   Spot to = scroll;
-  if (!before.panes.empty() && before.panes.size() == after.panes.size()) {
-    const std::size_t at = paneAt(before, anchor.x + scroll.x);
-    const Box& was = before.panes[at].page;
-    const Box& is = after.panes[at].page;
-    // A layout that was not shown yet has no size to keep a place in.
-    if (was.width > 0 && was.height > 0) {
-      to = {is.x + (anchor.x + scroll.x - was.x) / was.width * is.width - anchor.x,
-            is.y + (anchor.y + scroll.y - was.y) / was.height * is.height - anchor.y};
-    }
+  if (anchor && anchor->pane < layout.panes.size()) {
+    const Box& page = layout.panes[anchor->pane].page;
+    to = {page.x + anchor->place.x * page.width - anchor->spot.x,
+          page.y + anchor->place.y * page.height - anchor->spot.y};
   }
-  return {held(to.x, after.width, stage.width), held(to.y, after.height, stage.height)};
+  return {held(to.x, layout.width, stage.width), held(to.y, layout.height, stage.height)};
 }
 
 Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,

@@ -41,9 +41,17 @@ struct StagePane {
 // `alone`: the panes take turns, each with the whole stage to itself.
 StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, double zoom, bool alone);
 
-// How far the content must be scrolled after a change of layout, so that what lay under `anchor`,
-// a spot of the stage, lies there again as nearly as it can.
-Spot anchored(const StageLayout& before, Spot scroll, const StageLayout& after, Spot anchor,
+// A spot of the stage and what lies under it: a place on a pane's page, in fractions. While it is
+// zoomed about, it is the same place even where the content's end has held it back.
+struct Anchor {
+  Spot spot;
+  std::size_t pane = 0;
+  Spot place;
+};
+// None while nothing has been laid out.
+std::optional<Anchor> anchorAt(const StageLayout& layout, Spot scroll, Spot spot);
+// How far the content must be scrolled for the anchor to lie where it did, as nearly as it can.
+Spot anchored(const std::optional<Anchor>& anchor, Spot scroll, const StageLayout& layout,
               Extent stage);
 // How far to scroll to have this mark of a pane's page in sight: not at all when it is.
 Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,

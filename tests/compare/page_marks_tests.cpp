@@ -81,6 +81,7 @@ TEST_F(PageMarks, DrawEachRectangleOfAFinding) {
   detail.findings[0].boxes = {{0.1, 0.1, 0.1, 0.1}, {0.2, 0.2, 0.1}, {0.3, 0.3, 0.1, 0.1}};
   detail.findings[0].ref_box = {0.6, 0.6, 0.1, 0.1};
   EXPECT_EQ(findingsOn(std::nullopt), (Texts{"words", "words"}));
+  EXPECT_NE(on(std::nullopt).boxes[0].key, on(std::nullopt).boxes[1].key);
   ASSERT_EQ(on("submitted").boxes.size(), 1U);
   EXPECT_EQ(on("submitted").boxes[0].box.x, 0.6);
 }

@@ -159,7 +159,7 @@ TEST_P(Anchors, StayWhereTheyAre) {
   const auto after = stageLayout(kStage, square(2), each.to, false);
   const Spot scroll{(before.width - kStage.width) / 2, (before.height - kStage.height) / 2};
   const Spot anchor = seen(before, scroll, each.pane, each.fx, each.fy);
-  const Spot to = anchored(before, scroll, after, anchor, kStage);
+  const Spot to = anchored(anchorAt(before, scroll, anchor), scroll, after, kStage);
   const Spot now = seen(after, to, each.pane, each.fx, each.fy);
   EXPECT_NEAR(now.x, anchor.x, 1e-9);
   EXPECT_NEAR(now.y, anchor.y, 1e-9);
@@ -175,20 +175,32 @@ INSTANTIATE_TEST_SUITE_P(All, Anchors,
 TEST(Anchors, AreGivenUpAtTheEndsOfTheContent) {
   const auto before = stageLayout(kStage, square(2), 4, false);
   const auto after = stageLayout(kStage, square(2), 1.5, false);
-  const Spot to =
-      anchored(before, {before.width - 1'000, before.height - 700}, after, {10, 10}, kStage);
+  const Spot end{before.width - 1'000, before.height - 700};
+  const auto anchor = anchorAt(before, end, {990, 690});
+  const Spot to = anchored(anchor, end, after, kStage);
   EXPECT_LE(to.x, after.width - kStage.width);
   EXPECT_LE(to.y, after.height - kStage.height);
-  EXPECT_EQ(
-      anchored(before, {500, 500}, stageLayout(kStage, square(2), 1, false), {10, 10}, kStage),
-      Spot{});
+  EXPECT_EQ(anchored(anchor, end, stageLayout(kStage, square(2), 1, false), kStage), Spot{});
 }
 
-TEST(Anchors, HoldNothingAcrossAnotherNumberOfPanes) {
-  const auto before = stageLayout(kStage, square(2), 4, false);
-  const auto after = stageLayout(kStage, square(3), 4, false);
-  EXPECT_EQ(anchored(before, {200, 100}, after, {10, 10}, kStage), (Spot{200, 100}));
-  EXPECT_EQ(anchored(StageLayout{}, {}, after, {10, 10}, kStage), Spot{});
+TEST(Anchors, ComeBackAfterTheEndHasHeldThemBack) {
+  const auto fit = stageLayout(kStage, square(3), 1, false);
+  const auto some = stageLayout(kStage, square(3), 1.25, false);
+  const auto more = stageLayout(kStage, square(3), 4, false);
+  const auto anchor = anchorAt(fit, {}, {500, 200});
+  const Spot between = anchored(anchor, {}, some, kStage);
+  EXPECT_EQ(between.y, 0) << "all of it is in sight";
+  const Spot to = anchored(anchor, between, more, kStage);
+  EXPECT_NEAR(more.panes[1].page.y + anchor->place.y * more.panes[1].page.height - to.y, 200, 1e-9);
+}
+
+TEST(Anchors, HoldNothingWhereThereIsNothing) {
+  const auto two = stageLayout(kStage, square(2), 4, false);
+  EXPECT_FALSE(anchorAt(StageLayout{}, {}, {10, 10}));
+  EXPECT_EQ(anchored(std::nullopt, {200, 100}, two, kStage), (Spot{200, 100}));
+  auto anchor = anchorAt(stageLayout(kStage, square(3), 4, false), {3'000, 0}, {500, 10});
+  ASSERT_EQ(anchor->pane, 2U);
+  EXPECT_EQ(anchored(anchor, {200, 100}, two, kStage), (Spot{200, 100})) << "the pane has gone";
 }
 
 TEST(Reveal, LeavesAMarkInSightWhereItIs) {

@@ -35,8 +35,8 @@ class EveryView : public ViewTest {
                                 toQml(WordingView{"Supplier file", ""})};
     const Box quarter{0.25, 0.25, 0.25, 0.25};
     const QVariant boxMark =
-        toQml(BoxMarkView{"f1", quarter, "accent", true, true, "A word", "f1"});
-    const QVariant noteMark = toQml(NoteMarkView{1, quarter, true, "Renny: here", "Note 1"});
+        toQml(BoxMarkView{"f1 0", "f1", quarter, "accent", true, true, "A word", "f1"});
+    const QVariant noteMark = toQml(NoteMarkView{"n1", 1, quarter, true, "Renny: here", "Note 1"});
     const QVariant draftMark = toQml(DraftMarkView{true, quarter, true, "Note on this area"});
     const QVariant crop = toQml(CropView{.img = "supplier-0",
                                          .aspect = 0.75,

@@ -1,0 +1,295 @@
+// The canvas as it is worked: by mouse, wheel and key, and while polls come in.
+#include <QTest>
+#include <QWheelEvent>
+
+#include "views/sights.hpp"
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class CanvasViews : public ViewTest {
+ protected:
+  CanvasViews() {
+    serveTheDay();
+    store().prefs.showNotes.set(false);
+    showMain({1'400, 900});
+    settle();
+  }
+  QQuickItem* stage() {
+    for (QQuickItem* each : seen(window()->contentItem(), "QQuickFlickable")) {
+      if (each->property("pixelAligned").toBool()) return each;
+    }
+    return nullptr;
+  }
+  QPointF scroll() {
+    return {stage()->property("contentX").toDouble(), stage()->property("contentY").toDouble()};
+  }
+  // Zooms at once, as a hand does.
+  void zoomTo(double zoom) {
+    auto* compare = models()["compare"].value<CompareModel*>();
+    compare->endPinch();
+    compare->pinch(zoom / store().zoom());
+    settle();
+  }
+  QRectF page(const QString& key = "supplier-0") {
+    for (QQuickItem* each : seen(window()->contentItem(), "RemoteImage")) {
+      if (each->property("key").toString() == key)
+        return each->mapRectToScene(each->boundingRect());
+    }
+    return {};
+  }
+  QPoint on(double fx, double fy) {
+    const QRectF rect = page();
+    return QPointF{rect.x() + fx * rect.width(), rect.y() + fy * rect.height()}.toPoint();
+  }
+  void wheel(QPoint at, QPoint delta, Qt::KeyboardModifiers modifiers = {}) {
+    QWheelEvent event{at,        window()->mapToGlobal(at), {},   delta, Qt::NoButton,
+                      modifiers, Qt::NoScrollPhase,         false};
+    QCoreApplication::sendEvent(window(), &event);
+    settle();
+  }
+  QStringList panes() {
+    QStringList names;
+    for (const QString& name : reader().names(QAccessible::Grouping)) {
+      if (name.contains(" · p")) names.append(name);
+    }
+    return names;
+  }
+  bool has(const QString& name, QAccessible::Role role = QAccessible::Button) {
+    return reader().find(name, role) != nullptr;
+  }
+  static inline const QString kBox = "A word changed, Fix, Open, page 1";
+};
+
+TEST_F(CanvasViews, TakeTurnsAtTheirPace) {
+  ASSERT_TRUE(press("Blink", QAccessible::RadioButton));
+  EXPECT_EQ(panes(), QStringList{"Harrow Print file · p1"});
+  desk.time.advance(Milliseconds{700});
+  settle();
+  EXPECT_EQ(panes(), QStringList{"What we sent · p1"});
+  ASSERT_TRUE(press("Side by side", QAccessible::RadioButton));
+  EXPECT_EQ(panes().size(), 3);
+}
+
+TEST_F(CanvasViews, OfferTheOverlaysControlsWithItAlone) {
+  EXPECT_FALSE(has("Difference", QAccessible::CheckBox));
+  ASSERT_TRUE(press("Overlay", QAccessible::RadioButton));
+  EXPECT_TRUE(has("How much of ours shows through", QAccessible::Slider));
+  ASSERT_TRUE(press("Difference", QAccessible::CheckBox));
+  EXPECT_TRUE(reader().find("Difference", QAccessible::CheckBox)->state().checked);
+  ASSERT_TRUE(press("Blink", QAccessible::RadioButton));
+  EXPECT_FALSE(has("Difference", QAccessible::CheckBox));
+}
+
+TEST_F(CanvasViews, SelectAFindingByItsBoxAndShowItsSpot) {
+  ASSERT_TRUE(reader().find(kBox, QAccessible::Button));
+  ASSERT_TRUE(press(kBox));
+  EXPECT_EQ(store().focus(), "f1");
+  EXPECT_TRUE(reader().find(kBox, QAccessible::Button)->state().checked);
+  EXPECT_TRUE(has("Close (Esc)"));
+  EXPECT_TRUE(has("What we sent", QAccessible::StaticText)) << "the caption of a cut-out";
+  ASSERT_TRUE(press(kBox));
+  EXPECT_FALSE(store().focus());
+}
+
+TEST_F(CanvasViews, SelectAFindingByAClickAndByKey) {
+  QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.2, 0.15));
+  settle();
+  // Two lie in the same place: the later one is above.
+  EXPECT_EQ(store().focus(), "f2");
+  EXPECT_FALSE(store().draft()) << "the page under the box was not clicked";
+  QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.2, 0.15));
+  settle();
+  EXPECT_FALSE(store().focus());
+}
+
+TEST_F(CanvasViews, GiveEscapeToTheDraftBeforeTheLoupe) {
+  ASSERT_TRUE(press(kBox));
+  QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.8, 0.4));
+  settle();
+  ASSERT_TRUE(store().draft());
+  ASSERT_TRUE(store().focus());
+  QTest::keyClick(window(), Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(store().draft());
+  EXPECT_EQ(store().focus(), "f1");
+  QTest::keyClick(window(), Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(store().focus());
+}
+
+TEST_F(CanvasViews, CloseTheLoupeWithoutOtherKeysHeld) {
+  ASSERT_TRUE(press(kBox));
+  QTest::keyClick(window(), Qt::Key_Escape, Qt::ShiftModifier);
+  settle();
+  EXPECT_TRUE(store().focus());
+  ASSERT_TRUE(press("Close (Esc)"));
+  EXPECT_FALSE(store().focus());
+}
+
+TEST_F(CanvasViews, LetAPollComeInWhileANoteIsDrawn) {
+  QTest::mousePress(window(), Qt::LeftButton, {}, on(0.5, 0.5));
+  QTest::mouseMove(window(), on(0.6, 0.6));
+  FileDetail changed = lighthouse(2);
+  changed.findings.insert(changed.findings.begin(), findingOf("f0"));
+  store().details.set({{"t1", changed}});
+  settle();
+  QTest::mouseMove(window(), on(0.75, 0.75));
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, on(0.75, 0.75));
+  settle();
+  ASSERT_TRUE(store().draft());
+  EXPECT_NEAR(store().draft()->x, 0.5, 0.01);
+  EXPECT_NEAR(store().draft()->h, 0.25, 0.01);
+}
+
+TEST_F(CanvasViews, TellTheDraftAndDropItWhenItIsPressed) {
+  QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.8, 0.4));
+  settle();
+  ASSERT_TRUE(has("Note here, p1"));
+  ASSERT_TRUE(press("Note here, p1"));
+  EXPECT_FALSE(store().draft());
+}
+
+TEST_F(CanvasViews, BeginNotesOfOursOnAReference) {
+  const QRectF rect = page("submitted-0");
+  QTest::mouseClick(window(), Qt::LeftButton, {}, rect.center().toPoint());
+  settle();
+  ASSERT_TRUE(store().draft());
+  EXPECT_EQ(store().draft()->side, "ours");
+}
+
+TEST_F(CanvasViews, OpenThePanelForANote) {
+  FileDetail detail = lighthouse();
+  Note note;
+  note.id = "n1";
+  note.page = 0;
+  note.x = 0.5;
+  note.y = 0.5;
+  note.text = "Too dark";
+  note.by = "jorvas@tessarine.example";
+  detail.comments = {note};
+  store().details.set({{"t1", detail}});
+  settle();
+  ASSERT_TRUE(press("Note 1, Jorvas Lind: Too dark, page 1"));
+  EXPECT_TRUE(store().prefs.showNotes());
+}
+
+TEST_F(CanvasViews, ZoomAboutThePointerByControlAndWheel) {
+  const QPoint spot = on(0.75, 0.5);
+  for (int i = 0; i < 4; ++i) wheel(spot, {0, 120}, Qt::ControlModifier);
+  EXPECT_NEAR(store().zoom(), 2.44, 0.01);
+  EXPECT_NEAR(on(0.75, 0.5).x(), spot.x(), 3);
+  EXPECT_NEAR(on(0.75, 0.5).y(), spot.y(), 3);
+  for (int i = 0; i < 9; ++i) wheel(spot, {0, -120}, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1);
+  EXPECT_EQ(scroll(), QPointF(0, 0));
+}
+
+TEST_F(CanvasViews, ScrollOnlyWhenZoomed) {
+  EXPECT_FALSE(stage()->property("interactive").toBool());
+  zoomTo(3);
+  EXPECT_TRUE(stage()->property("interactive").toBool());
+  const QPointF before = scroll();
+  wheel(on(0.5, 0.5), {0, -120}, Qt::ShiftModifier);
+  EXPECT_GT(scroll().x(), before.x());
+  EXPECT_EQ(scroll().y(), before.y());
+}
+
+TEST_F(CanvasViews, PanByKeysWithinTheirContent) {
+  zoomTo(3);
+  QMetaObject::invokeMethod(stage(), "forceActiveFocus");
+  QTest::keyClick(window(), Qt::Key_Home);
+  EXPECT_EQ(scroll(), QPointF(0, 0));
+  QTest::keyClick(window(), Qt::Key_Right);
+  QTest::keyClick(window(), Qt::Key_Down);
+  EXPECT_EQ(scroll(), QPointF(48, 48));
+  QTest::keyClick(window(), Qt::Key_Left);
+  QTest::keyClick(window(), Qt::Key_Left);
+  QTest::keyClick(window(), Qt::Key_Up);
+  EXPECT_EQ(scroll(), QPointF(0, 0));
+  QTest::keyClick(window(), Qt::Key_End);
+  EXPECT_NEAR(scroll().x(), stage()->property("contentWidth").toDouble() - stage()->width(), 1);
+  EXPECT_NEAR(scroll().y(), stage()->property("contentHeight").toDouble() - stage()->height(), 1);
+  QTest::keyClick(window(), Qt::Key_PageUp);
+  EXPECT_LT(scroll().y(), stage()->property("contentHeight").toDouble() - 1.5 * stage()->height());
+}
+
+TEST_F(CanvasViews, PanByTheMiddleButtonWhereTheLeftOneDraws) {
+  zoomTo(3);
+  const QPointF before = scroll();
+  const QPoint from{700, 400};
+  QTest::mousePress(window(), Qt::MiddleButton, {}, from);
+  QTest::mouseMove(window(), from - QPoint{30, 20});
+  QTest::mouseRelease(window(), Qt::MiddleButton, {}, from - QPoint{30, 20});
+  settle();
+  EXPECT_EQ(scroll(), before + QPointF(30, 20));
+  EXPECT_FALSE(store().draft());
+}
+
+TEST_F(CanvasViews, BringASelectedFindingInSight) {
+  zoomTo(4);
+  QMetaObject::invokeMethod(stage(), "forceActiveFocus");
+  QTest::keyClick(window(), Qt::Key_End);
+  store().focus.set("f1");
+  const bool came = QTest::qWaitFor([this] {
+    settle();
+    const QRectF rect = page();
+    const QPointF box{rect.x() + 0.2 * rect.width(), rect.y() + 0.15 * rect.height()};
+    return stage()->mapRectToScene(stage()->boundingRect()).contains(box);
+  });
+  EXPECT_TRUE(came);
+}
+
+TEST_F(CanvasViews, KeepTheirPlaceAcrossAPageStep) {
+  zoomTo(3);
+  const QPointF before = scroll();
+  ASSERT_TRUE(press("Next page"));
+  EXPECT_EQ(scroll(), before);
+}
+
+TEST_F(CanvasViews, KeepTheFocusOfABoxAcrossAPoll) {
+  QQuickItem* box = seen(window()->contentItem(), "BoxMark").constFirst();
+  box->forceActiveFocus();
+  FileDetail changed = lighthouse(2);
+  changed.findings.push_back(findingOf("f9"));
+  changed.findings.insert(changed.findings.begin(), findingOf("f0"));
+  store().details.set({{"t1", changed}});
+  settle();
+  EXPECT_TRUE(box->hasActiveFocus());
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  EXPECT_EQ(store().focus(), "f1");
+}
+
+TEST_F(CanvasViews, SayThereAreNoPagesAndKeepTheBar) {
+  FileDetail detail = lighthouse();
+  detail.file.pages = std::vector<Page>{};
+  detail.findings.clear();
+  store().details.set({{"t1", detail}});
+  settle();
+  EXPECT_TRUE(has("No pages in this file.", QAccessible::StaticText));
+  EXPECT_TRUE(has("Blink", QAccessible::RadioButton));
+  EXPECT_EQ(reader().enabled("Next page"), 0);
+  for (const char* mode : {"Overlay", "Blink", "Side by side"}) {
+    ASSERT_TRUE(press(mode, QAccessible::RadioButton));
+  }
+  zoomTo(4);
+}
+
+TEST_F(CanvasViews, StandWhateverTheShapesOfTheirPages) {
+  for (const double width : {0.0, 15.0, 6'000.0, -300.0}) {
+    FileDetail detail = lighthouse();
+    for (auto& each : *detail.file.pages) each.px = {width, 300};
+    detail.findings[0].box = {0.5, 0.5, 900, -3};
+    detail.findings[1].boxes = {{0.1}, {}, {1e300, -1e300, 1e300, 1e300}};
+    store().details.set({{"t1", detail}});
+    settle();
+    zoomTo(4);
+    zoomTo(1);
+    EXPECT_EQ(panes().size(), 3) << width;
+  }
+}
+
+}  // namespace
+}  // namespace vellix
