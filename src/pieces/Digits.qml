@@ -12,6 +12,9 @@ Item {
     property int weight: Font.Normal
     property color color: Theme.text
 
+    // Runs between digits stay whole, so that words keep their kerning.
+    readonly property var runs: text.match(/\d|\D+/g) || []
+
     implicitWidth: text === "" ? 0 : cells.implicitWidth
     implicitHeight: zero.implicitHeight
     baselineOffset: zero.baselineOffset
@@ -33,12 +36,13 @@ Item {
         id: cells
 
         Repeater {
-            // Runs between digits stay whole, so that words keep their kerning.
-            model: digits.text.match(/\d|\D+/g) || []
+            // By number: another text keeps the cells, of which few change.
+            model: digits.runs.length
 
             Label {
-                required property string modelData
-                readonly property bool digit: modelData >= "0" && modelData <= "9"
+                required property int index
+                readonly property string run: digits.runs[index] ?? ""
+                readonly property bool digit: run >= "0" && run <= "9"
 
                 width: digit ? zero.implicitWidth : implicitWidth
                 horizontalAlignment: Text.AlignHCenter
@@ -46,7 +50,7 @@ Item {
                 size: digits.size
                 weight: digits.weight
                 color: digits.color
-                text: modelData
+                text: run
                 Accessible.ignored: true
             }
         }

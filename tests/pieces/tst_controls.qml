@@ -309,6 +309,21 @@ Item {
             compare(digits.implicitWidth, 0);
         }
 
+        function test_digitsKeepTheirCells() {
+            const cells = () => Array.from(digits.children[1].children).filter(cell => cell.digit !== undefined);
+            digits.text = "p12 · 1 of 88";
+            const before = cells();
+            compare(before.map(cell => cell.text).join(""), digits.text);
+            digits.text = "p13 · 2 of 88";
+            const after = cells();
+            compare(after.map(cell => cell.text).join(""), digits.text);
+            compare(after.length, before.length);
+            verify(after.every((cell, i) => cell === before[i]));
+            digits.text = "9";
+            tryCompare(digits.children[1], "implicitWidth", digits.implicitWidth);
+            compare(cells()[0].text, "9");
+        }
+
         // The arc of a spinner, which lies over its ring.
         function arcOf(item) {
             return item.children[item.children.length - 1];
