@@ -3,12 +3,14 @@
 namespace vellix {
 
 Pixels Pictures::atHand(const QString& key, const PictureRoom& room) {
+  pixels_.notePage(room);
   const PictureHandle picture = images_.cached(key.toStdString());
   return picture ? pixels_.cachedPixels(*picture, room) : Pixels{};
 }
 
 void Pictures::bring(const QString& key, const PictureRoom& room, QObject* context,
                      std::function<void(Pixels)> done) {
+  pixels_.notePage(room);
   tasks_.start(load(key.toStdString(), room, context, std::move(done)));
 }
 

@@ -53,6 +53,7 @@ class PicturesTest : public testing::Test {
     EXPECT_TRUE(settles([&] { return answers.size() > before; }));
     return answers.empty() ? QImage{} : answers.back();
   }
+  static Task<> bringing(Task<PictureHandle> fetching) { co_await std::move(fetching); }
   std::size_t requests() { return desk.http.count(kLine); }
   QByteArray onDisk() {
     QFile file(folder.filePath("a"));
@@ -68,6 +69,19 @@ TEST_F(PicturesTest, AreBroughtOverTheNetworkOnceAndThenAtHand) {
   EXPECT_EQ(pictures->atHand("a", kWhole).image.cacheKey(), image.cacheKey());
   EXPECT_EQ(brought().cacheKey(), image.cacheKey());
   EXPECT_EQ(requests(), 1U);
+}
+
+// Those of the first page too, and of the pages beside it.
+TEST_F(PicturesTest, ThatComeAreMadeForTheRoomThatWaitsForThem) {
+  serve(whole);
+  const PictureRoom room({90, 45}, false, {90, 90});
+  EXPECT_TRUE(pictures->atHand("a", room).isNull());
+  auto fetching = images.image("a");
+  TaskScope scope;
+  scope.start(bringing(std::move(fetching)));
+  ASSERT_TRUE(settles([this] { return images.heldInMemory() == 1; }));
+  EXPECT_TRUE(isExact(pictures->atHand("a", room), room));
+  EXPECT_EQ(pixels.bytesHeld(), 4 * 90 * 45);
 }
 
 TEST_F(PicturesTest, ComeFromTheDiskWithoutARequest) {

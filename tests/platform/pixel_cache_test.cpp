@@ -88,7 +88,7 @@ TEST_F(PixelCacheTest, EqualPicturesHaveEqualPixels) {
     for (const QSize before : {QSize(800, 600), QSize(300, 300)})
       request(cache, pictures[0], before);
     request(cache, pictures[1], QSize(100, 100));
-    request(cache, handle("page"), {{333, 250}, false, {333, 333}});
+    cache.notePage({{333, 250}, false, {333, 333}});
     await(QtPictureDecoder(cache).decode(*pictures[2]));
     for (const QSize shown : {QSize(333, 250), QSize(500, 375), QSize(140, 105), QSize(800, 600)}) {
       const QImage image = request(cache, pictures[0], shown);
@@ -230,9 +230,8 @@ TEST_F(PixelCacheTest, APageDecodedAheadIsExactInTheRoomThatPagesAreShownIn) {
   QtPictureDecoder decoder(cache);
   const QSizeF room(902.4, 1203.5);
   const auto shownAt = [&room](QSize whole) { return roomOnPage(whole, room); };
-  request(cache, handle("open", 2000, 3000), shownAt({2000, 3000}));
-  // A thumbnail says nothing about pages.
-  request(cache, handle("thumb", 2000, 3000), QSize(100, 150));
+  cache.notePage(shownAt({2000, 3000}));
+  cache.notePage(QSize(100, 150));  // a thumbnail says nothing about pages
 
   for (const QSize whole :
        {QSize(2000, 3000), QSize(2008, 3012), QSize(3000, 2000), QSize(60, 90), QSize(100, 2000)}) {
@@ -247,10 +246,9 @@ TEST_F(PixelCacheTest, APageDecodedAheadIsExactInTheRoomThatPagesAreShownIn) {
 TEST_F(PixelCacheTest, APageDecodedAheadTakesNoMoreThanItShows) {
   PixelCache cache;
   QtPictureDecoder decoder(cache);
-  request(cache, handle("open"), {{300, 150}, false, {300, 300}});
-  const auto before = cache.bytesHeld();
+  cache.notePage({{300, 150}, false, {300, 300}});
   await(decoder.decode(*handle("next")));
-  EXPECT_EQ(cache.bytesHeld() - before, 4 * 300 * 150);
+  EXPECT_EQ(cache.bytesHeld(), 4 * 300 * 150);
 }
 
 TEST_F(PixelCacheTest, ItsEndDropsWhatIsUnderWay) {

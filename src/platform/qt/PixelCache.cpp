@@ -34,7 +34,6 @@ PixelCache::~PixelCache() {
 }
 
 Pixels PixelCache::cachedPixels(const Picture& picture, const PictureRoom& room) {
-  notePage(room);
   const QSize whole = wholeOf(picture);
   if (QImage exact = find(keyOf(picture, exactSize(whole, room))); !exact.isNull()) {
     return {std::move(exact), whole};
@@ -54,7 +53,6 @@ Pixels PixelCache::cachedPixels(const Picture& picture, const PictureRoom& room)
 
 void PixelCache::requestPixels(const PictureHandle& picture, const PictureRoom& room,
                                QObject* context, Done done) {
-  notePage(room);
   const QSize whole = wholeOf(*picture);
   const QSize exact = exactSize(whole, room);
   Waiter waiter{std::move(done), true, context};

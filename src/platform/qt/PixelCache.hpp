@@ -32,6 +32,10 @@ class PixelCache {
   PixelCache(const PixelCache&) = delete;
   PixelCache& operator=(const PixelCache&) = delete;
 
+  // A page is to be shown in this room, also when nothing of its picture is here yet: those that
+  // come are made for it. Says nothing of what is no page.
+  void notePage(const PictureRoom& room);
+
   // The best there is at hand: the exact pixels, else the fewest that are enough, else the most;
   // null when there are none. Never decodes.
   Pixels cachedPixels(const Picture& picture, const PictureRoom& room);
@@ -74,7 +78,6 @@ class PixelCache {
   static Key keyOf(const Picture& picture, QSize size);
   QImage find(const Key& key);
   void keep(const Key& key, const QImage& image);
-  void notePage(const PictureRoom& room);
   void request(const Job& job, Waiter waiter);
   void start(const Job& job, std::function<void(Made)> done);
   void later(std::function<void()> work);
