@@ -146,15 +146,15 @@ class Walk {
   int placeholders_ = 0;
 };
 
-// A bare window of the same size, with a picture in the same place.
+// A bare window of the same size, with a picture in the same place, pixel on pixel.
 class BareSwap {
  public:
-  BareSwap(QQuickWindow* like, QRectF place) {
+  BareSwap(QQuickWindow* like, QRectF place, QSize pixels) {
     window_.resize(like->size());
     window_.setColor(like->color());
     item_ = new SwapItem(window_.contentItem());
-    item_->setPosition(place.topLeft());
-    item_->setSize(place.size());
+    item_->setPosition(place.topLeft().toPoint());
+    item_->setSize(QSizeF(pixels) / like->effectiveDevicePixelRatio());
     window_.show();
   }
 
@@ -237,7 +237,7 @@ int pagesChild(int argc, char** argv) {
     return 1;
   }
   const QSize pixels = walk.watched().pixels();
-  BareSwap bare(walk.desk().window(), walk.place());
+  BareSwap bare(walk.desk().window(), walk.place(), pixels);
   measureSwaps(walk, bare, pixels);
   measureFromDisk(walk, bare, pixels);
   if (walk.placeholders() > 0) tellFault("a page step showed a placeholder");
