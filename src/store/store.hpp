@@ -147,6 +147,10 @@ class Store {
   void requestSync();
   void requestReport(std::vector<std::string> fileIDs);
   void stopJob(const Job& job);
+  // How long a report usually takes, in seconds, by those on the board.
+  double typicalReportSeconds() const;
+  // When a report that waits or is being made will be there, in words.
+  std::string reportEstimate(const Job& job, Moment now) const;
 
  private:
   Task<> runLoop(std::stop_token stop);
