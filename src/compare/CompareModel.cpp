@@ -50,7 +50,6 @@ void CompareModel::update() {
 
   const FileDetail* detail = store_.currentDetail();
   updateCanvas(detail);
-  if (replaced(header_, file ? fileHeader(*file) : FileHeaderView{})) emit headerChanged();
   if (loaded_ != (detail != nullptr)) {
     loaded_ = detail != nullptr;
     emit loadedChanged();
@@ -186,7 +185,8 @@ void CompareModel::openNotes() {
 void CompareModel::layNotes(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
   width_ = width;
-  store_.notesFloat = notesFloat(width);
+  const bool floats = notesFloat(width);
+  if (store_.notesFloat != floats) store_.notesFloat = floats;
   updateNotes();
 }
 

@@ -11,7 +11,6 @@
 #include "bridge/RowsModel.hpp"
 #include "compare/blink.hpp"
 #include "compare/canvas_view.hpp"
-#include "compare/file_header.hpp"
 
 namespace vellix {
 
@@ -19,7 +18,6 @@ class CompareModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap header READ header NOTIFY headerChanged)
   Q_PROPERTY(bool loaded READ loaded NOTIFY loadedChanged)  // its detail is here
   Q_PROPERTY(QVariantMap bar READ bar NOTIFY barChanged)
   Q_PROPERTY(QVariantMap notes READ notes NOTIFY notesChanged)
@@ -35,7 +33,6 @@ class CompareModel : public QObject {
   // The Store and the loop must outlive the model.
   CompareModel(Store& store, MainLoop& loop);
 
-  QVariantMap header() const { return header_; }
   bool loaded() const { return loaded_; }
   QVariantMap bar() const { return bar_; }
   QVariantMap notes() const { return notes_; }
@@ -82,7 +79,6 @@ class CompareModel : public QObject {
   Q_INVOKABLE static QSizeF cropPlace(double width, int crops);
 
  signals:
-  void headerChanged();
   void loadedChanged();
   void barChanged();
   void glidesChanged();
@@ -112,7 +108,6 @@ class CompareModel : public QObject {
   StageLayout layout_;
   std::optional<Anchor> anchor_;  // what is zoomed about
   Spot scroll_;                   // where that has brought the content
-  QVariantMap header_ = toQml(FileHeaderView{}).toMap();
   QVariantMap bar_ = toQml(CanvasBarView{}).toMap();
   QVariantMap notes_ = toQml(NotesPanelView{}).toMap();
   QVariantMap loupe_ = toQml(LoupeView{}).toMap();

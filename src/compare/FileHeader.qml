@@ -1,39 +1,51 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
+import Vellix.Compare
 import Vellix.Pieces
 
-// Which ticket this is. `header` is a FileHeaderView.
-Column {
+// Which ticket this is, what is known of it, where it lies and what can be done with it. The actions
+// stand at the right of the title where there is room, else below all the rest.
+Item {
     id: head
 
-    required property var header
+    required property FileModel file
 
-    topPadding: Theme.gap12
-    bottomPadding: Theme.gap12
-    leftPadding: Theme.gap24
-    rightPadding: Theme.gap24
-    spacing: Theme.gap4
+    readonly property var header: file.header
+    readonly property real inner: width - 2 * Theme.gap24
+    readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
+                                 + actions.wanted <= inner
 
-    Flow {
-        width: parent.width - parent.leftPadding - parent.rightPadding
+    implicitHeight: (wide ? Math.max(words.height, actions.height)
+                          : words.height + Theme.gap12 + actions.height) + 2 * Theme.gap12
+
+    Column {
+        id: words
+
+        x: Theme.gap24
+        y: Theme.gap12
+        width: head.wide ? head.inner - actions.width - Theme.gap24 : head.inner
         spacing: Theme.gap8
 
-        Label {
-            width: Math.min(implicitWidth, parent.width)
-            size: Theme.title
-            weight: Font.Bold
-            tellsWhole: true
-            text: head.header.heading
-            Accessible.role: Accessible.Heading
-        }
+        FlowRow {
+            width: parent.width
+            height: implicitHeight
+            spacing: Theme.gap8
 
-        Item {
-            width: pills.implicitWidth
-            height: 25
+            Label {
+                id: name
+
+                width: Math.min(implicitWidth, words.width)
+                size: Theme.title
+                weight: Font.Bold
+                tellsWhole: true
+                text: head.header.heading
+                Accessible.role: Accessible.Heading
+            }
 
             Row {
                 id: pills
 
-                anchors.verticalCenter: parent.verticalCenter
                 spacing: Theme.gap8
 
                 StatusPill {
@@ -47,15 +59,66 @@ Column {
                 }
             }
         }
+
+        Label {
+            visible: text !== ""
+            width: parent.width
+            wrapMode: Text.Wrap
+            size: Theme.row
+            color: Theme.muted
+            text: head.header.summary
+        }
+
+        FlowRow {
+            visible: facts.count > 0
+            width: parent.width
+            height: implicitHeight
+            spacing: Theme.gap24
+
+            Repeater {
+                id: facts
+
+                model: head.header.facts
+
+                FactTile {
+                    required property var modelData
+
+                    label: modelData.label
+                    value: modelData.value
+                    widest: words.width
+                }
+            }
+        }
+
+        FlowRow {
+            visible: links.count > 0
+            width: parent.width
+            height: implicitHeight
+            spacing: Theme.gap8
+
+            Repeater {
+                id: links
+
+                model: head.header.links
+
+                LinkPill {
+                    required property var modelData
+
+                    title: modelData.label
+                    icon: modelData.icon
+                    url: modelData.url
+                }
+            }
+        }
     }
 
-    Label {
-        visible: text !== ""
-        width: parent.width - parent.leftPadding - parent.rightPadding
-        wrapMode: Text.Wrap
-        maximumLineCount: 3
-        size: Theme.row
-        color: Theme.muted
-        text: head.header.summary
+    ReviewActions {
+        id: actions
+
+        x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
+        y: head.wide ? Theme.gap12 : words.y + words.height + Theme.gap12
+        width: head.wide ? wanted : head.inner
+        leading: !head.wide
+        file: head.file
     }
 }

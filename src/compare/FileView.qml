@@ -4,10 +4,12 @@ import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// One ticket: its header, the canvas, and the panel beside it or, where it is narrow, over it.
+// One ticket: its header, the strip of its pages, the canvas, and the panel beside it or, where it is
+// narrow, over it.
 Item {
-    id: file
+    id: ticket
 
+    required property FileModel file
     required property CompareModel compare
     required property PictureSource pictures
     // What stands in the panel.
@@ -15,21 +17,52 @@ Item {
 
     readonly property var notes: compare.notes
     readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
+    // What is there from the start comes without a show; from then on it is seen to move.
+    property bool settled: false
 
-    onWidthChanged: compare.layNotes(width)
-    Component.onCompleted: compare.layNotes(width)
+    function lay() {
+        compare.layNotes(width);
+        file.layStrip(width);
+    }
 
-    FileHeader {
-        id: header
+    onWidthChanged: lay()
+    Component.onCompleted: lay()
+
+    Timer {
+        running: ticket.compare.loaded && !ticket.settled
+        interval: 50
+        onTriggered: ticket.settled = true
+    }
+
+    Flickable {
+        id: top
+
+        // A low window keeps most of its room for the page.
+        readonly property real highest: Math.max(96, ticket.height * 0.45)
 
         width: parent.width
-        header: file.compare.header
+        height: Math.min(header.implicitHeight, highest)
+        clip: true
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+        contentHeight: header.implicitHeight
+
+        FileHeader {
+            id: header
+
+            width: top.width
+            file: ticket.file
+        }
+    }
+
+    ScrollBar {
+        view: top
     }
 
     Hairline {
         id: rule
 
-        anchors.top: header.bottom
+        anchors.top: top.bottom
         width: parent.width
     }
 
@@ -40,21 +73,55 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
 
+        Item {
+            id: strip
+
+            height: parent.height
+            width: ticket.file.showsStrip ? pages.width : 0
+            clip: true
+
+            Behavior on width {
+                enabled: ticket.settled
+                Glide {}
+            }
+
+            Loader {
+                id: pages
+
+                active: ticket.file.showsStrip || strip.width > 0
+                anchors.right: parent.right
+                width: 92
+                height: parent.height
+
+                sourceComponent: PageStrip {
+                    file: ticket.file
+                    pictures: ticket.pictures
+                }
+            }
+
+            Hairline {
+                anchors.right: parent.right
+                vertical: true
+                height: parent.height
+            }
+        }
+
         Loader {
             id: canvas
 
-            anchors.fill: parent
-            anchors.rightMargin: dock.width
-            active: file.compare.loaded
+            anchors.left: strip.right
+            anchors.right: dock.left
+            height: parent.height
+            active: ticket.compare.loaded
 
             sourceComponent: CompareCanvas {
-                compare: file.compare
-                pictures: file.pictures
+                compare: ticket.compare
+                pictures: ticket.pictures
             }
         }
 
         Rectangle {
-            visible: !file.compare.loaded
+            visible: !ticket.compare.loaded
             anchors.fill: parent
             color: Theme.canvas
 
@@ -67,22 +134,23 @@ Item {
         Item {
             id: dock
 
-            readonly property bool open: file.notes.open && !file.notes.floats
+            readonly property bool open: ticket.notes.open && !ticket.notes.floats
 
             anchors.right: parent.right
             height: parent.height
-            width: open ? file.notes.width : 0
+            width: open ? ticket.notes.width : 0
             clip: true
 
             Behavior on width {
+                enabled: ticket.settled
                 Glide {}
             }
 
             Loader {
-                active: dock.width > 0 && file.compare.loaded
-                width: file.notes.width
+                active: dock.width > 0 && ticket.compare.loaded
+                width: ticket.notes.width
                 height: parent.height
-                sourceComponent: file.panel
+                sourceComponent: ticket.panel
             }
 
             Hairline {
@@ -92,12 +160,22 @@ Item {
         }
 
         Loader {
-            active: file.notes.open && file.notes.floats && file.compare.loaded
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.gap16
+            id: floating
+
+            // How far it has come in from the trailing edge.
+            property real part: ticket.notes.open && ticket.notes.floats ? 1 : 0
+
+            active: part > 0 && ticket.compare.loaded
+            x: parent.width - part * (width + Theme.gap16)
             y: Theme.gap16
-            height: parent.height - file.barHeight - 2 * Theme.gap16
-            width: file.notes.width
+            height: parent.height - ticket.barHeight - 2 * Theme.gap16
+            width: ticket.notes.width
+            opacity: part
+
+            Behavior on part {
+                enabled: ticket.settled
+                Glide {}
+            }
 
             sourceComponent: Rectangle {
                 radius: Theme.radiusCard
@@ -113,7 +191,7 @@ Item {
                 Loader {
                     anchors.fill: parent
                     anchors.margins: 4
-                    sourceComponent: file.panel
+                    sourceComponent: ticket.panel
                 }
             }
         }

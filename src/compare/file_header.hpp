@@ -1,13 +1,30 @@
-// What stands over the canvas: which ticket this is.
+// What stands over the canvas: which ticket this is, what is known of it and where it lies.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "pieces/vocabulary.hpp"
-#include "records/records.hpp"
+#include "platform/ports/calendar.hpp"
+#include "store/store.hpp"
 
 namespace vellix {
+
+struct FactView {
+  std::string label;
+  std::string value;
+  bool operator==(const FactView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(FactView, (), (label, value))
+
+// A web or mail address under a name.
+struct LinkView {
+  std::string label;
+  std::string icon;
+  std::string url;
+  bool operator==(const LinkView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(LinkView, (), (label, icon, url))
 
 struct FileHeaderView {
   std::string id;
@@ -15,16 +32,14 @@ struct FileHeaderView {
   PillView status;
   PillView track;
   std::string summary;
+  std::vector<FactView> facts;
+  std::vector<LinkView> links;
   bool operator==(const FileHeaderView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (id, heading, status, track, summary))
+BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (id, heading, status, track, summary, facts, links))
 
-inline FileHeaderView fileHeader(const FileItem& file) {
-  return {.id = file.id,
-          .heading = file.heading(),
-          .status = statusPill(file.status),
-          .track = trackPill(file.track == "reprint"),
-          .summary = file.summary.value_or("")};
-}
+// `detail` is null until it is here; the ticket alone does until then.
+FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDetail* detail,
+                          Moment now, const Calendar& calendar);
 
 }  // namespace vellix

@@ -141,6 +141,12 @@ bool isWebUrl(std::string_view text) {
          (isIpv6(authority.host) || isHostName(authority.host)) && isPort(authority.port);
 }
 
+bool isLinkTarget(std::string_view text) {
+  const auto colon = text.find(':');
+  const bool mail = colon != std::string_view::npos && lower(text.substr(0, colon)) == "mailto";
+  return mail ? isCleanUrl(text) && colon + 1 < text.size() : isWebUrl(text);
+}
+
 std::string appendPath(std::string base, std::string_view path) {
   if (const auto tail = base.find_first_of("?#"); tail != std::string::npos) base.resize(tail);
   while (base.ends_with('/')) base.pop_back();

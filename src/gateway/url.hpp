@@ -19,6 +19,8 @@ std::string percentDecode(std::string_view text);
 
 // True for an absolute http or https URL that can be called: its host, port and escapes are sound.
 bool isWebUrl(std::string_view text);
+// True for what a link may lead to: a web URL, or a mail address with its scheme.
+bool isLinkTarget(std::string_view text);
 
 // The base with the path put behind it, one slash between; the path may have several components.
 std::string appendPath(std::string base, std::string_view path);

@@ -14,6 +14,7 @@ Window {
     required property CommandsModel commands
     required property SettingsModel settings
     required property BoardModel board
+    required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
     required property PictureSource pictures
@@ -52,6 +53,7 @@ Window {
         root: window.root
         signIn: window.signIn
         board: window.board
+        file: window.file
         compare: window.compare
         inspector: window.inspector
         pictures: window.pictures

@@ -6,6 +6,7 @@
 
 #include "board/BoardModel.hpp"
 #include "compare/CompareModel.hpp"
+#include "compare/FileModel.hpp"
 #include "compare/Pictures.hpp"
 #include "inspector/InspectorModel.hpp"
 #include "platform/linux/LauncherBadge.hpp"
@@ -71,6 +72,7 @@ class Program {
   Stage stage_{arguments_, store_, images_, decoder_, loop_};
   Pictures pictures_{images_, pixels_};
   BoardModel board_;
+  FileModel file_;
   CompareModel compare_;
   InspectorModel inspector_;
   SignInModel signInScreen_;

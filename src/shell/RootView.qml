@@ -15,6 +15,7 @@ FocusScope {
     required property RootModel root
     required property SignInModel signIn
     required property BoardModel board
+    required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
     required property PictureSource pictures
@@ -95,6 +96,7 @@ FocusScope {
 
                     FileView {
                         anchors.fill: parent
+                        file: view.file
                         compare: view.compare
                         pictures: view.pictures
                         panel: inspectorPanel
@@ -104,7 +106,7 @@ FocusScope {
                 Loader {
                     anchors.fill: parent
                     active: view.openFile === ""
-                    sourceComponent: plainView
+                    sourceComponent: view.shown.content === "multi" ? multiView : plainView
                 }
             }
         }
@@ -115,6 +117,14 @@ FocusScope {
 
         Inspector {
             inspector: view.inspector
+        }
+    }
+
+    Component {
+        id: multiView
+
+        MultiView {
+            file: view.file
         }
     }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "compare/report_area.hpp"
+
 namespace vellix {
 namespace {
 
@@ -14,7 +16,6 @@ void nothing(Store&) {}  // the window's own business
 void signOut(Store& store) { store.signOut(false); }
 void sync(Store& store) { store.requestSync(); }
 void refresh(Store& store) { store.requestRefresh(); }
-void makeReport(Store& store) { store.requestReport({store.currentFile()->id}); }
 void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
 void zoomOut(Store& store) { store.stepZoom(Store::kZoomOut); }
 void fitPage(Store& store) { store.fitZoom(); }

@@ -8,12 +8,6 @@ RootViewValue rootView(const Store& store) {
   view.problem = store.problem().value_or("");
   if (store.selection().size() >= 2) {
     view.content = "multi";
-    view.headline = std::to_string(store.selection().size()) + " files";
-    static const std::vector<FileItem> kNone;
-    for (const auto& file : store.board() ? store.board()->files : kNone) {
-      if (!store.selection().contains(file.id)) continue;
-      view.line += (view.line.empty() ? "" : " · ") + file.heading();
-    }
   } else if (const FileItem* file = store.currentFile()) {
     view.content = "file";
     view.file = file->id;

@@ -1,6 +1,8 @@
 // What the board tells of people.
 #pragma once
 
+#include <string>
+
 #include "platform/ports/moment.hpp"
 #include "records/records.hpp"
 #include "store/store.hpp"

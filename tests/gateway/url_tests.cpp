@@ -109,6 +109,18 @@ TEST(LongHosts, AreNoWebUrls) {
   EXPECT_FALSE(isWebUrl(many));
 }
 
+TEST(LinkTargets, AreWebUrlsAndMailAddresses) {
+  for (const auto& [text, isOne] :
+       {WebCase{"https://a.example/x", true}, WebCase{"HTTP://a.example", true},
+        WebCase{"mailto:proofs@a.example", true}, WebCase{"MailTo:a@b?subject=x", true},
+        WebCase{"mailto:", false}, WebCase{"mailto:a b", false}, WebCase{"mailto", false},
+        WebCase{"", false}, WebCase{"proofs@a.example", false}, WebCase{"file:///etc", false},
+        WebCase{"sorel://signed-in?code=1", false}, WebCase{"javascript:alert(1)", false},
+        WebCase{"https://", false}}) {
+    EXPECT_EQ(isLinkTarget(text), isOne) << text;
+  }
+}
+
 struct PathCase {
   const char* base;
   const char* path;

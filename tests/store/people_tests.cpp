@@ -1,7 +1,7 @@
 // Who is here.
 #include "store/people.hpp"
 
-#include <gtest/gtest.h>
+#include "store/store_test.hpp"
 
 namespace vellix {
 namespace {
@@ -32,6 +32,19 @@ INSTANTIATE_TEST_SUITE_P(All, Presences,
 
 TEST(Presence, IsNotTakenFromTheBeginningOfTime) {
   EXPECT_FALSE(isHere({.email = "a@b.c", .name = "A"}, momentOf(720'000)));
+}
+
+class PersonNames : public StoreTest {};
+
+TEST_F(PersonNames, AreThoseOfTheBoardsUsers) {
+  EXPECT_EQ(personName(store(), "a@b.c"), "a@b.c") << "no board yet";
+  BoardState board = boardOf({});
+  board.users = {{.email = "a@b.c", .name = "Ada Lind"}, {.email = "a@b.c", .name = "Another"}};
+  board.guests = std::vector<Guest>{{"g@b.c", "A Guest"}};
+  store().board.set(board);
+  EXPECT_EQ(personName(store(), "a@b.c"), "Ada Lind");
+  EXPECT_EQ(personName(store(), "A@b.c"), "A@b.c");
+  EXPECT_EQ(personName(store(), "g@b.c"), "g@b.c");
 }
 
 }  // namespace

@@ -83,19 +83,14 @@ TEST_F(CompareModels, NeedNoAnswerTwice) {
   EXPECT_EQ(detailRequests("t1"), 1U);
 }
 
-TEST_F(CompareModels, ShowTheHeaderAheadOfTheDetail) {
-  const QSignalSpy headers{&model(), &CompareModel::headerChanged};
+TEST_F(CompareModels, TellWhenTheDetailIsHere) {
   const QSignalSpy loads{&model(), &CompareModel::loadedChanged};
-  auto file = ticketAt("t1", 1);
-  file.title = "The Lighthouse";
-  store().board.set(boardOf({file}));
+  store().board.set(boardOf({ticketAt("t1", 1)}));
   select("t1");
-  EXPECT_EQ(model().header()["heading"].toString(), "The Lighthouse");
   EXPECT_FALSE(model().loaded());
   store().details.set({{"t1", ticket("t1")}});
   desk.time.run();
   EXPECT_TRUE(model().loaded());
-  EXPECT_EQ(headers.count(), 1);
   EXPECT_EQ(loads.count(), 1);
 }
 
@@ -134,14 +129,12 @@ TEST_F(CompareModels, TellNothingOfAPollThatBringsTheSame) {
   poll();
   ASSERT_TRUE(model().loaded());
   Operations operations{model().panes()};
-  const QSignalSpy headers{&model(), &CompareModel::headerChanged};
   const QSignalSpy bars{&model(), &CompareModel::barChanged};
   poll();
   serve({ticket("t1", 2)}, "\"b2\"");
   poll();
   ASSERT_EQ(detailRequests("t1"), 2U);
   EXPECT_EQ(operations.take(), Lines{});
-  EXPECT_EQ(headers.count(), 0);
   EXPECT_EQ(bars.count(), 0);
 }
 
@@ -227,7 +220,6 @@ TEST_F(CompareModels, AreEmptiedBySigningOut) {
   EXPECT_FALSE(model().loaded());
   EXPECT_EQ(model().panes()->rowCount(), 0);
   EXPECT_EQ(model().toggles()->rowCount(), 0);
-  EXPECT_EQ(model().header()["heading"].toString(), "");
 }
 
 TEST_F(CompareModels, ZoomToNothingThatIsNoNumber) {

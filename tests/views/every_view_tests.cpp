@@ -29,7 +29,6 @@ class EveryView : public ViewTest {
                              {"due", due},        {"count", count},
                              {"spoken", "PO 7"},  {"selected", true},
                              {"assignee", who}};
-    const QVariantMap pill{{"text", "New"}, {"icon", ""}, {"tone", "gray"}, {"dashed", true}};
     const QVariantMap lab{{"lab", toQml(markLab())}, {"symbols", Symbol::names()}};
     const QVariantList wordings{toQml(WordingView{"What we sent", "light"}),
                                 toQml(WordingView{"Supplier file", ""})};
@@ -58,14 +57,28 @@ class EveryView : public ViewTest {
         {"Board/SyncCard", {pick("board")}},
         {"Compare/CanvasBar", {pick("compare")}},
         {"Compare/CompareCanvas", {pick("compare"), pick("pictures")}},
-        {"Compare/FileHeader",
-         {{"header", QVariantMap{{"id", "t1"},
-                                 {"heading", "The Lighthouse"},
-                                 {"status", pill},
-                                 {"track", pill},
-                                 {"summary", "One word differs."}}}}},
+        {"Compare/FactTile", {{"label", "PO"}, {"value", "7781"}}},
+        {"Compare/FileHeader", {pick("file")}},
         {"Compare/FileView",
-         {pick("compare"), pick("pictures"), {"panel", QVariant::fromValue(&panel_)}}},
+         {pick("file"),
+          pick("compare"),
+          pick("pictures"),
+          {"panel", QVariant::fromValue(&panel_)}}},
+        {"Compare/MultiView", {pick("file")}},
+        {"Compare/PageCell",
+         {{"name", "12"},
+          {"img", "supplier-0"},
+          {"thumbHeight", 75},
+          {"open", true},
+          {"waiting", "2"},
+          {"issues", "1"},
+          {"notes", "1"},
+          {"spoken", "2 to look at, 1 real issue, 1 note"},
+          pick("pictures")}},
+        {"Compare/PageStrip", {pick("file"), pick("pictures")}},
+        {"Compare/ReportButtons", {pick("file")}},
+        {"Compare/ReportLines", {pick("file")}},
+        {"Compare/ReviewActions", {pick("file")}},
         {"Compare/NoRef", {{"what", "No FBC for this page"}, {"why", "It was never made."}}},
         {"Compare/BoxMark", {{"mark", boxMark}, {"place", QRectF{20, 30, 80, 20}}}},
         {"Compare/Crop",
@@ -130,6 +143,7 @@ class EveryView : public ViewTest {
         {"Inspector/OtherPageRow", {{"name", "Page 3"}, {"count", "1 to look at"}}},
         {"Inspector/StateButton",
          {{"title", "Fine"}, {"icon", "checkmark"}, {"on", true}, {"color", "#2e8b57"}}},
+        {"Jobs/ReportProgress", {{"text", "Ready in about 40 sec"}}},
         {"Shell/LabButtons", {}},
         {"Shell/LabMarks", lab},
         {"Shell/LabPillSection",
@@ -205,6 +219,7 @@ class EveryView : public ViewTest {
 
 TEST_F(EveryView, OfTheBoardLoads) { loadAll("Board"); }
 TEST_F(EveryView, OfTheCanvasLoads) { loadAll("Compare"); }
+TEST_F(EveryView, OfTheJobsLoads) { loadAll("Jobs"); }
 TEST_F(EveryView, OfTheInspectorLoads) { loadAll("Inspector"); }
 TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
 

@@ -78,6 +78,7 @@ void ViewTest::serveTheDay() {
 QVariantMap ViewTest::models() {
   if (!root_) {
     board_.emplace(store(), desk.defaults, desk.time, desk.calendar);
+    file_.emplace(store(), desk.time, desk.calendar);
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.browser, desk.time);
@@ -88,6 +89,7 @@ QVariantMap ViewTest::models() {
   return {{"signIn", QVariant::fromValue(&*signIn_)},
           {"root", QVariant::fromValue(&*root_)},
           {"board", QVariant::fromValue(&*board_)},
+          {"file", QVariant::fromValue(&*file_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};

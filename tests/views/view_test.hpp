@@ -7,6 +7,7 @@
 
 #include "board/BoardModel.hpp"
 #include "compare/CompareModel.hpp"
+#include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
 #include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
@@ -53,6 +54,7 @@ class ViewTest : public StoreTest {
   std::optional<SignInModel> signIn_;
   std::optional<RootModel> root_;
   std::optional<BoardModel> board_;
+  std::optional<FileModel> file_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
   std::optional<CommandsModel> commands_;

@@ -1,0 +1,27 @@
+import QtQuick
+import Vellix.Pieces
+
+// One thing that is known of a ticket, under its name.
+Column {
+    id: tile
+
+    required property string label
+    required property string value
+    property real widest: Infinity
+
+    spacing: 1
+
+    Label {
+        size: Theme.tiny
+        font.letterSpacing: 0.6
+        color: Theme.faint
+        text: tile.label
+    }
+
+    Label {
+        width: Math.min(implicitWidth, tile.widest)
+        size: Theme.row
+        tellsWhole: true
+        text: tile.value
+    }
+}

@@ -1,0 +1,73 @@
+#include "compare/FileModel.hpp"
+
+#include "bridge/replaced.hpp"
+#include "compare/canvas.hpp"
+
+namespace vellix {
+
+FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calendar)
+    : store_(store),
+      clock_(clock),
+      calendar_(calendar),
+      onTicket_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection,
+                                      [this] { updateHeader(); })),
+      onReport_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
+                                      [this] { updateReport(); })),
+      onPages_(
+          store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
+                                [this] { updateStrip(); })),
+      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { updateStrip(); })) {
+  updateHeader();
+  updateReport();
+}
+
+void FileModel::updateHeader() {
+  const Moment now = clock_.now();
+  minute_.begin(now);
+  const FileItem* file = store_.currentFile();
+  const auto header =
+      file ? fileHeader(store_, *file, store_.currentDetail(), now, calendar_) : FileHeaderView{};
+  if (replaced(header_, header)) emit headerChanged();
+  const bool several = store_.selection().size() > 1;
+  if (replaced(multi_, several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
+}
+
+void FileModel::updateReport() {
+  if (replaced(report_, reportArea(store_, clock_.now(), calendar_))) emit reportChanged();
+}
+
+void FileModel::updateStrip() {
+  const FileDetail* detail = store_.currentDetail();
+  const bool shows = vellix::showsPageStrip(store_, detail, width_);
+  pages_.setRows(shows ? pageStrip(store_, *detail) : std::vector<PageCellView>{});
+  const int open = shows ? static_cast<int>(pageIndex(store_, detail->file)) : 0;
+  if (openPage_ != open) {
+    openPage_ = open;
+    emit openPageChanged();
+  }
+  if (showsStrip_ != shows) {
+    showsStrip_ = shows;
+    emit showsStripChanged();
+  }
+}
+
+void FileModel::pollEnded() {
+  if (minute_.over(clock_.now())) updateHeader();
+}
+
+void FileModel::layStrip(double width) {
+  if (!(width > 0)) return;  // a view that is not laid out yet
+  width_ = width;
+  updateStrip();
+}
+
+void FileModel::selectPage(int row) {
+  if (const FileItem* file = store_.currentFile()) store_.goToPage(file->id, row);
+}
+
+void FileModel::makeReport() { vellix::makeReport(store_); }
+void FileModel::stopReport() { vellix::stopReport(store_); }
+void FileModel::tick() { updateReport(); }
+
+}  // namespace vellix

@@ -1,0 +1,77 @@
+// What stands around the canvas: the ticket's header, its pages beside it, the report on it or on
+// several tickets together. Main thread only.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+
+#include "bridge/RowsModel.hpp"
+#include "compare/file_header.hpp"
+#include "compare/multi_view.hpp"
+#include "compare/page_strip.hpp"
+#include "compare/report_area.hpp"
+#include "store/minute.hpp"
+
+namespace vellix {
+
+class FileModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap header READ header NOTIFY headerChanged)
+  Q_PROPERTY(QVariantMap report READ report NOTIFY reportChanged)
+  Q_PROPERTY(QVariantMap multi READ multi NOTIFY multiChanged)
+  Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
+  Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
+  Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)      // empty while no strip shows
+
+ public:
+  // What is passed must outlive the model.
+  FileModel(Store& store, const MainLoop& clock, const Calendar& calendar);
+
+  QVariantMap header() const { return header_; }
+  QVariantMap report() const { return report_; }
+  QVariantMap multi() const { return multi_; }
+  bool showsStrip() const { return showsStrip_; }
+  int openPage() const { return openPage_; }
+  QAbstractItemModel* pages() { return &pages_; }
+
+  // Tells how wide the view is, in logical pixels: where it is narrow there is no strip.
+  Q_INVOKABLE void layStrip(double width);
+  Q_INVOKABLE void selectPage(int row);
+  Q_INVOKABLE void makeReport();
+  Q_INVOKABLE void stopReport();
+  Q_INVOKABLE void tick();  // the estimate moves with the time
+
+ signals:
+  void headerChanged();
+  void reportChanged();
+  void multiChanged();
+  void showsStripChanged();
+  void openPageChanged();
+
+ private:
+  void updateHeader();
+  void updateReport();
+  void updateStrip();
+  void pollEnded();
+
+  Store& store_;
+  const MainLoop& clock_;
+  const Calendar& calendar_;
+  Minute minute_;  // of the header: it tells how long ago the review was
+  double width_ = 0;
+  bool showsStrip_ = false;
+  int openPage_ = 0;
+  QVariantMap header_ = toQml(FileHeaderView{}).toMap();
+  QVariantMap report_ = toQml(ReportAreaView{}).toMap();
+  QVariantMap multi_ = toQml(MultiFilesView{}).toMap();
+  RowsModel<PageCellView, &PageCellView::key> pages_;
+  Changes::Subscription onTicket_;
+  Changes::Subscription onReport_;
+  Changes::Subscription onPages_;
+  Changes::Subscription onPoll_;
+  Changes::Subscription onPrefs_;
+};
+
+}  // namespace vellix

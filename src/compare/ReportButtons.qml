@@ -1,0 +1,55 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Compare
+import Vellix.Jobs
+import Vellix.Pieces
+
+// Asks for a report, or shows it at work. As high in the one as in the other.
+Item {
+    id: buttons
+
+    required property FileModel file
+
+    readonly property var report: file.report
+
+    implicitWidth: report.working ? work.width : make.implicitWidth
+    implicitHeight: 28
+
+    Pill {
+        id: make
+
+        visible: !buttons.report.working
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: buttons.report.canMake
+        raised: true
+        title: buttons.report.button
+        icon: "doc.richtext"
+        onClicked: buttons.file.makeReport()
+    }
+
+    Loader {
+        id: work
+
+        active: buttons.report.working
+        anchors.verticalCenter: parent.verticalCenter
+        width: active ? implicitWidth : 0
+
+        sourceComponent: Row {
+            spacing: Theme.gap8
+
+            ReportProgress {
+                text: buttons.report.progress
+                onTicked: buttons.file.tick()
+            }
+
+            TextButton {
+                anchors.verticalCenter: parent.verticalCenter
+                enabled: !buttons.report.stopping
+                text: "Stop"
+                color: Theme.fore["red"]
+                onClicked: buttons.file.stopReport()
+            }
+        }
+    }
+}

@@ -1,0 +1,38 @@
+import QtQuick
+import Vellix.Compare
+import Vellix.Pieces
+
+// What is done with the ticket as a whole. `leading` puts it at the left of its room.
+Column {
+    id: actions
+
+    required property FileModel file
+    property bool leading: false
+
+    // As wide as it would like to be; its lines wrap.
+    readonly property real wanted: Math.max(buttons.implicitWidth,
+                                            lines.visible ? Math.min(lines.implicitWidth, 260) : 0)
+
+    spacing: Theme.gap8
+
+    FlowRow {
+        id: buttons
+
+        width: actions.leading ? parent.width : implicitWidth
+        height: implicitHeight
+        anchors.right: actions.leading ? undefined : parent.right
+        spacing: Theme.gap8
+
+        ReportButtons {
+            file: actions.file
+        }
+    }
+
+    ReportLines {
+        id: lines
+
+        width: parent.width
+        leading: actions.leading
+        file: actions.file
+    }
+}

@@ -1,0 +1,84 @@
+#include "compare/file_header.hpp"
+
+#include <algorithm>
+
+#include "gateway/url.hpp"
+#include "records/friendly_time.hpp"
+#include "store/people.hpp"
+
+namespace vellix {
+namespace {
+
+// Whose work the review was and how long ago; none unless both the status and the person are told.
+std::string reviewedBy(const Store& store, const FileItem& file, Moment now,
+                       const Calendar& calendar) {
+  if (file.status != "reviewed" || !file.status_by) return {};
+  std::string text = personName(store, *file.status_by);
+  if (file.status_at) text += " · " + friendlyTime(momentOf(*file.status_at), now, calendar);
+  return text;
+}
+
+std::vector<FactView> factsOf(const Store& store, const FileItem& file, Moment now,
+                              const Calendar& calendar) {
+  std::vector<FactView> facts{
+      {"PO", file.po.value_or("")},
+      {"Supplier", file.supplier.value_or("")},
+      {"Pages", file.page_count ? std::to_string(*file.page_count) : ""},
+      {"From", file.sender.value_or("")},
+      {"Came in", file.received ? calendar.monthAndDay(momentOf(*file.received)) : ""},
+      {"Reviewed", reviewedBy(store, file, now, calendar)},
+  };
+  std::erase_if(facts, [](const FactView& fact) { return fact.value.empty(); });
+  return facts;
+}
+
+std::optional<std::string> linkOf(const std::vector<Ref>& refs, std::string_view role) {
+  const auto found = std::ranges::find(refs, role, &Ref::role);
+  return found == refs.end() ? std::nullopt : found->link;
+}
+
+bool holds(const std::vector<Ref>& refs, std::string_view role) {
+  return std::ranges::find(refs, role, &Ref::role) != refs.end();
+}
+
+std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
+  // Of the version on show. What it does not tell is taken whole from the ticket, so that no list
+  // is a mixture of two versions.
+  static const Origin kNoOrigin;
+  const Origin& origin = detail && detail->origin ? *detail->origin : kNoOrigin;
+  const Links links = (origin.links ? origin.links : file.links).value_or(Links{});
+  const std::vector<Ref> refs =
+      (origin.refs ? origin.refs : file.refs).value_or(std::vector<Ref>{});
+  const bool reprint = file.track == "reprint";
+  // The reference that the name is true of, before the other.
+  const char* third = reprint ? "latest" : "fbc";
+  if (!holds(refs, third)) third = reprint ? "fbc" : "latest";
+  const bool named = file.supplier && !file.supplier->empty();
+
+  std::vector<LinkView> all;
+  const auto add = [&](std::string label, const char* icon, const std::optional<std::string>& url) {
+    if (url && isLinkTarget(*url)) all.push_back({std::move(label), icon, *url});
+  };
+  add("Email", "envelope", links.gmail);
+  add(named ? *file.supplier + " file" : "Supplier file", "doc", links.drive);
+  add("PO folder", "folder", links.drive_folder);
+  add("InDesign", "pencil.and.ruler", links.indd);
+  add("What we sent", "arrow.up.doc", linkOf(refs, "submitted"));
+  add(reprint ? "Last print" : "FBC", "book.closed", linkOf(refs, third));
+  return all;
+}
+
+}  // namespace
+
+FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDetail* detail,
+                          Moment now, const Calendar& calendar) {
+  return {.id = file.id,
+          .heading = file.heading(),
+          .status = statusPill(file.status),
+          .track = trackPill(file.track == "reprint"),
+          .summary = file.summary.value_or(""),
+          .facts = factsOf(store, file, now, calendar),
+          .links = linksOf(file, detail)};
+}
+
+}  // namespace vellix
