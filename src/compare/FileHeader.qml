@@ -5,7 +5,7 @@ import Vellix.Compare
 import Vellix.Pieces
 
 // Which ticket this is, what is known of it, where it lies and what can be done with it. The actions
-// stand at the right of the title where there is room, else below all the rest.
+// stand at the right of the title where there is room, else below it.
 Item {
     id: head
 
@@ -16,8 +16,7 @@ Item {
     readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
                                  + actions.wanted <= inner
 
-    implicitHeight: (wide ? Math.max(words.height, actions.height)
-                          : words.height + Theme.gap12 + actions.height) + 2 * Theme.gap12
+    implicitHeight: Math.max(words.height, wide ? actions.height : 0) + 2 * Theme.gap12
 
     Column {
         id: words
@@ -28,6 +27,8 @@ Item {
         spacing: Theme.gap8
 
         FlowRow {
+            id: title
+
             width: parent.width
             height: implicitHeight
             spacing: Theme.gap8
@@ -58,6 +59,13 @@ Item {
                     pill: head.header.track
                 }
             }
+        }
+
+        // Kept for the actions, which are not moved from parent to parent.
+        Item {
+            visible: !head.wide
+            width: parent.width
+            height: actions.height
         }
 
         Label {
@@ -116,7 +124,7 @@ Item {
         id: actions
 
         x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
-        y: head.wide ? Theme.gap12 : words.y + words.height + Theme.gap12
+        y: head.wide ? Theme.gap12 : words.y + title.height + words.spacing
         width: head.wide ? wanted : head.inner
         leading: !head.wide
         file: head.file

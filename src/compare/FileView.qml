@@ -47,6 +47,22 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         contentHeight: header.implicitHeight
 
+        // What gets the keyboard comes into view.
+        readonly property Item keyed: Window.activeFocusItem
+
+        onKeyedChanged: {
+            if (!interactive || !keyed || keyed.height > height)
+                return;
+            let inside = keyed;
+            while (inside && inside !== header)
+                inside = inside.parent;
+            if (!inside)
+                return;
+            const y = keyed.mapToItem(header, 0, 0).y;
+            contentY = Math.max(y + keyed.height + Theme.gap8 - height,
+                                Math.min(contentY, Math.max(0, y - Theme.gap8)));
+        }
+
         FileHeader {
             id: header
 

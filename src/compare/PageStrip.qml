@@ -63,9 +63,8 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: "Pages"
 
-        Component.onCompleted: Qt.callLater(follow, false)
-        onCountChanged: Qt.callLater(follow, false)
-        onHeightChanged: Qt.callLater(reveal, currentIndex, false)
+        onCountChanged: laid.restart()
+        onHeightChanged: laid.restart()
         onActiveFocusChanged: {
             if (!activeFocus)
                 currentIndex = Math.min(strip.file.openPage, count - 1);
@@ -88,6 +87,15 @@ Item {
             else
                 return;
             event.accepted = true;
+        }
+
+        // Once the pages have their places.
+        Timer {
+            id: laid
+
+            interval: 0
+            running: true
+            onTriggered: cells.follow(false)
         }
 
         Timer {

@@ -10,14 +10,19 @@ Column {
     property bool leading: false
 
     readonly property var report: file.report
+    // As wide as they are before they wrap.
+    readonly property real natural: Math.max(warning.implicitWidth, made.implicitWidth + driveRoom)
+    readonly property real driveRoom: report.driveLink !== "" ? drive.width + Theme.gap8 : 0
 
     visible: report.warning !== "" || report.made !== ""
     spacing: Theme.gap4
 
     Label {
+        id: warning
+
         visible: text !== ""
         width: Math.min(implicitWidth, lines.width)
-        anchors.right: lines.leading ? undefined : lines.right
+        x: lines.leading ? 0 : lines.width - width
         wrapMode: Text.Wrap
         horizontalAlignment: lines.leading ? Text.AlignLeft : Text.AlignRight
         size: Theme.note
@@ -27,13 +32,14 @@ Column {
 
     Row {
         visible: lines.report.made !== ""
-        anchors.right: lines.leading ? undefined : lines.right
+        x: lines.leading ? 0 : lines.width - width
         spacing: Theme.gap8
 
         Label {
+            id: made
+
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth,
-                            lines.width - (drive.visible ? drive.width + parent.spacing : 0))
+            width: Math.min(implicitWidth, lines.width - lines.driveRoom)
             tellsWhole: true
             size: Theme.note
             color: Theme.faint

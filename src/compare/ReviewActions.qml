@@ -11,7 +11,7 @@ Column {
 
     // As wide as it would like to be; its lines wrap.
     readonly property real wanted: Math.max(buttons.implicitWidth,
-                                            lines.visible ? Math.min(lines.implicitWidth, 260) : 0)
+                                            lines.visible ? Math.min(lines.natural, 320) : 0)
 
     spacing: Theme.gap8
 
@@ -20,7 +20,7 @@ Column {
 
         width: actions.leading ? parent.width : implicitWidth
         height: implicitHeight
-        anchors.right: actions.leading ? undefined : parent.right
+        x: actions.leading ? 0 : actions.width - width
         spacing: Theme.gap8
 
         ReportButtons {
