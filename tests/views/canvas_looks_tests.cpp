@@ -18,6 +18,7 @@ class CanvasLooks : public ViewTest {
     serveTheDay();
     store().prefs.showNotes.set(false);
     store().prefs.openLoupe.set(false);
+    store().prefs.showPageStrip.set(false);  // its pictures go by the same keys
     showMain({1'400, 900});
     rest();
   }
