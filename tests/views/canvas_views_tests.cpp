@@ -13,6 +13,7 @@ class CanvasViews : public ViewTest {
   CanvasViews() {
     serveTheDay();
     store().prefs.showNotes.set(false);
+    store().prefs.showPageStrip.set(false);  // its pictures go by the same keys
     showMain({1'400, 900});
     settle();
   }
