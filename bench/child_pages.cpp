@@ -1,79 +1,17 @@
 // Steps from page to page, against a bare picture that is swapped; and a long walk through many.
-#include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QImageReader>
-#include <QPainter>
-#include <filesystem>
 
+#include "BigTicket.hpp"
 #include "Desk.hpp"
 #include "SwapItem.hpp"
 #include "WatchedPictures.hpp"
 #include "children.hpp"
 #include "measure.hpp"
-#include "platform/qt/QtPictureFiles.hpp"
 #include "report.hpp"
 
 namespace vellix::bench {
 namespace {
-
-constexpr int kPages = 401;
-constexpr int kPaintings = 8;  // the others are the same files under other names
-constexpr QSize kPicture{2000, 3000};
-constexpr const char* kTicket = "walk";
-
-std::string keyOf(int page) { return "bench-" + std::to_string(page) + ".jpg"; }
-QString pathOf(int page) { return QString::fromStdString(pictureCachePath() + "/" + keyOf(page)); }
-QColor markOf(int page) { return QColor::fromHsv(page % kPaintings * 360 / kPaintings, 220, 200); }
-
-// A page of type, with a coloured mark in its middle that tells it from the others.
-QImage painting(int page) {
-  QImage image(kPicture, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  QFont face("EB Garamond");
-  face.setPixelSize(44);
-  painter.setFont(face);
-  for (int line = 0; line < 48; ++line) {
-    painter.drawText(200, 240 + line * 56,
-                     QString("%1 The harbour was grey at first light, and no boat had come in %2")
-                         .arg(page * 48 + line)
-                         .arg(line * 7));
-  }
-  painter.fillRect(QRect(800, 1300, 400, 400), markOf(page));
-  return image;
-}
-
-bool layOutPictures() {
-  QDir().mkpath(QString::fromStdString(pictureCachePath()));
-  for (int page = 0; page < kPages; ++page) {
-    if (QFile::exists(pathOf(page))) continue;
-    if (page < kPaintings) {
-      if (!painting(page).save(pathOf(page), "JPEG", 85)) return false;
-    } else {
-      std::error_code error;
-      std::filesystem::create_hard_link(pathOf(page % kPaintings).toStdString(),
-                                        pathOf(page).toStdString(), error);
-      if (error) return false;
-    }
-  }
-  return true;
-}
-
-FileDetail ticket() {
-  FileDetail detail;
-  detail.file.id = kTicket;
-  detail.file.title = "A long walk";
-  detail.file.status = "new";
-  detail.file.pages.emplace();
-  for (int i = 0; i < kPages; ++i) {
-    detail.file.pages->push_back({.i = i,
-                                  .label = std::to_string(i + 1),
-                                  .img = keyOf(i),
-                                  .px = std::vector<double>{2000, 3000}});
-  }
-  return detail;
-}
 
 // The program with one long ticket open, its pages on disk.
 class Walk {
@@ -84,11 +22,11 @@ class Walk {
     if (!desk_.shown() || !layOutPictures()) return false;
     watched_.emplace(desk_.pictures());
     desk_.setPictures(*watched_);
-    const FileDetail detail = ticket();
+    const FileDetail detail = bigTicket();
     Store& store = desk_.store();
     store.shown.set({"supplier"});
-    store.details.edit([&](auto& details) { details[kTicket] = detail; });
-    store.selection.set({kTicket});
+    store.details.edit([&](auto& details) { details[kBigTicket] = detail; });
+    store.selection.set({kBigTicket});
     BoardState board{.me = {"renny@tessarine.example", "Renny Vale"}, .files = {detail.file}};
     board.files.front().pages.reset();
     store.board.set(board);
@@ -99,7 +37,7 @@ class Walk {
   // The milliseconds from the step to the frame that shows it; none when it never came.
   std::optional<double> goTo(int page) {
     const double start = wallTime();
-    desk_.store().goToPage(kTicket, page);
+    desk_.store().goToPage(kBigTicket, page);
     if (!awaitPage(page)) return std::nullopt;
     return shownAt_ - start;
   }

@@ -4,6 +4,7 @@
 
 namespace vellix::bench {
 
+int canvasChild(int argc, char** argv);
 int decodeChild();
 int listChild(int argc, char** argv);
 int pollChild(int argc, char** argv);

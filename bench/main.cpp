@@ -1,6 +1,6 @@
 // Measures the budgets.
 //
-//   vellix_bench [decode|list|poll|pages|visits|launch|rest]...
+//   vellix_bench [decode|list|poll|canvas|pages|visits|launch|rest]...
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -21,6 +21,7 @@ int runChild(int argc, char* argv[]) {
   if (name == "decode") return decodeChild();
   if (name == "list") return listChild(argc, argv);
   if (name == "poll" && argc == 5) return pollChild(argc, argv);
+  if (name == "canvas") return canvasChild(argc, argv);
   if (name == "pages") return pagesChild(argc, argv);
   if (name == "visits") return visitsChild(argc, argv);
   if (name == "launch" && argc == 5) {

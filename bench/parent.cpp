@@ -21,7 +21,7 @@ namespace {
 constexpr int kPatience = 120'000;  // ms, for one child
 constexpr int kRestSeconds = 11;    // two polls and the pauses between them
 
-const QStringList kNames{"decode", "list", "poll", "pages", "visits", "launch", "rest"};
+const QStringList kNames{"decode", "list", "poll", "canvas", "pages", "visits", "launch", "rest"};
 
 class Child {
  public:
