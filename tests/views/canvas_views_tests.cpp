@@ -60,6 +60,10 @@ class CanvasViews : public ViewTest {
   bool has(const QString& name, QAccessible::Role role = QAccessible::Button) {
     return reader().find(name, role) != nullptr;
   }
+  // Waits for what fades in.
+  bool comes(const QString& name, QAccessible::Role role = QAccessible::Button) {
+    return QTest::qWaitFor([&] { return has(name, role); });
+  }
   static inline const QString kBox = "A word changed, Fix, Open, page 1";
 };
 
@@ -88,8 +92,8 @@ TEST_F(CanvasViews, SelectAFindingByItsBoxAndShowItsSpot) {
   ASSERT_TRUE(press(kBox));
   EXPECT_EQ(store().focus(), "f1");
   EXPECT_TRUE(reader().find(kBox, QAccessible::Button)->state().checked);
-  EXPECT_TRUE(has("Close (Esc)"));
-  EXPECT_TRUE(has("What we sent", QAccessible::StaticText)) << "the caption of a cut-out";
+  EXPECT_TRUE(comes("Close (Esc)"));
+  EXPECT_TRUE(comes("What we sent", QAccessible::StaticText)) << "the caption of a cut-out";
   ASSERT_TRUE(press(kBox));
   EXPECT_FALSE(store().focus());
 }
@@ -125,6 +129,7 @@ TEST_F(CanvasViews, CloseTheLoupeWithoutOtherKeysHeld) {
   QTest::keyClick(window(), Qt::Key_Escape, Qt::ShiftModifier);
   settle();
   EXPECT_TRUE(store().focus());
+  ASSERT_TRUE(comes("Close (Esc)"));
   ASSERT_TRUE(press("Close (Esc)"));
   EXPECT_FALSE(store().focus());
 }
