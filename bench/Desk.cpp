@@ -45,7 +45,8 @@ void Desk::watchModels(SignalCount& count) {
 
 RemoteImage* Desk::page() {
   return qobject_cast<RemoteImage*>(findItem(window_->contentItem(), [](QQuickItem* item) {
-    return item->height() >= kShortestPage && qobject_cast<RemoteImage*>(item) != nullptr;
+    const auto* image = qobject_cast<RemoteImage*>(item);
+    return image && isPage(*image);
   }));
 }
 

@@ -71,7 +71,7 @@ class Desk {
   std::optional<Frames> frames_;
 };
 
-// A picture shorter than this is a thumbnail.
-inline constexpr int kShortestPage = 100;
+// Not a thumbnail: it tells the room that pages are shown in.
+inline bool isPage(const RemoteImage& image) { return !image.pageRoom().isEmpty(); }
 
 }  // namespace vellix::bench

@@ -1,11 +1,9 @@
 #include "WatchedPictures.hpp"
 
-#include "Desk.hpp"
-
 namespace vellix::bench {
 namespace {
 
-bool isPage(const PictureRoom& room) { return room.size.height() >= kShortestPage; }
+bool isPage(const PictureRoom& room) { return !room.page.isEmpty(); }
 
 }  // namespace
 
@@ -25,7 +23,7 @@ void WatchedPictures::bring(const QString& key, const PictureRoom& room, QObject
 }
 
 void WatchedPictures::note(const QString& key, const PictureRoom& room, const Pixels& pixels) {
-  if (!isPage(room) || pixels.isNull()) return;
+  if (!isPage(room) || !isExact(pixels, room)) return;
   given_ = key;
   pixels_ = pixels.image.size();
   shown_ = room.size;

@@ -15,7 +15,7 @@ class WatchedPictures : public PictureSource {
   void bring(const QString& key, const PictureRoom& room, QObject* context,
              std::function<void(Pixels)> done) override;
 
-  // Of the page that was last given its picture; thumbnails are not looked at.
+  // Of the page that was last given exactly its pixels; thumbnails are not looked at.
   const QString& given() const { return given_; }
   QSize pixels() const { return pixels_; }  // the size of that picture
   QSize shown() const { return shown_; }    // the size it was asked for

@@ -54,7 +54,7 @@ QList<RemoteImage*> pagesOf(QQuickItem* under) {
   QList<RemoteImage*> pages;
   for (QQuickItem* child : under->childItems()) {
     auto* page = qobject_cast<RemoteImage*>(child);
-    if (page && page->height() >= kShortestPage && page->isVisible()) pages.append(page);
+    if (page && isPage(*page) && page->isVisible()) pages.append(page);
     pages += pagesOf(child);
   }
   return pages;
