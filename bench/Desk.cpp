@@ -25,6 +25,7 @@ Desk::Desk(std::string token, Board board)
     // Without a good poll the column spins, and no scene comes to rest.
     store().lastOK.set(loop_.now());
   }
+  if (board == Board::polled) program_.begin();
   if (!program_.show()) return;
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
     if (window->property("compare").isValid()) window_ = qobject_cast<QQuickWindow*>(window);
