@@ -21,7 +21,8 @@ Pressable {
     label: name
     help: spoken
     radius: Theme.radiusRow
-    implicitHeight: marks.y + marks.height + Theme.gap4
+    // A line of marks has its room before it is laid out.
+    implicitHeight: marks.y + Math.max(marks.height, 16) + Theme.gap4
 
     Accessible.role: Accessible.ListItem
     Accessible.description: spoken
@@ -87,24 +88,26 @@ Pressable {
         spacing: 3
 
         Item {
-            readonly property bool fits: figures.implicitWidth <= marks.width
+            readonly property bool brief: cell.name.length <= 6
 
-            width: Math.min(figures.implicitWidth, marks.width)
-            height: figures.implicitHeight
+            width: brief ? figures.implicitWidth : Math.min(words.implicitWidth, marks.width)
+            height: words.implicitHeight
 
             Digits {
                 id: figures
 
-                visible: parent.fits
+                visible: parent.brief
                 size: Theme.tiny
                 weight: cell.open ? Font.DemiBold : Font.Normal
                 color: cell.open ? Theme.accent : Theme.muted
-                text: cell.name
+                text: parent.brief ? cell.name : ""
                 Accessible.ignored: true
             }
 
             Label {
-                visible: !parent.fits
+                id: words
+
+                visible: !parent.brief
                 width: parent.width
                 size: Theme.tiny
                 weight: figures.weight

@@ -53,17 +53,23 @@ Item {
         function follow(gliding: bool) {
             currentIndex = Math.min(strip.file.openPage, count - 1);
             reveal(currentIndex, gliding);
+            if (!glide.running)
+                laid.restart();
         }
+        // The page gets the keyboard before the list makes it the current one: the list would give
+        // it the keyboard without the ring.
         function moveTo(index: int) {
-            currentIndex = Math.max(0, Math.min(index, count - 1));
-            reveal(currentIndex, false);
-            currentItem.forceActiveFocus(Qt.TabFocusReason);
+            const next = Math.max(0, Math.min(index, count - 1));
+            reveal(next, false);
+            itemAtIndex(next)?.forceActiveFocus(Qt.TabFocusReason);
+            currentIndex = next;
+            laid.restart();
         }
 
         Accessible.role: Accessible.List
         Accessible.name: "Pages"
 
-        onCountChanged: laid.restart()
+        onCountChanged: follow(false)
         onHeightChanged: laid.restart()
         onActiveFocusChanged: {
             if (!activeFocus)
@@ -89,13 +95,13 @@ Item {
             event.accepted = true;
         }
 
-        // Once the pages have their places.
+        // Once the pages have their true heights.
         Timer {
             id: laid
 
             interval: 0
             running: true
-            onTriggered: cells.follow(false)
+            onTriggered: cells.reveal(cells.currentIndex, false)
         }
 
         Timer {

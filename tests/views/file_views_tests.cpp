@@ -109,7 +109,7 @@ TEST_F(FileViews, FloatTheNotesPanelInASmallWindow) {
   EXPECT_TRUE(comes([this] { return cards().isEmpty(); }));
   ASSERT_TRUE(press("Show the notes panel (⌥⌘I)"));
   EXPECT_TRUE(store().notesDrawer());
-  EXPECT_EQ(cards().size(), 2);
+  EXPECT_TRUE(comes([this] { return cards().size() == 2; })) << "it slides in";
 }
 
 TEST_F(FileViews, DecideAFinding) {

@@ -1,0 +1,193 @@
+// The strip of small pages, worked by pointer and by key.
+#include <QTest>
+
+#include "views/sights.hpp"
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class PageStripViews : public ViewTest {
+ protected:
+  void open(Int pages, QSize size = {1'500, 940}) {
+    serveTheDay();
+    FileDetail detail = lighthouse();
+    detail.file.pages = pagesOf(pages);
+    for (auto& page : *detail.file.pages) {
+      page.px = {300, 400};
+      page.thumb = "small-" + std::to_string(page.i);
+    }
+    Note note;
+    note.id = "n1";
+    note.page = 0;
+    detail.comments = {note};
+    detail.findings[1].state = "issue";
+    store().details.set({{"t1", detail}});
+    showMain(size);
+    rest();
+  }
+  void rest() {
+    for (int i = 0; i < 3; ++i) {
+      QTest::qWait(20);
+      settle();
+    }
+  }
+  QQuickItem* strip() { return seen(window()->contentItem(), "PageStrip").value(0); }
+  QList<QQuickItem*> cells() { return strip() ? seen(strip(), "PageCell") : QList<QQuickItem*>{}; }
+  QQuickItem* cell(const QString& name) {
+    for (QQuickItem* each : cells()) {
+      if (each->property("name") == name) return each;
+    }
+    return nullptr;
+  }
+  // Whether the whole cell lies within the strip, to the pixel.
+  bool inSight(const QString& name) {
+    const QQuickItem* item = cell(name);
+    const QRectF room = strip()->mapRectToScene(strip()->boundingRect()).adjusted(0, -1, 0, 1);
+    return item && room.contains(item->mapRectToScene(item->boundingRect()));
+  }
+  QString keyed() {
+    const QQuickItem* item = window()->activeFocusItem();
+    return item && isOfType(item, "PageCell") ? item->property("name").toString() : QString{};
+  }
+  void key(Qt::Key key) {
+    QTest::keyClick(window(), key);
+    settle();
+  }
+  Int openPage() { return store().page().at("t1"); }
+};
+
+TEST_F(PageStripViews, TellEachPageAndWhatWaitsOnIt) {
+  open(3);
+  auto* first = reader().find("1", QAccessible::ListItem);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->text(QAccessible::Description), "1 to look at, 1 real issue, 1 note");
+  EXPECT_TRUE(first->state().selected);
+  EXPECT_TRUE(reader().find("Pages", QAccessible::List));
+  EXPECT_FALSE(reader().find("2", QAccessible::ListItem)->state().selected);
+}
+
+TEST_F(PageStripViews, MeasureTheirPages) {
+  open(3);
+  ASSERT_TRUE(strip());
+  EXPECT_EQ(strip()->width(), 92);
+  const auto pictures = seen(cell("1"), "RemoteImage");
+  ASSERT_EQ(pictures.size(), 1);
+  EXPECT_EQ(pictures[0]->width(), 58);
+  EXPECT_NEAR(pictures[0]->height(), 58 / 0.75, 0.01);
+}
+
+TEST_F(PageStripViews, SelectThePageThatIsPressed) {
+  open(3);
+  store().focus.set("f1");
+  ASSERT_TRUE(press("3", QAccessible::ListItem));
+  EXPECT_EQ(openPage(), 2);
+  EXPECT_FALSE(store().focus());
+  EXPECT_TRUE(reader().find("3", QAccessible::ListItem)->state().selected);
+}
+
+TEST_F(PageStripViews, AreOneTabStopWithArrowsInside) {
+  open(40);
+  store().page.set({{"t1", 1}});
+  rest();
+  for (int i = 0; i < 60 && keyed().isEmpty(); ++i) key(Qt::Key_Tab);
+  EXPECT_EQ(keyed(), "2") << "it begins at the page on show";
+  EXPECT_TRUE(window()->activeFocusItem()->property("visualFocus").toBool());
+  key(Qt::Key_Down);
+  EXPECT_EQ(keyed(), "3");
+  EXPECT_TRUE(window()->activeFocusItem()->property("visualFocus").toBool());
+  key(Qt::Key_Up);
+  key(Qt::Key_Up);
+  key(Qt::Key_Up);
+  EXPECT_EQ(keyed(), "1") << "and ends at its ends";
+  key(Qt::Key_End);
+  EXPECT_EQ(keyed(), "40");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("40"); }));
+  key(Qt::Key_Down);
+  EXPECT_EQ(keyed(), "40");
+  EXPECT_EQ(openPage(), 1) << "going there opens nothing";
+  key(Qt::Key_Return);
+  EXPECT_EQ(openPage(), 39);
+  key(Qt::Key_Home);
+  EXPECT_EQ(keyed(), "1");
+  QTest::keyClick(window(), Qt::Key_Tab);
+  settle();
+  EXPECT_EQ(keyed(), "");
+  QTest::keyClick(window(), Qt::Key_Backtab, Qt::ShiftModifier);
+  settle();
+  EXPECT_EQ(keyed(), "40") << "back to the page on show";
+  QTest::keyClick(window(), Qt::Key_Backtab, Qt::ShiftModifier);
+  settle();
+  EXPECT_EQ(keyed(), "") << "and on, without a stop at another page";
+}
+
+TEST_F(PageStripViews, BringThePageOnShowInSight) {
+  open(40);
+  EXPECT_TRUE(inSight("1"));
+  store().page.set({{"t1", 30}});
+  settle();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("31"); }));
+  ASSERT_TRUE(press("Next page"));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("32") && inSight("33"); }));
+}
+
+TEST_F(PageStripViews, OpenAtThePageOnShow) {
+  store().page.set({{"t1", 25}});
+  open(40);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("26"); }));
+}
+
+TEST_F(PageStripViews, MakeOnlyWhatIsNearOfAThousandPages) {
+  open(1'000);
+  EXPECT_LT(cells().size(), 20);
+  const auto small = [this] { return pictures.asked.filter("small-").size(); };
+  EXPECT_LT(small(), 20);
+  pictures.asked.clear();
+  store().page.set({{"t1", 900}});
+  settle();
+  EXPECT_TRUE(QTest::qWaitFor([this] {
+    settle();
+    return pictures.asked.contains("small-900");
+  }));
+  EXPECT_TRUE(inSight("901"));
+  EXPECT_LT(cells().size(), 20);
+  EXPECT_LT(small(), 25) << "none of those between are asked for";
+}
+
+TEST_F(PageStripViews, BearPagesOfAnyShape) {
+  open(3);
+  FileDetail detail = store().details().at("t1");
+  (*detail.file.pages)[0].px = {20'000, 1'000};
+  (*detail.file.pages)[1].px = {1, 9'000};
+  (*detail.file.pages)[2].px = {std::nan(""), 1'000};
+  (*detail.file.pages)[1].label = "A name much longer than the strip is wide";
+  store().details.set({{"t1", detail}});
+  rest();
+  EXPECT_NEAR(seen(cell("1"), "RemoteImage").value(0)->height(), 2.9, 0.01);
+  for (QQuickItem* each : cells()) {
+    EXPECT_GE(each->height(), 20);
+    EXPECT_LE(each->width(), 92);
+  }
+  ASSERT_TRUE(press("A name much longer than the strip is wide", QAccessible::ListItem));
+  EXPECT_EQ(openPage(), 1);
+}
+
+TEST_F(PageStripViews, GoWhereTheWindowIsNarrowOrTheyAreUnwanted) {
+  open(3);
+  ASSERT_TRUE(strip());
+  resize({1'100, 700});
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !strip(); }));
+  resize({1'500, 940});
+  EXPECT_TRUE(QTest::qWaitFor([this] { return strip() != nullptr; }));
+  store().prefs.showPageStrip.set(false);
+  settle();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !strip(); }));
+}
+
+TEST_F(PageStripViews, AreNotThereForOnePage) {
+  open(1);
+  EXPECT_FALSE(strip());
+}
+
+}  // namespace
+}  // namespace vellix
