@@ -203,6 +203,30 @@ TEST_F(CanvasViews, ScrollOnlyWhenZoomed) {
   EXPECT_EQ(scroll().y(), before.y());
 }
 
+TEST_F(CanvasViews, PanByTheWheelOnceZoomed) {
+  wheel(on(0.5, 0.5), {0, -120});
+  EXPECT_EQ(scroll(), QPointF(0, 0));
+  zoomTo(3);
+  wheel(on(0.5, 0.2), {0, -120});
+  EXPECT_TRUE(QTest::qWaitFor([this] { return scroll().y() > 0; }));
+  EXPECT_EQ(store().zoom(), 3);
+}
+
+TEST_F(CanvasViews, PanByADragWhereNothingIsDrawn) {
+  store().prefs.drawToComment.set(false);
+  zoomTo(3);
+  const QPoint from{700, 500};
+  QTest::mousePress(window(), Qt::LeftButton, {}, from);
+  for (int step = 1; step <= 8; ++step) {
+    QTest::mouseMove(window(), from - QPoint{step * 10, step * 12}, 5);
+  }
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, from - QPoint{80, 96});
+  settle();
+  EXPECT_GT(scroll().x(), 20);
+  EXPECT_GT(scroll().y(), 20);
+  EXPECT_FALSE(store().draft());
+}
+
 TEST_F(CanvasViews, PanByKeysWithinTheirContent) {
   zoomTo(3);
   QMetaObject::invokeMethod(stage(), "forceActiveFocus");
