@@ -23,11 +23,15 @@ Pressable {
     Accessible.checked: mark.selected
     Accessible.onToggleAction: box.click()
 
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+
     MarkFrame {
         anchors.fill: parent
         color: Theme.onPaper[box.mark.colour]
         line: box.mark.selected || box.hovered ? 2.4 : 1.6
-        dash: box.mark.soft ? 4 : 0
+        dash: ({ solid: 0, dashed: 4, dotted: 1.6 })[box.mark.line]
         fill: box.mark.selected ? 0.1 : 0
     }
 }

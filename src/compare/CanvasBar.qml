@@ -27,6 +27,12 @@ Rectangle {
     readonly property int overlayRow: taken + overlay.width <= room ? modesRow : modesRow + 1
     readonly property int rows: 1 + (view.overlay ? overlayRow : modesRow)
 
+    // At the last page, or the last step, the keyboard goes on to the way back.
+    function handOn(from: Item, to: Item) {
+        if (!from.enabled && from.focus && to.enabled)
+            to.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     function rowAt(row: int): real {
         return Theme.gap8 + row * (line + Theme.gap4);
     }
@@ -51,25 +57,45 @@ Rectangle {
         spacing: Theme.gap4
 
         IconButton {
+            id: previous
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "chevron.up"
+            onEnabledChanged: Qt.callLater(bar.handOn, previous, next)
             help: "Previous page"
             enabled: !bar.view.first
             onClicked: bar.compare.stepPage(-1)
         }
 
         IconButton {
+            id: next
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "chevron.down"
+            onEnabledChanged: Qt.callLater(bar.handOn, next, previous)
             help: "Next page"
             enabled: !bar.view.last
             onClicked: bar.compare.stepPage(1)
         }
 
         Digits {
+            id: place
+
+            visible: implicitWidth <= 180
             anchors.verticalCenter: parent.verticalCenter
             size: Theme.body
             text: bar.view.place
+        }
+
+        // A page may have any name.
+        Label {
+            visible: !place.visible
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, 180)
+            elide: Text.ElideMiddle
+            tellsWhole: true
+            size: Theme.body
+            text: visible ? bar.view.place : ""
         }
     }
 
@@ -149,8 +175,11 @@ Rectangle {
         spacing: Theme.gap4
 
         IconButton {
+            id: less
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "minus.magnifyingglass"
+            onEnabledChanged: Qt.callLater(bar.handOn, less, more)
             help: "Zoom out (⌘−)"
             enabled: bar.view.canZoomOut
             onClicked: bar.compare.zoomOut()
@@ -168,8 +197,11 @@ Rectangle {
         }
 
         IconButton {
+            id: more
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "plus.magnifyingglass"
+            onEnabledChanged: Qt.callLater(bar.handOn, more, less)
             help: "Zoom in (⌘+)"
             enabled: bar.view.canZoomIn
             onClicked: bar.compare.zoomIn()

@@ -18,7 +18,22 @@ Rectangle {
     property point hand
     property bool shifting: false
 
+    // What the loupe hides of the stage.
+    readonly property real covered: compare.loupe.open ? loupe.height + 2 * Theme.gap12 : 0
+    readonly property bool seen: Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
+
+    onSeenChanged: compare.setSeen(seen)
+
+    function scrollTo(to: point) {
+        if (to.x === stage.contentX && to.y === stage.contentY)
+            return;
+        toX.to = to.x;
+        toY.to = to.y;
+        reveal.restart();
+    }
+
     function relay() {
+        reveal.stop();
         const anchor = compare.glides ? Qt.point(stage.width / 2, stage.height / 2) : hand;
         const to = compare.layStage(Qt.size(stage.width, stage.height), zoom,
                                     Qt.point(stage.contentX, stage.contentY), anchor);
@@ -27,6 +42,7 @@ Rectangle {
     }
 
     function pan(dx: real, dy: real) {
+        reveal.stop();
         stage.contentX = Math.max(0, Math.min(stage.contentWidth - stage.width, stage.contentX + dx));
         stage.contentY = Math.max(0, Math.min(stage.contentHeight - stage.height, stage.contentY + dy));
     }
@@ -46,12 +62,8 @@ Rectangle {
         target: canvas.compare
 
         function onSelected() {
-            const to = canvas.compare.revealSelected(Qt.point(stage.contentX, stage.contentY));
-            if (to.x === stage.contentX && to.y === stage.contentY)
-                return;
-            toX.to = to.x;
-            toY.to = to.y;
-            reveal.restart();
+            canvas.scrollTo(canvas.compare.revealSelected(Qt.point(stage.contentX, stage.contentY),
+                                                          canvas.covered));
         }
     }
 
@@ -91,6 +103,9 @@ Rectangle {
         onWidthChanged: canvas.relay()
         onHeightChanged: canvas.relay()
         onMovementStarted: reveal.stop()
+        // Less of it: what was shown may lie beyond its end.
+        onContentWidthChanged: canvas.pan(0, 0)
+        onContentHeightChanged: canvas.pan(0, 0)
 
         Keys.onPressed: event => {
             const step = 48;
@@ -102,11 +117,11 @@ Rectangle {
             if (!interactive || !leap || event.modifiers & ~Qt.KeypadModifier)
                 return;
             event.accepted = true;
-            reveal.stop();
             canvas.pan(leap[0], leap[1]);
         }
 
         WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             acceptedModifiers: Qt.ControlModifier
             target: null
             onWheel: event => {
@@ -116,6 +131,7 @@ Rectangle {
         }
 
         WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             acceptedModifiers: Qt.ShiftModifier
             target: null
             onWheel: event => canvas.pan(-(event.angleDelta.y || event.angleDelta.x) / 2, 0)
@@ -144,6 +160,11 @@ Rectangle {
                 compare: canvas.compare
                 pictures: canvas.pictures
                 shifting: canvas.shifting
+                onSought: mark => {
+                    const place = mark.mapToItem(stage.contentItem, 0, 0, mark.width, mark.height);
+                    canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
+                                                          canvas.covered));
+                }
             }
         }
     }
@@ -174,13 +195,25 @@ Rectangle {
 
     ScrollBar {
         view: stage
+        stays: true
         visible: stage.interactive && shown < 1
+        onPressedChanged: reveal.stop()
+
+        HoverHandler {
+            cursorShape: Qt.ArrowCursor
+        }
     }
 
     ScrollBar {
         view: stage
+        stays: true
         vertical: false
         visible: stage.interactive && shown < 1
+        onPressedChanged: reveal.stop()
+
+        HoverHandler {
+            cursorShape: Qt.ArrowCursor
+        }
     }
 
     Label {
@@ -192,6 +225,8 @@ Rectangle {
     }
 
     Loupe {
+        id: loupe
+
         anchors.left: stage.left
         anchors.right: stage.right
         anchors.bottom: stage.bottom

@@ -13,6 +13,10 @@ namespace {
 Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
 Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
 QPointF pointOf(Spot spot) { return {spot.x, spot.y}; }
+// What is not covered from below.
+Extent seenPart(Extent stage, double covered) {
+  return {stage.width, std::max(stage.height - std::max(covered, 0.0), 1.0)};
+}
 QRectF rectOf(const Box& box) { return {box.x, box.y, box.width, box.height}; }
 
 Box boxFrom(const QVariantMap& map) {
@@ -64,14 +68,16 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
     state_ = {};
     canvas_ = canvas;
   }
-  blink_.follow(detail && takesTurns(store_));
+  followBlink();
   auto view = detail ? canvasView(store_, *detail, state_) : CanvasView{};
   alone_ = takesTurns(store_);
+  // First the places, so that a pane that comes knows its own.
+  layOut(view.panes);
   panes_.setRows(std::move(view.panes));
   toggles_.setRows(std::move(view.toggles));
-  layOut();
-  if (const bool glides = handZoom_ != store_.zoom(); glides != glides_) {
-    glides_ = glides;
+  if (handZoom_ != store_.zoom()) handZoom_.reset();
+  if (glides_ == handZoom_.has_value()) {
+    glides_ = !glides_;
     emit glidesChanged();
   }
   if (replaced(bar_, view.bar)) emit barChanged();
@@ -82,12 +88,28 @@ void CompareModel::updateNotes() {
   if (replaced(notes_, notesPanel(store_, width_))) emit notesChanged();
 }
 
-void CompareModel::layOut() {
+void CompareModel::followBlink() {
+  blink_.follow(!canvas_.empty() && takesTurns(store_) && seen_ && !drawing_);
+}
+
+void CompareModel::setDrawing(bool drawing) {
+  drawing_ = drawing;
+  followBlink();
+}
+
+void CompareModel::setSeen(bool seen) {
+  seen_ = seen;
+  followBlink();
+}
+
+void CompareModel::layOut(const std::vector<PaneView>& views) {
   std::vector<StagePane> panes;
-  for (const auto& pane : panes_.rows()) panes.push_back({pane.aspect, !pane.img.empty()});
+  panes.reserve(views.size());
+  for (const auto& view : views) panes.push_back({view.aspect, !view.img.empty()});
   auto layout = stageLayout(size_, panes, zoom_, alone_);
   if (layout == layout_) return;
   layout_ = std::move(layout);
+  anchor_.reset();
   stage_ = toQml(layout_).toMap();
   emit stageChanged();
 }
@@ -97,32 +119,43 @@ QPointF CompareModel::layStage(QSizeF size, double zoom, QPointF scroll, QPointF
   // Scrolled by other means, or held elsewhere: another place is meant.
   const bool same = anchor_ && anchor_->spot == spotOf(anchor) && std::abs(at.x - scroll_.x) <= 1 &&
                     std::abs(at.y - scroll_.y) <= 1;
-  if (!same) anchor_ = anchorAt(layout_, at, spotOf(anchor));
+  const auto about = same ? anchor_ : anchorAt(layout_, at, spotOf(anchor));
   size_ = extentOf(size);
   zoom_ = zoom;
-  layOut();
-  scroll_ = anchored(anchor_, at, layout_, size_);
+  layOut(panes_.rows());
+  anchor_ = about;
+  scroll_ = anchored(about, at, layout_, size_);
   return pointOf(scroll_);
 }
 
-QPointF CompareModel::revealSelected(QPointF scroll) const {
+QPointF CompareModel::revealSelected(QPointF scroll, double covered) const {
+  std::vector<Box> marks;
   for (std::size_t i = 0; i < panes_.rows().size() && i < layout_.panes.size(); ++i) {
     const PaneView& pane = panes_.rows()[i];
-    const auto box = std::ranges::find(pane.boxes, true, &BoxMarkView::selected);
-    if (!pane.onStage || box == pane.boxes.end()) continue;
+    if (!pane.onStage) continue;
     const Box& page = layout_.panes[i].page;
-    const Box mark = vellix::boxMark(box->box, {page.width, page.height});
-    return pointOf(revealed(layout_, spotOf(scroll), i, mark, size_));
+    for (const auto& view : pane.boxes) {
+      if (!view.selected) continue;
+      const Box mark = vellix::boxMark(view.box, {page.width, page.height});
+      marks.push_back({page.x + mark.x, page.y + mark.y, mark.width, mark.height});
+    }
   }
-  return scroll;
+  return pointOf(revealed(layout_, spotOf(scroll), marks, seenPart(size_, covered)));
+}
+
+QPointF CompareModel::reveal(QRectF place, QPointF scroll, double covered) const {
+  const Box box{place.x(), place.y(), place.width(), place.height()};
+  return pointOf(revealed(layout_, spotOf(scroll), {box}, seenPart(size_, covered)));
 }
 
 QRectF CompareModel::boxMark(const QVariantMap& box, QSizeF picture) {
-  return rectOf(vellix::boxMark(boxFrom(box), extentOf(picture)));
+  const Extent size = extentOf(picture);
+  return rectOf(inSight(vellix::boxMark(boxFrom(box), size), size));
 }
 
 QRectF CompareModel::areaMark(const QVariantMap& box, QSizeF picture) {
-  return rectOf(vellix::areaMark(boxFrom(box), extentOf(picture)));
+  const Extent size = extentOf(picture);
+  return rectOf(inSight(vellix::areaMark(boxFrom(box), size), size));
 }
 
 QVariantMap CompareModel::cropLayout(const QVariantMap& crop, QSizeF place) {

@@ -69,9 +69,15 @@ class CompareModel : public QObject {
   // Lays the panes out on a stage of this size at this zoom. Gives the place to scroll to, from
   // `scroll`, so that what was under `anchor` on the stage stays there.
   Q_INVOKABLE QPointF layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor);
-  // The place to scroll to, from `scroll`, to have the selected finding's mark in sight.
-  Q_INVOKABLE QPointF revealSelected(QPointF scroll) const;
-  // In the picture's coordinates; `box` in fractions of the page.
+  // The place to scroll to, from `scroll`, to have one of the selected finding's marks in sight, or
+  // what lies at this place of the content. `covered` is the height of what stands over the stage.
+  Q_INVOKABLE QPointF revealSelected(QPointF scroll, double covered) const;
+  Q_INVOKABLE QPointF reveal(QRectF place, QPointF scroll, double covered) const;
+  // A drag over a page is under way: the panes do not take turns then.
+  Q_INVOKABLE void setDrawing(bool drawing);
+  // The window can be seen.
+  Q_INVOKABLE void setSeen(bool seen);
+  // In the picture's coordinates; `box` in fractions of the page. Cut off where it is out of sight.
   Q_INVOKABLE static QRectF boxMark(const QVariantMap& box, QSizeF picture);
   Q_INVOKABLE static QRectF areaMark(const QVariantMap& box, QSizeF picture);
   // A CropLayout, for a CropView in a place of this size.
@@ -91,7 +97,8 @@ class CompareModel : public QObject {
   void update();
   void updateCanvas(const FileDetail* detail);
   void updateNotes();
-  void layOut();
+  void followBlink();
+  void layOut(const std::vector<PaneView>& panes);
 
   Store& store_;
   std::string asked_;   // the ticket whose detail was asked for
@@ -103,6 +110,8 @@ class CompareModel : public QObject {
   bool glides_ = true;
   std::optional<double> handZoom_;  // where a hand has brought the zoom
   bool alone_ = false;              // the panes take turns
+  bool drawing_ = false;
+  bool seen_ = true;
   Extent size_;
   double zoom_ = 1;  // as it is drawn, on its way to the Store's
   StageLayout layout_;

@@ -7,29 +7,40 @@ MouseArea {
 
     property var start: null
     property var now: null
+    property bool touched: false
+
+    // Which page it lies over: a drag does not go on to another.
+    required property real page
 
     signal drawn(point from, point to)
 
+    function drop() {
+        start = null;
+        now = null;
+    }
+
+    onPageChanged: drop()
+    onWidthChanged: drop()
+
+    clip: true
     acceptedButtons: Qt.LeftButton
-    preventStealing: true
+    // Two fingers pinch.
+    preventStealing: !touched
     cursorShape: Qt.CrossCursor
 
     onPressed: mouse => {
+        touched = mouse.source !== Qt.MouseEventNotSynthesized;
         start = Qt.point(mouse.x, mouse.y);
         now = start;
     }
     onPositionChanged: mouse => now = Qt.point(mouse.x, mouse.y)
     onReleased: mouse => {
         const from = start;
-        start = null;
-        now = null;
+        drop();
         if (from)
             drawn(from, Qt.point(mouse.x, mouse.y));
     }
-    onCanceled: {
-        start = null;
-        now = null;
-    }
+    onCanceled: drop()
 
     MarkFrame {
         visible: layer.start !== null && layer.now !== null

@@ -19,12 +19,21 @@ Item {
     readonly property size place: compare.cropPlace(strip.width, kept.crops.length)
     property real open: view.open ? 1 : 0
 
+    // What had the keyboard before; it gets it back from the close button.
+    property Item from: null
+
     onViewChanged: {
-        if (view.open)
+        if (view.open) {
+            if (!kept.open || !open)
+                from = Window.activeFocusItem;
             kept = view;
+        } else if (close.activeFocus && from) {
+            from.forceActiveFocus(Qt.TabFocusReason);
+        }
     }
 
     visible: view.open || open > 0
+    enabled: view.open
     implicitHeight: head.height + strip.height + 3 * Theme.gap12
     opacity: open
     transform: Translate { y: (1 - loupe.open) * loupe.height }
@@ -55,6 +64,8 @@ Item {
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        cursorShape: Qt.ArrowCursor
         onWheel: wheel => wheel.accepted = true
     }
 

@@ -16,6 +16,9 @@ Item {
     required property var draft
     required property bool draws
 
+    // A mark that the keyboard has come to.
+    signal sought(Item mark)
+
     readonly property size picture: Qt.size(width, height)
 
     Repeater {
@@ -23,6 +26,9 @@ Item {
 
         DrawLayer {
             anchors.fill: parent
+            page: marks.compare.bar.page
+            onStartChanged: marks.compare.setDrawing(start !== null)
+            Component.onDestruction: marks.compare.setDrawing(false)
             onDrawn: (from, to) => marks.compare.beginNote(marks.side, from, to, marks.picture)
         }
     }
@@ -51,6 +57,10 @@ Item {
                     mark: value
                     place: marks.compare.boxMark(mark.box, marks.picture)
                     onClicked: marks.compare.pressBox(mark.finding)
+                    onVisualFocusChanged: {
+                        if (visualFocus)
+                            marks.sought(this);
+                    }
                 }
             }
         }

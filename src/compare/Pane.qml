@@ -10,7 +10,6 @@ Item {
 
     required property int index
     required property string img
-    required property real aspect
     required property string label
     required property string tone
     required property string missing
@@ -27,8 +26,12 @@ Item {
     required property bool shifting  // its place changes by what was shown or hidden
 
     readonly property var blank: ({ x: 0, y: 0, width: 0, height: 0, page: { x: 0, y: 0, width: 0, height: 0 } })
-    readonly property var place: compare.stage.panes[index] ?? blank
+    readonly property var told: compare.stage.panes[index]
+    // The last that was told: while panes change there may be none for a moment.
+    property var place: blank
     property bool settled: false
+
+    signal sought(Item mark)
 
     x: place.x
     y: place.y
@@ -40,7 +43,15 @@ Item {
     Accessible.role: Accessible.Grouping
     Accessible.name: label
 
-    Component.onCompleted: settled = true
+    onToldChanged: {
+        if (told)
+            place = told;
+    }
+    Component.onCompleted: {
+        if (told)
+            place = told;
+        settled = true;
+    }
 
     Behavior on x {
         enabled: pane.shifting && pane.settled
@@ -53,6 +64,8 @@ Item {
     }
 
     Row {
+        id: caption
+
         visible: pane.img !== ""
         x: Math.max(0, page.x)
         spacing: 6
@@ -68,7 +81,7 @@ Item {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, pane.width - 14)
+            width: Math.min(implicitWidth, pane.width - caption.x - 13)
             size: Theme.note
             color: Theme.muted
             tellsWhole: true
@@ -143,6 +156,7 @@ Item {
             notes: pane.notes
             draft: pane.draft
             draws: pane.compare.bar.draws
+            onSought: mark => pane.sought(mark)
         }
     }
 

@@ -69,7 +69,7 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
   std::vector<PaneInfo> panes;
   if (shown.contains("supplier")) {
     const std::string name =
-        version >= 2 ? "v" + std::to_string(version) : file.supplier.value_or("Supplier") + " file";
+        version >= 2 ? "v" + std::to_string(version) : supplierOf(file) + " file";
     panes.push_back({.key = "supplier",
                      .img = page.img,
                      .aspect = page.aspect(),
@@ -98,6 +98,12 @@ bool standsAlone(const Finding& finding) {
                                                          "missing_page"};
   return std::ranges::find(kinds, finding.kind) != kinds.end();
 }
+
+bool counts(const Finding& finding, const std::vector<std::string>& roles) {
+  return standsAlone(finding) || std::ranges::find(roles, finding.against) != roles.end();
+}
+
+std::string supplierOf(const FileItem& file) { return file.supplier.value_or("Supplier"); }
 
 void togglePane(Store& store, const std::string& key) {
   if (key != "supplier" && key != "submitted" && key != "third") return;

@@ -36,6 +36,10 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
 std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes);
 // A check of its own kind, with no reference to compare with: it stays whatever is hidden.
 bool standsAlone(const Finding& finding);
+// It is against one of these references, or against none.
+bool counts(const Finding& finding, const std::vector<std::string>& roles);
+// The supplier's name, or what stands for it.
+std::string supplierOf(const FileItem& file);
 
 // Shows a hidden pane, hides a shown one; the last one stays.
 void togglePane(Store& store, const std::string& key);

@@ -41,8 +41,8 @@ std::vector<PaneToggleView> togglesOf(const Store& store, const Page& page, cons
     return {toggleView(store, "supplier", "v" + std::to_string(version), "purple"),
             toggleView(store, "third", "v" + std::to_string(version - 1), "orange")};
   }
-  return {toggleView(store, "supplier", file.supplier.value_or("Supplier"), "purple"),
-          toggleView(store, "submitted", "What we sent", "blue"),
+  return {toggleView(store, "supplier", supplierOf(file), "purple"),
+          toggleView(store, "submitted", roleLabel("submitted"), "blue"),
           toggleView(store, "third", roleLabel(thirdRole(page, file, version)), "orange")};
 }
 
@@ -73,7 +73,8 @@ CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                     .overlay = store.mode() == CompareMode::overlay,
                     .opacity = state.opacity,
                     .difference = state.difference,
-                    .draws = store.prefs.drawToComment()};
+                    .draws = store.prefs.drawToComment(),
+                    .page = index};
   if (page) {
     bar.place =
         "p" + page->name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
@@ -123,7 +124,7 @@ CanvasView canvasView(const Store& store, const FileDetail& detail, const Canvas
     auto marks = marksOf(store, detail, *page, index, built[i].role, roles);
     view.panes[i].boxes = std::move(marks.boxes);
     view.panes[i].notes = std::move(marks.notes);
-    view.bar.drafting |= marks.draft.here && view.panes[i].onStage;
+    view.bar.drafting |= marks.draft.here;
     view.panes[i].draft = std::move(marks.draft);
   }
   view.loupe = loupe(store, detail, *page, index, roles);

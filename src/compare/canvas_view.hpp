@@ -69,6 +69,7 @@ struct CanvasBarView {
   bool difference = false;
   bool draws = false;     // a drag over a page begins a note
   bool drafting = false;  // one is being written on this page
+  Int page = 0;           // 0-based
   std::string place;      // "p{name} · {n} of {count}"
   bool first = true;
   bool last = true;
@@ -79,8 +80,8 @@ struct CanvasBarView {
   bool operator==(const CanvasBarView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
-                      (empty, mode, overlay, opacity, difference, draws, drafting, place, first,
-                       last, zoom, percent, canZoomIn, canZoomOut))
+                      (empty, mode, overlay, opacity, difference, draws, drafting, page, place,
+                       first, last, zoom, percent, canZoomIn, canZoomOut))
 
 // The notes panel beside the page: known before the ticket's detail is here.
 struct NotesPanelView {

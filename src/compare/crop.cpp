@@ -10,7 +10,10 @@ constexpr double kCaption = 18;  // under the frame
 constexpr double kMargin = 3;    // around a rectangle
 constexpr double kBetween = 12;  // two crops
 
-double shapeOf(double aspect) { return std::isfinite(aspect) && aspect > 0 ? aspect : 1; }
+// No page is a thousand times as long as it is wide.
+double shapeOf(double aspect) {
+  return std::isfinite(aspect) && aspect > 0 ? std::clamp(aspect, 0.001, 1'000.0) : 1;
+}
 
 }  // namespace
 

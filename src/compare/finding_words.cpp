@@ -24,10 +24,12 @@ std::string cardCaption(const Finding& finding) {
   return kindLabel(finding.kind) + " · vs " + against;
 }
 
+std::string decisionWord(const std::string& state) {
+  return state == "issue" ? "Real issue" : "Fine";
+}
+
 std::string stateWord(const std::string& state) {
-  if (state == "issue") return "Real issue";
-  if (state == "fine") return "Fine";
-  return "Open";
+  return state == "issue" || state == "fine" ? decisionWord(state) : "Open";
 }
 
 bool isPassed(const Finding& finding) {

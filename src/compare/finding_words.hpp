@@ -10,7 +10,9 @@ namespace vellix {
 std::string kindLabel(const std::string& kind);
 // "{kind} · vs {reference}"
 std::string cardCaption(const Finding& finding);
-// "Open", "Real issue" or "Fine"
+// Of what is decided: "Real issue" or "Fine"
+std::string decisionWord(const std::string& state);
+// The same, or "Open"
 std::string stateWord(const std::string& state);
 // A check that came out well, or an edit of ours that came through: nothing to decide.
 bool isPassed(const Finding& finding);

@@ -42,7 +42,7 @@ LoupeView loupe(const Store& store, const FileDetail& detail, const Page& page, 
                         .part = cropAround(boxOf(finding->box), page.aspect()),
                         .boxes = boxesOf(*finding),
                         .colour = "accent",
-                        .label = detail.file.supplier.value_or("Supplier") + " file"});
+                        .label = supplierOf(detail.file) + " file"});
   const auto compared = roles.empty() ? std::vector{finding->against} : roles;
   for (const auto& role : compared) {
     const RefPage* reference = refPage(page, role);

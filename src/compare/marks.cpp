@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vellix {
 namespace {
 
 constexpr double kMargin = 3;         // around a finding's rectangle, on each side
 constexpr double kSmallestMark = 8;   // logical pixels
+constexpr double kReach = 24;         // further outside a page than anything is shown
 constexpr double kLeastArea = 0.004;  // of the page, in each direction
 constexpr double kClick = 6;          // a shorter drag in both directions is a click
 
@@ -28,6 +30,17 @@ Box areaMark(const Box& area, Extent picture) {
   const double height = std::max(area.height * picture.height, kSmallestMark);
   return {(area.x + area.width / 2) * picture.width - width / 2,
           (area.y + area.height / 2) * picture.height - height / 2, width, height};
+}
+
+Box inSight(const Box& mark, Extent picture) {
+  const auto cut = [](double from, double length, double room) {
+    const double first = std::clamp(from, -kReach, room + kReach);
+    return std::pair{first,
+                     std::max(std::clamp(from + length, -kReach, room + kReach) - first, 1.0)};
+  };
+  const auto [x, width] = cut(mark.x, mark.width, picture.width);
+  const auto [y, height] = cut(mark.y, mark.height, picture.height);
+  return {x, y, width, height};
 }
 
 bool isArea(double w, double h) { return w > kLeastArea && h > kLeastArea; }

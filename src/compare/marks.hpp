@@ -13,6 +13,8 @@ namespace vellix {
 Box boxMark(const Box& box, Extent picture);
 // The mark of a note's area. A small one grows about its centre.
 Box areaMark(const Box& area, Extent picture);
+// A mark without what lies so far outside its picture that nobody can see it.
+Box inSight(const Box& mark, Extent picture);
 // In fractions of the page: whether this much is an area or only a point.
 bool isArea(double w, double h);
 

@@ -12,8 +12,7 @@ namespace vellix {
 namespace {
 
 bool isOn(const Finding& finding, Int page, const std::vector<std::string>& roles) {
-  return finding.page == page &&
-         (std::ranges::find(roles, finding.against) != roles.end() || standsAlone(finding));
+  return finding.page == page && counts(finding, roles);
 }
 
 std::string colourOf(const Finding& finding) {
@@ -21,20 +20,32 @@ std::string colourOf(const Finding& finding) {
   return finding.kind == "expected" ? "muted" : "accent";
 }
 
+// An edit of ours that came through is told from a check that did without their colours, too.
+std::string lineOf(const Finding& finding) {
+  if (finding.kind == "expected") return "dotted";
+  return finding.kind == "pass" || finding.state == "fine" ? "dashed" : "solid";
+}
+
 void addBoxes(std::vector<BoxMarkView>& marks, const Store& store, const Finding& finding,
               const std::optional<std::string>& role, const std::string& pageName) {
-  const std::size_t before = marks.size();
   const std::string state = isPassed(finding) ? kindLabel(finding.kind) : stateWord(finding.state);
   BoxMarkView mark{.finding = finding.id,
                    .colour = colourOf(finding),
-                   .soft = isPassed(finding) || finding.state == "fine",
+                   .line = lineOf(finding),
                    .selected = store.focus() == finding.id,
                    .help = finding.title,
                    .name = finding.title + ", " + severityPill(finding.severity).text + ", " +
                            state + ", page " + pageName};
-  for (const Box& box : boxesOn(role, finding)) {
-    mark.key = finding.id + " " + std::to_string(marks.size() - before);
-    mark.box = box;
+  const auto boxes = boxesOn(role, finding);
+  const std::string name = mark.name;
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    mark.key = finding.id + " " + std::to_string(i);
+    mark.box = boxes[i];
+    if (boxes.size() > 1) {
+      mark.name = name;
+      mark.name.append(", ").append(std::to_string(i + 1)).append(" of ");
+      mark.name.append(std::to_string(boxes.size()));
+    }
     marks.push_back(mark);
   }
 }

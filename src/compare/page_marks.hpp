@@ -15,13 +15,13 @@ struct BoxMarkView {
   std::string finding;
   Box box;
   std::string colour;  // "accent", "green" or "muted", as it is on paper
-  bool soft = false;   // dashed: nothing left to decide
+  std::string line;    // "solid", or where nothing is left to decide "dashed" or "dotted"
   bool selected = false;
   std::string help;
   std::string name;
   bool operator==(const BoxMarkView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(BoxMarkView, (), (key, finding, box, colour, soft, selected, help, name))
+BOOST_DESCRIBE_STRUCT(BoxMarkView, (), (key, finding, box, colour, line, selected, help, name))
 
 struct NoteMarkView {
   std::string key;

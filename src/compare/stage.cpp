@@ -53,7 +53,7 @@ StageLayout stageLayout(Extent stage, const std::vector<StagePane>& panes, doubl
     const Extent picture = pane.pictured ? fittedImage(room, pane.aspect, zoom) : room;
     const double width = std::max(room.width, picture.width);
     // A page begins on a whole pixel, so that type stays sharp.
-    const double left = x + std::round((width - picture.width) / 2);
+    const double left = std::round(x + (width - picture.width) / 2);
     layout.panes.push_back({.x = x,
                             .y = kTop,
                             .width = width,
@@ -91,16 +91,25 @@ Spot anchored(const std::optional<Anchor>& anchor, Spot scroll, const StageLayou
   return {held(to.x, layout.width, stage.width), held(to.y, layout.height, stage.height)};
 }
 
-Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,
-              Extent stage) {
-  if (!layout.scrolls || pane >= layout.panes.size()) return scroll;
-  const Box& page = layout.panes[pane].page;
-  const auto along = [](double at, double length, double from, double room, double content) {
-    const bool seen = at - kInSight >= from && at + length + kInSight <= from + room;
-    return seen ? from : held(at + length / 2 - room / 2, content, room);
+Spot revealed(const StageLayout& layout, Spot scroll, const std::vector<Box>& marks, Extent seen) {
+  if (!layout.scrolls || marks.empty()) return scroll;
+  // How far a mark reaches out of what is in sight.
+  const auto away = [](double at, double length, double from, double room) {
+    const double air = length + 2 * kInSight <= room ? kInSight : 0;
+    const double within = std::min(length, room);
+    return std::max({0.0, from - (at + length - within - air), at + within + air - (from + room)});
   };
-  return {along(page.x + mark.x, mark.width, scroll.x, stage.width, layout.width),
-          along(page.y + mark.y, mark.height, scroll.y, stage.height, layout.height)};
+  const auto distance = [&](const Box& mark) {
+    return away(mark.x, mark.width, scroll.x, seen.width) +
+           away(mark.y, mark.height, scroll.y, seen.height);
+  };
+  const Box& nearest = *std::ranges::min_element(marks, {}, distance);
+  const auto along = [&](double at, double length, double from, double room, double content) {
+    if (away(at, length, from, room) <= 0) return from;
+    return held(at + length / 2 - room / 2, content, room);
+  };
+  return {along(nearest.x, nearest.width, scroll.x, seen.width, layout.width),
+          along(nearest.y, nearest.height, scroll.y, seen.height, layout.height)};
 }
 
 }  // namespace vellix

@@ -53,8 +53,8 @@ std::optional<Anchor> anchorAt(const StageLayout& layout, Spot scroll, Spot spot
 // How far the content must be scrolled for the anchor to lie where it did, as nearly as it can.
 Spot anchored(const std::optional<Anchor>& anchor, Spot scroll, const StageLayout& layout,
               Extent stage);
-// How far to scroll to have this mark of a pane's page in sight: not at all when it is.
-Spot revealed(const StageLayout& layout, Spot scroll, std::size_t pane, const Box& mark,
-              Extent stage);
+// How far to scroll to have one of these marks in sight, which lie in the content's coordinates:
+// not at all when one is, else to the nearest. `seen` is the part of the stage that nothing covers.
+Spot revealed(const StageLayout& layout, Spot scroll, const std::vector<Box>& marks, Extent seen);
 
 }  // namespace vellix

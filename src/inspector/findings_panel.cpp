@@ -20,18 +20,10 @@ int rankOf(const Finding& finding) {
   return 10 * state + severity;
 }
 
-bool contains(const std::vector<std::string>& roles, const std::string& role) {
-  return std::ranges::find(roles, role) != roles.end();
-}
-
-bool counts(const Finding& finding, const std::vector<std::string>& roles) {
-  return contains(roles, finding.against) || standsAlone(finding);
-}
-
 // What was decided, with as much of who and when as is known.
 std::string decidedLine(const Store& store, const Finding& finding, Moment now,
                         const Calendar& calendar) {
-  std::string line = finding.state == "issue" ? "Real issue" : "Fine";
+  std::string line = decisionWord(finding.state);
   if (finding.state_by) line += " · " + personName(store, *finding.state_by);
   if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
   return line;
@@ -40,7 +32,7 @@ std::string decidedLine(const Store& store, const Finding& finding, Moment now,
 std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file) {
   if (!finding.before && !finding.after) return {};
   return {{roleLabel(finding.against), finding.before.value_or("")},
-          {file.supplier.value_or("Supplier") + " file", finding.after.value_or("")}};
+          {supplierOf(file) + " file", finding.after.value_or("")}};
 }
 
 FindingCardView cardOf(const Store& store, const FileItem& file, const Finding& finding, Moment now,

@@ -11,21 +11,17 @@
 namespace vellix {
 namespace {
 
-// Device pixels. What is longer than any screen is not in sight at its end.
+// Device pixels; no screen is longer.
 constexpr int kLongest = 16'384;
 
 // The software renderer places children that join later only by a parent with a place of its own.
 struct Node : QSGTransformNode {
-  QSGRectangleNode* ground = nullptr;
-  std::vector<QSGImageNode*> strips;
   ~Node() override { clear(); }
   void clear() {
     while (QSGNode* child = firstChild()) {
       removeChildNode(child);
       delete child;
     }
-    ground = nullptr;
-    strips.clear();
   }
 };
 
@@ -146,10 +142,10 @@ QSGNode* MarkFrame::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
   if (fill_ > 0) {
     QColor ground = color_;
     ground.setAlphaF(static_cast<float>(fill_));
-    node->ground = window()->createRectangleNode();
-    node->ground->setRect(QRectF(0, 0, width(), height()));
-    node->ground->setColor(ground);
-    node->appendChildNode(node->ground);
+    QSGRectangleNode* inside = window()->createRectangleNode();
+    inside->setRect(QRectF(0, 0, width(), height()));
+    inside->setColor(ground);
+    node->appendChildNode(inside);
   }
   for (const Strip& strip : strips_) {
     QSGImageNode* image = window()->createImageNode();
@@ -159,7 +155,6 @@ QSGNode* MarkFrame::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     image->setRect(
         QRectF((QPointF(strip.place.topLeft()) - off_) / dpr, QSizeF(strip.place.size()) / dpr));
     node->appendChildNode(image);
-    node->strips.push_back(image);
   }
   return node;
 }

@@ -13,7 +13,8 @@ PressArea {
     readonly property real start: vertical ? view.visibleArea.yPosition : view.visibleArea.xPosition
     readonly property real room: (vertical ? height : width) - 4
     readonly property real knobLength: Math.max(24, room * shown)
-    readonly property bool awake: hovered || pressed || view.moving
+    property bool stays: false  // shows also at rest
+    readonly property bool awake: stays || hovered || pressed || view.moving
     // Where on the knob the pointer took hold, in the bar's direction.
     property real grip: 0
     property bool gripped: false

@@ -135,7 +135,9 @@ void Store::stepPage(const FileDetail& detail, Int delta) {
   const std::string id = detail.file.id;
   const Int count = detail.file.pages ? static_cast<Int>(detail.file.pages->size()) : 0;
   const auto entry = page().find(id);
-  const Int present = entry == page().end() ? 0 : entry->second;
+  // From the page that is shown, should the ticket have lost the one that was.
+  const Int present =
+      std::min(entry == page().end() ? 0 : entry->second, std::max<Int>(count - 1, 0));
   goToPage(id, std::max<Int>(std::min(sumHeld(present, delta), count - 1), 0));
   draft.set(std::nullopt);
 }

@@ -125,6 +125,12 @@ TEST_F(Modes, TellWhetherANoteIsDrawnAndWritten) {
   EXPECT_FALSE(view().bar.drafting);
 }
 
+TEST_F(Modes, TellOfADraftWhoeversTurnItIs) {
+  store().mode.set(CompareMode::blink);
+  store().draft.set(DraftNote{.fileID = "t1", .page = 0, .side = "supplier"});
+  for (state.blink = 0; state.blink < 3; ++state.blink) EXPECT_TRUE(view().bar.drafting);
+}
+
 TEST_F(Modes, GivePanesTheSideOfTheirNotes) {
   EXPECT_EQ(view().panes[0].side, "supplier");
   EXPECT_EQ(view().panes[1].side, "ours");

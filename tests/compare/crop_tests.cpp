@@ -72,6 +72,15 @@ TEST(CropLayouts, MarkTheBoxesThreeAround) {
   expectNear(layout.marks[1], {-123, -483, 606, 1'206});
 }
 
+TEST(CropLayouts, HoldPagesOfImpossibleShapes) {
+  for (const double aspect : {1e-12, 1e12, -1.0, std::numeric_limits<double>::infinity()}) {
+    const auto layout =
+        cropLayout(cropAround(Box{0.4, 0.4, 0.1, 0.1}, aspect), {}, aspect, {300, 200});
+    EXPECT_LE(layout.page.width, 1e6) << aspect;
+    EXPECT_LE(layout.page.height, 1e6) << aspect;
+  }
+}
+
 TEST(CropLayouts, HoldInNoRoom) {
   const auto layout = cropLayout({0, 0, 1, 1}, {}, 0, {0, 0});
   EXPECT_GE(layout.page.width, 1);

@@ -51,6 +51,8 @@ TEST(States, HaveTheirWords) {
   EXPECT_EQ(stateWord("fine"), "Fine");
   EXPECT_EQ(stateWord("open"), "Open");
   EXPECT_EQ(stateWord("anything"), "Open");
+  EXPECT_EQ(decisionWord("issue"), "Real issue");
+  EXPECT_EQ(decisionWord("fine"), "Fine");
 }
 
 }  // namespace

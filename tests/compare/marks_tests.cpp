@@ -65,6 +65,14 @@ INSTANTIATE_TEST_SUITE_P(
         Mark{"Narrow", {0.5, 0.5, 0.0078125, 0.5}, kPicture, {197.5625, 300, 8, 300}}),
     [](const auto& each) { return each.param.name; });
 
+TEST(Marks, EndWhereNobodyCanSeeThem) {
+  EXPECT_EQ(inSight({10, 20, 30, 40}, kPicture), (Box{10, 20, 30, 40}));
+  EXPECT_EQ(inSight({-3, -3, 406, 606}, kPicture), (Box{-3, -3, 406, 606}));
+  EXPECT_EQ(inSight({-4e5, -4e5, 8e5, 8e5}, kPicture), (Box{-24, -24, 448, 648}));
+  EXPECT_EQ(inSight({200, 300, 4e5, 8}, kPicture), (Box{200, 300, 224, 8}));
+  EXPECT_EQ(inSight({4e5, 10, 50, 50}, kPicture), (Box{424, 10, 1, 50})) << "all of it is outside";
+}
+
 TEST(Areas, AreAboveTheThresholdInBothDirections) {
   EXPECT_TRUE(isArea(0.0041, 0.0041));
   EXPECT_FALSE(isArea(0.004, 0.5));

@@ -82,6 +82,7 @@ TEST_F(PageMarks, DrawEachRectangleOfAFinding) {
   detail.findings[0].ref_box = {0.6, 0.6, 0.1, 0.1};
   EXPECT_EQ(findingsOn(std::nullopt), (Texts{"words", "words"}));
   EXPECT_NE(on(std::nullopt).boxes[0].key, on(std::nullopt).boxes[1].key);
+  EXPECT_EQ(on(std::nullopt).boxes[1].name, "One word changed, Fix, Open, page iv, 2 of 2");
   ASSERT_EQ(on("submitted").boxes.size(), 1U);
   EXPECT_EQ(on("submitted").boxes[0].box.x, 0.6);
 }
@@ -91,7 +92,7 @@ struct Manner {
   const char* kind;
   const char* state;
   const char* colour;
-  bool soft;
+  const char* line;
   const char* called;
 };
 class Manners : public PageMarks, public testing::WithParamInterface<Manner> {};
@@ -101,25 +102,26 @@ TEST_P(Manners, TellAFindingsKindAndState) {
   detail.findings[0].state = GetParam().state;
   const auto mark = on(std::nullopt).boxes.at(0);
   EXPECT_EQ(mark.colour, GetParam().colour);
-  EXPECT_EQ(mark.soft, GetParam().soft);
+  EXPECT_EQ(mark.line, GetParam().line);
   EXPECT_EQ(mark.name, GetParam().called);
   EXPECT_EQ(mark.help, "One word changed");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Manners,
-                         testing::Values(Manner{"Open", "words", "open", "accent", false,
+                         testing::Values(Manner{"Open", "words", "open", "accent", "solid",
                                                 "One word changed, Fix, Open, page iv"},
-                                         Manner{"Issue", "words", "issue", "accent", false,
+                                         Manner{"Issue", "words", "issue", "accent", "solid",
                                                 "One word changed, Fix, Real issue, page iv"},
-                                         Manner{"Fine", "words", "fine", "green", true,
+                                         Manner{"Fine", "words", "fine", "green", "dashed",
                                                 "One word changed, Fix, Fine, page iv"},
-                                         Manner{"Passed", "pass", "open", "green", true,
+                                         Manner{"Passed", "pass", "open", "green", "dashed",
                                                 "One word changed, Fix, Passed, page iv"},
-                                         Manner{"Expected", "expected", "open", "muted", true,
+                                         Manner{"Expected", "expected", "open", "muted", "dotted",
                                                 "One word changed, Fix, Our edit, page iv"},
                                          Manner{"ExpectedAndFine", "expected", "fine", "green",
-                                                true, "One word changed, Fix, Our edit, page iv"},
-                                         Manner{"Unknown", "riddle", "riddle", "accent", false,
+                                                "dotted",
+                                                "One word changed, Fix, Our edit, page iv"},
+                                         Manner{"Unknown", "riddle", "riddle", "accent", "solid",
                                                 "One word changed, Fix, Open, page iv"}),
                          [](const auto& each) { return each.param.name; });
 

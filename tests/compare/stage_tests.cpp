@@ -84,6 +84,14 @@ TEST(Stage, SetsAPageInTheMiddleOfItsColumnOnAWholePixel) {
   EXPECT_EQ(layout.panes[0].width, 964);
 }
 
+TEST(Stage, SetsEveryPageOnAWholePixel) {
+  for (const double width : {1'000.0, 1'001.0, 885.5}) {
+    for (const auto& pane : stageLayout({width, 700}, square(3), 1, false).panes) {
+      EXPECT_EQ(pane.page.x, std::round(pane.page.x));
+    }
+  }
+}
+
 TEST(Stage, WidensAColumnWithItsPage) {
   const auto layout = stageLayout(kStage, {{.aspect = 1}, {.aspect = 1}}, 4, false);
   EXPECT_EQ(layout.panes[0].width, 474 * 4);
@@ -203,29 +211,67 @@ TEST(Anchors, HoldNothingWhereThereIsNothing) {
   EXPECT_EQ(anchored(anchor, {200, 100}, two, kStage), (Spot{200, 100})) << "the pane has gone";
 }
 
+// A mark on a pane's page, in the content's coordinates.
+Box on(const StageLayout& layout, std::size_t pane, Box mark) {
+  const Box& page = layout.panes[pane].page;
+  return {page.x + mark.x, page.y + mark.y, mark.width, mark.height};
+}
+
 TEST(Reveal, LeavesAMarkInSightWhereItIs) {
   const auto layout = stageLayout(kStage, square(2), 2, false);
-  EXPECT_EQ(revealed(layout, {0, 0}, 0, {100, 100, 40, 20}, kStage), Spot{});
+  EXPECT_EQ(revealed(layout, {0, 0}, {on(layout, 0, {100, 100, 40, 20})}, kStage), Spot{});
+}
+
+TEST(Reveal, StaysWhereOneOfManyIsInSight) {
+  const auto layout = stageLayout(kStage, square(2), 4, false);
+  const std::vector<Box> marks{on(layout, 0, {1'500, 1'500, 40, 20}),
+                               on(layout, 1, {900, 900, 40, 20})};
+  const Spot here{layout.panes[1].page.x + 600, 700};
+  EXPECT_EQ(revealed(layout, here, marks, kStage), here);
+}
+
+TEST(Reveal, GoesToTheNearest) {
+  const auto layout = stageLayout(kStage, square(2), 4, false);
+  const std::vector<Box> marks{on(layout, 0, {100, 100, 40, 20}),
+                               on(layout, 1, {100, 100, 40, 20})};
+  const Spot to = revealed(layout, {layout.panes[1].page.x + 300, 0}, marks, kStage);
+  EXPECT_DOUBLE_EQ(layout.panes[1].page.x + 120 - to.x, 500);
+  EXPECT_EQ(to.y, 0) << "it was in sight in this direction";
 }
 
 TEST(Reveal, PutsAMarkOutOfSightInTheMiddle) {
   const auto layout = stageLayout(kStage, square(2), 4, false);
-  const Spot to = revealed(layout, {0, 0}, 1, {800, 900, 40, 20}, kStage);
+  const Spot to = revealed(layout, {0, 0}, {on(layout, 1, {800, 900, 40, 20})}, kStage);
   const Box& page = layout.panes[1].page;
   EXPECT_DOUBLE_EQ(page.x + 820 - to.x, 500);
   EXPECT_DOUBLE_EQ(page.y + 910 - to.y, 350);
 }
 
+TEST(Reveal, CountsWhatIsCoveredAsOutOfSight) {
+  const auto layout = stageLayout(kStage, square(2), 2, false);
+  const Box low = on(layout, 0, {100, 500, 40, 20});
+  EXPECT_EQ(revealed(layout, {0, 0}, {low}, kStage), Spot{});
+  const Spot to = revealed(layout, {0, 0}, {low}, {1'000, 450});
+  EXPECT_DOUBLE_EQ(low.y + 10 - to.y, 225);
+}
+
 TEST(Reveal, StaysWithinTheContent) {
   const auto layout = stageLayout(kStage, square(2), 4, false);
-  const Spot to = revealed(layout, {0, 0}, 1, {1'880, 1'880, 10, 10}, kStage);
+  const Spot to = revealed(layout, {0, 0}, {on(layout, 1, {1'880, 1'880, 10, 10})}, kStage);
   EXPECT_EQ(to, (Spot{layout.width - 1'000, layout.height - 700}));
+}
+
+TEST(Reveal, StandsStillOverAMarkThatIsLargerThanTheStage) {
+  const auto layout = stageLayout(kStage, square(1), 4, false);
+  const Box all =
+      on(layout, 0, {-3, -3, layout.panes[0].page.width + 6, layout.panes[0].page.height + 6});
+  EXPECT_EQ(revealed(layout, {400, 300}, {all}, kStage), (Spot{400, 300}));
 }
 
 TEST(Reveal, DoesNothingWhereNothingScrolls) {
   const auto layout = stageLayout(kStage, square(2), 1, false);
-  EXPECT_EQ(revealed(layout, {}, 1, {900, 900, 10, 10}, kStage), Spot{});
-  EXPECT_EQ(revealed(stageLayout(kStage, {}, 4, false), {5, 5}, 0, {}, kStage), (Spot{5, 5}));
+  EXPECT_EQ(revealed(layout, {}, {{900, 900, 10, 10}}, kStage), Spot{});
+  EXPECT_EQ(revealed(stageLayout(kStage, square(1), 4, false), {5, 5}, {}, kStage), (Spot{5, 5}));
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
                     StepCase{"WithoutAnEntryFromTheFirst", 3, std::nullopt, 1, 1},
                     StepCase{"StaysOnTheLast", 3, 2, 1, 2},
                     StepCase{"StaysOnTheFirst", 3, 0, -1, 0}, StepCase{"Far", 3, 0, 99, 2},
-                    StepCase{"FarBack", 3, 2, -99, 0}, StepCase{"FromBeyondTheEnd", 3, 50, -1, 2},
+                    StepCase{"FarBack", 3, 2, -99, 0}, StepCase{"FromBeyondTheEnd", 3, 50, -1, 1},
                     StepCase{"OnlyPage", 1, 0, 1, 0}, StepCase{"NoPages", 0, 0, 1, 0},
                     StepCase{"FromTheHighestNumber", 3, kMost, 1, 2},
                     StepCase{"FromTheLowestNumber", 3, kLeast, -1, 0}),

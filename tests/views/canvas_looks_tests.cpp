@@ -142,23 +142,119 @@ TEST_F(CanvasLooks, PagesOfOtherPixelSizesRegister) {
 }
 
 TEST_F(CanvasLooks, MarksLieOnTheirPlaceAtEveryZoom) {
-  const QColor accent{"#e4572e"};
-  for (const double zoom : {1.0, 1.25, 2.0, 4.0}) {
+  pictures.known["supplier-0"] = plain(Qt::white);
+  store().shown.set({"supplier"});
+  FileDetail detail = lighthouse();
+  detail.findings = {findingOf("f1")};
+  detail.findings[0].kind = "barcode";  // needs no reference to stay
+  detail.findings[0].box = {0.37, 0.41, 0.2, 0.1};
+  store().details.set({{"t1", detail}});
+  models()["compare"].value<CompareModel*>()->stepPage(0);
+  const auto off = [this](QPointF line, QPointF along) {
+    const QImage image = window()->grabWindow();
+    const qreal scale = window()->effectiveDevicePixelRatio();
+    qreal sum = 0;
+    qreal weight = 0;
+    for (qreal d = -6; d <= 6; d += 1 / scale) {
+      const QPoint pixel{static_cast<int>(std::floor((line.x() + d * along.x()) * scale)),
+                         static_cast<int>(std::floor((line.y() + d * along.y()) * scale))};
+      const QColor colour = image.pixelColor(pixel);
+      const qreal strength = 1 - colour.blueF();
+      const QPointF centre = (QPointF(pixel) + QPointF{0.5, 0.5}) / scale;
+      sum += strength * QPointF::dotProduct(centre - line, along);
+      weight += strength;
+    }
+    return weight > 0.3 ? sum / weight : 99.0;
+  };
+  int looked = 0;
+  for (const double zoom : {1.0, 1.25, 2.0, 3.25, 4.0}) {
     store().zoom.set(zoom);
     rest();
     const QRectF rect = page("supplier-0");
-    // The box 0.1, 0.1, 0.2, 0.1 with its margin of 3: the upper and the left line.
-    const QPointF corner{rect.x() + 0.1 * rect.width() - 3, rect.y() + 0.1 * rect.height() - 3};
-    const QRectF seen{240, 120, 1'160, 640};
-    const QPointF above{corner.x() + 20, corner.y()};
-    const QPointF beside{corner.x(), corner.y() + 20};
-    for (const QPointF spot : {above, beside}) {
-      if (!seen.contains(spot)) continue;
-      const QColor colour = at(spot);
-      EXPECT_GT(colour.red(), 200) << zoom;
-      EXPECT_NEAR(colour.green(), accent.green(), 60) << zoom;
-    }
+    const QPointF corner{rect.x() + 0.37 * rect.width() - 3, rect.y() + 0.41 * rect.height() - 3};
+    const QRectF seen{300, 260, 1'000, 400};
+    if (!seen.contains(corner)) continue;
+    ++looked;
+    EXPECT_NEAR(off(corner + QPointF{30, 0}, {0, 1}), 0, 0.6) << "above, at " << zoom;
+    EXPECT_NEAR(off(corner + QPointF{0, 20}, {1, 0}), 0, 0.6) << "beside, at " << zoom;
   }
+  EXPECT_GE(looked, 4);
+}
+
+TEST_F(CanvasLooks, PinsAndDraftsStandOnTheirPlace) {
+  pictures.known["supplier-0"] = plain(Qt::white);
+  FileDetail detail = lighthouse();
+  detail.findings.clear();
+  Note pin;
+  pin.id = "n1";
+  pin.page = 0;
+  pin.x = 0.5;
+  pin.y = 0.25;
+  pin.by = "renny@tessarine.example";
+  Note area = pin;
+  area.id = "n2";
+  area.y = 0.5;
+  area.w = 0.25;
+  area.h = 0.125;
+  detail.comments = {pin, area};
+  store().details.set({{"t1", detail}});
+  store().draft.set(DraftNote{.fileID = "t1", .page = 0, .side = "supplier", .x = 0.25, .y = 0.75});
+  rest();
+  const QRectF rect = page("supplier-0");
+  const auto place = [&](double x, double y) {
+    return QPointF{rect.x() + x * rect.width(), rect.y() + y * rect.height()};
+  };
+  const auto centre = [](const QQuickItem* item) {
+    return item->mapRectToScene(item->boundingRect()).center();
+  };
+  const auto pins = seen(window()->contentItem(), "NotePin");
+  // The supplier's own notes stand on the supplier's pane alone.
+  ASSERT_EQ(pins.size(), 2);
+  EXPECT_LT((centre(pins[0]) - place(0.5, 0.25)).manhattanLength(), 0.01);
+  EXPECT_EQ(pins[0]->size(), QSizeF(22, 22));
+  EXPECT_LT((centre(pins[1]) - place(0.5, 0.5)).manhattanLength(), 0.01) << "at the area's corner";
+  const auto drafts = seen(window()->contentItem(), "DraftOutline");
+  ASSERT_EQ(drafts.size(), 1);
+  EXPECT_LT((centre(drafts[0]) - place(0.25, 0.75)).manhattanLength(), 0.01);
+  EXPECT_EQ(drafts[0]->size(), QSizeF(18, 18));
+  const auto marks = seen(window()->contentItem(), "NoteMark");
+  const QRectF box = marks[1]->mapRectToScene(marks[1]->boundingRect());
+  EXPECT_NEAR(box.width(), 0.25 * rect.width(), 0.01);
+  EXPECT_NEAR(box.bottom(), place(0, 0.625).y(), 0.01);
+}
+
+TEST_F(CanvasLooks, ACropShowsItsPartOfThePageAndMarksIt) {
+  // The lower right quarter is dark.
+  QImage image = plain(Qt::white);
+  for (int y = 200; y < 400; ++y) {
+    for (int x = 150; x < 300; ++x) image.setPixel(x, y, 0xff202020);
+  }
+  pictures.known["supplier-0"] = image;
+  pictures.known["submitted-0"] = plain(Qt::white);
+  FileDetail detail = lighthouse();
+  detail.findings = {findingOf("f1")};
+  detail.findings[0].box = {0.45, 0.45, 0.1, 0.1};
+  store().details.set({{"t1", detail}});
+  store().prefs.openLoupe.set(true);
+  store().focus.set("f1");
+  rest();
+  const auto crops = seen(window()->contentItem(), "Crop");
+  ASSERT_EQ(crops.size(), 2);
+  const auto lay = crops[0]->property("lay").toMap();
+  const auto frame = lay["frame"].toMap();
+  const auto at1 = [&](double fx, double fy) {
+    return at(crops[0]->mapToScene(
+        {frame["x"].toDouble() + fx * frame["width"].toDouble(), fy * frame["height"].toDouble()}));
+  };
+  // The page's middle is the crop's.
+  expectColour(at1(0.9, 0.9), {0x20, 0x20, 0x20}, 8);
+  expectColour(at1(0.1, 0.9), Qt::white, 8);
+  expectColour(at1(0.9, 0.1), Qt::white, 8);
+  const auto mark = lay["marks"].toList().at(0).toMap();
+  const QColor line = at(crops[0]->mapToScene(
+      {frame["x"].toDouble() + mark["x"].toDouble(), mark["y"].toDouble() + 20}));
+  EXPECT_GT(line.red(), 200);
+  EXPECT_LT(line.blue(), 120);
 }
 
 TEST_F(CanvasLooks, APassedCheckIsDashedAndAnOpenFindingIsNot) {

@@ -179,13 +179,86 @@ TEST_F(CanvasModels, KeepThePlaceUnderTheAnchor) {
 
 TEST_F(CanvasModels, BringTheSelectedFindingInSight) {
   model.layStage({1'000, 700}, 4, {0, 0}, {0, 0});
-  EXPECT_EQ(model.revealSelected({0, 0}), QPointF(0, 0)) << "nothing is selected";
+  EXPECT_EQ(model.revealSelected({900, 900}, 0), QPointF(900, 900)) << "nothing is selected";
   const QSignalSpy selections{&model, &CompareModel::selected};
   model.pressBox("f-t1");
   desk.time.run();
   EXPECT_EQ(selections.count(), 1);
-  EXPECT_EQ(model.revealSelected({0, 0}), QPointF(0, 0)) << "it is in sight";
-  EXPECT_EQ(model.revealSelected({900, 900}), QPointF(0, 0)) << "as near as the content goes";
+  EXPECT_EQ(model.revealSelected({0, 0}, 0), QPointF(0, 0)) << "it is in sight";
+  // It lies on ours as well, and there it is nearer.
+  const double ours = model.stage()["panes"].toList().at(1).toMap()["page"].toMap()["x"].toDouble();
+  EXPECT_EQ(model.revealSelected({ours, 100}, 0), QPointF(ours, 100));
+  EXPECT_NE(model.revealSelected({ours, 100}, 600), QPointF(ours, 100)) << "it is covered";
+}
+
+TEST_F(CanvasModels, BringAPlaceInSight) {
+  model.layStage({1'000, 700}, 4, {0, 0}, {0, 0});
+  EXPECT_EQ(model.reveal({100, 100, 50, 50}, {0, 0}, 0), QPointF(0, 0));
+  EXPECT_EQ(model.reveal({1'500, 100, 50, 50}, {0, 0}, 0), QPointF(1'025, 0));
+}
+
+TEST_F(CanvasModels, GlideBackToWhereAHandWas) {
+  model.wheel(1);
+  desk.time.run();
+  model.zoomIn();
+  desk.time.run();
+  model.zoomOut();
+  desk.time.run();
+  EXPECT_DOUBLE_EQ(store().zoom(), 1.25);
+  EXPECT_TRUE(model.glides());
+  model.wheel(-3);
+  desk.time.run();
+  store().stepZoom(Store::kZoomIn);
+  desk.time.run();
+  store().fitZoom();
+  desk.time.run();
+  EXPECT_TRUE(model.glides()) << "also by the menu's commands";
+}
+
+TEST_F(CanvasModels, TakeAnotherAnchorOnceThePanesAreOthers) {
+  const QPointF spot{100, 100};
+  QPointF scroll = model.layStage({1'000, 700}, 2, {0, 0}, spot);
+  model.togglePane("supplier");
+  desk.time.run();
+  const double before =
+      model.stage()["panes"].toList().at(0).toMap()["page"].toMap()["width"].toDouble();
+  const double left = model.stage()["panes"].toList().at(0).toMap()["page"].toMap()["x"].toDouble();
+  const double place = (spot.x() + scroll.x() - left) / before;
+  scroll = model.layStage({1'000, 700}, 3, scroll, spot);
+  const QVariantMap page = model.stage()["panes"].toList().at(0).toMap()["page"].toMap();
+  const double now = page["x"].toDouble() + place * page["width"].toDouble() - scroll.x();
+  EXPECT_NEAR(now, spot.x(), 1e-6);
+}
+
+TEST_F(CanvasModels, RestWhileANoteIsDrawnAndWhileNobodyLooks) {
+  mode("blink");
+  desk.time.advance(Milliseconds{600});
+  model.setDrawing(true);
+  desk.time.advance(Milliseconds{5'000});
+  EXPECT_EQ(onStage(), "supplier-0;");
+  model.setDrawing(false);
+  desk.time.advance(Milliseconds{699});
+  EXPECT_EQ(onStage(), "supplier-0;");
+  desk.time.advance(Milliseconds{1});
+  EXPECT_EQ(onStage(), "ours-0;");
+  model.setSeen(false);
+  desk.time.run();
+  EXPECT_EQ(desk.time.sleeping(), 0U);
+  model.setSeen(true);
+  EXPECT_EQ(desk.time.sleeping(), 1U);
+}
+
+TEST_F(CanvasModels, BeginToBlinkAnewWithAnotherTicket) {
+  mode("blink");
+  desk.time.advance(Milliseconds{700});
+  ASSERT_EQ(onStage(), "ours-0;");
+  desk.time.advance(Milliseconds{600});
+  select("t2");
+  EXPECT_EQ(onStage(), "supplier-0;");
+  desk.time.advance(Milliseconds{699});
+  EXPECT_EQ(onStage(), "supplier-0;");
+  desk.time.advance(Milliseconds{1});
+  EXPECT_EQ(onStage(), "ours-0;");
 }
 
 TEST_F(CanvasModels, OpenTheNotesForAPin) {

@@ -1,6 +1,9 @@
 // The canvas as it is worked: by mouse, wheel and key, and while polls come in.
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
@@ -98,7 +101,7 @@ TEST_F(CanvasViews, SelectAFindingByItsBoxAndShowItsSpot) {
   EXPECT_FALSE(store().focus());
 }
 
-TEST_F(CanvasViews, SelectAFindingByAClickAndByKey) {
+TEST_F(CanvasViews, SelectAFindingByAClick) {
   QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.2, 0.15));
   settle();
   // Two lie in the same place: the later one is above.
@@ -263,13 +266,150 @@ TEST_F(CanvasViews, BringASelectedFindingInSight) {
   QMetaObject::invokeMethod(stage(), "forceActiveFocus");
   QTest::keyClick(window(), Qt::Key_End);
   store().focus.set("f1");
-  const bool came = QTest::qWaitFor([this] {
+  const auto inSight = [this] {
     settle();
-    const QRectF rect = page();
-    const QPointF box{rect.x() + 0.2 * rect.width(), rect.y() + 0.15 * rect.height()};
-    return stage()->mapRectToScene(stage()->boundingRect()).contains(box);
-  });
+    const QRectF room = stage()->mapRectToScene(stage()->boundingRect());
+    return std::ranges::any_of(seen(stage(), "BoxMark"), [&](const QQuickItem* box) {
+      const bool selected = box->property("mark").toMap()["selected"].toBool();
+      return selected && room.contains(box->mapRectToScene(box->boundingRect()));
+    });
+  };
+  EXPECT_FALSE(inSight());
+  const bool came = QTest::qWaitFor(inSight);
   EXPECT_TRUE(came);
+}
+
+TEST_F(CanvasViews, BringAMarkInSightThatTheKeyboardHasComeTo) {
+  zoomTo(4);
+  QMetaObject::invokeMethod(stage(), "forceActiveFocus");
+  QTest::keyClick(window(), Qt::Key_End);
+  QQuickItem* box = seen(stage(), "BoxMark").constFirst();
+  box->forceActiveFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    settle();
+    const QRectF room = stage()->mapRectToScene(stage()->boundingRect());
+    return room.contains(box->mapRectToScene(box->boundingRect()));
+  }));
+}
+
+TEST_F(CanvasViews, DropADragWhosePageIsTurned) {
+  QTest::mousePress(window(), Qt::LeftButton, {}, on(0.5, 0.5));
+  QTest::mouseMove(window(), on(0.6, 0.6));
+  QTest::keyClick(window(), Qt::Key_Down, Qt::ControlModifier);
+  settle();
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, on(0.7, 0.7));
+  settle();
+  EXPECT_EQ(store().page().at("t1"), 1);
+  EXPECT_FALSE(store().draft());
+}
+
+TEST_F(CanvasViews, PinchOnAPage) {
+  const auto pinch = [this](Qt::NativeGestureType type, double value) {
+    const QPointF at = on(0.75, 0.5);
+    QNativeGestureEvent event{type,  QPointingDevice::primaryPointingDevice(),
+                              2,     at,
+                              at,    window()->mapToGlobal(at),
+                              value, {},
+                              1};
+    QCoreApplication::sendEvent(window(), &event);
+    settle();
+  };
+  const QPoint spot = on(0.75, 0.5);
+  pinch(Qt::BeginNativeGesture, 0);
+  for (int i = 0; i < 10; ++i) pinch(Qt::ZoomNativeGesture, 0.1);
+  pinch(Qt::EndNativeGesture, 0);
+  EXPECT_GT(store().zoom(), 1.8);
+  EXPECT_NEAR(on(0.75, 0.5).x(), spot.x(), 6);
+  EXPECT_FALSE(store().draft());
+}
+
+TEST_F(CanvasViews, KeepTheHoverOfABoxAcrossAPoll) {
+  QTest::mouseMove(window(), on(0.2, 0.15));
+  settle();
+  QTest::mouseMove(window(), on(0.21, 0.15));
+  settle();
+  const auto hovered = [this] {
+    QStringList findings;
+    for (const QQuickItem* box : seen(stage(), "BoxMark")) {
+      if (box->property("hovered").toBool()) {
+        findings.append(box->property("mark").toMap()["finding"].toString());
+      }
+    }
+    return findings;
+  };
+  const QStringList before = hovered();
+  ASSERT_FALSE(before.isEmpty());
+  FileDetail changed = lighthouse(2);
+  changed.findings.insert(changed.findings.begin(), findingOf("f0", 0, "low"));
+  changed.findings.front().box = {0.8, 0.8, 0.05, 0.05};
+  store().details.set({{"t1", changed}});
+  settle();
+  EXPECT_EQ(hovered(), before);
+}
+
+TEST_F(CanvasViews, GiveTheKeyboardBackWhenTheLoupeIsClosedByIt) {
+  QQuickItem* box = seen(stage(), "BoxMark").constFirst();
+  box->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  ASSERT_TRUE(comes("Close (Esc)"));
+  QQuickItem* close = nullptr;
+  for (QQuickItem* each : seen(window()->contentItem(), "IconButton")) {
+    if (each->property("help").toString() == "Close (Esc)") close = each;
+  }
+  ASSERT_TRUE(close);
+  close->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  EXPECT_FALSE(store().focus());
+  EXPECT_TRUE(box->hasActiveFocus());
+}
+
+TEST_F(CanvasViews, HandTheKeyboardOnWhereAButtonEnds) {
+  const auto button = [this](const QString& help) -> QQuickItem* {
+    for (QQuickItem* each : seen(window()->contentItem(), "IconButton")) {
+      if (each->property("help").toString() == help) return each;
+    }
+    return nullptr;
+  };
+  button("Next page")->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  ASSERT_EQ(store().page().at("t1"), 2);
+  EXPECT_TRUE(button("Previous page")->hasActiveFocus());
+}
+
+TEST_F(CanvasViews, OpenTheLoupeOnPicturesThatAreHere) {
+  const QStringList before = pictures.asked;
+  ASSERT_TRUE(press(kBox));
+  ASSERT_TRUE(comes("Close (Esc)"));
+  const QSet<QString> known(before.begin(), before.end());
+  for (const QString& key : std::as_const(pictures.asked)) EXPECT_TRUE(known.contains(key));
+}
+
+TEST_F(CanvasViews, StandOnATicketOfAThousandPages) {
+  FileDetail detail = lighthouse();
+  detail.file.pages = pagesOf(1'000);
+  detail.findings.clear();
+  for (Int i = 0; i < 1'000; ++i) detail.findings.push_back(findingOf("f" + std::to_string(i), i));
+  store().details.set({{"t1", detail}});
+  store().page.set({{"t1", 999}});
+  settle();
+  EXPECT_TRUE(has("p1000 · 1000 of 1000", QAccessible::StaticText));
+}
+
+TEST_F(CanvasViews, HoldALongPageNameWithinTheBar) {
+  FileDetail detail = lighthouse();
+  detail.file.pages->front().label = std::string(300, 'x');
+  store().details.set({{"t1", detail}});
+  resize({760, 540});
+  for (QQuickItem* each : seen(window()->contentItem(), "IconButton")) {
+    const QRectF place = each->mapRectToScene(each->boundingRect());
+    EXPECT_GE(place.left(), 0);
+    EXPECT_LE(place.right(), 760);
+  }
 }
 
 TEST_F(CanvasViews, KeepTheirPlaceAcrossAPageStep) {

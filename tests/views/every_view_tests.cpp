@@ -34,7 +34,7 @@ class EveryView : public ViewTest {
                                 toQml(WordingView{"Supplier file", ""})};
     const Box quarter{0.25, 0.25, 0.25, 0.25};
     const QVariant boxMark =
-        toQml(BoxMarkView{"f1 0", "f1", quarter, "accent", true, true, "A word", "f1"});
+        toQml(BoxMarkView{"f1 0", "f1", quarter, "accent", "dotted", true, "A word", "f1"});
     const QVariant noteMark = toQml(NoteMarkView{"n1", 1, quarter, true, "Renny: here", "Note 1"});
     const QVariant draftMark = toQml(DraftMarkView{true, quarter, true, "Note on this area"});
     const QVariant crop = toQml(CropView{.img = "supplier-0",
@@ -84,7 +84,7 @@ class EveryView : public ViewTest {
         {"Compare/Crop",
          {pick("compare"), pick("pictures"), {"crop", crop}, {"ground", "#ffffff"}}},
         {"Compare/DraftOutline", {{"mark", draftMark}, {"picture", QSizeF{300, 400}}}},
-        {"Compare/DrawLayer", {}},
+        {"Compare/DrawLayer", {{"page", 0}}},
         {"Compare/Loupe", {pick("compare"), pick("pictures"), {"takesEscape", true}}},
         {"Compare/NoteMark",
          {{"mark", noteMark}, {"place", QRectF{20, 30, 80, 20}}, {"picture", QSizeF{300, 400}}}},
@@ -99,7 +99,6 @@ class EveryView : public ViewTest {
         {"Compare/Pane",
          {{"index", 0},
           {"img", "supplier-0"},
-          {"aspect", 0.75},
           {"label", "Harrow Print file · p1"},
           {"tone", "purple"},
           {"missing", ""},

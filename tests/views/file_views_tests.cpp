@@ -123,6 +123,17 @@ TEST_F(FileViews, DecideAFinding) {
   EXPECT_EQ(sent("f2"), Bodies{R"({"state":"fine"})"});
 }
 
+TEST_F(FileViews, TellBothWordings) {
+  FileDetail detail = lighthouse();
+  detail.findings[0].before = "light";
+  store().details.set({{"t1", detail}});
+  settle();
+  EXPECT_TRUE(says("What we sent"));
+  EXPECT_TRUE(says("light"));
+  EXPECT_TRUE(says("Harrow Print file"));
+  EXPECT_TRUE(says("(nothing)"));
+}
+
 TEST_F(FileViews, OpenADecidedFindingAgain) {
   ASSERT_TRUE(press("Fine"));
   ASSERT_TRUE(press("A word changed"));
