@@ -65,7 +65,8 @@ Pressable {
         RemoteImage {
             anchors.fill: parent
             pictures: cell.pictures
-            key: cell.passing ? "" : cell.img
+            key: cell.img
+            waits: cell.passing
             placeholder: Theme.paper
         }
 

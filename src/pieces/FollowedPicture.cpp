@@ -32,7 +32,10 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
     awaited_ = 0;
     settled_ = false;
   }
-  if (key.isEmpty()) return;
+  if (key.isEmpty()) {
+    settled_ = true;
+    return show({});
+  }
   look();
   if (turns) return ask();
   if (hasAll()) return;

@@ -19,7 +19,7 @@ class FollowedPicture : public QObject {
   explicit FollowedPicture(QObject* parent);
 
   // What is to be shown now, and where; to be told before each frame. Another key or source asks
-  // at once; no key asks for nothing, and leaves the pixels.
+  // at once; without a key there is nothing to show, and what was is dropped.
   void follow(PictureSource* source, const QString& key, const PictureRoom& room);
 
   // Of the key before while the new one's are awaited; null when they cannot be had.

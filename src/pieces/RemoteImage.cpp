@@ -43,6 +43,13 @@ void RemoteImage::setPageRoom(QSizeF room) {
   emit pageRoomChanged();
 }
 
+void RemoteImage::setWaits(bool waits) {
+  if (waits_ == waits) return;
+  waits_ = waits;
+  lookAgain();
+  emit waitsChanged();
+}
+
 void RemoteImage::setPlaceholder(const QColor& colour) {
   if (placeholder_ == colour) return;
   placeholder_ = colour;
@@ -83,7 +90,7 @@ QImage RemoteImage::cutRound(const QRectF& part) const {
 // Runs once before the next frame, however much has changed.
 void RemoteImage::updatePolish() {
   const PictureRoom room = this->room();
-  picture_.follow(pictures_, key_, room);
+  if (!waits_ || !picture_.pixels().isNull()) picture_.follow(pictures_, key_, room);
   const Pixels& pixels = picture_.pixels();
   if (pixels.isNull() || room.size.isEmpty()) {
     showGround(placeholder_);

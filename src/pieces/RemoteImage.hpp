@@ -1,6 +1,6 @@
 // Shows the picture of one blob key, with a plain ground until it is here. A new key's picture
 // takes the old one's place when it is ready, so stepping through pages never shows a gap; one
-// that cannot be had leaves the ground. No key asks for nothing and leaves what is on show.
+// that cannot be had leaves the ground, as does no key.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -23,6 +23,8 @@ class RemoteImage : public vellix::PictureItem {
   // Of a page: the room that a page of any shape would be fitted into, in logical pixels. The
   // pages beside it are made ready for it.
   Q_PROPERTY(QSizeF pageRoom READ pageRoom WRITE setPageRoom NOTIFY pageRoomChanged)
+  // While set, a place that shows nothing asks for nothing; what is on show goes on as ever.
+  Q_PROPERTY(bool waits READ waits WRITE setWaits NOTIFY waitsChanged)
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
   Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
 
@@ -39,6 +41,8 @@ class RemoteImage : public vellix::PictureItem {
   void setRound(bool round);
   QSizeF pageRoom() const { return pageRoom_; }
   void setPageRoom(QSizeF room);
+  bool waits() const { return waits_; }
+  void setWaits(bool waits);
   QColor placeholder() const { return placeholder_; }
   void setPlaceholder(const QColor& colour);
   bool ready() const { return ready_; }
@@ -49,6 +53,7 @@ class RemoteImage : public vellix::PictureItem {
   void fillChanged();
   void roundChanged();
   void pageRoomChanged();
+  void waitsChanged();
   void placeholderChanged();
   void readyChanged();
 
@@ -67,6 +72,7 @@ class RemoteImage : public vellix::PictureItem {
   bool fill_ = false;
   bool round_ = false;
   QSizeF pageRoom_;
+  bool waits_ = false;
   QColor placeholder_;
   FollowedPicture picture_{this};
   bool ready_ = false;

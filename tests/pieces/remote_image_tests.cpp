@@ -117,14 +117,41 @@ TEST_F(RemoteImageTest, AsksNobodyWithoutAKey) {
   EXPECT_EQ(source.looks, 0);
 }
 
-TEST_F(RemoteImageTest, LeavesThePictureOnShowWhenTheKeyBecomesAbsent) {
+TEST_F(RemoteImageTest, ShowsThePlaceholderWhenTheKeyBecomesAbsent) {
   showRed();
-  ask("");
+  item->setKey("");
+  EXPECT_EQ(seen(), kGround);
+  EXPECT_FALSE(item->ready());
+  EXPECT_TRUE(source.requests.empty());
+  ask("b");
+  EXPECT_EQ(seen(), kGround);
+  source.answer(0, plain(kBlue));
+  EXPECT_EQ(seen(), kBlue);
+}
+
+TEST_F(RemoteImageTest, AsksNobodyWhileItWaits) {
+  item->setWaits(true);
+  ask("a");
+  ask("b");
+  EXPECT_TRUE(source.requests.empty());
+  EXPECT_EQ(source.looks, 0);
+  EXPECT_EQ(seen(), kGround);
+  item->setWaits(false);
+  frame();
+  ASSERT_EQ(source.requests.size(), 1U);
+  EXPECT_EQ(source.requests[0].key, "b");
+}
+
+TEST_F(RemoteImageTest, GoesOnWithWhatIsOnShowWhileItWaits) {
+  showRed();
+  item->setWaits(true);
   EXPECT_EQ(seen(), kRed);
-  EXPECT_TRUE(item->ready());
   ask("b");
   EXPECT_EQ(seen(), kRed);
-  source.answer(0, {});
+  ASSERT_EQ(source.requests.size(), 1U);
+  source.answer(0, plain(kBlue));
+  EXPECT_EQ(seen(), kBlue);
+  item->setKey("");
   EXPECT_EQ(seen(), kGround);
 }
 
