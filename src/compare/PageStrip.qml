@@ -33,65 +33,93 @@ Item {
         // Where the strip has just been: far from there, it is rushing past.
         property real before: 0
         property bool rushing: false
+        // It is being put somewhere, past nothing.
+        property bool placing: false
+        property real heightBefore: 0
 
-        // Brings a page into view with its neighbours, gliding there when it is near.
-        function reveal(index: int, gliding: bool) {
-            if (index < 0 || index >= count)
-                return;
-            const from = contentY;
-            glide.stop();
+        function openRow(): int {
+            return Math.min(strip.file.openPage, count - 1);
+        }
+        // Whether the current page is wholly in sight of a strip of that height.
+        function showsCurrent(tall: real): bool {
+            return currentItem !== null && currentItem.y > contentY - 1
+                && currentItem.y + currentItem.height < contentY + tall + 1;
+        }
+        // Puts the strip where a page is in sight with its neighbours.
+        function place(index: int) {
             for (const row of [index - 1, index + 1, index])
                 positionViewAtIndex(Math.max(0, Math.min(row, count - 1)), ListView.Contain);
-            const to = contentY;
-            if (!gliding || Math.abs(to - from) > height)
+        }
+        // Makes a page the current one and brings it into view with its neighbours, gliding there
+        // when it is near. With `keyed` it gets the keyboard, and the ring, before the list makes it
+        // the current one: the list would give it the keyboard without.
+        function show(index: int, gliding: bool, keyed: bool) {
+            if (index < 0 || index >= count)
                 return;
-            contentY = from;
+            glide.stop();
+            const from = contentY;
+            placing = true;
+            place(index);
+            const to = contentY;
+            if (keyed)
+                itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
+            currentIndex = index;
+            const glides = gliding && Math.abs(to - from) <= height;
+            if (glides)
+                contentY = from;
+            placing = false;
+            if (!glides)
+                return laid.restart();
             glide.from = from;
             glide.to = to;
             glide.start();
         }
-        function follow(gliding: bool) {
-            currentIndex = Math.min(strip.file.openPage, count - 1);
-            reveal(currentIndex, gliding);
-            if (!glide.running)
-                laid.restart();
-        }
-        // The page gets the keyboard before the list makes it the current one: the list would give
-        // it the keyboard without the ring.
         function moveTo(index: int) {
-            const next = Math.max(0, Math.min(index, count - 1));
-            reveal(next, false);
-            itemAtIndex(next)?.forceActiveFocus(Qt.TabFocusReason);
-            currentIndex = next;
-            laid.restart();
+            show(Math.max(0, Math.min(index, count - 1)), false, true);
+        }
+        // As many pages as there is room for.
+        function page(): int {
+            return Math.max(1, Math.floor(height / ((currentItem?.height ?? height) + spacing)));
         }
 
         Accessible.role: Accessible.List
         Accessible.name: "Pages"
 
-        onCountChanged: follow(false)
-        onHeightChanged: laid.restart()
-        onActiveFocusChanged: {
-            if (!activeFocus)
-                currentIndex = Math.min(strip.file.openPage, count - 1);
+        onCountChanged: show(openRow(), false, false)
+        onHeightChanged: {
+            // Whoever has scrolled away stays there.
+            if (!glide.running && (heightBefore <= 0 || showsCurrent(heightBefore)))
+                laid.restart();
+            heightBefore = height;
         }
+        onActiveFocusChanged: {
+            // A window that others cover for a while comes back as it was.
+            if (!activeFocus && Window.active)
+                currentIndex = openRow();
+        }
+        onMovementStarted: glide.stop()
         onContentYChanged: {
-            if (Math.abs(contentY - before) > height / 2)
+            if (!placing && Math.abs(contentY - before) > height / 2)
                 rushing = true;
             before = contentY;
             if (rushing)
                 rest.restart();
         }
 
-        Keys.onUpPressed: moveTo(currentIndex - 1)
-        Keys.onDownPressed: moveTo(currentIndex + 1)
         Keys.onPressed: event => {
-            if (event.key === Qt.Key_Home)
-                moveTo(0);
-            else if (event.key === Qt.Key_End)
-                moveTo(count - 1);
-            else
+            if (event.modifiers & ~Qt.KeypadModifier)
                 return;
+            const targets = {
+                [Qt.Key_Up]: currentIndex - 1,
+                [Qt.Key_Down]: currentIndex + 1,
+                [Qt.Key_PageUp]: currentIndex - page(),
+                [Qt.Key_PageDown]: currentIndex + page(),
+                [Qt.Key_Home]: 0,
+                [Qt.Key_End]: count - 1
+            };
+            if (!(event.key in targets))
+                return;
+            moveTo(targets[event.key]);
             event.accepted = true;
         }
 
@@ -100,8 +128,11 @@ Item {
             id: laid
 
             interval: 0
-            running: true
-            onTriggered: cells.reveal(cells.currentIndex, false)
+            onTriggered: {
+                cells.placing = true;
+                cells.place(cells.currentIndex);
+                cells.placing = false;
+            }
         }
 
         Timer {
@@ -116,13 +147,15 @@ Item {
 
             target: cells
             property: "contentY"
+            // The pages on the way may have grown meanwhile.
+            onFinished: laid.restart()
         }
 
         Connections {
             target: strip.file
 
             function onOpenPageChanged() {
-                cells.follow(true);
+                cells.show(cells.openRow(), true, cells.activeFocus);
             }
         }
 

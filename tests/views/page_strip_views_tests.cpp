@@ -54,6 +54,30 @@ class PageStripViews : public ViewTest {
     QTest::keyClick(window(), key);
     settle();
   }
+  bool ringed() {
+    const QQuickItem* item = window()->activeFocusItem();
+    return item && item->property("visualFocus").toBool();
+  }
+  void tabTo(const QString& name) {
+    for (int i = 0; i < 60 && keyed() != name; ++i) key(Qt::Key_Tab);
+    ASSERT_EQ(keyed(), name);
+  }
+  QQuickItem* list() { return seen(strip(), "QQuickListView").value(0); }
+  // The header grows by a line, and the banner comes.
+  void pressFromAbove() {
+    BoardState board = *store().board();
+    Job job = jobOf("failed");
+    job.args = JobArgs{.file_ids = std::vector<std::string>{"t1"}};
+    board.jobs = {job};
+    store().board.set(board);
+    store().problem.set("The service can't be reached.");
+    const qreal before = strip()->height();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      settle();
+      return strip()->height() < before - 10;
+    }));
+    rest();
+  }
   Int openPage() { return store().page().at("t1"); }
 };
 
@@ -129,6 +153,144 @@ TEST_F(PageStripViews, BringThePageOnShowInSight) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("31"); }));
   ASSERT_TRUE(press("Next page"));
   EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("32") && inSight("33"); }));
+}
+
+TEST_F(PageStripViews, StayWhereTheyWereScrolledTo) {
+  open(40);
+  list()->setProperty("contentY", 1'500);
+  rest();
+  pressFromAbove();
+  EXPECT_EQ(list()->property("contentY"), 1'500);
+}
+
+TEST_F(PageStripViews, KeepThePageOnShowInSightWhereItWas) {
+  open(40);
+  store().page.set({{"t1", 12}});
+  settle();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return inSight("13") && inSight("14"); }));
+  QTest::qWait(300);
+  pressFromAbove();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("13"); }));
+}
+
+TEST_F(PageStripViews, ComeToThePageOnShowWhateverGrowsOnTheWay) {
+  open(40);
+  store().page.set({{"t1", 7}});
+  store().problem.set("The service can't be reached.");
+  settle();
+  ASSERT_TRUE(list()->property("height").toReal() > 0);
+  QTest::qWait(50);
+  pressFromAbove();
+  QTest::qWait(400);
+  settle();
+  EXPECT_TRUE(inSight("8"));
+}
+
+TEST_F(PageStripViews, KeepTheKeyboardAndThePointerWhileThingsChange) {
+  open(40);
+  tabTo("1");
+  key(Qt::Key_Down);
+  const QQuickItem* visited = window()->activeFocusItem();
+  QQuickItem* pointed = cell("3");
+  QTest::mouseMove(window(), pointed->mapToScene({20, 20}).toPoint());
+  settle();
+  ASSERT_TRUE(pointed->property("hovered").toBool());
+  FileDetail detail = store().details().at("t1");
+  detail.file.rev = 2;
+  detail.findings[0].page = 2;
+  detail.comments.clear();
+  store().details.set({{"t1", detail}});
+  BoardState board = *store().board();
+  board.files[0].rev = 2;
+  board.files[0].summary = "Two words differ.";
+  store().board.set(board);
+  rest();
+  EXPECT_EQ(cell("3")->property("waiting").toString(), "2");
+  EXPECT_EQ(window()->activeFocusItem(), visited);
+  EXPECT_TRUE(ringed());
+  EXPECT_TRUE(pointed->property("hovered").toBool());
+}
+
+TEST_F(PageStripViews, TakeTheRingAlongWhenThePageIsStepped) {
+  open(40);
+  tabTo("1");
+  QTest::keyClick(window(), Qt::Key_Down, Qt::ControlModifier);
+  rest();
+  EXPECT_EQ(openPage(), 1);
+  EXPECT_EQ(keyed(), "2");
+  EXPECT_TRUE(ringed());
+  store().page.set({{"t1", 39}});
+  rest();
+  EXPECT_EQ(keyed(), "40");
+  EXPECT_TRUE(ringed());
+  key(Qt::Key_Up);
+  QTest::keyClick(window(), Qt::Key_Down, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(keyed(), "39") << "there is no next page, and arrows are meant without other keys";
+  QTest::keyClick(window(), Qt::Key_Up, Qt::ShiftModifier);
+  QTest::keyClick(window(), Qt::Key_Home, Qt::AltModifier);
+  settle();
+  EXPECT_EQ(keyed(), "39");
+}
+
+TEST_F(PageStripViews, GoByScreenfuls) {
+  open(40);
+  tabTo("1");
+  key(Qt::Key_PageDown);
+  rest();
+  const int first = keyed().toInt();
+  EXPECT_GT(first, 3);
+  EXPECT_LT(first, 12);
+  key(Qt::Key_PageDown);
+  const int second = keyed().toInt();
+  EXPECT_GT(second, first + 3);
+  key(Qt::Key_PageUp);
+  EXPECT_NEAR(keyed().toInt(), first, 1);
+  for (int i = 0; i < 12; ++i) key(Qt::Key_PageDown);
+  EXPECT_EQ(keyed(), "40");
+  for (int i = 0; i < 12; ++i) key(Qt::Key_PageUp);
+  EXPECT_EQ(keyed(), "1");
+}
+
+TEST_F(PageStripViews, RememberThePageWhileAnotherWindowIsInFront) {
+  open(40);
+  tabTo("1");
+  key(Qt::Key_Down);
+  key(Qt::Key_Down);
+  ASSERT_EQ(keyed(), "3");
+  QQuickWindow other;
+  other.show();
+  other.requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  settle();
+  EXPECT_EQ(list()->property("currentIndex"), 2);
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  settle();
+  EXPECT_EQ(keyed(), "3");
+  key(Qt::Key_Down);
+  EXPECT_EQ(keyed(), "4");
+}
+
+TEST_F(PageStripViews, ShowPicturesWhereverTheyAreBrought) {
+  open(100);
+  tabTo("1");
+  const auto ready = [](QQuickItem* each) {
+    return seen(each, "RemoteImage").value(0)->property("ready").toBool();
+  };
+  pictures.asked.clear();
+  key(Qt::Key_End);
+  EXPECT_TRUE(pictures.asked.contains("small-99")) << "at once";
+  EXPECT_FALSE(list()->property("rushing").toBool());
+  rest();
+  EXPECT_TRUE(ready(cell("100")));
+  // By hand, past the half of what is in sight.
+  QQuickItem* stays = cell("98");
+  list()->setProperty("contentY", list()->property("contentY").toReal() - list()->height() * 0.6);
+  EXPECT_TRUE(list()->property("rushing").toBool());
+  settle();
+  EXPECT_EQ(cell("98"), stays);
+  EXPECT_TRUE(ready(stays));
 }
 
 TEST_F(PageStripViews, OpenAtThePageOnShow) {
