@@ -11,11 +11,15 @@ Column {
 
     spacing: 1
 
+    Accessible.role: Accessible.StaticText
+    Accessible.name: label + ": " + value
+
     Label {
         size: Theme.tiny
         font.letterSpacing: 0.6
         color: Theme.faint
         text: tile.label
+        Accessible.ignored: true
     }
 
     Label {
@@ -23,5 +27,6 @@ Column {
         size: Theme.row
         tellsWhole: true
         text: tile.value
+        Accessible.ignored: true
     }
 }

@@ -18,6 +18,17 @@ Item {
 
     implicitHeight: Math.max(words.height, wide ? actions.height : 0) + 2 * Theme.gap12
 
+    // Before the links in Tab's order, as to the eye.
+    ReviewActions {
+        id: actions
+
+        x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
+        y: head.wide ? Theme.gap12 : words.y + title.height + words.spacing
+        width: head.wide ? wanted : head.inner
+        leading: !head.wide
+        file: head.file
+    }
+
     Column {
         id: words
 
@@ -86,13 +97,16 @@ Item {
             Repeater {
                 id: facts
 
-                model: head.header.facts
+                model: KeyedRows {
+                    by: "label"
+                    rows: head.header.facts
+                }
 
                 FactTile {
-                    required property var modelData
+                    required property var model
 
-                    label: modelData.label
-                    value: modelData.value
+                    label: model.value.label
+                    value: model.value.value
                     widest: words.width
                 }
             }
@@ -107,26 +121,20 @@ Item {
             Repeater {
                 id: links
 
-                model: head.header.links
+                model: KeyedRows {
+                    by: "label"
+                    rows: head.header.links
+                }
 
                 LinkPill {
-                    required property var modelData
+                    required property var value
 
-                    title: modelData.label
-                    icon: modelData.icon
-                    url: modelData.url
+                    title: value.label
+                    icon: value.icon
+                    url: value.url
+                    widest: Math.min(240, words.width)
                 }
             }
         }
-    }
-
-    ReviewActions {
-        id: actions
-
-        x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
-        y: head.wide ? Theme.gap12 : words.y + title.height + words.spacing
-        width: head.wide ? wanted : head.inner
-        leading: !head.wide
-        file: head.file
     }
 }

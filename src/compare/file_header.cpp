@@ -12,7 +12,7 @@ namespace {
 // Whose work the review was and how long ago; none unless both the status and the person are told.
 std::string reviewedBy(const Store& store, const FileItem& file, Moment now,
                        const Calendar& calendar) {
-  if (file.status != "reviewed" || !file.status_by) return {};
+  if (file.status != "reviewed" || !file.status_by || file.status_by->empty()) return {};
   std::string text = personName(store, *file.status_by);
   if (file.status_at) text += " · " + friendlyTime(momentOf(*file.status_at), now, calendar);
   return text;
@@ -32,13 +32,12 @@ std::vector<FactView> factsOf(const Store& store, const FileItem& file, Moment n
   return facts;
 }
 
+// The first that can be opened.
 std::optional<std::string> linkOf(const std::vector<Ref>& refs, std::string_view role) {
-  const auto found = std::ranges::find(refs, role, &Ref::role);
+  const auto found = std::ranges::find_if(refs, [&](const Ref& ref) {
+    return ref.role == role && ref.link && isLinkTarget(*ref.link);
+  });
   return found == refs.end() ? std::nullopt : found->link;
-}
-
-bool holds(const std::vector<Ref>& refs, std::string_view role) {
-  return std::ranges::find(refs, role, &Ref::role) != refs.end();
 }
 
 std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
@@ -51,8 +50,8 @@ std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
       (origin.refs ? origin.refs : file.refs).value_or(std::vector<Ref>{});
   const bool reprint = file.track == "reprint";
   // The reference that the name is true of, before the other.
-  const char* third = reprint ? "latest" : "fbc";
-  if (!holds(refs, third)) third = reprint ? "fbc" : "latest";
+  auto third = linkOf(refs, reprint ? "latest" : "fbc");
+  if (!third) third = linkOf(refs, reprint ? "fbc" : "latest");
   const bool named = file.supplier && !file.supplier->empty();
 
   std::vector<LinkView> all;
@@ -64,7 +63,7 @@ std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
   add("PO folder", "folder", links.drive_folder);
   add("InDesign", "pencil.and.ruler", links.indd);
   add("What we sent", "arrow.up.doc", linkOf(refs, "submitted"));
-  add(reprint ? "Last print" : "FBC", "book.closed", linkOf(refs, third));
+  add(reprint ? "Last print" : "FBC", "book.closed", third);
   return all;
 }
 
@@ -72,8 +71,7 @@ std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
 
 FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDetail* detail,
                           Moment now, const Calendar& calendar) {
-  return {.id = file.id,
-          .heading = file.heading(),
+  return {.heading = file.heading(),
           .status = statusPill(file.status),
           .track = trackPill(file.track == "reprint"),
           .summary = file.summary.value_or(""),

@@ -27,7 +27,6 @@ struct LinkView {
 BOOST_DESCRIBE_STRUCT(LinkView, (), (label, icon, url))
 
 struct FileHeaderView {
-  std::string id;
   std::string heading;
   PillView status;
   PillView track;
@@ -36,7 +35,7 @@ struct FileHeaderView {
   std::vector<LinkView> links;
   bool operator==(const FileHeaderView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (id, heading, status, track, summary, facts, links))
+BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (heading, status, track, summary, facts, links))
 
 // `detail` is null until it is here; the ticket alone does until then.
 FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDetail* detail,

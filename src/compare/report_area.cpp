@@ -44,8 +44,7 @@ const Report* newestReport(const Store& store, const std::string& id) {
 }
 
 std::string madeBy(const Store& store, const Report& report, const Calendar& calendar) {
-  // What nobody is named for is the worker's own.
-  std::string text = "Report by " + (report.by ? personName(store, *report.by) : "Claude");
+  std::string text = "Report by " + authorName(store, report.by);
   if (report.at) text += " · " + calendar.monthAndDay(momentOf(*report.at));
   return text;
 }

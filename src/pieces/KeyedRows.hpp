@@ -1,6 +1,6 @@
 // A list of maps as the rows of a Repeater: a new list becomes the fewest inserts, removes, moves
-// and changes, told by each map's "key". So what stands for a row keeps its focus and its hover. A
-// row has "key" and "value", which is the map. Main thread only.
+// and changes, told by each map's "key", or by what else `by` names. So what stands for a row keeps
+// its focus and its hover. A row has "key" and "value", which is the map. Main thread only.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -19,6 +19,7 @@ BOOST_DESCRIBE_STRUCT(KeyedRow, (), (key, value))
 class KeyedRows : public RowsModel<KeyedRow, &KeyedRow::key> {
   Q_OBJECT
   QML_ELEMENT
+  Q_PROPERTY(QString by MEMBER by_)  // to be told once
   Q_PROPERTY(QVariantList rows READ list WRITE setList NOTIFY listChanged)
 
  public:
@@ -32,7 +33,7 @@ class KeyedRows : public RowsModel<KeyedRow, &KeyedRow::key> {
     rows.reserve(static_cast<std::size_t>(list.size()));
     for (const QVariant& entry : list) {
       const QVariantMap value = entry.toMap();
-      rows.push_back({value["key"].toString().toStdString(), value});
+      rows.push_back({value[by_].toString().toStdString(), value});
     }
     setRows(std::move(rows));
     emit listChanged();
@@ -42,6 +43,7 @@ class KeyedRows : public RowsModel<KeyedRow, &KeyedRow::key> {
   void listChanged();
 
  private:
+  QString by_ = QStringLiteral("key");
   QVariantList list_;
 };
 

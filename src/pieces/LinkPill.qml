@@ -1,20 +1,20 @@
 import QtQuick
 import Vellix.Pieces
 
-// A small capsule that opens a web or mail address through the platform; without one it is disabled.
+// A small capsule that opens an address through the platform; without one it is disabled. Whoever
+// tells the address sees to it that it is one of the web or of mail.
 Pressable {
     id: pill
 
     required property string title
     required property string icon
     property url url
+    property real widest: Infinity
 
-    readonly property bool opens: /^(https?|mailto):/i.test(url.toString())
-
-    enabled: opens
+    enabled: url.toString() !== ""
     label: title
     radius: height / 2
-    implicitWidth: Math.ceil(row.implicitWidth) + 20
+    implicitWidth: Math.min(Math.ceil(row.implicitWidth) + 20, widest)
     implicitHeight: 24
     Accessible.role: Accessible.Link
 
@@ -44,6 +44,8 @@ Pressable {
         spacing: 6
 
         Symbol {
+            id: mark
+
             anchors.verticalCenter: parent.verticalCenter
             size: 11.5
             name: pill.icon
@@ -52,6 +54,8 @@ Pressable {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(Math.ceil(implicitWidth), pill.widest - 20 - mark.width - row.spacing)
+            tellsWhole: true
             size: Theme.note
             color: Theme.muted
             text: pill.title

@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "store/people.hpp"
+
 namespace vellix {
 namespace {
 
@@ -74,12 +76,12 @@ AvatarView avatarOf(const std::optional<std::string>& email, const Store& store)
   if (!person) {
     const std::string name = board ? nameOutside(address, *board) : address;
     return {.letter = firstCharacter(firstFilled({name, address, "?"})),
-            .help = firstFilled({address, "Claude"})};
+            .help = firstFilled({address, kWorker})};
   }
   return {.letter = firstCharacter(firstFilled({person->firstName(), address, "?"})),
           .color = colorOf(person->color),
           .photo = person->photo.value_or(""),
-          .help = firstFilled({person->name, address, "Claude"})};
+          .help = firstFilled({person->name, address, kWorker})};
 }
 
 }  // namespace vellix

@@ -17,7 +17,11 @@ std::string personName(const Store& store, const std::string& email) {
   if (!store.board()) return email;
   const auto& users = store.board()->users;
   const auto person = std::ranges::find(users, email, &Person::email);
-  return person == users.end() ? email : person->name;
+  return person == users.end() || person->name.empty() ? email : person->name;
+}
+
+std::string authorName(const Store& store, const std::optional<std::string>& email) {
+  return email && !email->empty() ? personName(store, *email) : std::string{kWorker};
 }
 
 }  // namespace vellix

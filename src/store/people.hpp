@@ -1,7 +1,9 @@
 // What the board tells of people.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/ports/moment.hpp"
 #include "records/records.hpp"
@@ -11,7 +13,13 @@ namespace vellix {
 
 // Seen within the last twelve minutes. Who was never seen is never here.
 bool isHere(const Person& person, Moment now);
-// What the board calls the person; the address when it does not know it.
+
+// What nobody is named for was done by the worker.
+inline constexpr std::string_view kWorker = "Claude";
+
+// What the board calls the person; the address when it knows no name.
 std::string personName(const Store& store, const std::string& email);
+// Who did what the board names `email` for.
+std::string authorName(const Store& store, const std::optional<std::string>& email);
 
 }  // namespace vellix

@@ -68,7 +68,6 @@ TEST_F(FileHeaders, NameTheTicketAndItsState) {
   file.status = "in_review";
   file.track = "reprint";
   file.summary = "One word differs.";
-  EXPECT_EQ(view().id, "t1");
   EXPECT_EQ(view().heading, "The Lighthouse Cover");
   EXPECT_EQ(view().status, statusPill("in_review"));
   EXPECT_EQ(view().track, trackPill(true));
@@ -108,6 +107,8 @@ TEST_F(FileHeaders, TellAReviewOnlyByAPersonAndOnlyWhileItHolds) {
   file.status = "reviewed";
   file.status_at = wireOf(desk.time.now());
   EXPECT_THAT(facts(), IsEmpty()) << "by nobody";
+  file.status_by = "";
+  EXPECT_THAT(facts(), IsEmpty()) << "nor by one without an address";
   file.status_by = "renny@tessarine.example";
   EXPECT_THAT(facts(), ElementsAre("Reviewed: Renny Vale · just now"));
   file.status_at.reset();
@@ -209,6 +210,20 @@ INSTANTIATE_TEST_SUITE_P(
               "Last print / book.closed / https://a.example/latest"},
         Third{"Neither", "reprint", {"previous", "supplier"}, ""}),
     [](const auto& each) { return each.param.name; });
+
+TEST_F(FileHeaders, PassOverReferencesThatCannotBeOpened) {
+  file.track = "reprint";
+  file.refs = std::vector<Ref>{{.role = "submitted"},
+                               {.role = "submitted", .link = "https://a.example/sent"},
+                               {.role = "latest", .link = "Shared drive/7781"},
+                               {.role = "fbc", .link = "https://a.example/fbc"},
+                               {.role = "latest", .link = "https://a.example/latest"},
+                               {.role = "latest", .link = "https://a.example/older"}};
+  EXPECT_THAT(links(), ElementsAre("What we sent / arrow.up.doc / https://a.example/sent",
+                                   "Last print / book.closed / https://a.example/latest"));
+  file.refs->resize(4);
+  EXPECT_EQ(links()[1], "Last print / book.closed / https://a.example/fbc");
+}
 
 TEST_F(FileHeaders, CallTheSuppliersFileByTheSupplier) {
   file.links = Links{.drive = "https://a.example"};

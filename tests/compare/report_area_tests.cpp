@@ -163,6 +163,9 @@ TEST_F(ReportAreas, TellWhoseTheFirstReportIs) {
   showReports({report, older});
   EXPECT_EQ(view().made, "Report by Claude");
   EXPECT_EQ(view().driveLink, "https://a.example/r");
+  report.by = "";
+  showReports({report, older});
+  EXPECT_EQ(view().made, "Report by Claude");
   for (const char* none : {"", "Reports/7781", "file:///tmp/r.pdf", "javascript:alert(1)"}) {
     report.drive_link = none;
     showReports({report});

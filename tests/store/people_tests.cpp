@@ -45,6 +45,19 @@ TEST_F(PersonNames, AreThoseOfTheBoardsUsers) {
   EXPECT_EQ(personName(store(), "a@b.c"), "Ada Lind");
   EXPECT_EQ(personName(store(), "A@b.c"), "A@b.c");
   EXPECT_EQ(personName(store(), "g@b.c"), "g@b.c");
+  board.users[0].name = "";
+  store().board.set(board);
+  EXPECT_EQ(personName(store(), "a@b.c"), "a@b.c");
+}
+
+TEST_F(PersonNames, AreTheWorkersWhereNobodyIsNamed) {
+  BoardState board = boardOf({});
+  board.users = {{.email = "a@b.c", .name = "Ada Lind"}};
+  store().board.set(board);
+  EXPECT_EQ(authorName(store(), "a@b.c"), "Ada Lind");
+  EXPECT_EQ(authorName(store(), "x@b.c"), "x@b.c");
+  EXPECT_EQ(authorName(store(), ""), "Claude");
+  EXPECT_EQ(authorName(store(), std::nullopt), "Claude");
 }
 
 }  // namespace
