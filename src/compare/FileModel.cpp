@@ -17,7 +17,7 @@ FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calend
           store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
                                 [this] { updateStrip(); })),
       onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { updateStrip(); })) {
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { turnStrip(); })) {
   updateHeader();
   updateReport();
 }
@@ -39,17 +39,29 @@ void FileModel::updateReport() {
 
 void FileModel::updateStrip() {
   const FileDetail* detail = store_.currentDetail();
-  const bool shows = vellix::showsPageStrip(store_, detail, width_);
-  pages_.setRows(shows ? pageStrip(store_, *detail) : std::vector<PageCellView>{});
-  const int open = shows ? static_cast<int>(pageIndex(store_, detail->file)) : 0;
-  if (openPage_ != open) {
-    openPage_ = open;
-    emit openPageChanged();
+  const bool shows = wantsStrip();
+  // A strip that goes keeps its pages while it slides out.
+  if (shows || !store_.currentFile()) {
+    pages_.setRows(shows ? pageStrip(store_, *detail) : std::vector<PageCellView>{});
+    const int open = shows ? static_cast<int>(pageIndex(store_, detail->file)) : 0;
+    if (openPage_ != open) {
+      openPage_ = open;
+      emit openPageChanged();
+    }
   }
   if (showsStrip_ != shows) {
     showsStrip_ = shows;
     emit showsStripChanged();
   }
+}
+
+bool FileModel::wantsStrip() const {
+  return vellix::showsPageStrip(store_, store_.currentDetail(), width_);
+}
+
+// What is no news of the pages moves nothing but the strip as a whole.
+void FileModel::turnStrip() {
+  if (showsStrip_ != wantsStrip()) updateStrip();
 }
 
 void FileModel::pollEnded() {
@@ -59,11 +71,12 @@ void FileModel::pollEnded() {
 void FileModel::layStrip(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
   width_ = width;
-  updateStrip();
+  turnStrip();
 }
 
 void FileModel::selectPage(int row) {
-  if (const FileItem* file = store_.currentFile()) store_.goToPage(file->id, row);
+  const FileItem* file = store_.currentFile();
+  if (file && showsStrip_) store_.goToPage(file->id, row);
 }
 
 void FileModel::makeReport() { vellix::makeReport(store_); }

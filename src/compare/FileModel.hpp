@@ -23,7 +23,7 @@ class FileModel : public QObject {
   Q_PROPERTY(QVariantMap multi READ multi NOTIFY multiChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
-  Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)      // empty while no strip shows
+  Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)      // of the strip on show, or of the last
 
  public:
   // What is passed must outlive the model.
@@ -54,6 +54,8 @@ class FileModel : public QObject {
   void updateHeader();
   void updateReport();
   void updateStrip();
+  bool wantsStrip() const;
+  void turnStrip();
   void pollEnded();
 
   Store& store_;

@@ -98,7 +98,9 @@ TEST_F(FileModels, ShowAStripWhereThereIsRoom) {
   EXPECT_EQ(model().pages()->rowCount(), 3);
   model().layStrip(859);
   EXPECT_FALSE(model().showsStrip());
-  EXPECT_EQ(model().pages()->rowCount(), 0) << "what is not seen costs nothing";
+  EXPECT_EQ(model().pages()->rowCount(), 3) << "it slides out with them";
+  model().selectPage(2);
+  EXPECT_TRUE(store().page().empty()) << "and is pressed no more";
   EXPECT_EQ(shows.count(), 2);
 }
 
@@ -127,8 +129,26 @@ TEST_F(FileModels, ChangeNoMoreOfTheStripThanTheOpenPage) {
   EXPECT_EQ(operations.take(), Lines{});
 }
 
+TEST_F(FileModels, MakeNoPagesAnewForAnotherWidth) {
+  bringDetail();
+  model().layStrip(1'000);
+  Operations operations{model().pages()};
+  store().page.set({{"t1", 2}});
+  model().layStrip(1'001);
+  EXPECT_EQ(operations.take(), Lines{}) << "that is told when the Store tells it";
+  desk.time.run();
+  EXPECT_EQ(operations.take(), (Lines{"change 0-0 open", "change 2-2 open"}));
+  model().layStrip(500);
+  store().page.set({{"t1", 1}});
+  desk.time.run();
+  EXPECT_EQ(operations.take(), Lines{}) << "nor for a strip that is not there";
+  model().layStrip(1'000);
+  EXPECT_EQ(operations.take(), (Lines{"change 1-1 open", "change 2-2 open"}));
+}
+
 TEST_F(FileModels, SelectAPageAndLetGoOfTheFinding) {
   bringDetail();
+  model().layStrip(1'000);
   store().focus.set("f1");
   store().draft.set(DraftNote{.fileID = "t1"});
   model().selectPage(1);
