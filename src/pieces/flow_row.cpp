@@ -20,7 +20,8 @@ FlowPlan flowRow(const std::vector<FlowBox>& boxes, double width, double spacing
     first = last;
   };
   for (std::size_t i = 0; i < boxes.size(); ++i) {
-    plan.oneLine += boxes[i].width + (i > 0 ? spacing : 0);
+    // In the order of `end`: another is rounded otherwise, and as wide as this they would not fit.
+    plan.oneLine = (i > 0 ? plan.oneLine + spacing : 0) + boxes[i].width;
     double x = i > first ? end + spacing : 0;
     if (i > first && width > 0 && x + boxes[i].width > width) {
       closeLine(i);

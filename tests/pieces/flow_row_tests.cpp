@@ -58,5 +58,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Flowing{"WithoutAWidth", {{60, 10}, {60, 10}}, 0, {{0, 0}, {70, 0}}, 130, 10}),
     [](const auto& each) { return each.param.name; });
 
+TEST(FlowRow, FitsInAsMuchAsItTakes) {
+  for (const double spacing : {0.1, 0.3, 1.1}) {
+    const std::vector<FlowBox> boxes{{0.1, 1}, {0.2, 1}, {0.3, 1}, {0.7, 1}};
+    const FlowPlan plan = flowRow(boxes, flowRow(boxes, 0, spacing).oneLine, spacing);
+    EXPECT_EQ(plan.height, 1) << spacing;
+  }
+}
+
 }  // namespace
 }  // namespace vellix
