@@ -12,6 +12,33 @@ Item {
     required property FileModel file
 
     readonly property var report: file.report
+    readonly property Pressable stop: work.item ? work.item.stop : null
+    readonly property Item keyed: Window.activeFocusItem
+    // The keyboard was here last: whichever button comes next, or comes back, gets it.
+    property bool held: false
+
+    function has(outer: Item, inner: Item): bool {
+        while (inner && inner !== outer)
+            inner = inner.parent;
+        return inner !== null;
+    }
+    function handOn() {
+        const next = report.working ? stop : make;
+        if (!held || !next || !next.visible || !next.enabled || next.visualFocus)
+            return;
+        // A button that is enabled again has got the keyboard back already, but not its ring.
+        next.focus = false;
+        next.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    // A button that goes leaves the keyboard to what is around it, which is nowhere else.
+    onKeyedChanged: {
+        if (has(buttons, keyed))
+            held = true;
+        else if (keyed && !has(keyed, buttons))
+            held = false;
+    }
+    onStopChanged: Qt.callLater(handOn)
 
     implicitWidth: report.working ? work.width : make.implicitWidth
     implicitHeight: 28
@@ -22,6 +49,8 @@ Item {
         visible: !buttons.report.working
         anchors.verticalCenter: parent.verticalCenter
         enabled: buttons.report.canMake
+        onEnabledChanged: Qt.callLater(buttons.handOn)
+        onVisibleChanged: Qt.callLater(buttons.handOn)
         raised: true
         title: buttons.report.button
         icon: "doc.richtext"
@@ -36,6 +65,8 @@ Item {
         width: active ? implicitWidth : 0
 
         sourceComponent: Row {
+            readonly property alias stop: stopper
+
             spacing: Theme.gap8
 
             ReportProgress {
@@ -44,8 +75,11 @@ Item {
             }
 
             TextButton {
+                id: stopper
+
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !buttons.report.stopping
+                onEnabledChanged: Qt.callLater(buttons.handOn)
                 text: "Stop"
                 color: Theme.fore["red"]
                 onClicked: buttons.file.stopReport()

@@ -8,16 +8,22 @@ Pillbox {
 
     signal ticked()
 
+    // As wide as it has been: what stands beside it does not move with each digit.
+    property real widest: 0
+
     readonly property bool seen: visible && Window.visibility !== Window.Hidden
                                  && Window.visibility !== Window.Minimized
 
     tone: "blue"
     spinning: true
+    width: Math.max(widest, implicitWidth)
+    onImplicitWidthChanged: widest = Math.max(widest, implicitWidth)
 
     Timer {
         running: pill.seen
         interval: 1000
         repeat: true
+        triggeredOnStart: true
         onTriggered: pill.ticked()
     }
 }

@@ -31,6 +31,21 @@ class FileShell : public ViewTest {
     return all;
   }
   bool says(const QString& text) { return reader().find(text, QAccessible::StaticText); }
+  QString keyed() {
+    const QQuickItem* item = window()->activeFocusItem();
+    return item ? item->property("label").toString() : QString{};
+  }
+  bool ringed() {
+    const QQuickItem* item = window()->activeFocusItem();
+    return item && item->property("visualFocus").toBool();
+  }
+  void tabTo(const QString& name) {
+    for (int i = 0; i < 60 && keyed() != name; ++i) {
+      QTest::keyClick(window(), Qt::Key_Tab);
+      settle();
+    }
+    ASSERT_EQ(keyed(), name);
+  }
   QRectF placeOf(const QString& name, QAccessible::Role role) {
     auto* found = reader().find(name, role);
     return found ? QRectF{found->rect()} : QRectF{};
@@ -47,10 +62,64 @@ TEST_F(FileShell, TellsFactsAndOffersLinks) {
     board.files[0].links = Links{.gmail = "https://mail.example", .drive = "not a link"};
   });
   showMain({1'500, 940});
-  EXPECT_TRUE(says("Supplier"));
-  EXPECT_TRUE(says("Harrow Print"));
+  EXPECT_TRUE(says("Supplier: Harrow Print"));
+  EXPECT_FALSE(says("Supplier")) << "once";
   EXPECT_TRUE(reader().find("Email", QAccessible::Link));
   EXPECT_FALSE(reader().find("Harrow Print file", QAccessible::Link));
+}
+
+TEST_F(FileShell, KeepsTheLinkThatHasTheKeyboard) {
+  serveTheDay();
+  change([](BoardState& board) {
+    board.files[0].links = Links{.gmail = "https://mail.example"};
+  });
+  showMain({1'500, 940});
+  tabTo("Email");
+  QQuickItem* email = window()->activeFocusItem();
+  QTest::mouseMove(window(), email->mapToScene({20, 10}).toPoint());
+  settle();
+  FileDetail detail = lighthouse(2);
+  detail.origin = Origin{.links = Links{.gmail = "https://mail.example/2", .indd = "https://a.b"}};
+  store().details.set({{"t1", detail}});
+  settle();
+  ASSERT_TRUE(reader().find("InDesign", QAccessible::Link));
+  EXPECT_EQ(window()->activeFocusItem(), email);
+  EXPECT_TRUE(ringed());
+  EXPECT_TRUE(email->property("hovered").toBool());
+  EXPECT_EQ(email->property("url").toUrl(), QUrl{"https://mail.example/2"});
+}
+
+TEST_F(FileShell, ShortensALongSupplier) {
+  serveTheDay();
+  const std::string name(200, 'm');
+  change([&](BoardState& board) {
+    board.files[0].supplier = name;
+    board.files[0].links = Links{.drive = "https://drive.example"};
+  });
+  for (const QSize size : kSizes) {
+    if (!window()) showMain(size);
+    resize(size);
+    auto* link = reader().find(QString::fromStdString(name + " file"), QAccessible::Link);
+    ASSERT_TRUE(link);
+    EXPECT_LE(link->rect().width(), 240);
+    QQuickItem* words =
+        seenText(seen(window()->contentItem(), "LinkPill").value(0), QString::fromStdString(name + " file"));
+    ASSERT_TRUE(words);
+    EXPECT_TRUE(words->property("truncated").toBool());
+    EXPECT_EQ(seen(words, "ToolTipArea").value(0)->property("text").toString(),
+              QString::fromStdString(name + " file"));
+  }
+}
+
+TEST_F(FileShell, GoesToTheActionsBeforeTheLinks) {
+  serveTheDay();
+  change([](BoardState& board) {
+    board.files[0].links = Links{.gmail = "https://mail.example"};
+  });
+  showMain({1'500, 940});
+  tabTo("Make report");
+  QTest::keyClick(window(), Qt::Key_Tab);
+  EXPECT_EQ(keyed(), "Email");
 }
 
 TEST_F(FileShell, PutsTheActionsBesideTheTitleWhereThereIsRoom) {
@@ -119,6 +188,74 @@ TEST_F(FileShell, TicksOnlyWhileThePillIsSeen) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !pills[0]->property("seen").toBool(); }));
   window()->showNormal();
   EXPECT_TRUE(QTest::qWaitFor([&] { return pills[0]->property("seen").toBool(); }));
+}
+
+TEST_F(FileShell, HandsTheKeyboardFromButtonToButton) {
+  serveTheDay();
+  showMain({1'500, 940});
+  tabTo("Make report");
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  ASSERT_EQ(posted().size(), 1U);
+  EXPECT_EQ(reader().enabled("Make report"), 0);
+  store().busy.set({});
+  settle();
+  EXPECT_EQ(keyed(), "Make report") << "one that failed can be asked for again";
+  EXPECT_TRUE(ringed());
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  showJob("queued");
+  EXPECT_EQ(keyed(), "Stop");
+  EXPECT_TRUE(ringed());
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(reader().enabled("Stop"), 0);
+  store().busy.set({});
+  settle();
+  EXPECT_EQ(keyed(), "Stop") << "a stop that failed can be tried again";
+  EXPECT_TRUE(ringed());
+  showJob("stopped");
+  EXPECT_EQ(keyed(), "Make report");
+  EXPECT_TRUE(ringed());
+}
+
+TEST_F(FileShell, TakesTheKeyboardFromNobody) {
+  serveTheDay();
+  change([](BoardState& board) {
+    board.files[0].links = Links{.gmail = "https://mail.example"};
+  });
+  showMain({1'500, 940});
+  tabTo("Make report");
+  tabTo("Email");
+  showJob("running");
+  EXPECT_EQ(keyed(), "Email");
+  showJob("done");
+  EXPECT_EQ(keyed(), "Email");
+}
+
+TEST_F(FileShell, TellsTheTimeAsSoonAsItIsSeenAgain) {
+  serveTheDay();
+  showMain({1'500, 940});
+  showJob("running");
+  const auto pills = seen(window()->contentItem(), "ReportProgress");
+  ASSERT_EQ(pills.size(), 1);
+  const qreal wide = pills[0]->width();
+  window()->showMinimized();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !pills[0]->property("seen").toBool(); }));
+  desk.time.advance(Milliseconds{45'000});
+  window()->showNormal();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return pills[0]->property("seen").toBool(); }));
+  for (int i = 0; i < 5; ++i) settle();
+  EXPECT_TRUE(says("Ready in about 30 sec"));
+  const qreal wider = pills[0]->width();
+  EXPECT_GE(wider, wide);
+  desk.time.advance(Milliseconds{25'000});
+  ASSERT_TRUE(QTest::qWaitFor([this] {
+    settle();
+    return !says("Ready in about 30 sec");
+  }));
+  EXPECT_LT(pills[0]->implicitWidth(), wider) << "fewer letters";
+  EXPECT_EQ(pills[0]->width(), wider) << "and nothing moves";
 }
 
 TEST_F(FileShell, TellsWhatBecameOfReports) {
