@@ -23,7 +23,7 @@ class FileModel : public QObject {
   Q_PROPERTY(QVariantMap multi READ multi NOTIFY multiChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
-  Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)      // of the strip on show, or of the last
+  Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)  // of the strip on show, or of the last
 
  public:
   // What is passed must outlive the model.

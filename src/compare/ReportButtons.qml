@@ -38,7 +38,7 @@ Item {
         else if (keyed && !has(keyed, buttons))
             held = false;
     }
-    onStopChanged: Qt.callLater(handOn)
+    onStopChanged: Qt.callLater(buttons.handOn)
 
     implicitWidth: report.working ? work.width : make.implicitWidth
     implicitHeight: 28

@@ -1,8 +1,7 @@
 import QtQuick
 import Vellix.Pieces
 
-// A small capsule that opens an address through the platform; without one it is disabled. Whoever
-// tells the address sees to it that it is one of the web or of mail.
+// A small capsule that opens a web or mail address through the platform; without one it is disabled.
 Pressable {
     id: pill
 
@@ -11,7 +10,7 @@ Pressable {
     property url url
     property real widest: Infinity
 
-    enabled: url.toString() !== ""
+    enabled: LinkTarget.opens(url)
     label: title
     radius: height / 2
     implicitWidth: Math.min(Math.ceil(row.implicitWidth) + 20, widest)

@@ -32,7 +32,6 @@ Item {
         function cleanup() {
             row.width = 100;
             for (const each of [one, two, three]) {
-                each.parent = row;
                 each.width = 40;
                 each.visible = true;
             }
@@ -76,12 +75,13 @@ Item {
             const four = another.createObject(row);
             tryCompare(four, "y", 30);
             compare(four.x, 50);
-            one.parent = null;
-            tryCompare(two, "x", 0);
+            compare(row.implicitWidth, 190);
+            four.parent = row.parent;
+            tryCompare(row, "implicitWidth", 140);
+            four.parent = row;
+            tryCompare(row, "implicitWidth", 190);
             four.destroy();
-            tryCompare(row, "implicitWidth", 90);
-            one.width = 70;
-            compare(row.implicitWidth, 90);
+            tryCompare(row, "implicitWidth", 140);
         }
     }
 }

@@ -70,22 +70,24 @@ TEST_F(FileShell, TellsFactsAndOffersLinks) {
 
 TEST_F(FileShell, KeepsTheLinkThatHasTheKeyboard) {
   serveTheDay();
-  change([](BoardState& board) {
-    board.files[0].links = Links{.gmail = "https://mail.example"};
-  });
+  change([](BoardState& board) { board.files[0].links = Links{.gmail = "https://mail.example"}; });
   showMain({1'500, 940});
   tabTo("Email");
   QQuickItem* email = window()->activeFocusItem();
   QTest::mouseMove(window(), email->mapToScene({20, 10}).toPoint());
-  settle();
+  const auto hovered = [&] { return email->property("hovered").toBool(); };
+  ASSERT_TRUE(QTest::qWaitFor(hovered));
   FileDetail detail = lighthouse(2);
   detail.origin = Origin{.links = Links{.gmail = "https://mail.example/2", .indd = "https://a.b"}};
   store().details.set({{"t1", detail}});
   settle();
-  ASSERT_TRUE(reader().find("InDesign", QAccessible::Link));
+  ASSERT_TRUE(QTest::qWaitFor([this] {
+    settle();
+    return reader().find("InDesign", QAccessible::Link) != nullptr;
+  }));
   EXPECT_EQ(window()->activeFocusItem(), email);
   EXPECT_TRUE(ringed());
-  EXPECT_TRUE(email->property("hovered").toBool());
+  EXPECT_TRUE(hovered());
   EXPECT_EQ(email->property("url").toUrl(), QUrl{"https://mail.example/2"});
 }
 
@@ -102,8 +104,8 @@ TEST_F(FileShell, ShortensALongSupplier) {
     auto* link = reader().find(QString::fromStdString(name + " file"), QAccessible::Link);
     ASSERT_TRUE(link);
     EXPECT_LE(link->rect().width(), 240);
-    QQuickItem* words =
-        seenText(seen(window()->contentItem(), "LinkPill").value(0), QString::fromStdString(name + " file"));
+    QQuickItem* words = seenText(seen(window()->contentItem(), "LinkPill").value(0),
+                                 QString::fromStdString(name + " file"));
     ASSERT_TRUE(words);
     EXPECT_TRUE(words->property("truncated").toBool());
     EXPECT_EQ(seen(words, "ToolTipArea").value(0)->property("text").toString(),
@@ -113,9 +115,7 @@ TEST_F(FileShell, ShortensALongSupplier) {
 
 TEST_F(FileShell, GoesToTheActionsBeforeTheLinks) {
   serveTheDay();
-  change([](BoardState& board) {
-    board.files[0].links = Links{.gmail = "https://mail.example"};
-  });
+  change([](BoardState& board) { board.files[0].links = Links{.gmail = "https://mail.example"}; });
   showMain({1'500, 940});
   tabTo("Make report");
   QTest::keyClick(window(), Qt::Key_Tab);
@@ -221,9 +221,7 @@ TEST_F(FileShell, HandsTheKeyboardFromButtonToButton) {
 
 TEST_F(FileShell, TakesTheKeyboardFromNobody) {
   serveTheDay();
-  change([](BoardState& board) {
-    board.files[0].links = Links{.gmail = "https://mail.example"};
-  });
+  change([](BoardState& board) { board.files[0].links = Links{.gmail = "https://mail.example"}; });
   showMain({1'500, 940});
   tabTo("Make report");
   tabTo("Email");

@@ -193,8 +193,7 @@ TEST_F(PageStripViews, KeepTheKeyboardAndThePointerWhileThingsChange) {
   const QQuickItem* visited = window()->activeFocusItem();
   QQuickItem* pointed = cell("3");
   QTest::mouseMove(window(), pointed->mapToScene({20, 20}).toPoint());
-  settle();
-  ASSERT_TRUE(pointed->property("hovered").toBool());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return pointed->property("hovered").toBool(); }));
   FileDetail detail = store().details().at("t1");
   detail.file.rev = 2;
   detail.findings[0].page = 2;
