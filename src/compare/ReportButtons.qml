@@ -22,14 +22,6 @@ Item {
             inner = inner.parent;
         return inner !== null;
     }
-    function handOn() {
-        const next = report.working ? stop : make;
-        if (!held || !next || !next.visible || !next.enabled || next.visualFocus)
-            return;
-        // A button that is enabled again has got the keyboard back already, but not its ring.
-        next.focus = false;
-        next.forceActiveFocus(Qt.TabFocusReason);
-    }
 
     // A button that goes leaves the keyboard to what is around it, which is nowhere else.
     onKeyedChanged: {
@@ -38,10 +30,25 @@ Item {
         else if (keyed && !has(keyed, buttons))
             held = false;
     }
-    onStopChanged: Qt.callLater(buttons.handOn)
+    onStopChanged: handing.restart()
 
     implicitWidth: report.working ? work.width : make.implicitWidth
     implicitHeight: 28
+
+    // Once all that changes with a button has changed.
+    Timer {
+        id: handing
+
+        interval: 0
+        onTriggered: {
+            const next = buttons.report.working ? buttons.stop : make;
+            if (!buttons.held || !next || !next.visible || !next.enabled || next.visualFocus)
+                return;
+            // A button that is enabled again has got the keyboard back already, but not its ring.
+            next.focus = false;
+            next.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
 
     Pill {
         id: make
@@ -49,8 +56,8 @@ Item {
         visible: !buttons.report.working
         anchors.verticalCenter: parent.verticalCenter
         enabled: buttons.report.canMake
-        onEnabledChanged: Qt.callLater(buttons.handOn)
-        onVisibleChanged: Qt.callLater(buttons.handOn)
+        onEnabledChanged: handing.restart()
+        onVisibleChanged: handing.restart()
         raised: true
         title: buttons.report.button
         icon: "doc.richtext"
@@ -79,7 +86,7 @@ Item {
 
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !buttons.report.stopping
-                onEnabledChanged: Qt.callLater(buttons.handOn)
+                onEnabledChanged: handing.restart()
                 text: "Stop"
                 color: Theme.fore["red"]
                 onClicked: buttons.file.stopReport()

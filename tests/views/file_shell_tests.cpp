@@ -87,7 +87,7 @@ TEST_F(FileShell, KeepsTheLinkThatHasTheKeyboard) {
   }));
   EXPECT_EQ(window()->activeFocusItem(), email);
   EXPECT_TRUE(ringed());
-  EXPECT_TRUE(hovered());
+  EXPECT_TRUE(QTest::qWaitFor(hovered));
   EXPECT_EQ(email->property("url").toUrl(), QUrl{"https://mail.example/2"});
 }
 
