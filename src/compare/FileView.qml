@@ -34,7 +34,7 @@ Item {
         onTriggered: ticket.settled = true
     }
 
-    Flickable {
+    ScrollArea {
         id: top
 
         // A low window keeps most of its room for the page.
@@ -42,26 +42,8 @@ Item {
 
         width: parent.width
         height: Math.min(header.implicitHeight, highest)
-        clip: true
-        interactive: contentHeight > height
-        boundsBehavior: Flickable.StopAtBounds
+        label: "Ticket"
         contentHeight: header.implicitHeight
-
-        // What gets the keyboard comes into view.
-        readonly property Item keyed: Window.activeFocusItem
-
-        onKeyedChanged: {
-            if (!interactive || !keyed || keyed.height > height)
-                return;
-            let inside = keyed;
-            while (inside && inside !== header)
-                inside = inside.parent;
-            if (!inside)
-                return;
-            const y = keyed.mapToItem(header, 0, 0).y;
-            contentY = Math.max(y + keyed.height + Theme.gap8 - height,
-                                Math.min(contentY, Math.max(0, y - Theme.gap8)));
-        }
 
         FileHeader {
             id: header

@@ -8,12 +8,11 @@ Item {
 
     required property FileModel file
 
-    Flickable {
+    ScrollArea {
         id: scroll
 
         anchors.fill: parent
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
+        label: "Selected files"
         contentHeight: Math.max(height, words.height)
 
         Column {

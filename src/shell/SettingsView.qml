@@ -17,27 +17,12 @@ Rectangle {
     Accessible.role: Accessible.Pane
     Accessible.name: "Settings"
 
-    readonly property Item focused: Window.activeFocusItem
-
-    // What the keyboard comes to is brought into view.
-    onFocusedChanged: {
-        let inside = focused;
-        while (inside && inside !== content)
-            inside = inside.parent;
-        if (!inside)
-            return;
-        const top = focused.mapToItem(flick.contentItem, 0, 0).y - Theme.gap16;
-        const bottom = top + focused.height + 2 * Theme.gap16;
-        flick.contentY = Math.max(bottom - flick.height, Math.min(flick.contentY, top));
-    }
-
-    Flickable {
+    ScrollArea {
         id: flick
 
         anchors.fill: parent
         contentHeight: view.implicitHeight
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
+        margin: Theme.gap16
 
         Column {
             id: content

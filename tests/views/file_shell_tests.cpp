@@ -306,7 +306,47 @@ TEST_F(FileShell, WrapsAndScrollsALongListOfTitles) {
   const auto flicks = seen(views[0], "QQuickFlickable");
   ASSERT_EQ(flicks.size(), 1);
   EXPECT_GT(flicks[0]->property("contentHeight").toDouble(), flicks[0]->height());
+  EXPECT_TRUE(flicks[0]->activeFocusOnTab());
+  flicks[0]->forceActiveFocus(Qt::TabFocusReason);
+  settle();
+  EXPECT_EQ(seen(flicks[0], "FocusRing").size(), 1);
+  EXPECT_TRUE(reader().find("Selected files", QAccessible::Pane));
+  const auto at = [&] { return flicks[0]->property("contentY").toDouble(); };
+  const double end = flicks[0]->property("contentHeight").toDouble() - flicks[0]->height();
+  QTest::keyClick(window(), Qt::Key_Down);
+  EXPECT_EQ(at(), 40);
+  QTest::keyClick(window(), Qt::Key_PageDown);
+  EXPECT_NEAR(at(), std::min(end, 40 + 0.9 * flicks[0]->height()), 0.01);
+  QTest::keyClick(window(), Qt::Key_Home);
+  EXPECT_EQ(at(), 0);
+  QTest::keyClick(window(), Qt::Key_Up);
+  EXPECT_EQ(at(), 0);
+  QTest::keyClick(window(), Qt::Key_Tab);
+  EXPECT_EQ(keyed(), "Make one report");
+  EXPECT_GT(at(), 0) << "it is below all the titles";
+  EXPECT_LE(at(), end);
   EXPECT_TRUE(reader().find("303 files", QAccessible::Heading));
+}
+
+TEST_F(FileShell, ScrollsAHeaderThatIsTooHigh) {
+  serveTheDay();
+  change([](BoardState& board) {
+    board.files[0].links = Links{.gmail = "https://mail.example"};
+    for (int i = 0; i < 300; ++i) *board.files[0].summary += " One more word.";
+  });
+  showMain({760, 540});
+  tabTo("Ticket");
+  QQuickItem* area = window()->activeFocusItem();
+  const auto at = [&] { return area->property("contentY").toDouble(); };
+  QTest::keyClick(window(), Qt::Key_PageDown);
+  EXPECT_GT(at(), 0);
+  QTest::keyClick(window(), Qt::Key_Home);
+  EXPECT_EQ(at(), 0);
+  tabTo("Email");
+  EXPECT_GT(at(), 0);
+  resize({1'500, 2'000});
+  EXPECT_FALSE(area->property("activeFocusOnTab").toBool());
+  EXPECT_FALSE(reader().find("Ticket", QAccessible::Pane));
 }
 
 TEST_F(FileShell, KeepsTheHeaderStandingWhileTheDetailLoads) {
