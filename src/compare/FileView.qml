@@ -88,7 +88,6 @@ Item {
 
                 active: ticket.file.showsStrip || strip.width > 0
                 anchors.right: parent.right
-                width: 92
                 height: parent.height
 
                 sourceComponent: PageStrip {

@@ -89,7 +89,9 @@ Pressable {
         spacing: 3
 
         Item {
-            readonly property bool brief: cell.name.length <= 6
+            // Each digit is an item; no name that fits has more characters than these.
+            readonly property bool brief: figures.text === cell.name
+                                          && figures.implicitWidth <= marks.width
 
             width: brief ? figures.implicitWidth : Math.min(words.implicitWidth, marks.width)
             height: words.implicitHeight
@@ -101,7 +103,7 @@ Pressable {
                 size: Theme.tiny
                 weight: cell.open ? Font.DemiBold : Font.Normal
                 color: cell.open ? Theme.accent : Theme.muted
-                text: parent.brief ? cell.name : ""
+                text: cell.name.length <= 24 ? cell.name : ""
                 Accessible.ignored: true
             }
 

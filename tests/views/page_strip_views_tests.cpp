@@ -1,6 +1,7 @@
 // The strip of small pages, worked by pointer and by key.
 #include <QTest>
 
+#include "pieces/Theme.hpp"
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
 
@@ -9,6 +10,7 @@ namespace {
 
 class PageStripViews : public ViewTest {
  protected:
+  Theme theme;
   void open(Int pages, QSize size = {1'500, 940}) {
     serveTheDay();
     FileDetail detail = lighthouse();
@@ -153,6 +155,39 @@ TEST_F(PageStripViews, BringThePageOnShowInSight) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("31"); }));
   ASSERT_TRUE(press("Next page"));
   EXPECT_TRUE(QTest::qWaitFor([this] { return inSight("32") && inSight("33"); }));
+}
+
+TEST_F(PageStripViews, LookLikeWhatTheyAre) {
+  open(3);
+  FileDetail detail = store().details().at("t1");
+  (*detail.file.pages)[1].label = "41-1711";
+  (*detail.file.pages)[2].label = "A name much longer than 11";
+  detail.findings.resize(2);
+  store().details.set({{"t1", detail}});
+  rest();
+  const auto figures = [this](const QString& name) { return seen(cell(name), "Digits").value(0); };
+  ASSERT_TRUE(figures("1") && figures("41-1711"));
+  EXPECT_EQ(colourOf(figures("1")), theme.accent());
+  EXPECT_EQ(colourOf(figures("41-1711")), theme.muted());
+  // Of equal width, and cut off where they do not fit.
+  const auto digits = seen(figures("41-1711"), "Label");
+  ASSERT_EQ(digits.size(), 7);
+  for (const int i : {1, 3, 4}) EXPECT_EQ(digits[i]->width(), digits[0]->width());
+  const QQuickItem* words =
+      seenText(cell("A name much longer than 11"), "A name much longer than 11");
+  ASSERT_TRUE(words);
+  EXPECT_TRUE(words->property("truncated").toBool());
+  EXPECT_EQ(colourOf(words), theme.muted());
+  // One badge for each count, none for nothing.
+  const auto badges = seen(cell("1"), "CountBadge");
+  ASSERT_EQ(badges.size(), 3);
+  for (QQuickItem* badge : badges) EXPECT_EQ(badge->property("text").toString(), "1");
+  EXPECT_EQ(seen(badges[2], "Symbol").value(0)->property("name").toString(), "text.bubble.fill");
+  EXPECT_TRUE(seen(cell("41-1711"), "CountBadge").isEmpty());
+  store().page.set({{"t1", 1}});
+  rest();
+  EXPECT_EQ(colourOf(figures("1")), theme.muted());
+  EXPECT_EQ(colourOf(figures("41-1711")), theme.accent());
 }
 
 TEST_F(PageStripViews, StayWhereTheyWereScrolledTo) {
