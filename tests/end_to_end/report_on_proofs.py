@@ -41,6 +41,16 @@ def report(build):
         reader.press_named("Next page")
         wait_until("the third page to be marked", lambda: open_pages(reader) == [pages[2]["label"]])
 
+        # The same by key alone; and the strip goes and comes by the menu.
+        reader.tab_to(pages[2]["label"], roles=("list item",))
+        reader.key("End", "Return")
+        wait_until("the last page to be marked", lambda: open_pages(reader) == [pages[-1]["label"]])
+        for entry, there in (("Hide the page strip", False), ("Show the page strip", True)):
+            reader.click(reader.find(name="View ", roles=("menu item",)))
+            reader.click(reader.find(name=entry, roles=("menu item",)))
+            wait_until(f"what follows \"{entry}\"",
+                       lambda there=there: bool(reader.find_all("Pages", roles=("list",))) == there)
+
         reader.press_named("Make report")
         expect(asked_for(service, 1) == {"kind": "report", "file_ids": [files[first]["id"]]},
                "the report is on something else")
