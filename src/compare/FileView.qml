@@ -38,10 +38,11 @@ Item {
         id: top
 
         // A low window keeps most of its room for the page.
-        readonly property real highest: Math.max(96, ticket.height * 0.45)
+        readonly property real highest: Math.max(96, ticket.height * 0.3)
 
         width: parent.width
-        height: Math.min(header.implicitHeight, highest)
+        // Whole, so that what lies below stands on whole pixels.
+        height: Math.ceil(Math.min(header.implicitHeight, highest))
         label: "Ticket"
         contentHeight: header.implicitHeight
 
