@@ -2,6 +2,7 @@
 
 #include <QPromise>
 #include <QThreadPool>
+#include <algorithm>
 #include <memory>
 
 namespace vellix {
@@ -80,12 +81,28 @@ std::optional<DifferenceImage::Inputs> DifferenceImage::inputs() const {
     any = true;
   }
   if (!any) return std::nullopt;
-  // Pictures that are shown larger than they are differ in their own pixels.
-  const auto& [one, other] = inputs.pictures;
-  const QRect all(QPoint(), room.size);
-  if (both && one.image.size() == other.image.size() && one.place == all && other.place == all) {
-    inputs.ground = one.image.size();
-    for (auto& picture : inputs.pictures) picture.place = {QPoint(), inputs.ground};
+  // One page alone would flash between two differences.
+  if (!both && !image_.isNull() && !isMissing(sides_[0]) && !isMissing(sides_[1])) {
+    return std::nullopt;
+  }
+  // Pictures that are shown larger than they are differ in no more pixels than they have.
+  double part = 0;
+  for (const auto& picture : inputs.pictures) {
+    if (picture.image.isNull() || picture.place.isEmpty()) continue;
+    part = std::max({part, double(picture.image.width()) / picture.place.width(),
+                     double(picture.image.height()) / picture.place.height()});
+  }
+  if (part < 1) {
+    const auto less = [part](QPoint point) {
+      return QPoint(qRound(point.x() * part), qRound(point.y() * part));
+    };
+    inputs.ground = QSize(std::max(1, qRound(room.size.width() * part)),
+                          std::max(1, qRound(room.size.height() * part)));
+    for (auto& picture : inputs.pictures) {
+      const QRect place = picture.place;
+      const QPoint end(place.x() + place.width(), place.y() + place.height());
+      picture.place = QRect(less(place.topLeft()), less(end) - QPoint(1, 1));
+    }
   }
   return inputs;
 }

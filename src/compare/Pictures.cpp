@@ -19,24 +19,24 @@ Task<> Pictures::load(std::string key, PictureRoom room, QPointer<QObject> conte
   auto loading = images_.image(key);
   const PictureHandle picture = co_await std::move(loading);
   if (!context) co_return;
-  auto decoding = pixelsOf(picture, room);
+  auto decoding = pixelsOf(picture, room, context);
   Pixels pixels = co_await std::move(decoding);
-  if (pixels.isNull() && picture && !picture->file.empty()) {
+  if (pixels.isNull() && context && picture && !picture->file.empty()) {
     // The disk lost or tore what it once took. The service still has it: one more try, no more.
     images_.forget(picture);
     if (!context) co_return;
     auto loadingAnew = images_.image(std::move(key));
     const PictureHandle anew = co_await std::move(loadingAnew);
-    auto decodingAnew = pixelsOf(anew, room);
+    auto decodingAnew = pixelsOf(anew, room, context);
     pixels = co_await std::move(decodingAnew);
   }
   if (context) done(pixels);
 }
 
-Task<Pixels> Pictures::pixelsOf(PictureHandle picture, PictureRoom room) {
-  if (!picture) co_return Pixels{};
+Task<Pixels> Pictures::pixelsOf(PictureHandle picture, PictureRoom room, QPointer<QObject> reader) {
+  if (!picture || !reader) co_return Pixels{};
   const Resolver<Pixels> resolver;
-  pixels_.requestPixels(picture, room, this, resolver);
+  pixels_.requestPixels(picture, room, this, resolver, reader);
   const auto pending = resolver.pending();
   co_return co_await pending;
 }

@@ -25,7 +25,7 @@ class Pictures : public PictureSource {
  private:
   Task<> load(std::string key, PictureRoom room, QPointer<QObject> context,
               std::function<void(Pixels)> done);
-  Task<Pixels> pixelsOf(PictureHandle picture, PictureRoom room);
+  Task<Pixels> pixelsOf(PictureHandle picture, PictureRoom room, QPointer<QObject> reader);
 
   Images& images_;
   PixelCache& pixels_;

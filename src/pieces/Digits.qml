@@ -22,7 +22,7 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 
-    // The widest digit of the face sets the width of all.
+    // The face's nought sets the width of all.
     Label {
         id: zero
 

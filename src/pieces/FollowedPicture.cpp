@@ -29,6 +29,7 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
   resting_.stop();
   if (turns) {
     ++turn_;
+    asking_ = std::make_unique<QObject>();
     awaited_ = 0;
     settled_ = false;
   }
@@ -62,7 +63,7 @@ void FollowedPicture::look() {
 void FollowedPicture::ask() {
   if (!source_ || key_.isEmpty() || hasAll()) return;
   ++awaited_;
-  source_->bring(key_, room_, this, [this, turn = turn_](Pixels pixels) {
+  source_->bring(key_, room_, asking_.get(), [this, turn = turn_](Pixels pixels) {
     if (turn == turn_) answer(std::move(pixels));
   });
 }

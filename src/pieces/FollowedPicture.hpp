@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <memory>
 
 #include "pieces/PictureSource.hpp"
 
@@ -44,10 +45,11 @@ class FollowedPicture : public QObject {
   QString key_;
   PictureRoom room_;
   Pixels pixels_;
-  bool settled_ = false;  // pixels_ are the key's, or null because they cannot be had
-  quint64 turn_ = 0;      // of keys and sources; answers of earlier ones are dropped
-  int awaited_ = 0;       // answers of this turn
-  QTimer resting_{this};  // runs while the room has just changed
+  bool settled_ = false;             // pixels_ are the key's, or null because they cannot be had
+  quint64 turn_ = 0;                 // of keys and sources; answers of earlier ones are dropped
+  int awaited_ = 0;                  // answers of this turn
+  std::unique_ptr<QObject> asking_;  // lives for one turn: what it asked for ends with it
+  QTimer resting_{this};             // runs while the room has just changed
 };
 
 }  // namespace vellix

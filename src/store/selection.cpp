@@ -123,8 +123,15 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
     const Int first = serious == detail.findings.end() ? 0 : serious->page;
     page.edit([&](auto& pages) { pages[file.id] = first; });
   }
-  const Int current = page().at(file.id);
-  for (const auto& candidate : detail.file.pages.value_or(std::vector<Page>{})) {
+  prefetchAround(file.id);
+}
+
+// The next step, either way, shall find its pictures at hand.
+void Store::prefetchAround(const std::string& id) {
+  const auto detail = details().find(id);
+  if (detail == details().end() || !detail->second.file.pages) return;
+  const Int current = page().at(id);
+  for (const auto& candidate : *detail->second.file.pages) {
     if (isNeighbour(candidate.i, current)) ports_.pictures.prefetch(candidate);
   }
 }
@@ -145,6 +152,7 @@ void Store::stepPage(const FileDetail& detail, Int delta) {
 void Store::goToPage(const std::string& id, Int index) {
   page.edit([&](auto& pages) { pages[id] = index; });
   focus.set(std::nullopt);
+  prefetchAround(id);
 }
 
 void Store::stepZoom(double factor) { zoomTo(std::round(zoom() * factor * 4) / 4); }

@@ -163,6 +163,7 @@ class Store {
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
   Task<> sendFindingState(Finding finding, std::string state, std::string text);
   void focusNextOpen(const Finding& decided);
+  void prefetchAround(const std::string& id);
   void decideLocally(const Finding& finding, const std::string& state);
   Task<> reloadCurrentDetail();
   // Posts; what the service says to it does not matter.

@@ -83,6 +83,31 @@ TEST_F(DifferenceImageTest, ShowsTheDifferenceOfTwoAtHandInTheVeryNextFrame) {
   EXPECT_TRUE(source.requests.empty());
 }
 
+TEST_F(DifferenceImageTest, KeepsTheLastDifferenceUntilBothOfTheNextAreHere) {
+  hold(exact(kOne), exact(kOther));
+  ask();
+  ASSERT_EQ(seen(), kBetween);
+  source.held["next"] = exact(Qt::white);
+  item->setKey("next");
+  item->setUnder("beside");
+  EXPECT_EQ(seen(), kBetween) << "no bright page in between";
+  ASSERT_EQ(source.requests.size(), 1U);
+  source.answer(0, exact(Qt::white));
+  EXPECT_EQ(seen(), QColor(Qt::black));
+}
+
+TEST_F(DifferenceImageTest, ShowsTheNextAloneWhereTheOtherCannotBeHad) {
+  hold(exact(kOne), exact(kOther));
+  ask();
+  ASSERT_EQ(seen(), kBetween);
+  source.held["next"] = exact(Qt::white);
+  item->setKey("next");
+  item->setUnder("beside");
+  ASSERT_EQ(seen(), kBetween);
+  source.answer(0, {});
+  EXPECT_EQ(seen(), QColor(Qt::white));
+}
+
 TEST_F(DifferenceImageTest, ShowsTheOneThatIsHereAlone) {
   hold(exact(kOne), {});
   ask();

@@ -81,6 +81,21 @@ TEST_F(Prefetch, GoesByThePagesOwnNumberNotByItsPlace) {
   EXPECT_THAT(prefetched({pageOf(12), pageOf(4), pageOf(11)}, 11), UnorderedElementsAre(11, 12));
 }
 
+TEST_F(Prefetch, GoesOnWithEveryPageThatIsTurned) {
+  prefetched(pagesOf(9), 4);
+  desk.pictures.pages.clear();
+  store().stepPage(store().details().at("t1"), 1);
+  EXPECT_THAT(desk.pictures.pages, UnorderedElementsAre(4, 5, 6));
+  desk.pictures.pages.clear();
+  store().goToPage("t1", 8);
+  EXPECT_THAT(desk.pictures.pages, UnorderedElementsAre(7, 8));
+}
+
+TEST_F(Prefetch, BringsNothingForATicketWhoseDetailIsNotHere) {
+  store().goToPage("t2", 3);
+  EXPECT_THAT(desk.pictures.pages, IsEmpty());
+}
+
 TEST_F(Prefetch, BringsNothingForATicketWithoutPages) {
   serveDetail(detailOf(ticketAt("t1", 1)));
   load(ticketAt("t1", 1));

@@ -73,13 +73,12 @@ struct Reading {
   bool turned = false;
 };
 
-// The JPEG reader decodes at a half, quarter or eighth for much less than the whole. Where the
-// size is no multiple it does so only for a clip that is.
+// The JPEG reader decodes at a half, quarter or eighth for much less than the whole. The size asked
+// for is that of the whole picture, also where it is no multiple: pages that are equal but for
+// their pixel sizes must lie on each other.
 void askReduced(QImageReader& reader, QSize stored, int reduction) {
   const QSize reduced(stored.width() / reduction, stored.height() / reduction);
-  if (reduced.isEmpty()) return;
-  if (reduced * reduction != stored) reader.setClipRect(QRect(QPoint(), reduced * reduction));
-  reader.setScaledSize(reduced);
+  if (!reduced.isEmpty()) reader.setScaledSize(reduced);
 }
 
 QImage inOurFormat(QImage image) {

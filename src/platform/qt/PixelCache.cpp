@@ -1,6 +1,9 @@
 #include "platform/qt/PixelCache.hpp"
 
 #include <QImageReader>
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "platform/qt/PictureReading.hpp"
 
@@ -12,7 +15,12 @@ constexpr int kMostMegabytes = 512;  // of one picture's pixels
 // Until a page was shown nobody knows how large: enough for most windows.
 constexpr int kFirstReduction = 2;
 
-enum Priority { kAhead, kForAView };
+// What is more urgent has the higher one. Who asked for a picture that comes from outside is not
+// known here: it may be a view.
+enum Priority { kAhead, kArrived, kForAView };
+
+// A larger one would leave no room for what is shown.
+constexpr std::int64_t kShareOfReduced = 4;
 
 QSize wholeOf(const Picture& picture) { return {picture.width, picture.height}; }
 
@@ -52,10 +60,10 @@ Pixels PixelCache::cachedPixels(const Picture& picture, const PictureRoom& room)
 }
 
 void PixelCache::requestPixels(const PictureHandle& picture, const PictureRoom& room,
-                               QObject* context, Done done) {
+                               QObject* context, Done done, QObject* reader) {
   const QSize whole = wholeOf(*picture);
   const QSize exact = exactSize(whole, room);
-  Waiter waiter{std::move(done), true, context};
+  Waiter waiter{std::move(done), true, context, reader != nullptr, reader};
   if (QImage atHand = find(keyOf(*picture, exact)); !atHand.isNull()) {
     return later([waiter = std::move(waiter), pixels = Pixels(std::move(atHand), whole)] {
       if (waiter.context) waiter.done(pixels);
@@ -77,12 +85,15 @@ void PixelCache::decodeWhole(Picture encoded, Done done) {
       return later(
           [done = std::move(done), pixels = Pixels(std::move(atHand), whole)] { done(pixels); });
     }
-    return request(job, {std::move(done), false, nullptr});
+    return request(std::move(job), {std::move(done), false, nullptr, false, nullptr});
   }
-  start(job, [this, key, whole, done = std::move(done)](const Made& made) {
-    keep(key, made.exact);
-    done({made.exact, whole});
-  });
+  job.priority = kArrived;
+  enqueue({.job = std::move(job),
+           .key = key,
+           .done = [this, key, whole, done = std::move(done)](const Made& made) {
+             keep(key, made.exact);
+             done({made.exact, whole});
+           }});
 }
 
 PixelCache::Key PixelCache::keyOf(const Picture& picture, QSize size) {
@@ -113,32 +124,81 @@ void PixelCache::keep(const Key& key, const QImage& image) {
   held_ += size;
 }
 
-void PixelCache::request(const Job& job, Waiter waiter) {
+void PixelCache::request(Job job, Waiter waiter) {
   const Key key = keyOf(job.picture, job.exact);
   auto& waiters = wanted_[key];
   waiters.push_back(std::move(waiter));
-  if (waiters.size() > 1) return;
+  if (waiters.size() > 1) {
+    // It may be more urgent than it was.
+    const auto same = std::ranges::find_if(
+        queue_, [&](const Waiting& one) { return one.shared && one.key == key; });
+    if (same != queue_.end()) {
+      same->job.priority = std::max(same->job.priority, job.priority);
+      same->job.keepsReduced |= job.keepsReduced;
+      same->id = ++started_;
+    }
+    return;
+  }
   const QSize whole = wholeOf(job.picture);
   const Key reduced = keyOf(job.picture, reducedSize(whole, reductionFor(whole, job.exact)));
-  Job found = job;
-  found.reduced = find(reduced);
-  start(found, [this, key, reduced, whole, keepsReduced = job.keepsReduced](const Made& made) {
-    // The exact one was asked for, so it is the more recently used.
-    if (keepsReduced) keep(reduced, made.reduced);
-    keep(key, made.exact);
-    const auto told = std::move(wanted_[key]);
-    wanted_.erase(key);
-    for (const auto& one : told) {
-      if (!one.bound || one.context) one.done({made.exact, whole});
-    }
-  });
+  enqueue({.job = std::move(job),
+           .key = key,
+           .shared = true,
+           .done = [this, key, reduced, whole](const Made& made) {
+             // The exact one was asked for, so it is the more recently used.
+             if (made.reduced.sizeInBytes() <= budget_ / kShareOfReduced)
+               keep(reduced, made.reduced);
+             keep(key, made.exact);
+             const auto told = std::move(wanted_[key]);
+             wanted_.erase(key);
+             for (const auto& one : told) {
+               if (!one.bound || one.context) one.done({made.exact, whole});
+             }
+           }});
 }
 
-void PixelCache::start(const Job& job, std::function<void(Made)> done) {
-  const auto id = ++started_;
-  if (job.reduced.isNull()) ++decodes_;
-  working_[id] = std::move(done);
-  const auto work = [this, id, job] {
+void PixelCache::enqueue(Waiting next) {
+  next.id = ++started_;
+  queue_.push_back(std::move(next));
+  pump();
+}
+
+// Who waits for a picture may have gone on to another.
+bool PixelCache::isWanted(const Waiting& one) const {
+  return !one.shared || std::ranges::any_of(wanted_.at(one.key), &Waiter::isWanted);
+}
+
+// Views first, the latest before those that came before it; then what is fetched ahead, in order.
+void PixelCache::pump() {
+  const auto rank = [](const Waiting& one) {
+    return std::pair{one.job.priority, one.job.priority == kForAView ? one.id : -one.id};
+  };
+  while (std::ssize(working_) < kThreads && !queue_.empty()) {
+    const auto next = std::ranges::max_element(queue_, {}, rank);
+    Waiting one = std::move(*next);
+    queue_.erase(next);
+    if (isWanted(one)) {
+      start(std::move(one));
+      continue;
+    }
+    // Taken out at once: who asks from now on begins anew.
+    later([told = std::move(wanted_[one.key])] {
+      for (const auto& waiter : told) {
+        if (!waiter.bound || waiter.context) waiter.done({});
+      }
+    });
+    wanted_.erase(one.key);
+  }
+}
+
+void PixelCache::start(Waiting next) {
+  const auto id = next.id;
+  const QSize whole = wholeOf(next.job.picture);
+  next.job.reduced =
+      find(keyOf(next.job.picture, reducedSize(whole, reductionFor(whole, next.job.exact))));
+  if (next.job.reduced.isNull()) ++decodes_;
+  working_[id] = std::move(next.done);
+  auto work = [this, id, job = std::move(next.job)] {
     Made made{.reduced = job.reduced, .exact = {}};
     if (made.reduced.isNull()) {
       const auto bytes = encodedBytes(job.picture);
@@ -146,14 +206,16 @@ void PixelCache::start(const Job& job, std::function<void(Made)> done) {
       if (bytes) made.reduced = decodePicture(*bytes, reduction);
     }
     made.exact = scaled(made.reduced, job.exact);
-    later([this, id, made] {
+    if (!job.keepsReduced) made.reduced = {};
+    later([this, id, made = std::move(made)] {
       const auto found = working_.find(id);
       const auto told = std::move(found->second);
       working_.erase(found);
+      pump();
       told(made);
     });
   };
-  pool_.start(work, job.priority);
+  pool_.start(std::move(work));
 }
 
 // Callable from any thread.

@@ -41,9 +41,10 @@ class PixelCache {
   Pixels cachedPixels(const Picture& picture, const PictureRoom& room);
 
   // Calls `done` with the exact pixels in a later turn, unless `context` is gone by then; with a
-  // null image when the picture cannot be decoded. Equal requests share their work.
+  // null image when the picture cannot be decoded, or when it was wanted for `reader` alone, who
+  // has gone before its turn came. Equal requests share their work; the latest comes first.
   void requestPixels(const PictureHandle& picture, const PictureRoom& room, QObject* context,
-                     Done done);
+                     Done done, QObject* reader = nullptr);
 
   // Decodes to the end and keeps what a page with this picture would show where pages were last
   // shown; null when it does not decode. `done` is called in a later turn.
@@ -62,6 +63,9 @@ class PixelCache {
     Done done;
     bool bound = false;  // to the context's life
     QPointer<QObject> context;
+    bool forReader = false;  // and for nobody else
+    QPointer<QObject> reader;
+    bool isWanted() const { return (!bound || context) && (!forReader || reader); }
   };
   struct Job {
     Picture picture;
@@ -75,11 +79,22 @@ class PixelCache {
     QImage exact;
   };
 
+  struct Waiting {
+    std::int64_t id = 0;
+    Job job;
+    Key key;
+    bool shared = false;  // with all who wait for this key
+    std::function<void(Made)> done;
+  };
+
   static Key keyOf(const Picture& picture, QSize size);
   QImage find(const Key& key);
   void keep(const Key& key, const QImage& image);
-  void request(const Job& job, Waiter waiter);
-  void start(const Job& job, std::function<void(Made)> done);
+  void request(Job job, Waiter waiter);
+  void enqueue(Waiting next);
+  bool isWanted(const Waiting& one) const;
+  void pump();
+  void start(Waiting next);
   void later(std::function<void()> work);
 
   const std::int64_t budget_;
@@ -92,6 +107,7 @@ class PixelCache {
   std::map<Key, std::vector<Waiter>> wanted_;
   // Stays here: what it holds belongs to this thread.
   std::map<std::int64_t, std::function<void(Made)>> working_;
+  std::vector<Waiting> queue_;  // until a thread is free
   QObject context_;
   QThreadPool pool_;
 };

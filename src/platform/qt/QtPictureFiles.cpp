@@ -2,9 +2,11 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace vellix {
 namespace {
@@ -48,16 +50,19 @@ std::string QtPictureFiles::write(const std::string& name, const std::string& by
   const std::string path = folder_ + '/' + name;
   if (QFileInfo(QString::fromStdString(path)).isSymLink()) return {};
 
-  QSaveFile file(QString::fromStdString(path));
-  file.setDirectWriteFallback(false);
-  if (!file.open(QIODevice::WriteOnly)) return {};
+  // Whole or not at all, but not forced to the disk: that would hold the window up, and what a
+  // crash tears is fetched anew.
+  QTemporaryFile file(QString::fromStdString(folder_ + "/.writing-XXXXXX"));
+  if (!file.open()) return {};
   // On a full disk the write is short and nothing else tells of it.
   const auto size = static_cast<qint64>(bytes.size());
-  if (file.write(bytes.data(), size) != size || !file.flush()) {
-    file.cancelWriting();
-    return {};
-  }
-  return file.commit() ? path : std::string();
+  if (file.write(bytes.data(), size) != size || !file.flush()) return {};
+  file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+  std::error_code failure;
+  std::filesystem::rename(file.fileName().toStdString(), path, failure);
+  if (failure) return {};
+  file.setAutoRemove(false);
+  return path;
 }
 
 }  // namespace vellix
