@@ -27,10 +27,12 @@ Rectangle {
     readonly property int overlayRow: taken + overlay.width <= room ? modesRow : modesRow + 1
     readonly property int rows: 1 + (view.overlay ? overlayRow : modesRow)
 
-    // At the last page, or the last step, the keyboard goes on to the way back.
+    // At the last page, or the last step, the keyboard goes on to the way back: once that is enabled.
     function handOn(from: Item, to: Item) {
-        if (!from.enabled && from.focus && to.enabled)
-            to.forceActiveFocus(Qt.TabFocusReason);
+        if (from.enabled || !from.focus)
+            return;
+        handing.to = to;
+        handing.start();
     }
 
     function rowAt(row: int): real {
@@ -42,6 +44,18 @@ Rectangle {
 
     Accessible.role: Accessible.ToolBar
     Accessible.name: "Page"
+
+    Timer {
+        id: handing
+
+        property Item to
+
+        interval: 0
+        onTriggered: {
+            if (to.enabled)
+                to.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
 
     Hairline {
         anchors.top: parent.top
@@ -61,7 +75,7 @@ Rectangle {
 
             anchors.verticalCenter: parent.verticalCenter
             symbol: "chevron.up"
-            onEnabledChanged: Qt.callLater(bar.handOn, previous, next)
+            onEnabledChanged: bar.handOn(previous, next)
             help: "Previous page"
             enabled: !bar.view.first
             onClicked: bar.compare.stepPage(-1)
@@ -72,7 +86,7 @@ Rectangle {
 
             anchors.verticalCenter: parent.verticalCenter
             symbol: "chevron.down"
-            onEnabledChanged: Qt.callLater(bar.handOn, next, previous)
+            onEnabledChanged: bar.handOn(next, previous)
             help: "Next page"
             enabled: !bar.view.last
             onClicked: bar.compare.stepPage(1)
@@ -179,7 +193,7 @@ Rectangle {
 
             anchors.verticalCenter: parent.verticalCenter
             symbol: "minus.magnifyingglass"
-            onEnabledChanged: Qt.callLater(bar.handOn, less, more)
+            onEnabledChanged: bar.handOn(less, more)
             help: "Zoom out (⌘−)"
             enabled: bar.view.canZoomOut
             onClicked: bar.compare.zoomOut()
@@ -201,7 +215,7 @@ Rectangle {
 
             anchors.verticalCenter: parent.verticalCenter
             symbol: "plus.magnifyingglass"
-            onEnabledChanged: Qt.callLater(bar.handOn, more, less)
+            onEnabledChanged: bar.handOn(more, less)
             help: "Zoom in (⌘+)"
             enabled: bar.view.canZoomIn
             onClicked: bar.compare.zoomIn()

@@ -344,7 +344,7 @@ TEST_F(FileShell, ScrollsAHeaderThatIsTooHigh) {
   EXPECT_EQ(at(), 0);
   tabTo("Email");
   EXPECT_GT(at(), 0);
-  resize({1'500, 2'000});
+  resize({1'500, 3'000});
   EXPECT_FALSE(area->property("activeFocusOnTab").toBool());
   EXPECT_FALSE(reader().find("Ticket", QAccessible::Pane));
 }
