@@ -47,7 +47,7 @@ std::string QtPictureFiles::find(const std::string& name) const {
 
 std::string QtPictureFiles::write(const std::string& name, const std::string& bytes) {
   if (!isPlainName(name)) return {};
-  const std::string path = folder_ + '/' + name;
+  std::string path = folder_ + '/' + name;
   if (QFileInfo(QString::fromStdString(path)).isSymLink()) return {};
 
   // Whole or not at all, but not forced to the disk: that would hold the window up, and what a
