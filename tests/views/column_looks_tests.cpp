@@ -2,7 +2,6 @@
 #include <QFont>
 #include <QTest>
 
-#include "pieces/Theme.hpp"
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
 
@@ -30,9 +29,8 @@ class ColumnLooks : public ViewTest {
     EXPECT_EQ(label->property("size").toDouble(), size) << words.toStdString();
     EXPECT_EQ(label->property("font").value<QFont>().weight(), weight) << words.toStdString();
   }
-  QColor tone(const char* name) { return theme.fore()->property(name).value<QColor>(); }
+  QColor tone(const char* name) { return theme()->fore()->property(name).value<QColor>(); }
 
-  Theme theme;
 };
 
 struct QueueColours {
@@ -58,8 +56,8 @@ TEST_P(QueueBadges, AreRedWhereATicketIsLate) {
   const auto badges = seen(queues[0], "CountBadge");
   ASSERT_EQ(badges.size(), 2);
   const QColor red = tone("red");
-  EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme.accent());
-  EXPECT_EQ(colourOf(badges[1], "colour"), GetParam().otherLate ? red : theme.muted());
+  EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme()->accent());
+  EXPECT_EQ(colourOf(badges[1], "colour"), GetParam().otherLate ? red : theme()->muted());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, QueueBadges,
@@ -76,7 +74,7 @@ TEST_F(ColumnLooks, OfTheBrand) {
   ASSERT_EQ(marks.size(), 1);
   EXPECT_EQ(marks[0]->size(), QSizeF(20, 20));
   expectFace("Vellix", 21, QFont::Normal);
-  EXPECT_EQ(text("Vellix")->property("font").value<QFont>().family(), theme.serif());
+  EXPECT_EQ(text("Vellix")->property("font").value<QFont>().family(), theme()->serif());
   EXPECT_FALSE(marks[0]->property("working").toBool());
   for (const char* status : {"queued", "running", "stuck", "done"}) {
     change([&](BoardState& board) { board.sync = jobOf(status, "sync"); });
@@ -120,7 +118,7 @@ TEST_F(ColumnLooks, OfThePeople) {
   const QQuickItem* ring = dot->parentItem();
   EXPECT_EQ(colourOf(dot), tone("green"));
   EXPECT_EQ(dot->property("radius").toDouble(), 4);
-  EXPECT_EQ(colourOf(ring), theme.column());
+  EXPECT_EQ(colourOf(ring), theme()->column());
   EXPECT_EQ(ring->mapRectToItem(avatars[1], ring->boundingRect()), QRectF(20, 20, 12, 12));
   store().profile.set(store().board()->users[1].email);
   settle();

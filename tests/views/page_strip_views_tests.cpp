@@ -1,7 +1,6 @@
 // The strip of small pages, worked by pointer and by key.
 #include <QTest>
 
-#include "pieces/Theme.hpp"
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
 
@@ -10,7 +9,6 @@ namespace {
 
 class PageStripViews : public ViewTest {
  protected:
-  Theme theme;
   void open(Int pages, QSize size = {1'500, 940}) {
     serveTheDay();
     FileDetail detail = lighthouse();
@@ -167,8 +165,8 @@ TEST_F(PageStripViews, LookLikeWhatTheyAre) {
   rest();
   const auto figures = [this](const QString& name) { return seen(cell(name), "Digits").value(0); };
   ASSERT_TRUE(figures("1") && figures("41-1711"));
-  EXPECT_EQ(colourOf(figures("1")), theme.accent());
-  EXPECT_EQ(colourOf(figures("41-1711")), theme.muted());
+  EXPECT_EQ(colourOf(figures("1")), theme()->accent());
+  EXPECT_EQ(colourOf(figures("41-1711")), theme()->muted());
   // Of equal width, and cut off where they do not fit.
   const auto digits = seen(figures("41-1711"), "Label");
   ASSERT_EQ(digits.size(), 7);
@@ -177,7 +175,7 @@ TEST_F(PageStripViews, LookLikeWhatTheyAre) {
       seenText(cell("A name much longer than 11"), "A name much longer than 11");
   ASSERT_TRUE(words);
   EXPECT_TRUE(words->property("truncated").toBool());
-  EXPECT_EQ(colourOf(words), theme.muted());
+  EXPECT_EQ(colourOf(words), theme()->muted());
   // One badge for each count, none for nothing.
   const auto badges = seen(cell("1"), "CountBadge");
   ASSERT_EQ(badges.size(), 3);
@@ -186,8 +184,8 @@ TEST_F(PageStripViews, LookLikeWhatTheyAre) {
   EXPECT_TRUE(seen(cell("41-1711"), "CountBadge").isEmpty());
   store().page.set({{"t1", 1}});
   rest();
-  EXPECT_EQ(colourOf(figures("1")), theme.muted());
-  EXPECT_EQ(colourOf(figures("41-1711")), theme.accent());
+  EXPECT_EQ(colourOf(figures("1")), theme()->muted());
+  EXPECT_EQ(colourOf(figures("41-1711")), theme()->accent());
 }
 
 TEST_F(PageStripViews, StayWhereTheyWereScrolledTo) {

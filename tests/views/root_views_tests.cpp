@@ -4,7 +4,6 @@
 #include <QTest>
 #include <functional>
 
-#include "pieces/Theme.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -111,9 +110,7 @@ TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {
   const auto* line =
       reader().find("What's here stays. It tries again on its own.", QAccessible::StaticText);
   ASSERT_TRUE(line);
-  const auto* theme =
-      engine()->singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"));
-  EXPECT_EQ(line->object()->property("color"), theme->faint());
+  EXPECT_EQ(line->object()->property("color"), theme()->faint());
   const auto* icon = itemIn(itemOf("OfflineBanner"), [](const QQuickItem* each) {
     return each->property("name") == "wifi.exclamationmark";
   });

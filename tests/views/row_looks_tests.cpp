@@ -4,7 +4,6 @@
 #include <QTest>
 
 #include "bridge/value.hpp"
-#include "pieces/Theme.hpp"
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
 
@@ -19,7 +18,7 @@ class RowLooks : public ViewTest {
     root()->setProperty(name, value);
     settle();
   }
-  QColor tone(const char* name) { return theme.fore()->property(name).value<QColor>(); }
+  QColor tone(const char* name) { return theme()->fore()->property(name).value<QColor>(); }
   void expectFace(const QString& words, double size, int weight) {
     const QQuickItem* label = seenText(window()->contentItem(), words);
     ASSERT_TRUE(label) << words.toStdString();
@@ -59,7 +58,6 @@ class RowLooks : public ViewTest {
     return nullptr;
   }
 
-  Theme theme;
 };
 
 TEST_F(RowLooks, OfACount) {
@@ -71,16 +69,16 @@ TEST_F(RowLooks, OfACount) {
   for (const auto& [count, colour, filled] : std::vector<Case>{
            {{.text = "2", .icon = "", .tone = "red", .help = "2 real issues"}, tone("red"), true},
            {{.text = "3", .icon = "", .tone = "accent", .help = "3 to look at"},
-            theme.accent(),
+            theme()->accent(),
             false},
            {{.text = "", .icon = "checkmark.circle.fill", .tone = "green", .help = ""},
             tone("green"),
             false},
            {{.text = "", .icon = "equal.circle", .tone = "muted", .help = "No differences"},
-            theme.faint(),
+            theme()->faint(),
             false},
            {{.text = "", .icon = "questionmark.circle", .tone = "muted", .help = "Nothing"},
-            theme.faint(),
+            theme()->faint(),
             false}}) {
     SCOPED_TRACE(count.text + count.icon);
     show("Board/FileCount", {{"count", toQml(count)}}, {40, 18});
@@ -173,14 +171,14 @@ TEST_F(RowLooks, OfTheGround) {
   EXPECT_EQ(ground()->opacity(), 0);
   QTest::mouseMove(window(), {130, 30});
   EXPECT_TRUE(groundComesTo(1));
-  EXPECT_EQ(colourOf(ground()), theme.hoverFill());
+  EXPECT_EQ(colourOf(ground()), theme()->hoverFill());
   FileRowView row = full();
   row.selected = true;
   give("ticket", toQml(row));
-  EXPECT_EQ(colourOf(ground()), theme.selectedFill());
+  EXPECT_EQ(colourOf(ground()), theme()->selectedFill());
   const auto* border = ground()->property("border").value<QObject*>();
   EXPECT_EQ(border->property("width").toInt(), 1);
-  EXPECT_EQ(colourOf(border), theme.selectedLine());
+  EXPECT_EQ(colourOf(border), theme()->selectedLine());
   give("ticket", toQml(full()));
   EXPECT_EQ(border->property("width").toInt(), 0);
   QTest::mouseMove(window(), {259, 89});

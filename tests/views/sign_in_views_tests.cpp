@@ -5,7 +5,6 @@
 #include <QQuickItem>
 #include <QTest>
 
-#include "pieces/Theme.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -201,9 +200,7 @@ TEST_F(SignInViews, EaseIn) {
 }
 
 TEST_F(SignInViews, StandAtOnceWhereMotionIsReduced) {
-  engine()
-      ->singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"))
-      ->setReducedMotion(true);
+  theme()->setReducedMotion(true);
   showMain({760, 540});
   EXPECT_TRUE(button(kButton));
   ASSERT_TRUE(press(kButton));

@@ -132,6 +132,10 @@ void ViewTest::showWindow(const QString& view, const QVariantMap& properties, QS
   resize(size);
 }
 
+Theme* ViewTest::theme() {
+  return engine_->singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"));
+}
+
 bool ViewTest::press(const QString& name, QAccessible::Role role) {
   const bool pressed = reader().press(name, role);
   settle();

@@ -9,6 +9,7 @@
 #include "compare/CompareModel.hpp"
 #include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "pieces/Theme.hpp"
 #include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
 #include "shell/SettingsModel.hpp"
@@ -40,6 +41,7 @@ class ViewTest : public StoreTest {
   void showMain(QSize size);
   void showWindow(const QString& view, const QVariantMap& properties, QSize size);
   QQuickWindow* window() { return window_; }
+  Theme* theme();
   QQmlEngine* engine() { return engine_.get(); }
   ScreenReader reader() { return ScreenReader{window_}; }
   // Presses what a screen reader finds, and settles.
