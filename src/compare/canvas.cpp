@@ -32,10 +32,6 @@ double aspectOf(const RefPage* ref, const Page& page) {
   return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
 }
 
-Int versionOf(const FileDetail& detail) {
-  return detail.version.value_or(detail.file.version.value_or(1));
-}
-
 Int pageIndex(const Store& store, const FileItem& file) {
   const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
   const auto entry = store.page().find(file.id);

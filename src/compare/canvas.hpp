@@ -21,7 +21,6 @@ struct PaneInfo {
   bool operator==(const PaneInfo&) const = default;
 };
 
-Int versionOf(const FileDetail& detail);
 // The page of this ticket that is on show, held to the pages there are.
 Int pageIndex(const Store& store, const FileItem& file);
 const Page* pageAt(const FileItem& file, Int index);  // owned by the ticket; null when none

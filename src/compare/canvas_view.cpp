@@ -110,7 +110,7 @@ std::optional<CompareMode> modeOf(const std::string& key) {
 CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state) {
   const FileItem& file = detail.file;
   const Int index = pageIndex(store, file);
-  const Int version = versionOf(detail);
+  const Int version = detail.versionNumber();
   CanvasView view{.bar = barView(store, file, index, state)};
   // Without a page the bar still stands, with the roles that a page would have.
   static const Page kNoPage;

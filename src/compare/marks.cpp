@@ -10,7 +10,6 @@ namespace {
 constexpr double kMargin = 3;         // around a finding's rectangle, on each side
 constexpr double kSmallestMark = 8;   // logical pixels
 constexpr double kReach = 24;         // further outside a page than anything is shown
-constexpr double kLeastArea = 0.004;  // of the page, in each direction
 constexpr double kClick = 6;          // a shorter drag in both directions is a click
 
 double fraction(double at, double whole) {
@@ -42,8 +41,6 @@ Box inSight(const Box& mark, Extent picture) {
   const auto [y, height] = cut(mark.y, mark.height, picture.height);
   return {x, y, width, height};
 }
-
-bool isArea(double w, double h) { return w > kLeastArea && h > kLeastArea; }
 
 std::vector<Box> boxesOn(const std::optional<std::string>& role, const Finding& finding) {
   if (!role || !finding.ref_box) return boxesOf(finding);

@@ -15,8 +15,6 @@ Box boxMark(const Box& box, Extent picture);
 Box areaMark(const Box& area, Extent picture);
 // A mark without what lies so far outside its picture that nobody can see it.
 Box inSight(const Box& mark, Extent picture);
-// In fractions of the page: whether this much is an area or only a point.
-bool isArea(double w, double h);
 
 // The rectangles that a pane draws for a finding, in fractions of the page. The supplier's pane is
 // the one without a role.

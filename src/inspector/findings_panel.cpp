@@ -110,7 +110,7 @@ std::vector<std::string> comparedRoles(const Store& store, const FileDetail& det
                                        const Page* page) {
   std::vector<std::string> roles;
   const bool third = store.shown().contains("third");
-  if (versionOf(detail) >= 2) {
+  if (detail.versionNumber() >= 2) {
     if (third) roles = {"previous"};
   } else {
     if (store.shown().contains("submitted")) roles.push_back("submitted");

@@ -18,6 +18,11 @@ bool filled(const std::optional<std::string>& text) { return text && !text->empt
 
 }  // namespace
 
+bool isArea(double w, double h) {
+  constexpr double kLeast = 0.004;
+  return w > kLeast && h > kLeast;
+}
+
 std::string Me::firstName() const { return firstWord(name); }
 std::string Person::firstName() const { return firstWord(name); }
 

@@ -157,11 +157,12 @@ struct FileItem {
   std::optional<bool> urgent;
   std::optional<double> deadline;
   std::optional<ShareInfo> share;
-  std::optional<Int> version;  // none reads as 1 where versions are compared
+  std::optional<Int> version;
   std::optional<std::string> approval;
   std::optional<std::string> approval_by;
   std::optional<double> approval_at;
   std::optional<std::vector<std::string>> approvers;
+  Int versionNumber() const { return version.value_or(1); }
   std::string heading() const;
   const Ref* ref(std::string_view role) const;  // owned by this ticket; null when there is none
   bool operator==(const FileItem&) const = default;
@@ -310,6 +311,9 @@ BOOST_DESCRIBE_STRUCT(Note, (),
                       (id, file_id, page, x, y, finding_id, text, by, at, edited, resolved,
                        resolved_by, w, h, side, tags))
 
+// Whether a note of this width and height, in fractions of the page, has an area or is a point.
+bool isArea(double w, double h);
+
 // A box just drawn and waiting for its text. Local only: never encoded.
 struct DraftNote {
   std::string fileID;
@@ -386,6 +390,7 @@ struct FileDetail {
   std::optional<Approval> approval;
   std::optional<std::vector<Event>> history;
   std::optional<Origin> origin;
+  Int versionNumber() const { return version.value_or(file.versionNumber()); }
   bool operator==(const FileDetail&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FileDetail, (),

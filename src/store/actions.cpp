@@ -14,9 +14,7 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
   const auto outcome = co_await std::move(working);
   if (outcome) {
     if (ok) toast.set(Toast{*ok});
-    // Without a tag the answer is the whole board, also when the service's tag has not moved yet.
-    etag.reset();
-    auto poll = refresh();
+    auto poll = pollWhole();
     co_await std::move(poll);
   } else if (outcome.error().kind == Failure::Kind::signedOut) {
     if (session == session_) signOut(true);
@@ -24,6 +22,50 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
     toast.set(Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
   }
   setBusy(key, false);
+}
+
+Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string failed) {
+  auto settling = settle(std::move(work), std::move(done), std::move(failed));
+  co_await std::move(settling);
+  setBusy(key, false);
+}
+
+// Says how it went. Whoever is not known any more hears it like any other failure: the next poll
+// signs out.
+Task<> Store::settle(Work work, Toast done, std::string failed) {
+  auto working = work();
+  const auto outcome = co_await std::move(working);
+  if (!outcome) {
+    toast.set(Toast{outcome.error().description().value_or(failed)});
+    co_return;
+  }
+  toast.set(std::move(done));
+  auto poll = pollWhole();
+  co_await std::move(poll);
+}
+
+// Without a tag the answer is the whole board, also when the service's tag has not moved yet.
+Task<> Store::pollWhole() {
+  etag.reset();
+  auto poll = refresh();
+  co_await std::move(poll);
+}
+
+// Fetches the detail once the call went through: that of `file`, or of the ticket then on show.
+Task<API::Result<Done>> Store::thenReload(Task<API::Result<Done>> call,
+                                          std::optional<FileItem> file) {
+  auto outcome = co_await std::move(call);
+  if (outcome) {
+    auto reload = file ? loadDetail(*file, true) : reloadCurrentDetail();
+    co_await std::move(reload);
+  }
+  co_return outcome;
+}
+
+std::function<void()> Store::whileAlive(std::function<void(Store&)> work) const {
+  return [weak = std::weak_ptr<Store*>{self_}, work = std::move(work)] {
+    if (const auto store = weak.lock()) work(**store);
+  };
 }
 
 Task<> Store::reloadCurrentDetail() {

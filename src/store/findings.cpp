@@ -48,27 +48,20 @@ void Store::decideLocally(const Finding& finding, const std::string& state) {
   details.edit([&](auto& all) {
     Finding& held = *std::ranges::find(all.at(ticket).findings, finding.id, &Finding::id);
     held.state = state;
-    held.state_by = board() ? std::optional{board()->me.email} : std::nullopt;
+    held.state_by = myEmail();
     held.state_at = wireOf(ports_.loop.now());
   });
 }
 
 Task<> Store::sendFindingState(Finding finding, std::string state, std::string text) {
-  auto call = api_.post("api/findings/" + finding.id, StateBody{state});
-  const auto outcome = co_await std::move(call);
-  if (outcome) {
-    const std::weak_ptr<Store*> weak = self_;
-    toast.set(Toast{text, "Undo", [weak, finding] {
-                      if (const auto store = weak.lock()) {
-                        (*store)->setFindingState(finding, finding.state);
-                      }
-                    }});
-    etag.reset();
-    auto poll = refresh();
-    co_await std::move(poll);
-  } else {
-    toast.set(Toast{outcome.error().description().value_or("That didn't save. Try again.")});
-  }
+  Work post = [this, path = "api/findings/" + finding.id, state] {
+    return tell(path, StateBody{state});
+  };
+  Toast done{text, "Undo", whileAlive([finding](Store& store) {
+               store.setFindingState(finding, finding.state);
+             })};
+  auto settling = settle(std::move(post), std::move(done), "That didn't save. Try again.");
+  co_await std::move(settling);
   // After a failure this fetch is the whole of the rollback.
   auto reload = reloadCurrentDetail();
   co_await std::move(reload);

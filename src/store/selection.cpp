@@ -66,6 +66,19 @@ void Store::setMineOnly(bool flag) {
   ports_.defaults.setFlag("MineOnly", flag);
 }
 
+const FileItem* Store::firstDue(const std::vector<const FileItem*>& files,
+                                std::string_view except) {
+  const auto dueOf = [](const FileItem* file) {
+    return file->due.value_or(std::numeric_limits<double>::infinity());
+  };
+  const FileItem* first = nullptr;
+  for (const FileItem* file : files) {
+    if (file->status == "reviewed" || file->id == except) continue;
+    if (!first || dueOf(file) < dueOf(first)) first = file;
+  }
+  return first;
+}
+
 void Store::reconcileSelection() {
   const auto list = filesInQueue(effectiveQueue());
   const bool stays =
@@ -73,14 +86,7 @@ void Store::reconcileSelection() {
         return file->id == *selection().begin();
       });
   if (stays) return;
-  const auto dueOf = [](const FileItem* file) {
-    return file->due.value_or(std::numeric_limits<double>::infinity());
-  };
-  const FileItem* chosen = nullptr;
-  for (const FileItem* file : list) {
-    if (file->status == "reviewed") continue;
-    if (!chosen || dueOf(file) < dueOf(chosen)) chosen = file;
-  }
+  const FileItem* chosen = firstDue(list);
   if (!chosen && !list.empty()) chosen = list.front();
   selection.set(chosen ? std::set{chosen->id} : std::set<std::string>{});
   focus.set(std::nullopt);
@@ -91,9 +97,8 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   const auto pinned = pin == viewVersion().end() ? std::nullopt : std::optional{pin->second};
   if (const auto have = details().find(file.id); !force && have != details().end()) {
     const FileDetail& detail = have->second;
-    const Int shownVersion = detail.version.value_or(detail.file.version.value_or(1));
-    const Int wanted = pinned.value_or(file.version.value_or(1));
-    if (detail.file.rev == file.rev && shownVersion == wanted) co_return;
+    const Int wanted = pinned.value_or(file.versionNumber());
+    if (detail.file.rev == file.rev && detail.versionNumber() == wanted) co_return;
   }
   const std::string key = file.id + "#" + std::to_string(pinned.value_or(0));
   std::optional<std::string> tag;

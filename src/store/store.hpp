@@ -144,6 +144,19 @@ class Store {
   using Work = std::function<Task<API::Result<Done>>()>;
   void action(std::string key, std::optional<std::string> ok, Work work);
   void setFindingState(Finding finding, std::string state);
+  // `page` is 0-based, `tags` are addresses. Takes the place from the draft and ends it. A text of
+  // blanks does nothing.
+  void addNote(std::string text, FileItem file, Int page, std::vector<std::string> tags,
+               std::optional<std::string> findingID = std::nullopt);
+  // What is none stays as it is.
+  void updateNote(Note note, std::optional<std::string> text, std::optional<bool> resolved,
+                  bool remove = false);
+  void setStatus(FileItem file, std::string status);
+  void assign(FileItem file, std::string email);
+  void setDueDate(FileItem file, Moment date);
+  void setUrgent(FileItem file, bool urgent);
+  void resetDue(FileItem file);
+  void setTrack(FileItem file, std::string track);
   void requestSync();
   void requestReport(std::vector<std::string> fileIDs);
   void stopJob(const Job& job);
@@ -161,7 +174,17 @@ class Store {
   Task<> beginSession();
   Task<> logOut();
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
+  Task<> runUndoable(std::string key, Work work, Toast done, std::string failed);
+  Task<> settle(Work work, Toast done, std::string failed);
+  Task<> pollWhole();
+  Task<API::Result<Done>> thenReload(Task<API::Result<Done>> call, std::optional<FileItem> file);
+  std::function<void()> whileAlive(std::function<void(Store&)> work) const;
   Task<> sendFindingState(Finding finding, std::string state, std::string text);
+  std::optional<std::string> myEmail() const;
+  void advanceAfterReview(BoardState changed, const std::string& id);
+  // The ticket to review first, other than `except`; null when none waits.
+  static const FileItem* firstDue(const std::vector<const FileItem*>& files,
+                                  std::string_view except = {});
   void focusNextOpen(const Finding& decided);
   void prefetchAround(const std::string& id);
   void decideLocally(const Finding& finding, const std::string& state);

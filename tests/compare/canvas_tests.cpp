@@ -58,15 +58,6 @@ TEST(RoleLabel, IsOneOfFour) {
   EXPECT_EQ(roleLabel("anything"), "Last print");
 }
 
-TEST(Version, ComesFromTheDetailThenTheTicketThenIsTheFirst) {
-  FileDetail detail = detailOf(ticketOf("t1"));
-  EXPECT_EQ(versionOf(detail), 1);
-  detail.file.version = 2;
-  EXPECT_EQ(versionOf(detail), 2);
-  detail.version = 3;
-  EXPECT_EQ(versionOf(detail), 3);
-}
-
 struct Third {
   const char* name;
   Int version;

@@ -73,14 +73,6 @@ TEST(Marks, EndWhereNobodyCanSeeThem) {
   EXPECT_EQ(inSight({4e5, 10, 50, 50}, kPicture), (Box{424, 10, 1, 50})) << "all of it is outside";
 }
 
-TEST(Areas, AreAboveTheThresholdInBothDirections) {
-  EXPECT_TRUE(isArea(0.0041, 0.0041));
-  EXPECT_FALSE(isArea(0.004, 0.5));
-  EXPECT_FALSE(isArea(0.5, 0.004));
-  EXPECT_FALSE(isArea(0.003, 0.003));
-  EXPECT_FALSE(isArea(0, 0));
-}
-
 Finding finding() {
   Finding made;
   made.box = Numbers{0.1, 0.1, 0.1, 0.1};

@@ -126,5 +126,23 @@ TEST(ShownName, IsTheNameOrTheStartOfTheAddress) {
   EXPECT_EQ((Guest{.email = "@y", .name = none}).shownName(), "");
 }
 
+TEST(Areas, AreAboveTheThresholdInBothDirections) {
+  EXPECT_TRUE(isArea(0.0041, 0.0041));
+  EXPECT_FALSE(isArea(0.004, 0.5));
+  EXPECT_FALSE(isArea(0.5, 0.004));
+  EXPECT_FALSE(isArea(0.003, 0.003));
+  EXPECT_FALSE(isArea(0, 0));
+}
+
+TEST(VersionNumbers, ComeFromTheDetailThenTheTicketThenAreTheFirst) {
+  FileDetail detail;
+  EXPECT_EQ(detail.versionNumber(), 1);
+  detail.file.version = 2;
+  EXPECT_EQ(detail.file.versionNumber(), 2);
+  EXPECT_EQ(detail.versionNumber(), 2);
+  detail.version = 3;
+  EXPECT_EQ(detail.versionNumber(), 3);
+}
+
 }  // namespace
 }  // namespace vellix::test

@@ -1,0 +1,124 @@
+// What is done with a ticket as a whole: its review, its reviewer, its due date and its track.
+#include <algorithm>
+
+#include "store/store.hpp"
+
+namespace vellix {
+namespace {
+
+struct StatusBody {
+  std::string status;
+};
+BOOST_DESCRIBE_STRUCT(StatusBody, (), (status))
+
+struct AssignBody {
+  std::string email;
+};
+BOOST_DESCRIBE_STRUCT(AssignBody, (), (email))
+
+struct DueBody {
+  std::optional<double> due;  // milliseconds since 1970
+  std::optional<bool> urgent;
+  std::optional<bool> reset;
+};
+BOOST_DESCRIBE_STRUCT(DueBody, (), (due, urgent, reset))
+
+struct TrackBody {
+  std::string track;
+};
+BOOST_DESCRIBE_STRUCT(TrackBody, (), (track))
+
+constexpr const char* kUndo = "Undo";
+constexpr const char* kNotSaved = "That didn't save.";
+
+// Of another status than these it is said that the ticket is new, whatever it is.
+const char* statusText(const std::string& status) {
+  if (status == "reviewed") return "Marked reviewed.";
+  if (status == "in_review") return "Back in review.";
+  return "Moved to New.";
+}
+
+std::string duePath(const FileItem& file) { return "api/files/" + file.id + "/due"; }
+
+}  // namespace
+
+std::optional<std::string> Store::myEmail() const {
+  return board() ? std::optional{board()->me.email} : std::nullopt;
+}
+
+void Store::setStatus(FileItem file, std::string status) {
+  if (status == "reviewed" && board()) {
+    BoardState changed = *board();
+    const auto held = std::ranges::find(changed.files, file.id, &FileItem::id);
+    if (held != changed.files.end()) {
+      held->status = status;
+      held->status_by = myEmail();
+      held->status_at = wireOf(ports_.loop.now());
+      advanceAfterReview(std::move(changed), file.id);
+    }
+  }
+  setBusy("status", true);
+  // The reviewer was carried on: taking it back leads back as well.
+  Toast done{statusText(status), kUndo, whileAlive([file](Store& store) {
+               store.setStatus(file, file.status);
+               store.selection.set({file.id});
+             })};
+  spawn(runUndoable(
+      "status",
+      [this, path = "api/files/" + file.id + "/status", status] {
+        return tell(path, StatusBody{status});
+      },
+      std::move(done), kNotSaved));
+}
+
+void Store::advanceAfterReview(BoardState changed, const std::string& id) {
+  board.set(std::move(changed));
+  if (selection() != std::set{id} || !prefs.autoAdvance()) return;
+  const FileItem* next = firstDue(filesInQueue(effectiveQueue()), id);
+  selection.set({next ? next->id : id});
+  focus.set(std::nullopt);
+}
+
+void Store::assign(FileItem file, std::string email) {
+  const auto& people = board() ? board()->users : std::vector<Person>{};
+  const auto person = std::ranges::find(people, email, &Person::email);
+  const std::string name = person == people.end() ? "them" : person->firstName();
+  Toast done{"Assigned to " + name + "."};
+  // Who had no reviewer cannot be given back to nobody.
+  if (file.assignee && *file.assignee != email) {
+    done = Toast{done.text, kUndo, whileAlive([file](Store& store) {
+                   store.assign(file, *file.assignee);
+                 })};
+  }
+  setBusy("assign", true);
+  spawn(runUndoable(
+      "assign",
+      [this, path = "api/files/" + file.id + "/assign", email] {
+        return tell(path, AssignBody{email});
+      },
+      std::move(done), kNotSaved));
+}
+
+void Store::setDueDate(FileItem file, Moment date) {
+  action("due", "Due date set.",
+         [this, path = duePath(file), due = wireOf(date)] { return tell(path, DueBody{.due = due}); });
+}
+
+void Store::setUrgent(FileItem file, bool urgent) {
+  action("due", urgent ? "Marked urgent. Due today." : "No longer urgent.",
+         [this, path = duePath(file), urgent] { return tell(path, DueBody{.urgent = urgent}); });
+}
+
+void Store::resetDue(FileItem file) {
+  action("due", "Due 48 hours after it came in.",
+         [this, path = duePath(file)] { return tell(path, DueBody{.reset = true}); });
+}
+
+void Store::setTrack(FileItem file, std::string track) {
+  action("track", track == "reprint" ? "Moved to Reprints." : "Moved to New titles.",
+         [this, path = "api/files/" + file.id + "/track", track] {
+           return tell(path, TrackBody{track});
+         });
+}
+
+}  // namespace vellix
