@@ -11,15 +11,15 @@ FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calend
       calendar_(calendar),
       onTicket_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection,
                                       [this] { updateHeader(); })),
-      onReport_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
-                                      [this] { updateReport(); })),
+      onActions_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
+                                       [this] { updateActions(); })),
       onPages_(
           store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
                                 [this] { updateStrip(); })),
       onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { turnStrip(); })) {
   updateHeader();
-  updateReport();
+  updateActions();
 }
 
 void FileModel::updateHeader() {
@@ -33,7 +33,8 @@ void FileModel::updateHeader() {
   if (replaced(multi_, several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
 }
 
-void FileModel::updateReport() {
+void FileModel::updateActions() {
+  if (replaced(review_, reviewButton(store_))) emit reviewChanged();
   if (replaced(report_, reportArea(store_, clock_.now(), calendar_))) emit reportChanged();
 }
 
@@ -79,8 +80,9 @@ void FileModel::selectPage(int row) {
   if (file && showsStrip_) store_.goToPage(file->id, row);
 }
 
+void FileModel::pressReview() { pressReviewButton(store_); }
 void FileModel::makeReport() { vellix::makeReport(store_); }
 void FileModel::stopReport() { vellix::stopReport(store_); }
-void FileModel::tick() { updateReport(); }
+void FileModel::tick() { updateActions(); }
 
 }  // namespace vellix

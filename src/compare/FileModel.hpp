@@ -10,6 +10,7 @@
 #include "compare/multi_view.hpp"
 #include "compare/page_strip.hpp"
 #include "compare/report_area.hpp"
+#include "compare/review_button.hpp"
 #include "store/minute.hpp"
 
 namespace vellix {
@@ -20,6 +21,7 @@ class FileModel : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantMap header READ header NOTIFY headerChanged)
   Q_PROPERTY(QVariantMap report READ report NOTIFY reportChanged)
+  Q_PROPERTY(QVariantMap review READ review NOTIFY reviewChanged)
   Q_PROPERTY(QVariantMap multi READ multi NOTIFY multiChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
@@ -31,6 +33,7 @@ class FileModel : public QObject {
 
   QVariantMap header() const { return header_; }
   QVariantMap report() const { return report_; }
+  QVariantMap review() const { return review_; }
   QVariantMap multi() const { return multi_; }
   bool showsStrip() const { return showsStrip_; }
   int openPage() const { return openPage_; }
@@ -39,6 +42,7 @@ class FileModel : public QObject {
   // Tells how wide the view is, in logical pixels: where it is narrow there is no strip.
   Q_INVOKABLE void layStrip(double width);
   Q_INVOKABLE void selectPage(int row);
+  Q_INVOKABLE void pressReview();
   Q_INVOKABLE void makeReport();
   Q_INVOKABLE void stopReport();
   Q_INVOKABLE void tick();  // the estimate moves with the time
@@ -46,13 +50,14 @@ class FileModel : public QObject {
  signals:
   void headerChanged();
   void reportChanged();
+  void reviewChanged();
   void multiChanged();
   void showsStripChanged();
   void openPageChanged();
 
  private:
   void updateHeader();
-  void updateReport();
+  void updateActions();
   void updateStrip();
   bool wantsStrip() const;
   void turnStrip();
@@ -67,10 +72,11 @@ class FileModel : public QObject {
   int openPage_ = 0;
   QVariantMap header_ = toQml(FileHeaderView{}).toMap();
   QVariantMap report_ = toQml(ReportAreaView{}).toMap();
+  QVariantMap review_ = toQml(ReviewButtonView{}).toMap();
   QVariantMap multi_ = toQml(MultiFilesView{}).toMap();
   RowsModel<PageCellView, &PageCellView::key> pages_;
   Changes::Subscription onTicket_;
-  Changes::Subscription onReport_;
+  Changes::Subscription onActions_;
   Changes::Subscription onPages_;
   Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;

@@ -44,8 +44,6 @@ Item {
             const next = buttons.report.working ? buttons.stop : make;
             if (!buttons.held || !next || !next.visible || !next.enabled || next.visualFocus)
                 return;
-            // A button that is enabled again has got the keyboard back already, but not its ring.
-            next.focus = false;
             next.forceActiveFocus(Qt.TabFocusReason);
         }
     }
@@ -56,7 +54,6 @@ Item {
         visible: !buttons.report.working
         anchors.verticalCenter: parent.verticalCenter
         enabled: buttons.report.canMake
-        onEnabledChanged: handing.restart()
         onVisibleChanged: handing.restart()
         raised: true
         title: buttons.report.button
@@ -86,7 +83,6 @@ Item {
 
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !buttons.report.stopping
-                onEnabledChanged: handing.restart()
                 text: "Stop"
                 color: Theme.fore["red"]
                 onClicked: buttons.file.stopReport()

@@ -23,6 +23,19 @@ Column {
         x: actions.leading ? 0 : actions.width - width
         spacing: Theme.gap8
 
+        Pill {
+            readonly property var review: actions.file.review
+
+            height: 28
+            enabled: review.enabled
+            title: review.text
+            icon: review.icon
+            filled: review.ends
+            raised: !review.ends
+            color: review.ends ? Theme.fore["green"] : Theme.text
+            onClicked: actions.file.pressReview()
+        }
+
         ReportButtons {
             file: actions.file
         }

@@ -81,13 +81,17 @@ void PressArea::keyReleaseEvent(QKeyEvent* event) {
 
 void PressArea::focusInEvent(QFocusEvent* event) {
   QQuickItem::focusInEvent(event);
-  setVisualFocus(event->reason() == Qt::TabFocusReason ||
-                 event->reason() == Qt::BacktabFocusReason ||
-                 event->reason() == Qt::ShortcutFocusReason);
+  const auto reason = event->reason();
+  const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                     reason == Qt::ShortcutFocusReason;
+  const bool isBack = reason == Qt::OtherFocusReason || reason == Qt::ActiveWindowFocusReason;
+  setVisualFocus(byKey || (isBack && ringWaits_));
+  ringWaits_ = false;
 }
 
 void PressArea::focusOutEvent(QFocusEvent* event) {
   QQuickItem::focusOutEvent(event);
+  ringWaits_ = visualFocus_ && (!isEnabled() || event->reason() == Qt::ActiveWindowFocusReason);
   setVisualFocus(false);
   setPressed(false);
 }

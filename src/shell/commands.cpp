@@ -16,6 +16,7 @@ void nothing(Store&) {}  // the window's own business
 void signOut(Store& store) { store.signOut(false); }
 void sync(Store& store) { store.requestSync(); }
 void refresh(Store& store) { store.requestRefresh(); }
+void markReviewed(Store& store) { store.setStatus(*store.currentFile(), "reviewed"); }
 void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
 void zoomOut(Store& store) { store.stepZoom(Store::kZoomOut); }
 void fitPage(Store& store) { store.fitZoom(); }
@@ -43,6 +44,7 @@ constexpr std::array kReview{
     Command{"refresh", "Refresh", "Ctrl+R", whileSignedIn, refresh},
     kSeparator,
     Command{"report", "Make report", "Ctrl+Shift+P", withOneTicket, makeReport},
+    Command{"markReviewed", "Mark reviewed", "Ctrl+D", withOneTicket, markReviewed},
 };
 constexpr std::array kView{
     Command{"zoomIn", "Zoom in", "Ctrl+=", always, zoomIn},

@@ -12,12 +12,14 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
   const auto session = session_;
   auto working = work();
   const auto outcome = co_await std::move(working);
-  if (outcome) {
+  if (session != session_) {
+    // Nobody is told of what was asked in a session that has ended.
+  } else if (outcome) {
     if (ok) toast.set(Toast{*ok});
     auto poll = pollWhole();
     co_await std::move(poll);
   } else if (outcome.error().kind == Failure::Kind::signedOut) {
-    if (session == session_) signOut(true);
+    signOut(true);
   } else {
     toast.set(Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
   }
@@ -33,8 +35,10 @@ Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string fa
 // Says how it went. Whoever is not known any more hears it like any other failure: the next poll
 // signs out.
 Task<> Store::settle(Work work, Toast done, std::string failed) {
+  const auto session = session_;
   auto working = work();
   const auto outcome = co_await std::move(working);
+  if (session != session_) co_return;
   if (!outcome) {
     toast.set(Toast{outcome.error().description().value_or(failed)});
     co_return;
@@ -54,8 +58,9 @@ Task<> Store::pollWhole() {
 // Fetches the detail once the call went through: that of `file`, or of the ticket then on show.
 Task<API::Result<Done>> Store::thenReload(Task<API::Result<Done>> call,
                                           std::optional<FileItem> file) {
+  const auto session = session_;
   auto outcome = co_await std::move(call);
-  if (outcome) {
+  if (outcome && session == session_) {
     auto reload = file ? loadDetail(*file, true) : reloadCurrentDetail();
     co_await std::move(reload);
   }

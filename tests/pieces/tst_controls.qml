@@ -204,6 +204,25 @@ Item {
             verify(!pill.visualFocus);
         }
 
+        function test_theRingComesBackWithTheButton() {
+            pill.forceActiveFocus(Qt.TabFocusReason);
+            verify(pill.visualFocus);
+            pill.enabled = false;
+            verify(!pill.visualFocus);
+            pill.enabled = true;
+            verify(pill.activeFocus);
+            verify(pill.visualFocus);
+            pill.enabled = false;
+            big.forceActiveFocus(Qt.MouseFocusReason);
+            pill.enabled = true;
+            verify(!pill.visualFocus, "somebody else has the keyboard");
+            pill.forceActiveFocus(Qt.MouseFocusReason);
+            pill.enabled = false;
+            pill.enabled = true;
+            verify(pill.activeFocus);
+            verify(!pill.visualFocus, "it showed none before");
+        }
+
         function test_busyButtonWaits() {
             big.busy = true;
             watch(big, "action");

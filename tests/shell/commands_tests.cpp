@@ -48,8 +48,8 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
   EXPECT_EQ(lines,
             (std::vector<std::string>{"[Vellix]", "Sign out ", "-", "Settings… Ctrl+,", "-",
                                       "Quit Vellix Ctrl+Q", "[Review]", "Sync Ctrl+Shift+S",
-                                      "Refresh Ctrl+R", "-", "Make report Ctrl+Shift+P", "[View ]",
-                                      "Zoom in Ctrl+=", "Zoom out Ctrl+-", "Fit the page Ctrl+0",
+                                      "Refresh Ctrl+R", "-", "Make report Ctrl+Shift+P",
+                                      "Mark reviewed Ctrl+D", "[View ]", "Zoom in Ctrl+=", "Zoom out Ctrl+-", "Fit the page Ctrl+0",
                                       "-", "Hide notes Ctrl+Alt+I", "Hide the page strip "}));
 }
 
@@ -65,22 +65,33 @@ TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {
 }
 
 TEST_F(SignedOutCommands, ADisabledOneDoesNothing) {
-  for (const char* key : {"signOut", "sync", "refresh", "report"}) run(key);
+  for (const char* key : {"signOut", "sync", "refresh", "report", "markReviewed"}) run(key);
   EXPECT_TRUE(lines().empty());
   EXPECT_FALSE(store().refreshing());
   EXPECT_TRUE(store().busy().empty());
 }
 
-TEST_F(Commands, TheReportNeedsExactlyOneTicket) {
-  EXPECT_FALSE(enabled("report"));
+TEST_F(Commands, OfATicketNeedExactlyOne) {
+  for (const char* key : {"report", "markReviewed"}) EXPECT_FALSE(enabled(key)) << key;
   serveOne();
-  EXPECT_TRUE(enabled("report"));
-  store().selection.set({"t1", "t2"});
-  EXPECT_FALSE(enabled("report"));
-  run("report");
-  EXPECT_EQ(desk.http.count("POST api/jobs"), 0U);
-  store().selection.set({});
-  EXPECT_FALSE(enabled("report"));
+  for (const char* key : {"report", "markReviewed"}) {
+    EXPECT_TRUE(enabled(key)) << key;
+    store().selection.set({"t1", "t2"});
+    EXPECT_FALSE(enabled(key)) << key;
+    run(key);
+    EXPECT_EQ(desk.http.count("POST"), 0U) << key;
+    store().selection.set({});
+    EXPECT_FALSE(enabled(key)) << key;
+    store().selection.set({"t1"});
+  }
+}
+
+TEST_F(Commands, MarkTheTicketOnShowReviewed) {
+  serveOne();
+  run("markReviewed");
+  ASSERT_EQ(desk.http.count("POST api/files/t1/status"), 1U);
+  EXPECT_EQ(desk.http.exchanges.back().request.body, R"({"status":"reviewed"})");
+  EXPECT_EQ(store().board()->files[0].status, "reviewed");
 }
 
 TEST_F(Commands, AskForASync) {

@@ -25,7 +25,7 @@ class FileShell : public ViewTest {
   }
   std::vector<std::string> posted() {
     std::vector<std::string> all;
-    for (const auto* each : desk.http.matching("POST api/jobs")) {
+    for (const auto* each : desk.http.matching("POST ")) {
       all.push_back(each->line() + " " + each->request.body.value_or(""));
     }
     return all;
@@ -137,6 +137,30 @@ TEST_F(FileShell, PutsTheActionsBesideTheTitleWhereThereIsRoom) {
       placeOf("The Lighthouse and the Long Way Down to the Harbour Text", QAccessible::Heading);
   EXPECT_GT(make().top(), heading.bottom());
   EXPECT_EQ(make().left(), heading.left());
+}
+
+TEST_F(FileShell, MarksTheTicketReviewedAndGoesOn) {
+  serveTheDay();
+  showMain({1'500, 940});
+  tabTo("Mark reviewed");
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(posted(), Lines{R"(POST api/files/t1/status {"status":"reviewed"})"});
+  EXPECT_EQ(store().selection(), std::set<std::string>{"t2"});
+  EXPECT_EQ(reader().enabled("Mark reviewed"), 0) << "until the board is in";
+  store().busy.set({});
+  settle();
+  EXPECT_EQ(keyed(), "Mark reviewed") << "of the next ticket";
+  EXPECT_TRUE(ringed());
+}
+
+TEST_F(FileShell, TakesAReviewUpAgain) {
+  serveTheDay();
+  change([](BoardState& board) { board.files[0].status = "reviewed"; });
+  showMain({1'500, 940});
+  EXPECT_FALSE(reader().find("Mark reviewed", QAccessible::Button));
+  ASSERT_TRUE(press("Reopen"));
+  EXPECT_EQ(posted(), Lines{R"(POST api/files/t1/status {"status":"in_review"})"});
 }
 
 TEST_F(FileShell, AsksForAReportOnceAtATime) {
