@@ -13,27 +13,18 @@ Item {
 
     readonly property var report: file.report
     readonly property Pressable stop: work.item ? work.item.stop : null
-    readonly property Item keyed: Window.activeFocusItem
-    // The keyboard was here last: whichever button comes next, or comes back, gets it.
-    property bool held: false
 
-    function has(outer: Item, inner: Item): bool {
-        while (inner && inner !== outer)
-            inner = inner.parent;
-        return inner !== null;
-    }
-
-    // A button that goes leaves the keyboard to what is around it, which is nowhere else.
-    onKeyedChanged: {
-        if (has(buttons, keyed))
-            held = true;
-        else if (keyed && !has(keyed, buttons))
-            held = false;
-    }
     onStopChanged: handing.restart()
 
     implicitWidth: report.working ? work.width : make.implicitWidth
     implicitHeight: 28
+
+    // Whichever button comes next gets the keyboard from the one that goes.
+    KeyboardHold {
+        id: hold
+
+        around: buttons
+    }
 
     // Once all that changes with a button has changed.
     Timer {
@@ -42,7 +33,7 @@ Item {
         interval: 0
         onTriggered: {
             const next = buttons.report.working ? buttons.stop : make;
-            if (!buttons.held || !next || !next.visible || !next.enabled || next.visualFocus)
+            if (!hold.held || !next || !next.visible || !next.enabled || next.visualFocus)
                 return;
             next.forceActiveFocus(Qt.TabFocusReason);
         }

@@ -90,9 +90,19 @@ FocusScope {
                 anchors.top: banner.bottom
                 anchors.bottom: parent.bottom
 
+                KeyboardHold {
+                    id: hold
+
+                    around: content
+                }
+
                 // Another ticket is another view: nothing of the last one's state carries over.
                 Repeater {
                     model: view.openFile === "" ? [] : [view.openFile]
+                    onItemAdded: (index, item) => {
+                        if (hold.held && hold.ringed)
+                            (item as FileView).takeKeyboard();
+                    }
 
                     FileView {
                         anchors.fill: parent

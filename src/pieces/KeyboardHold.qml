@@ -1,0 +1,29 @@
+import QtQuick
+import Vellix.Pieces
+
+// Remembers that the keyboard was within `around` last, also once what had it is gone: then nobody
+// has it but what is around it. `ringed` tells whether it had come there by key.
+QtObject {
+    id: hold
+
+    required property Item around
+
+    readonly property Item keyed: around.Window.activeFocusItem
+    property bool held: false
+    property bool ringed: false
+
+    function has(outer: Item, inner: Item): bool {
+        while (inner && inner !== outer)
+            inner = inner.parent;
+        return inner !== null;
+    }
+
+    onKeyedChanged: {
+        if (keyed !== around && has(around, keyed)) {
+            held = true;
+            ringed = (keyed as PressArea)?.visualFocus ?? false;
+        } else if (keyed && !has(keyed, around)) {
+            held = false;
+        }
+    }
+}
