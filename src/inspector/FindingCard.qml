@@ -1,9 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Inspector
 import Vellix.Pieces
 
-// One finding: open with its words and its two decisions, or folded to a line once it is decided.
+// One finding: open with its words and its decisions, folded to a line once it is decided, or, where
+// there is nothing to decide, a line until it is selected.
 Item {
     id: card
 
@@ -13,11 +15,13 @@ Item {
     required property string detail
     required property var wordings
     required property string decision
+    required property bool triage
     required property bool issue
     required property bool fine
-    required property bool busy
+    required property bool noteable
     required property bool selectable
     required property bool selected
+    required property bool compact
     required property bool folds
     required property string decided
     required property string foldedIcon
@@ -26,10 +30,22 @@ Item {
 
     property bool expanded: false
     readonly property bool folded: folds && !expanded
+    readonly property bool brief: compact && !selected
+    // Whether the keyboard came to the card, and not the pointer.
+    readonly property bool keyed: hold.held && hold.ringed
 
     signal realIssue()
     signal markFine()
+    signal noted()
     signal chosen()
+    // The arrow keys go from card to card.
+    signal stepped(int by)
+
+    // Gives the keyboard to the decision of that name, or to the card.
+    function takeKeyboard(decision: string) {
+        const button = { issue: realIssue, fine: fineButton }[decision];
+        (folded ? foldedRow : button ?? open).forceActiveFocus(Qt.TabFocusReason);
+    }
 
     implicitHeight: folded ? foldedRow.implicitHeight : open.implicitHeight
 
@@ -37,59 +53,41 @@ Item {
         if (decision !== "open")
             expanded = false;
     }
+    // What folds, or opens, would drop the keyboard.
+    onFoldedChanged: {
+        if (keyed)
+            takeKeyboard("");
+    }
+
+    Keys.onUpPressed: event => step(event, -1)
+    Keys.onDownPressed: event => step(event, 1)
+
+    function step(event: var, by: int) {
+        event.accepted = open.activeFocus || foldedRow.activeFocus;
+        if (event.accepted)
+            stepped(by);
+    }
 
     Behavior on implicitHeight {
         Glide {}
     }
 
-    Pressable {
+    KeyboardHold {
+        id: hold
+
+        around: card
+    }
+
+    PanelRow {
         id: foldedRow
 
         visible: card.folded
         width: parent.width
-        implicitHeight: 36
-        radius: Theme.radiusRow
-        label: card.title
+        icon: card.foldedIcon
+        iconColor: Theme.fore[card.foldedTone]
+        text: card.title
         help: card.foldedHelp
         onClicked: card.expanded = true
-
-        Rectangle {
-            anchors.fill: parent
-            radius: Theme.radiusRow
-            color: foldedRow.hovered ? Theme.trackFill : Theme.hoverFill
-        }
-
-        Symbol {
-            id: verdict
-
-            x: Theme.gap12
-            anchors.verticalCenter: parent.verticalCenter
-            size: 13
-            name: card.foldedIcon
-            color: Theme.fore[card.foldedTone]
-        }
-
-        Label {
-            anchors.left: verdict.right
-            anchors.leftMargin: Theme.gap8
-            anchors.right: chevron.left
-            anchors.rightMargin: Theme.gap8
-            anchors.verticalCenter: parent.verticalCenter
-            size: Theme.body
-            text: card.title
-            Accessible.ignored: true
-        }
-
-        Symbol {
-            id: chevron
-
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.gap12
-            anchors.verticalCenter: parent.verticalCenter
-            size: 10
-            name: "chevron.right"
-            color: Theme.faint
-        }
     }
 
     Pressable {
@@ -97,11 +95,12 @@ Item {
 
         visible: !card.folded
         width: parent.width
-        implicitHeight: words.implicitHeight + 2 * Theme.gap12
+        implicitHeight: words.implicitHeight + 2 * words.y
         radius: Theme.radiusRow
         pressedScale: 1
         label: card.title
         Accessible.role: Accessible.ListItem
+        Accessible.description: card.caption
         Accessible.selectable: card.selectable
         Accessible.selected: card.selected
         onClicked: card.chosen()
@@ -109,8 +108,8 @@ Item {
         Rectangle {
             anchors.fill: parent
             radius: Theme.radiusRow
-            color: Theme.raised
-            border.width: 1
+            color: card.brief ? (open.hovered ? Theme.trackFill : Theme.hoverFill) : Theme.raised
+            border.width: card.brief ? 0 : 1
             border.color: card.selected ? Theme.selectedLine : Theme.quietFill
 
             Rectangle {
@@ -129,40 +128,20 @@ Item {
             id: words
 
             x: Theme.gap12
-            y: Theme.gap12
+            y: card.brief ? Theme.gap8 : Theme.gap12
             width: parent.width - 2 * x
             spacing: Theme.gap4
 
-            Row {
-                spacing: 5
-
-                Symbol {
-                    visible: card.selected
-                    anchors.verticalCenter: parent.verticalCenter
-                    size: 11
-                    name: "scope"
-                    color: Theme.accent
-                }
-
-                Label {
-                    anchors.verticalCenter: parent.verticalCenter
-                    size: Theme.small
-                    color: Theme.faint
-                    text: card.caption
-                }
-            }
-
-            Label {
+            FindingHeader {
                 width: parent.width
-                wrapMode: Text.Wrap
-                size: Theme.row
-                weight: Font.DemiBold
-                text: card.title
-                Accessible.ignored: true
+                caption: card.caption
+                title: card.title
+                selected: card.selected
+                brief: card.brief
             }
 
             Label {
-                visible: text !== ""
+                visible: text !== "" && !card.brief
                 width: parent.width
                 wrapMode: Text.Wrap
                 size: Theme.body
@@ -171,38 +150,57 @@ Item {
             }
 
             BeforeAfter {
-                visible: card.wordings.length > 0
+                visible: card.wordings.length > 0 && !card.brief
                 topPadding: Theme.gap4
                 bottomPadding: Theme.gap4
                 width: parent.width
                 wordings: card.wordings
             }
 
-            Row {
-                topPadding: Theme.gap4
-                spacing: Theme.gap8
+            Item {
+                visible: card.triage
+                width: parent.width
+                height: realIssue.height + Theme.gap4
 
-                StateButton {
-                    title: "Real issue"
-                    icon: "exclamationmark.triangle.fill"
-                    on: card.issue
-                    color: Theme.fore["red"]
-                    enabled: !card.busy
-                    onClicked: card.realIssue()
+                Row {
+                    anchors.bottom: parent.bottom
+                    spacing: Theme.gap8
+
+                    StateButton {
+                        id: realIssue
+
+                        title: "Real issue"
+                        icon: "exclamationmark.triangle.fill"
+                        on: card.issue
+                        color: Theme.fore["red"]
+                        onClicked: card.realIssue()
+                    }
+
+                    StateButton {
+                        id: fineButton
+
+                        title: "Fine"
+                        icon: "checkmark"
+                        on: card.fine
+                        color: Theme.fore["green"]
+                        onClicked: card.markFine()
+                    }
                 }
 
-                StateButton {
-                    title: "Fine"
-                    icon: "checkmark"
-                    on: card.fine
-                    color: Theme.fore["green"]
-                    enabled: !card.busy
-                    onClicked: card.markFine()
+                IconButton {
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    anchors.verticalCenterOffset: 2
+                    size: 14
+                    symbol: "text.bubble"
+                    help: "Add a note to this"
+                    enabled: card.noteable
+                    onClicked: card.noted()
                 }
             }
 
             Label {
-                visible: text !== ""
+                visible: text !== "" && !card.brief
                 width: parent.width
                 topPadding: 2
                 size: Theme.small

@@ -14,17 +14,65 @@ Item {
     // Another page's findings begin at their top.
     readonly property string place: head.file + " " + head.title
 
+    property bool showExpected: false
+    // The card that the keyboard goes on to, at the decision that led there.
+    property var next: ({ id: "", decision: "" })
+
+    // `wanted` is the finding that is in front now.
+    function goOn(card: FindingCard, wanted: string, decision: string) {
+        if (card.keyed && wanted !== card.id)
+            next = { id: wanted, decision: decision };
+    }
+
+    function chosen(card: FindingCard) {
+        show(card);
+        if (card.id !== next.id)
+            return;
+        card.takeKeyboard(next.decision);
+        next = { id: "", decision: "" };
+    }
+
+    function show(card: FindingCard) {
+        showing.card = card;
+        showing.restart();
+    }
+
+    function step(list: Repeater, index: int, by: int) {
+        (list.itemAt(index + by) as FindingCard)?.takeKeyboard("");
+    }
+
     onPlaceChanged: scroll.contentY = 0
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Findings"
 
-    Flickable {
+    KeyboardHold {
+        id: hold
+
+        around: content
+    }
+
+    // What had the keyboard is gone, with its page say: the first thing there is has it then.
+    Timer {
+        running: hold.lost && hold.ringed
+        interval: 0
+        onTriggered: content.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    // Once the cards have their new places.
+    Timer {
+        id: showing
+
+        property FindingCard card: null
+
+        interval: 0
+        onTriggered: if (card) scroll.reveal(card)
+    }
+
+    ScrollArea {
         id: scroll
 
         anchors.fill: parent
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
         contentHeight: content.implicitHeight
 
         Column {
@@ -90,13 +138,48 @@ Item {
             }
 
             Repeater {
+                id: cards
+
                 model: panel.inspector.cards
 
                 FindingCard {
+                    required property int index
+
                     width: content.width
-                    onRealIssue: panel.inspector.realIssue(id)
-                    onMarkFine: panel.inspector.fine(id)
+                    onRealIssue: panel.goOn(this, panel.inspector.realIssue(id), "issue")
+                    onMarkFine: panel.goOn(this, panel.inspector.fine(id), "fine")
+                    onNoted: panel.inspector.note(id)
                     onChosen: panel.inspector.press(id)
+                    onSelectedChanged: if (selected) panel.chosen(this)
+                    onHeightChanged: if (selected) panel.show(this)
+                    onStepped: by => panel.step(cards, index, by)
+                }
+            }
+
+            PanelRow {
+                visible: text !== ""
+                width: content.width
+                icon: "checkmark.seal"
+                text: panel.head.passed
+                open: panel.showExpected
+                Accessible.checkable: true
+                Accessible.checked: open
+                onClicked: panel.showExpected = !panel.showExpected
+            }
+
+            Repeater {
+                id: passed
+
+                model: panel.showExpected ? panel.inspector.passed : null
+
+                FindingCard {
+                    required property int index
+
+                    width: content.width
+                    onChosen: panel.inspector.press(id)
+                    onSelectedChanged: if (selected) panel.chosen(this)
+                    onHeightChanged: if (selected) panel.show(this)
+                    onStepped: by => panel.step(passed, index, by)
                 }
             }
 
@@ -115,10 +198,13 @@ Item {
 
                 model: panel.inspector.others
 
-                OtherPageRow {
+                PanelRow {
                     required property var page
+                    required property string name
 
                     width: content.width
+                    framed: false
+                    text: name
                     onClicked: panel.inspector.goToPage(page)
                 }
             }

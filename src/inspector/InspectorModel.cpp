@@ -9,8 +9,7 @@ InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calend
       clock_(clock),
       calendar_(calendar),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
-                                          Store::kPage | Store::kFocus | Store::kCanvas |
-                                          Store::kBusy,
+                                          Store::kPage | Store::kFocus | Store::kCanvas,
                                       [this] { update(); })),
       onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
@@ -23,6 +22,7 @@ void InspectorModel::update() {
   const FileDetail* detail = store_.currentDetail();
   auto view = detail ? findingsPanel(store_, *detail, now, calendar_) : FindingsPanelView{};
   cards_.setRows(std::move(view.cards));
+  passed_.setRows(std::move(view.passed));
   others_.setRows(std::move(view.others));
   if (replaced(head_, view.head)) emit headChanged();
 }
@@ -31,8 +31,21 @@ void InspectorModel::pollEnded() {
   if (minute_.over(clock_.now())) update();
 }
 
-void InspectorModel::realIssue(const QString& id) { pressRealIssue(store_, id.toStdString()); }
-void InspectorModel::fine(const QString& id) { pressFine(store_, id.toStdString()); }
+QString InspectorModel::inFront() const {
+  return QString::fromStdString(store_.focus().value_or(""));
+}
+
+QString InspectorModel::realIssue(const QString& id) {
+  pressRealIssue(store_, id.toStdString());
+  return inFront();
+}
+
+QString InspectorModel::fine(const QString& id) {
+  pressFine(store_, id.toStdString());
+  return inFront();
+}
+
+void InspectorModel::note(const QString& id) { pressNote(store_, id.toStdString()); }
 void InspectorModel::press(const QString& id) { pressCard(store_, id.toStdString()); }
 
 void InspectorModel::goToPage(qlonglong page) {

@@ -16,6 +16,7 @@ class InspectorModel : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
   Q_PROPERTY(QAbstractItemModel* cards READ cards CONSTANT)
+  Q_PROPERTY(QAbstractItemModel* passed READ passed CONSTANT)
   Q_PROPERTY(QAbstractItemModel* others READ others CONSTANT)
 
  public:
@@ -24,10 +25,13 @@ class InspectorModel : public QObject {
 
   QVariantMap head() const { return head_; }
   QAbstractItemModel* cards() { return &cards_; }
+  QAbstractItemModel* passed() { return &passed_; }
   QAbstractItemModel* others() { return &others_; }
 
-  Q_INVOKABLE void realIssue(const QString& id);
-  Q_INVOKABLE void fine(const QString& id);
+  // The finding that is in front afterwards; empty for none.
+  Q_INVOKABLE QString realIssue(const QString& id);
+  Q_INVOKABLE QString fine(const QString& id);
+  Q_INVOKABLE void note(const QString& id);
   Q_INVOKABLE void press(const QString& id);
   Q_INVOKABLE void goToPage(qlonglong page);
 
@@ -36,6 +40,7 @@ class InspectorModel : public QObject {
 
  private:
   void update();
+  QString inFront() const;
   void pollEnded();
 
   Store& store_;
@@ -44,6 +49,7 @@ class InspectorModel : public QObject {
   Minute minute_;  // of the last update: decisions are told to the minute
   QVariantMap head_ = toQml(FindingsHead{}).toMap();
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
+  RowsModel<FindingCardView, &FindingCardView::id> passed_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;
   Changes::Subscription onChange_;
   Changes::Subscription onPoll_;

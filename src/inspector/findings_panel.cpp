@@ -5,9 +5,6 @@
 
 #include "compare/canvas.hpp"
 #include "compare/finding_words.hpp"
-#include "compare/page_marks.hpp"
-#include "records/friendly_time.hpp"
-#include "store/people.hpp"
 
 namespace vellix {
 namespace {
@@ -18,46 +15,6 @@ int rankOf(const Finding& finding) {
   const int state = finding.state == "issue" ? 1 : finding.state == "fine" ? 2 : 0;
   const int severity = finding.severity == "high" ? 0 : finding.severity == "low" ? 2 : 1;
   return 10 * state + severity;
-}
-
-// What was decided, with as much of who and when as is known.
-std::string decidedLine(const Store& store, const Finding& finding, Moment now,
-                        const Calendar& calendar) {
-  std::string line = decisionWord(finding.state);
-  if (finding.state_by) line += " · " + personName(store, *finding.state_by);
-  if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
-  return line;
-}
-
-std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file) {
-  if (!finding.before && !finding.after) return {};
-  return {{roleLabel(finding.against), finding.before.value_or("")},
-          {supplierOf(file) + " file", finding.after.value_or("")}};
-}
-
-FindingCardView cardOf(const Store& store, const FileItem& file, const Finding& finding, Moment now,
-                       const Calendar& calendar) {
-  const bool decided = finding.state != "open";
-  const std::string line = decided ? decidedLine(store, finding, now, calendar) : std::string{};
-  return {
-      .id = finding.id,
-      .caption = cardCaption(finding),
-      .title = finding.title,
-      .detail = finding.detail.value_or(""),
-      .wordings = wordingsOf(finding, file),
-      .decision = finding.state,
-      .issue = finding.state == "issue",
-      .fine = finding.state == "fine",
-      .busy = store.busy().contains(finding.id),
-      .selectable = finding.box.has_value(),
-      .selected = store.focus() == finding.id,
-      .folds = store.prefs.foldDecided() && decided,
-      .decided = finding.state_by ? line : std::string{},
-      .foldedIcon =
-          finding.state == "issue" ? "exclamationmark.triangle.fill" : "checkmark.circle.fill",
-      .foldedTone = finding.state == "issue" ? "red" : "green",
-      .foldedHelp = decided ? line + ". Click to open." : std::string{},
-  };
 }
 
 std::string calmReason(const std::vector<std::string>& roles) {
@@ -90,18 +47,14 @@ std::vector<OtherPageView> otherPages(const FileDetail& detail, Int open,
   return others;
 }
 
-const Finding* findingOf(const Store& store, const std::string& id) {
-  const FileDetail* detail = store.currentDetail();
-  if (!detail) return nullptr;
-  const auto found = std::ranges::find(detail->findings, id, &Finding::id);
-  return found == detail->findings.end() ? nullptr : &*found;
-}
-
-// Pressing the state that holds is the way back to open.
-void toggleState(Store& store, const std::string& id, const std::string& state) {
-  if (const Finding* finding = findingOf(store, id)) {
-    store.setFindingState(*finding, finding->state == state ? "open" : state);
-  }
+// How many of the passed checks are edits of ours, and how many are not.
+std::string passedSummary(const std::vector<FindingCardView>& passed, std::size_t edits) {
+  if (passed.empty()) return {};
+  const std::string n = std::to_string(passed.size());
+  const bool one = passed.size() == 1;
+  if (edits == passed.size()) return n + " of our " + (one ? "edit" : "edits") + " came through";
+  if (edits > 0) return n + " checked and fine";
+  return n + (one ? " check passed" : " checks passed");
 }
 
 }  // namespace
@@ -132,9 +85,13 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
   const Page* page = pageAt(detail.file, index);
   const auto roles = comparedRoles(store, detail, page);
   std::vector<const Finding*> real;
+  std::vector<const Finding*> passed;
   for (const auto& finding : detail.findings) {
-    if (finding.page == index && !isPassed(finding) && counts(finding, roles)) {
+    if (finding.page != index || !counts(finding, roles)) continue;
+    if (!isPassed(finding)) {
       real.push_back(&finding);
+    } else if (store.prefs.showPassed()) {
+      passed.push_back(&finding);
     }
   }
   std::ranges::stable_sort(real, {}, [](const Finding* finding) { return rankOf(*finding); });
@@ -150,18 +107,15 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
     view.head.calm = "Nothing different here.";
     view.head.calmReason = calmReason(roles);
   }
-  for (const Finding* finding : real)
-    view.cards.push_back(cardOf(store, detail.file, *finding, now, calendar));
+  const auto cardOf = [&](const Finding* finding) {
+    return findingCard(store, detail.file, *finding, now, calendar);
+  };
+  std::ranges::transform(real, std::back_inserter(view.cards), cardOf);
+  std::ranges::transform(passed, std::back_inserter(view.passed), cardOf);
+  const auto edits = std::ranges::count(passed, "expected", &Finding::kind);
+  view.head.passed = passedSummary(view.passed, static_cast<std::size_t>(edits));
   view.others = otherPages(detail, index, roles);
   return view;
-}
-
-void pressRealIssue(Store& store, const std::string& id) { toggleState(store, id, "issue"); }
-void pressFine(Store& store, const std::string& id) { toggleState(store, id, "fine"); }
-
-void pressCard(Store& store, const std::string& id) {
-  const Finding* finding = findingOf(store, id);
-  if (finding && finding->box) toggleFocus(store, id);
 }
 
 }  // namespace vellix

@@ -4,41 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/ports/calendar.hpp"
-#include "store/store.hpp"
+#include "inspector/finding_card.hpp"
 
 namespace vellix {
-
-// The two wordings of a finding. A side without words says so, which is a finding in itself.
-struct WordingView {
-  std::string caption;
-  std::string text;  // empty for none
-  bool operator==(const WordingView&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(WordingView, (), (caption, text))
-
-struct FindingCardView {
-  std::string id;
-  std::string caption;
-  std::string title;
-  std::string detail;
-  std::vector<WordingView> wordings;  // before and after, or none
-  std::string decision;               // the state: "open", "issue", "fine"
-  bool issue = false;
-  bool fine = false;
-  bool busy = false;
-  bool selectable = false;  // it has a box to go to
-  bool selected = false;
-  bool folds = false;   // decided, and decided ones fold
-  std::string decided;  // "{Real issue or Fine} · {name} · {when}"
-  std::string foldedIcon;
-  std::string foldedTone;
-  std::string foldedHelp;
-  bool operator==(const FindingCardView&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(FindingCardView, (),
-                      (id, caption, title, detail, wordings, decision, issue, fine, busy,
-                       selectable, selected, folds, decided, foldedIcon, foldedTone, foldedHelp))
 
 struct OtherPageView {
   Int page = 0;  // 0-based
@@ -55,13 +23,15 @@ struct FindingsHead {
   std::string notice;  // of a page without live text
   std::string calm;    // said in place of findings
   std::string calmReason;
+  std::string passed;  // sums the passed checks up; empty when there are none to show
   bool operator==(const FindingsHead&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FindingsHead, (), (file, title, found, notice, calm, calmReason))
+BOOST_DESCRIBE_STRUCT(FindingsHead, (), (file, title, found, notice, calm, calmReason, passed))
 
 struct FindingsPanelView {
   FindingsHead head;
   std::vector<FindingCardView> cards;
+  std::vector<FindingCardView> passed;
   std::vector<OtherPageView> others;
 };
 
@@ -70,10 +40,5 @@ std::vector<std::string> comparedRoles(const Store& store, const FileDetail& det
                                        const Page* page);
 FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Moment now,
                                 const Calendar& calendar);
-
-// What the two triage buttons and a press on the card do; the finding is looked up by its id.
-void pressRealIssue(Store& store, const std::string& id);
-void pressFine(Store& store, const std::string& id);
-void pressCard(Store& store, const std::string& id);
 
 }  // namespace vellix

@@ -11,6 +11,7 @@ QtObject {
     readonly property Item keyed: around.Window.activeFocusItem
     property bool held: false
     property bool ringed: false
+    readonly property bool lost: held && keyed !== null && !has(around, keyed)
 
     function has(outer: Item, inner: Item): bool {
         while (inner && inner !== outer)

@@ -17,6 +17,14 @@ Flickable {
         contentY = Math.max(0, Math.min(to, contentHeight - height));
     }
 
+    function reveal(item: Item) {
+        if (!overflows)
+            return;
+        const top = item.mapToItem(contentItem, 0, 0).y - margin;
+        const bottom = top + item.height + 2 * margin;
+        goTo(Math.min(top, Math.max(contentY, bottom - height)));
+    }
+
     clip: true
     interactive: overflows
     boundsBehavior: Flickable.StopAtBounds
@@ -31,11 +39,8 @@ Flickable {
         let inside = keyed;
         while (inside && inside !== contentItem)
             inside = inside.parent;
-        if (!inside || !overflows)
-            return;
-        const top = keyed.mapToItem(contentItem, 0, 0).y - margin;
-        const bottom = top + keyed.height + 2 * margin;
-        goTo(Math.min(top, Math.max(contentY, bottom - height)));
+        if (inside)
+            reveal(keyed);
     }
 
     Keys.onPressed: event => {

@@ -25,6 +25,8 @@ TEST_F(FindingCards, ShowTheFindingsWords) {
                                      .title = "One word changed",
                                      .detail = "\"ligth\" for \"light\"",
                                      .decision = "open",
+                                     .triage = true,
+                                     .noteable = true,
                                      .selectable = true,
                                      .foldedIcon = "checkmark.circle.fill",
                                      .foldedTone = "green"}));
@@ -132,12 +134,25 @@ TEST_F(FindingCards, AreSelectableByTheirBox) {
   EXPECT_FALSE(card().selectable);
 }
 
-TEST_F(FindingCards, AreBusyWhileTheirDecisionIsOnItsWay) {
-  EXPECT_FALSE(card().busy);
-  store().busy.set({"f2"});
-  EXPECT_FALSE(card().busy);
-  store().busy.set({"f1"});
-  EXPECT_TRUE(card().busy);
+TEST_F(FindingCards, TakeANoteWhereTheyHaveAPlace) {
+  EXPECT_TRUE(card().noteable);
+  held().box = {0.1, 0.1, 0.2};
+  EXPECT_FALSE(card().noteable);
+  EXPECT_TRUE(card().selectable);
+  held().box.reset();
+  EXPECT_FALSE(card().noteable);
+}
+
+TEST_F(FindingCards, AreBriefAndNeverFoldWhereThereIsNothingToDecide) {
+  EXPECT_FALSE(card().compact);
+  for (const char* kind : {"pass", "expected"}) {
+    held().kind = kind;
+    held().state = "fine";
+    const FindingCardView passed = panel().passed.at(0);
+    EXPECT_TRUE(passed.compact) << kind;
+    EXPECT_FALSE(passed.triage) << kind;
+    EXPECT_FALSE(passed.folds) << kind;
+  }
 }
 
 }  // namespace

@@ -93,5 +93,35 @@ TEST_F(Triage, PressingACardWithoutABoxDoesNothing) {
   EXPECT_EQ(store().focus(), "f2");
 }
 
+TEST_F(Triage, ANoteOnAFindingBeginsAtItsPlace) {
+  detail.findings = {finding("f1", {.page = 3})};
+  detail.findings.front().box = {0.5, 0.25, 0.125, 0.0625, 9};
+  show();
+  store().focus.set("f2");
+  pressNote(store(), "f1");
+  EXPECT_EQ(store().draft(), (DraftNote{.fileID = "t1",
+                                        .page = 3,
+                                        .side = "supplier",
+                                        .x = 0.5,
+                                        .y = 0.25,
+                                        .w = 0.125,
+                                        .h = 0.0625,
+                                        .findingID = "f1"}));
+  EXPECT_EQ(store().focus(), "f2") << "which is another matter";
+  desk.time.run();
+  EXPECT_EQ(desk.http.count("POST"), 0U);
+}
+
+TEST_F(Triage, ANoteNeedsAFindingWithAPlace) {
+  detail.findings.front().box = {0.5, 0.25, 0.125};
+  show();
+  pressNote(store(), "f1");
+  pressNote(store(), "f9");
+  detail.findings.front().box.reset();
+  show();
+  pressNote(store(), "f1");
+  EXPECT_FALSE(store().draft());
+}
+
 }  // namespace
 }  // namespace vellix

@@ -1,0 +1,56 @@
+// What is said of one finding beside the page, and what its card does.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/ports/calendar.hpp"
+#include "store/store.hpp"
+
+namespace vellix {
+
+// The two wordings of a finding. A side without words says so, which is a finding in itself.
+struct WordingView {
+  std::string caption;
+  std::string text;  // empty for none
+  bool operator==(const WordingView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(WordingView, (), (caption, text))
+
+struct FindingCardView {
+  std::string id;
+  std::string caption;
+  std::string title;
+  std::string detail;
+  std::vector<WordingView> wordings;  // before and after, or none
+  std::string decision;               // the state: "open", "issue", "fine"
+  bool triage = false;                // there is something to decide
+  bool issue = false;
+  bool fine = false;
+  bool noteable = false;    // it has a place that a note can stand on
+  bool selectable = false;  // it has a box to go to
+  bool selected = false;
+  bool compact = false;  // one line unless it is selected
+  bool folds = false;    // decided, and decided ones fold
+  std::string decided;   // "{Real issue or Fine} · {name} · {when}"
+  std::string foldedIcon;
+  std::string foldedTone;
+  std::string foldedHelp;
+  bool operator==(const FindingCardView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(FindingCardView, (),
+                      (id, caption, title, detail, wordings, decision, triage, issue, fine,
+                       noteable, selectable, selected, compact, folds, decided, foldedIcon,
+                       foldedTone, foldedHelp))
+
+FindingCardView findingCard(const Store& store, const FileItem& file, const Finding& finding,
+                            Moment now, const Calendar& calendar);
+
+// What the triage buttons, the note button and a press on the card do; the finding is looked up by
+// its id.
+void pressRealIssue(Store& store, const std::string& id);
+void pressFine(Store& store, const std::string& id);
+void pressNote(Store& store, const std::string& id);
+void pressCard(Store& store, const std::string& id);
+
+}  // namespace vellix
