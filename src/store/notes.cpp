@@ -45,10 +45,8 @@ void Store::addNote(std::string text, FileItem file, Int index, std::vector<std:
                     std::optional<std::string> findingID) {
   const std::string_view words = trimmed(text);
   if (words.empty()) return;
-  NoteBody body{.file_id = file.id,
-                .page = index,
-                .text = std::string{words},
-                .tags = std::move(tags)};
+  NoteBody body{
+      .file_id = file.id, .page = index, .text = std::string{words}, .tags = std::move(tags)};
   if (const auto detail = details().find(file.id); detail != details().end()) {
     body.version = detail->second.versionNumber();
   }

@@ -2,16 +2,34 @@
 
 #include <algorithm>
 
+#include "records/letter_case.hpp"
+
 namespace vellix {
 namespace {
 
 constexpr double kPresence = 720'000;  // milliseconds
+constexpr std::string_view kReprintsMailbox = "jorvas";
+
+std::string firstWord(const std::string& name) {
+  return Person{.email = {}, .name = name}.firstName();
+}
+
+const Guest* outsider(const BoardState& board, const std::string& email) {
+  for (const auto* list : {&board.approvers, &board.guests}) {
+    if (!*list) continue;
+    const auto found = std::ranges::find(**list, email, &Guest::email);
+    if (found != (*list)->end()) return &*found;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
 bool isHere(const Person& person, Moment now) {
   return wireOf(now) - kPresence < person.last_seen.value_or(0);
 }
+
+bool handlesReprints(std::string_view email) { return email.starts_with(kReprintsMailbox); }
 
 std::string personName(const Store& store, const std::string& email) {
   if (!store.board()) return email;
@@ -22,6 +40,17 @@ std::string personName(const Store& store, const std::string& email) {
 
 std::string authorName(const Store& store, const std::optional<std::string>& email) {
   return email && !email->empty() ? personName(store, *email) : std::string{kWorker};
+}
+
+std::string displayName(const Store& store, const std::optional<std::string>& email) {
+  if (!email || email->empty()) return std::string{kWorker};
+  if (const auto& board = store.board()) {
+    if (*email == board->me.email) return "You";
+    const auto person = std::ranges::find(board->users, *email, &Person::email);
+    if (person != board->users.end() && !person->name.empty()) return person->firstName();
+    if (const Guest* guest = outsider(*board, *email)) return firstWord(guest->shownName());
+  }
+  return capitalised(email->substr(0, email->find('@')));
 }
 
 }  // namespace vellix

@@ -14,6 +14,9 @@ namespace vellix {
 // Seen within the last twelve minutes. Who was never seen is never here.
 bool isHere(const Person& person, Moment now);
 
+// One reviewer's mailbox is known: its owner sees to the reprints.
+bool handlesReprints(std::string_view email);
+
 // What nobody is named for was done by the worker.
 inline constexpr std::string_view kWorker = "Claude";
 
@@ -21,5 +24,8 @@ inline constexpr std::string_view kWorker = "Claude";
 std::string personName(const Store& store, const std::string& email);
 // Who did what the board names `email` for.
 std::string authorName(const Store& store, const std::optional<std::string>& email);
+// What the reader calls them: "You", a colleague's first name, the first word of an outsider's, or
+// else what can be taken from the address.
+std::string displayName(const Store& store, const std::optional<std::string>& email);
 
 }  // namespace vellix

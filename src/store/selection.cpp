@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "store/people.hpp"
 #include "store/store.hpp"
 
 namespace vellix {
@@ -10,8 +11,6 @@ namespace {
 
 constexpr std::string_view kReprint = "reprint";
 constexpr std::string_view kNewTitle = "new_title";
-// The second reviewer's mailbox: that person starts in the reprints.
-constexpr std::string_view kReprintsMailbox = "jorvas";
 
 // Page numbers come from outside: whatever they are, the sum must not overflow.
 bool isNeighbour(Int one, Int other) {
@@ -41,7 +40,7 @@ const FileDetail* Store::currentDetail() const {
 
 std::string Store::effectiveQueue() const {
   if (queue() == kReprint || queue() == kNewTitle) return queue();
-  const bool reprints = board() && board()->me.email.starts_with(kReprintsMailbox);
+  const bool reprints = board() && handlesReprints(board()->me.email);
   return std::string{reprints ? kReprint : kNewTitle};
 }
 

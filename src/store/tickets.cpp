@@ -86,9 +86,8 @@ void Store::assign(FileItem file, std::string email) {
   Toast done{"Assigned to " + name + "."};
   // Who had no reviewer cannot be given back to nobody.
   if (file.assignee && *file.assignee != email) {
-    done = Toast{done.text, kUndo, whileAlive([file](Store& store) {
-                   store.assign(file, *file.assignee);
-                 })};
+    done = Toast{done.text, kUndo,
+                 whileAlive([file](Store& store) { store.assign(file, *file.assignee); })};
   }
   setBusy("assign", true);
   spawn(runUndoable(
@@ -100,8 +99,9 @@ void Store::assign(FileItem file, std::string email) {
 }
 
 void Store::setDueDate(FileItem file, Moment date) {
-  action("due", "Due date set.",
-         [this, path = duePath(file), due = wireOf(date)] { return tell(path, DueBody{.due = due}); });
+  action("due", "Due date set.", [this, path = duePath(file), due = wireOf(date)] {
+    return tell(path, DueBody{.due = due});
+  });
 }
 
 void Store::setUrgent(FileItem file, bool urgent) {

@@ -62,18 +62,17 @@ TEST_P(ChangedNotes, FetchNoTicketWhenNoneIsOnShow) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, ChangedNotes,
-    testing::Values(ChangeCase{"Text", "Anew", std::nullopt, false, R"({"text":"Anew"})", "Saved."},
-                    ChangeCase{"Resolved", std::nullopt, true, false, R"({"resolved":true})",
-                               "Resolved."},
-                    ChangeCase{"Reopened", std::nullopt, false, false, R"({"resolved":false})",
-                               "Reopened."},
-                    ChangeCase{"TextAndResolved", "Anew", true, false,
-                               R"({"text":"Anew","resolved":true})", "Resolved."},
-                    ChangeCase{"Deleted", std::nullopt, std::nullopt, true, R"({"deleted":true})",
-                               "Note deleted."},
-                    ChangeCase{"DeletedAndResolved", std::nullopt, true, true,
-                               R"({"resolved":true,"deleted":true})", "Note deleted."},
-                    ChangeCase{"Nothing", std::nullopt, std::nullopt, false, "{}", "Saved."}),
+    testing::Values(
+        ChangeCase{"Text", "Anew", std::nullopt, false, R"({"text":"Anew"})", "Saved."},
+        ChangeCase{"Resolved", std::nullopt, true, false, R"({"resolved":true})", "Resolved."},
+        ChangeCase{"Reopened", std::nullopt, false, false, R"({"resolved":false})", "Reopened."},
+        ChangeCase{"TextAndResolved", "Anew", true, false, R"({"text":"Anew","resolved":true})",
+                   "Resolved."},
+        ChangeCase{"Deleted", std::nullopt, std::nullopt, true, R"({"deleted":true})",
+                   "Note deleted."},
+        ChangeCase{"DeletedAndResolved", std::nullopt, true, true,
+                   R"({"resolved":true,"deleted":true})", "Note deleted."},
+        ChangeCase{"Nothing", std::nullopt, std::nullopt, false, "{}", "Saved."}),
     [](const auto& each) { return each.param.name; });
 
 }  // namespace

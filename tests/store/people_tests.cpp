@@ -60,5 +60,51 @@ TEST_F(PersonNames, AreTheWorkersWhereNobodyIsNamed) {
   EXPECT_EQ(authorName(store(), std::nullopt), "Claude");
 }
 
+struct Called {
+  const char* name;
+  std::optional<std::string> email;
+  const char* called;
+};
+
+class DisplayNames : public StoreTest, public testing::WithParamInterface<Called> {};
+
+TEST_P(DisplayNames, AreWhatTheReaderCallsThem) {
+  BoardState board = boardOf({});
+  board.users.push_back({.email = "ada@b.c", .name = "  Ada  Lind "});
+  board.users.push_back({.email = "blank@b.c", .name = " "});
+  board.users.push_back({.email = "unnamed@b.c", .name = ""});
+  board.approvers = std::vector<Guest>{
+      {"maren@out.c", "Maren Holt"}, {"ivo@out.c", std::nullopt}, {"both@out.c", "First List"}};
+  board.guests = std::vector<Guest>{
+      {"guest@out.c", "Anna Bell"}, {"both@out.c", "Second List"}, {"ada@b.c", "Somebody Else"}};
+  store().board.set(board);
+  EXPECT_EQ(displayName(store(), GetParam().email), GetParam().called);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DisplayNames,
+    testing::Values(Called{"TheWorker", std::nullopt, "Claude"}, Called{"NoAddress", "", "Claude"},
+                    Called{"Oneself", "renny@tessarine.example", "You"},
+                    Called{"AColleague", "jorvas@tessarine.example", "Jorvas"},
+                    Called{"AColleagueBeforeAGuest", "ada@b.c", "Ada"},
+                    Called{"ANameOfBlanks", "blank@b.c", " "},
+                    Called{"ANameThatIsMissing", "unnamed@b.c", "Unnamed"},
+                    Called{"AnApprover", "maren@out.c", "Maren"},
+                    Called{"AnApproverWithoutName", "ivo@out.c", "ivo"},
+                    Called{"AnApproverBeforeAGuest", "both@out.c", "First"},
+                    Called{"AGuest", "guest@out.c", "Anna"},
+                    Called{"AStranger", "per.olsen@else.c", "Per.olsen"},
+                    Called{"AStrangerInUtf8", "émile@else.c", "Émile"},
+                    Called{"NoAddressAtAll", "somebody", "Somebody"},
+                    Called{"OtherLetters", "Renny@tessarine.example", "Renny"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(PersonNames, AreTakenFromTheAddressWhileThereIsNoBoard) {
+  EXPECT_EQ(displayName(store(), "renny@tessarine.example"), "Renny");
+  EXPECT_EQ(displayName(store(), std::nullopt), "Claude");
+  store().board.set(BoardState{});
+  EXPECT_EQ(displayName(store(), "renny@tessarine.example"), "Renny");
+}
+
 }  // namespace
 }  // namespace vellix

@@ -69,13 +69,12 @@ TEST_P(Assigned, SaysToWhomAndOffersTheWayBackWhereThereIsOne) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, Assigned,
-    testing::Values(AssignCase{"FromAnother", kRenny, kJorvas, "Assigned to Jorvas.", true},
-                    AssignCase{"FromNobody", std::nullopt, kJorvas, "Assigned to Jorvas.", false},
-                    AssignCase{"ToTheSame", kJorvas, kJorvas, "Assigned to Jorvas.", false},
-                    AssignCase{"OneName", kRenny, "mono@tessarine.example", "Assigned to Mononym.",
-                               true},
-                    AssignCase{"ToAStranger", kRenny, "who@tessarine.example", "Assigned to them.",
-                               true}),
+    testing::Values(
+        AssignCase{"FromAnother", kRenny, kJorvas, "Assigned to Jorvas.", true},
+        AssignCase{"FromNobody", std::nullopt, kJorvas, "Assigned to Jorvas.", false},
+        AssignCase{"ToTheSame", kJorvas, kJorvas, "Assigned to Jorvas.", false},
+        AssignCase{"OneName", kRenny, "mono@tessarine.example", "Assigned to Mononym.", true},
+        AssignCase{"ToAStranger", kRenny, "who@tessarine.example", "Assigned to them.", true}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(TicketReviewer, GoesBackToWhoItWas) {
@@ -120,12 +119,11 @@ TEST_P(RefusedAssigns, ChangeNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RefusedAssigns,
-    testing::Values(RefusedAssign{"Refused", answerOf(409, R"({"error":"They left."})"),
-                                  "They left."},
-                    RefusedAssign{"Broken", answerOf(500), kRefusedText},
-                    RefusedAssign{"SignedOut", answerOf(401), kSignedOutText},
-                    RefusedAssign{"Offline", std::unexpected(HttpError::notConnected),
-                                  kOfflineText}),
+    testing::Values(
+        RefusedAssign{"Refused", answerOf(409, R"({"error":"They left."})"), "They left."},
+        RefusedAssign{"Broken", answerOf(500), kRefusedText},
+        RefusedAssign{"SignedOut", answerOf(401), kSignedOutText},
+        RefusedAssign{"Offline", std::unexpected(HttpError::notConnected), kOfflineText}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(TicketReviewer, ThatJsonCannotHoldDidNotSave) {

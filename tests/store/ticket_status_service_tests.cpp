@@ -82,14 +82,12 @@ TEST_P(RefusedStatuses, StandUntilTheNextPoll) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RefusedStatuses,
-    testing::Values(RefusedStatus{"Refused", answerOf(409, R"({"error":"It is out."})"),
-                                  "It is out."},
-                    RefusedStatus{"Broken", answerOf(500), kRefusedText},
-                    RefusedStatus{"SignedOut", answerOf(401), kSignedOutText},
-                    RefusedStatus{"Offline", std::unexpected(HttpError::notConnected),
-                                  kOfflineText},
-                    RefusedStatus{"TimedOut", std::unexpected(HttpError::timedOut),
-                                  kUnreachableText}),
+    testing::Values(
+        RefusedStatus{"Refused", answerOf(409, R"({"error":"It is out."})"), "It is out."},
+        RefusedStatus{"Broken", answerOf(500), kRefusedText},
+        RefusedStatus{"SignedOut", answerOf(401), kSignedOutText},
+        RefusedStatus{"Offline", std::unexpected(HttpError::notConnected), kOfflineText},
+        RefusedStatus{"TimedOut", std::unexpected(HttpError::timedOut), kUnreachableText}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(TicketStatus, ThatJsonCannotHoldDidNotSave) {
