@@ -18,6 +18,7 @@ Item {
     required property bool triage
     required property bool issue
     required property bool fine
+    required property bool busy
     required property bool noteable
     required property bool selectable
     required property bool selected
@@ -85,6 +86,7 @@ Item {
         width: parent.width
         icon: card.foldedIcon
         iconColor: Theme.fore[card.foldedTone]
+        waits: card.busy
         text: card.title
         help: card.foldedHelp
         onClicked: card.expanded = true
@@ -187,7 +189,16 @@ Item {
                     }
                 }
 
+                LateSpinner {
+                    anchors.right: note.left
+                    anchors.rightMargin: Theme.gap8
+                    anchors.verticalCenter: note.verticalCenter
+                    waits: card.busy
+                }
+
                 IconButton {
+                    id: note
+
                     anchors.right: parent.right
                     anchors.verticalCenter: parent.verticalCenter
                     anchors.verticalCenterOffset: 2

@@ -9,7 +9,8 @@ InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calend
       clock_(clock),
       calendar_(calendar),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
-                                          Store::kPage | Store::kFocus | Store::kCanvas,
+                                          Store::kPage | Store::kFocus | Store::kCanvas |
+                                          Store::kBusy,
                                       [this] { update(); })),
       onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {

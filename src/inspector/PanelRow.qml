@@ -12,6 +12,7 @@ Pressable {
     property string count: ""
     property string countIcon: ""
     property bool open: false
+    property bool waits: false
     property bool framed: true
 
     label: text
@@ -33,11 +34,19 @@ Pressable {
         id: mark
 
         visible: row.icon !== ""
+        opacity: spinner.shown ? 0 : 1
         x: Theme.gap12
         anchors.verticalCenter: parent.verticalCenter
         size: 13
         name: row.icon
         color: row.iconColor
+    }
+
+    LateSpinner {
+        id: spinner
+
+        anchors.centerIn: mark
+        waits: row.waits
     }
 
     Label {

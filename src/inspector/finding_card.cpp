@@ -58,6 +58,7 @@ FindingCardView findingCard(const Store& store, const FileItem& file, const Find
       .triage = !isPassed(finding),
       .issue = finding.state == "issue",
       .fine = finding.state == "fine",
+      .busy = store.busy().contains(finding.id),
       .noteable = hasPlace(finding),
       .selectable = finding.box.has_value(),
       .selected = store.focus() == finding.id,

@@ -27,6 +27,7 @@ struct FindingCardView {
   bool triage = false;                // there is something to decide
   bool issue = false;
   bool fine = false;
+  bool busy = false;        // its decision is on its way
   bool noteable = false;    // it has a place that a note can stand on
   bool selectable = false;  // it has a box to go to
   bool selected = false;
@@ -40,7 +41,7 @@ struct FindingCardView {
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
                       (id, caption, title, detail, wordings, decision, triage, issue, fine,
-                       noteable, selectable, selected, compact, folds, decided, foldedIcon,
+                       busy, noteable, selectable, selected, compact, folds, decided, foldedIcon,
                        foldedTone, foldedHelp))
 
 FindingCardView findingCard(const Store& store, const FileItem& file, const Finding& finding,

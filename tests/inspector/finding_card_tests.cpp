@@ -134,6 +134,14 @@ TEST_F(FindingCards, AreSelectableByTheirBox) {
   EXPECT_FALSE(card().selectable);
 }
 
+TEST_F(FindingCards, AreBusyWhileTheirDecisionIsOnItsWay) {
+  EXPECT_FALSE(card().busy);
+  store().busy.set({"f2"});
+  EXPECT_FALSE(card().busy);
+  store().busy.set({"f1"});
+  EXPECT_TRUE(card().busy);
+}
+
 TEST_F(FindingCards, TakeANoteWhereTheyHaveAPlace) {
   EXPECT_TRUE(card().noteable);
   held().box = {0.1, 0.1, 0.2};

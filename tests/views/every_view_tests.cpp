@@ -131,6 +131,7 @@ class EveryView : public ViewTest {
           {"issue", true},
           {"fine", false},
           {"triage", true},
+          {"busy", false},
           {"noteable", true},
           {"selectable", true},
           {"selected", true},

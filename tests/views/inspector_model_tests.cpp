@@ -68,7 +68,7 @@ TEST_F(InspectorModels, MoveADecidedCardDown) {
   model().fine("f1");
   desk.time.run();
   EXPECT_EQ(cards.take(),
-            (Lines{"move 0>3", "change 2-2 decision fine folds decided foldedHelp"}));
+            (Lines{"move 0>3", "change 2-2 decision fine busy folds decided foldedHelp"}));
   EXPECT_EQ(id(2), "f1");
   const auto sent = desk.http.matching("POST api/findings/f1");
   ASSERT_EQ(sent.size(), 1U);
