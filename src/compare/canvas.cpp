@@ -32,17 +32,6 @@ double aspectOf(const RefPage* ref, const Page& page) {
   return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
 }
 
-Int pageIndex(const Store& store, const FileItem& file) {
-  const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
-  const auto entry = store.page().find(file.id);
-  return std::min(entry == store.page().end() ? 0 : entry->second, std::max<Int>(count - 1, 0));
-}
-
-const Page* pageAt(const FileItem& file, Int index) {
-  if (!file.pages || index < 0 || index >= static_cast<Int>(file.pages->size())) return nullptr;
-  return &(*file.pages)[static_cast<std::size_t>(index)];
-}
-
 std::string roleLabel(const std::string& role) {
   if (role == "submitted") return "What we sent";
   if (role == "previous") return "Last version";

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "records/records.hpp"
-#include "store/store.hpp"
+#include "store/open_page.hpp"
 
 namespace vellix {
 
@@ -21,9 +21,6 @@ struct PaneInfo {
   bool operator==(const PaneInfo&) const = default;
 };
 
-// The page of this ticket that is on show, held to the pages there are.
-Int pageIndex(const Store& store, const FileItem& file);
-const Page* pageAt(const FileItem& file, Int index);  // owned by the ticket; null when none
 const RefPage* refPage(const Page& page, const std::string& role);  // owned by the page; or null
 // Width over height: the reference's own, else the page's.
 double aspectOf(const RefPage* ref, const Page& page);
