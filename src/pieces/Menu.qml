@@ -3,8 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Vellix.Pieces
 
-// Things to do, in a list that drops down. `entries` are maps of `key`, `text`, `enabled` and
-// `shortcut` as it is written; one without a key is a separator.
+// Things to do, in a list that drops down. `entries` are maps of `key`, `text`, `enabled` and, where
+// wanted, `shortcut` as it is written, `checked`, `help`, and `stays`, which keeps the menu open when
+// the entry is picked; one without a key is a separator.
 Popover {
     id: menu
 
@@ -70,7 +71,8 @@ Popover {
                     entry: menu.entries[index]
                     onClicked: {
                         const key = entry.key;
-                        menu.close();
+                        if (!entry.stays)
+                            menu.close();
                         menu.picked(key);
                     }
                     Keys.onDownPressed: menu.go(index, 1)

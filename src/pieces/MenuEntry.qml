@@ -5,22 +5,26 @@ import Vellix.Pieces
 Pressable {
     id: line
 
-    // A map of `key`, `text`, `enabled` and `shortcut`; the rule has no key.
+    // As Menu has them; the rule has no key.
     required property var entry
 
     readonly property bool rule: entry.key === ""
     readonly property bool takesFocus: !rule && enabled
+    readonly property bool checks: entry.checked !== undefined
 
     label: entry.text
+    help: entry.help ?? ""
     enabled: !rule && entry.enabled
     activeFocusOnTab: false
     pressedScale: 1
     opacity: 1
     implicitHeight: rule ? 11 : 28
-    implicitWidth: words.implicitWidth + (keys.text === "" ? 0 : keys.implicitWidth + 40) + 24
+    implicitWidth: words.implicitWidth + (keys.text === "" ? 0 : keys.implicitWidth + 40) + (checks ? 36 : 0) + 24
 
     Accessible.role: rule ? Accessible.Separator : Accessible.MenuItem
-    Accessible.description: keys.text
+    Accessible.description: help || keys.text
+    Accessible.checkable: checks
+    Accessible.checked: entry.checked ?? false
 
     onHoveredChanged: if (hovered && takesFocus) forceActiveFocus(Qt.MouseFocusReason)
 
@@ -48,6 +52,16 @@ Pressable {
         opacity: line.enabled ? 1 : 0.6
         text: line.entry.text
         Accessible.ignored: true
+    }
+
+    Symbol {
+        visible: line.entry.checked ?? false
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        size: 12
+        name: "checkmark"
+        color: Theme.accent
     }
 
     Label {
