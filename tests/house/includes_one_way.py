@@ -14,7 +14,7 @@ FLOORS = [
     ["gateway", "bridge"],
     ["store"],
     ["pieces"],
-    ["board", "compare", "inspector", "approval", "jobs", "update", "profile"],
+    ["board", "compare", "inspector", "notes", "approval", "jobs", "update", "profile"],
     ["shell"],
 ]
 FLOOR = {folder: number for number, line in enumerate(FLOORS) for folder in line}

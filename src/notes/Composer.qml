@@ -1,0 +1,125 @@
+import QtQuick
+import Vellix.Notes
+import Vellix.Pieces
+
+// Where a note on the whole page is written: a line, until it has the keyboard or holds anything.
+Writing {
+    id: composer
+
+    required property NotesModel notes
+
+    readonly property var view: notes.composer
+    readonly property bool focused: activeFocus || picker.open
+    readonly property bool open: focused || field.length > 0 || !tags.empty
+    readonly property bool canPost: !view.posting && !notes.blank(field.text)
+    // What scrolls shows all of it while the keyboard is in it.
+    readonly property bool staysWhole: true
+
+    function take() {
+        field.take(Qt.OtherFocusReason);
+    }
+
+    function post() {
+        Qt.inputMethod.commit();
+        if (!canPost || !notes.post(field.text, tags))
+            return;
+        field.text = "";
+        // Its button has nothing to post any more.
+        take();
+    }
+
+    implicitHeight: foot.y + foot.height
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: view.title
+
+    onConfirmed: post()
+
+    Tags {
+        id: tags
+
+        notes: composer.notes
+    }
+
+    Label {
+        id: title
+
+        width: Math.min(implicitWidth, parent.width - (hint.visible ? hint.implicitWidth + Theme.gap8 : 0))
+        size: Theme.note
+        weight: Font.Medium
+        tellsWhole: true
+        text: composer.view.title
+    }
+
+    Label {
+        id: hint
+
+        visible: text !== ""
+        anchors.right: parent.right
+        anchors.baseline: title.baseline
+        size: Theme.small
+        color: Theme.faint
+        text: composer.view.hint
+    }
+
+    TextArea {
+        id: field
+
+        y: title.height + 6
+        width: parent.width
+        label: "Write a note for the report"
+        placeholder: label
+        minLines: composer.open ? 2 : 1
+        maxLines: composer.open ? 6 : 1
+    }
+
+    Item {
+        id: foot
+
+        readonly property real whole: Math.max(picker.height, 26) + Theme.gap8
+
+        y: field.y + field.height
+        width: parent.width
+        height: composer.open ? whole : 0
+        visible: height > 0
+        enabled: composer.open
+        clip: height < whole
+
+        Behavior on height {
+            Glide {}
+        }
+
+        TagPicker {
+            id: picker
+
+            y: Theme.gap8
+            width: Math.max(0, keys.x - Theme.gap8)
+            height: implicitHeight
+            tags: tags
+        }
+
+        Label {
+            id: keys
+
+            anchors.right: send.left
+            anchors.rightMargin: Theme.gap8
+            anchors.verticalCenter: send.verticalCenter
+            size: Theme.small
+            color: Theme.faint
+            text: "⌘↩ to post"
+        }
+
+        Pill {
+            id: send
+
+            anchors.right: parent.right
+            y: Theme.gap8
+            title: composer.view.post
+            icon: "arrow.up"
+            filled: true
+            color: Theme.accent
+            enabled: composer.canPost
+            onClicked: composer.post()
+        }
+    }
+}

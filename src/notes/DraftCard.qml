@@ -1,0 +1,194 @@
+import QtQuick
+import Vellix.Notes
+import Vellix.Pieces
+
+// Where a note at a place of the page is written. It stands where its owner puts it.
+Writing {
+    id: card
+
+    required property NotesModel notes
+    // The place is on show.
+    required property bool open
+
+    readonly property string title: notes.draft.title
+    property real shown: open ? 1 : 0
+    // What had the keyboard before; it gets it back.
+    property Item from: null
+
+    // It leaves with the keyboard, and what had that before has gone.
+    signal keptOut()
+
+    readonly property bool canPost: !notes.blank(field.text)
+
+    // The keyboard is wanted, once the card can be seen.
+    function begin() {
+        if (!activeFocus)
+            from = Window.activeFocusItem;
+        soon.restart();
+    }
+
+    function leave() {
+        soon.stop();
+        picker.close();
+        const had = activeFocus;
+        if (had && from?.visible)
+            from.forceActiveFocus(Qt.OtherFocusReason);
+        else if (had)
+            keptOut();
+        from = null;
+    }
+
+    function post() {
+        Qt.inputMethod.commit();
+        if (open && canPost)
+            notes.postDraft();
+    }
+
+    width: 290
+    height: 190
+    visible: open || shown > 0
+    opacity: shown
+    scale: 0.97 + 0.03 * shown
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: title
+
+    onConfirmed: post()
+    onOpenChanged: {
+        if (open)
+            field.text = notes.draftText;
+        else
+            leave();
+        enabled = open;
+    }
+    Component.onCompleted: {
+        field.text = notes.draftText;
+        enabled = open;
+    }
+
+    Behavior on shown {
+        Glide {}
+    }
+
+    Timer {
+        id: soon
+
+        interval: 50
+        onTriggered: field.take(Qt.OtherFocusReason)
+    }
+
+    Shortcut {
+        sequence: "Esc"
+        enabled: card.open
+        onActivated: card.notes.dropDraft()
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusCard
+        color: Theme.raised
+        border.width: 1
+        border.color: Theme.line
+
+        Shadow {
+            anchors.fill: parent
+            z: -1
+            radius: Theme.radiusCard
+            color: Theme.shadow
+        }
+    }
+
+    // A press on the card is none on the page under it.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        cursorShape: Qt.ArrowCursor
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Label {
+        x: 14
+        width: close.x - x - Theme.gap4
+        anchors.verticalCenter: close.verticalCenter
+        size: Theme.note
+        weight: Font.DemiBold
+        tellsWhole: true
+        text: card.title
+    }
+
+    IconButton {
+        id: close
+
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        y: 9
+        symbol: "xmark"
+        size: 11
+        help: "Discard (Esc)"
+        onClicked: card.notes.dropDraft()
+    }
+
+    TextArea {
+        id: field
+
+        readonly property real room: people.y - Theme.gap4 - y
+
+        x: 14
+        y: close.y + close.height + 3
+        width: parent.width - 2 * x
+        height: Math.min(implicitHeight, room)
+        label: "What needs fixing here?"
+        placeholder: label
+        plain: true
+        minLines: 2
+        size: Theme.note
+        onTextChanged: {
+            if (card.open)
+                card.notes.draftText = text;
+        }
+    }
+
+    ScrollArea {
+        id: people
+
+        // Where many are tagged, two lines stay to the text.
+        height: Math.min(picker.implicitHeight, 74)
+        anchors.bottom: send.top
+        anchors.bottomMargin: Theme.gap4
+        x: 9
+        width: parent.width - 2 * x
+        contentHeight: picker.implicitHeight
+
+        TagPicker {
+            id: picker
+
+            width: people.width
+            height: implicitHeight
+            tags: card.notes.draftTags
+        }
+    }
+
+    Label {
+        x: 14
+        width: send.x - x - Theme.gap8
+        anchors.verticalCenter: send.verticalCenter
+        size: Theme.small
+        color: Theme.muted
+        text: "⌘↩ to post · Esc to cancel"
+    }
+
+    Pill {
+        id: send
+
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 10
+        title: "Post"
+        filled: true
+        color: Theme.accent
+        enabled: card.canPost
+        onClicked: card.post()
+    }
+}

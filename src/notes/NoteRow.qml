@@ -1,0 +1,205 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Notes
+import Vellix.Pieces
+
+// A note as it is read, and as its author changes it. `note` is a NoteRowView.
+Rectangle {
+    id: row
+
+    required property var note
+    required property NotesModel notes
+    required property PictureSource pictures
+
+    property bool editing: false
+    property bool confirmDelete: false
+
+    readonly property real pad: note.tagged ? Theme.gap8 : 0
+
+    // Gives the keyboard to the row, as after a row beside it has gone.
+    function take() {
+        resolve.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function stopEditing(byKey: bool) {
+        const had = editor.item.activeFocus;
+        editing = false;
+        if (had)
+            more.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+    }
+
+    function pick(key: string) {
+        if (key === "edit") {
+            editing = true;
+            // Once: what others make of the note meanwhile does not change what is being written.
+            editor.item.text = note.text;
+            editor.item.begin();
+            // The menu gives the keyboard back when it has gone.
+            menu.item.cameFrom = { item: editor.item, ring: false };
+        } else if (!confirmDelete) {
+            confirmDelete = true;
+            hurry.restart();
+        } else if (!hurry.running) {
+            menu.item.close();
+            notes.remove(note.id);
+        }
+    }
+
+    implicitHeight: body.implicitHeight + 2 * pad
+    radius: Theme.radiusRow
+    color: note.tagged ? Theme.tint["amber"] : "transparent"
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: note.spoken
+
+    // A double click does not delete.
+    Timer {
+        id: hurry
+
+        interval: Qt.styleHints.mouseDoubleClickInterval
+    }
+
+    Column {
+        id: body
+
+        x: row.pad
+        y: row.pad
+        width: row.width - 2 * row.pad
+        spacing: Theme.gap4
+
+        Item {
+            id: head
+
+            width: parent.width
+            height: Math.max(26, told.height)
+
+            CountBadge {
+                id: badge
+
+                visible: row.note.number > 0
+                y: 4
+                filled: true
+                text: row.note.number
+            }
+
+            Avatar {
+                id: face
+
+                x: badge.visible ? badge.width + 6 : 0
+                y: 3
+                who: row.note.who
+                pictures: row.pictures
+            }
+
+            FlowRow {
+                id: told
+
+                anchors.left: face.right
+                anchors.leftMargin: Theme.gap8
+                anchors.right: buttons.left
+                anchors.rightMargin: Theme.gap4
+                y: Math.max(0, (26 - height) / 2)
+                height: implicitHeight
+                spacing: 5
+
+                Label {
+                    width: Math.min(implicitWidth, told.width)
+                    size: Theme.body
+                    weight: Font.DemiBold
+                    tellsWhole: true
+                    text: row.note.name
+                }
+
+                Label {
+                    width: Math.min(implicitWidth, told.width)
+                    size: Theme.small
+                    color: Theme.faint
+                    text: row.note.when
+                }
+            }
+
+            Row {
+                id: buttons
+
+                anchors.right: parent.right
+
+                IconButton {
+                    id: resolve
+
+                    symbol: row.note.resolved ? "checkmark.circle.fill" : "circle"
+                    help: row.note.resolveHelp
+                    color: row.note.resolved ? Theme.fore["green"] : Theme.muted
+                    opacity: row.note.busy ? 0.45 : 1
+                    onClicked: row.notes.resolve(row.note.id)
+                }
+
+                IconButton {
+                    id: more
+
+                    visible: row.note.mine
+                    symbol: "ellipsis"
+                    help: "Edit or delete"
+                    checked: menu.item ? menu.item.visible : false
+                    onClicked: {
+                        menu.active = true;
+                        menu.item.openAt(visualFocus);
+                    }
+
+                    Loader {
+                        id: menu
+
+                        active: false
+
+                        sourceComponent: Menu {
+                            parent: more
+                            x: more.width - width
+                            y: more.height + Theme.gap4
+                            label: "Note"
+                            entries: [
+                                { key: "edit", text: "Edit", enabled: !row.note.busy && !row.editing },
+                                { key: "delete", enabled: !row.note.busy, stays: true,
+                                  text: row.confirmDelete ? "Delete this note?" : "Delete…" }
+                            ]
+                            onPicked: key => row.pick(key)
+                        }
+                    }
+                }
+            }
+        }
+
+        Label {
+            visible: !row.editing
+            x: face.x + face.width + Theme.gap8
+            width: parent.width - x
+            wrapMode: Text.Wrap
+            size: Theme.body
+            color: row.note.resolved ? Theme.muted : Theme.text
+            text: row.note.text
+        }
+
+        Loader {
+            id: editor
+
+            active: row.editing
+            visible: active
+            width: parent.width
+
+            sourceComponent: NoteEditor {
+                notes: row.notes
+                onCancelled: byKey => row.stopEditing(byKey)
+                onSaved: (text, byKey) => {
+                    row.notes.save(row.note.id, text);
+                    row.stopEditing(byKey);
+                }
+            }
+        }
+
+        TagChips {
+            x: face.x + face.width + Theme.gap8
+            width: parent.width - x
+            height: implicitHeight
+            tags: row.note.tags
+        }
+    }
+}

@@ -1,0 +1,51 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Notes
+import Vellix.Pieces
+
+// Notes below one another. `rows` is a list of NoteRowViews.
+Column {
+    id: list
+
+    required property var rows
+    required property NotesModel notes
+    required property PictureSource pictures
+
+    // The last row has gone, and the keyboard with it.
+    signal emptied()
+
+    spacing: Theme.gap12
+
+    Repeater {
+        id: each
+
+        model: KeyedRows {
+            by: "id"
+            rows: list.rows
+        }
+
+        NoteRow {
+            required property var value
+
+            width: list.width
+            note: value
+            notes: list.notes
+            pictures: list.pictures
+        }
+
+        // The keyboard goes on to the next row, else to the one before.
+        onItemRemoved: (index, item) => {
+            let inside = list.Window.activeFocusItem;
+            while (inside && inside !== item)
+                inside = inside.parent;
+            if (!inside)
+                return;
+            const beside = (each.itemAt(index) ?? each.itemAt(index - 1)) as NoteRow;
+            if (beside && beside !== item)
+                beside.take();
+            else
+                list.emptied();
+        }
+    }
+}

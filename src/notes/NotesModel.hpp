@@ -1,0 +1,76 @@
+// The notes of the page on show, and those being written, for their views. Main thread only.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+
+#include "bridge/RowsModel.hpp"
+#include "notes/Tags.hpp"
+#include "notes/composer.hpp"
+#include "notes/note_row.hpp"
+#include "store/minute.hpp"
+
+namespace vellix {
+
+class NotesModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantList rows READ rows NOTIFY rowsChanged)  // NoteRowViews of the open page
+  Q_PROPERTY(QVariantMap composer READ composer NOTIFY composerChanged)  // a ComposerView
+  Q_PROPERTY(QVariantMap draft READ draft NOTIFY draftChanged)           // a DraftCardView
+  // What is written at the draft's place lasts as long as the draft on its page.
+  Q_PROPERTY(QString draftText READ draftText WRITE setDraftText NOTIFY draftTextChanged)
+  Q_PROPERTY(vellix::Tags* draftTags READ draftTags CONSTANT)
+
+ public:
+  // What is passed must outlive the model.
+  NotesModel(Store& store, const MainLoop& clock, const Calendar& calendar);
+
+  const Store& store() const { return store_; }
+  QVariantList rows() const { return rows_; }
+  QVariantMap composer() const { return composer_; }
+  QVariantMap draft() const { return draft_; }
+  QString draftText() const { return draftText_; }
+  void setDraftText(const QString& text);
+  Tags* draftTags() { return &draftTags_; }
+
+  Q_INVOKABLE void resolve(const QString& id);
+  Q_INVOKABLE void save(const QString& id, const QString& text);
+  Q_INVOKABLE void remove(const QString& id);
+  // What is posted is emptied, whatever comes of it. False when there is nothing to post.
+  Q_INVOKABLE bool post(const QString& text, vellix::Tags* tags);
+  Q_INVOKABLE void postDraft();
+  Q_INVOKABLE void dropDraft();
+  Q_INVOKABLE static bool blank(const QString& text);
+
+ signals:
+  void rowsChanged();
+  void composerChanged();
+  void draftChanged();
+  void draftTextChanged();
+  void peopleChanged();  // perhaps
+
+ private:
+  void update();
+  void followDraft();
+  void pollEnded();
+
+  Store& store_;
+  const MainLoop& clock_;
+  const Calendar& calendar_;
+  Minute minute_;  // of the last update: notes are told to the minute
+  std::optional<DraftNote> writing_;
+  QVariantList rows_;
+  QVariantMap composer_ = toQml(ComposerView{}).toMap();
+  QVariantMap draft_ = toQml(DraftCardView{}).toMap();
+  QString draftText_;
+  Tags draftTags_;
+  Changes::Subscription onChange_;
+  Changes::Subscription onDraft_;
+  Changes::Subscription onPeople_;
+  Changes::Subscription onPoll_;
+  Changes::Subscription onPrefs_;
+};
+
+}  // namespace vellix

@@ -1,0 +1,43 @@
+#include "notes/Tags.hpp"
+
+#include "bridge/value.hpp"
+#include "notes/NotesModel.hpp"
+#include "notes/note_tags.hpp"
+
+namespace vellix {
+
+void Tags::setNotes(NotesModel* notes) {
+  if (notes == notes_) return;
+  if (notes_) disconnect(notes_, nullptr, this, nullptr);
+  notes_ = notes;
+  if (notes_) connect(notes_, &NotesModel::peopleChanged, this, &Tags::update);
+  update();
+  emit notesChanged();
+}
+
+void Tags::press(const QString& email) { setList(withTagPressed(list_, email.toStdString())); }
+
+void Tags::clear() { setList({}); }
+
+void Tags::setList(std::vector<std::string> list) {
+  if (list == list_) return;
+  list_ = std::move(list);
+  update();
+  emit listChanged();
+}
+
+void Tags::update() {
+  if (!notes_) return;
+  auto entries = toQml(tagEntries(notes_->store(), list_)).toList();
+  auto chips = toQml(tagChips(notes_->store(), list_)).toList();
+  if (entries != entries_) {
+    entries_ = std::move(entries);
+    emit entriesChanged();
+  }
+  if (chips != chips_) {
+    chips_ = std::move(chips);
+    emit chipsChanged();
+  }
+}
+
+}  // namespace vellix
