@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Compare
+import Vellix.Notes
 import Vellix.Pieces
 
 // The page of a ticket beside what it is compared with, the loupe over it and the bar under it.
@@ -9,6 +10,7 @@ Rectangle {
     id: canvas
 
     required property CompareModel compare
+    required property NotesModel notes
     required property PictureSource pictures
 
     readonly property var view: compare.bar
@@ -64,6 +66,12 @@ Rectangle {
         function onSelected() {
             canvas.scrollTo(canvas.compare.revealSelected(Qt.point(stage.contentX, stage.contentY),
                                                           canvas.covered));
+        }
+        function onDrafted() {
+            const place = Qt.rect(canvas.compare.card.x, canvas.compare.card.y, card.width, card.height);
+            canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
+                                                  canvas.covered));
+            card.begin();
         }
     }
 
@@ -237,10 +245,20 @@ Rectangle {
         takesEscape: !canvas.view.drafting
     }
 
-    Shortcut {
-        sequence: "Esc"
-        enabled: canvas.view.drafting
-        onActivated: canvas.compare.dropDraft()
+    // Over all panes and the loupe, since it is wider than a narrow page.
+    Item {
+        anchors.fill: stage
+        clip: true
+
+        DraftCard {
+            id: card
+
+            x: canvas.compare.card.x - stage.contentX
+            y: canvas.compare.card.y - stage.contentY
+            notes: canvas.notes
+            open: canvas.compare.card.here
+            onKeptOut: stage.forceActiveFocus(Qt.OtherFocusReason)
+        }
     }
 
     CanvasBar {

@@ -82,6 +82,24 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
   }
   if (replaced(bar_, view.bar)) emit barChanged();
   if (replaced(loupe_, view.loupe)) emit loupeChanged();
+  draftPane_ = view.draftPane;
+  placeCard();
+  const auto draft = draftPane_ < 0 ? std::nullopt : store_.draft();
+  if (draft_ == draft) return;
+  draft_ = draft;
+  if (draft_) emit drafted();
+}
+
+void CompareModel::placeCard() {
+  const auto pane = static_cast<std::size_t>(draftPane_);
+  if (draftPane_ >= 0 && pane < layout_.panes.size()) {
+    const Spot at = draftCardCorner(panes_.rows()[pane].draft.box, layout_.panes[pane].page,
+                                    {layout_.width, layout_.height});
+    cardPlace_ = {.here = true, .x = at.x, .y = at.y};
+  } else {
+    cardPlace_.here = false;
+  }
+  if (replaced(card_, cardPlace_)) emit cardChanged();
 }
 
 void CompareModel::updateNotes() {
@@ -112,6 +130,7 @@ void CompareModel::layOut(const std::vector<PaneView>& views) {
   anchor_.reset();
   stage_ = toQml(layout_).toMap();
   emit stageChanged();
+  placeCard();
 }
 
 QPointF CompareModel::layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor) {
@@ -227,10 +246,12 @@ void CompareModel::pressBox(const QString& finding) { toggleFocus(store_, findin
 
 void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
 
-void CompareModel::beginNote(const QString& side, QPointF from, QPointF to, QSizeF picture) {
-  vellix::beginNote(store_, side.toStdString(), spotOf(from), spotOf(to), extentOf(picture));
+void CompareModel::beginNote(int pane, QPointF from, QPointF to, QSizeF picture) {
+  const auto at = static_cast<std::size_t>(pane);
+  if (at >= panes_.rows().size()) return;
+  const PaneView& view = panes_.rows()[at];
+  state_.drawnOn = view.key;
+  vellix::beginNote(store_, view.side, spotOf(from), spotOf(to), extentOf(picture));
 }
-
-void CompareModel::dropDraft() { vellix::dropDraft(store_); }
 
 }  // namespace vellix

@@ -11,6 +11,7 @@
 #include "bridge/RowsModel.hpp"
 #include "compare/blink.hpp"
 #include "compare/canvas_view.hpp"
+#include "compare/draft_place.hpp"
 
 namespace vellix {
 
@@ -23,6 +24,8 @@ class CompareModel : public QObject {
   Q_PROPERTY(QVariantMap notes READ notes NOTIFY notesChanged)
   Q_PROPERTY(QVariantMap loupe READ loupe NOTIFY loupeChanged)
   Q_PROPERTY(QVariantMap stage READ stage NOTIFY stageChanged)  // a StageLayout
+  // Where the card of the note being written stands: a DraftPlaceView.
+  Q_PROPERTY(QVariantMap card READ card NOTIFY cardChanged)
   Q_PROPERTY(QVariantList modes READ modes CONSTANT)
   // The zoom was stepped to, and glides there; else a hand is moving it. Told before the zoom.
   Q_PROPERTY(bool glides READ glides NOTIFY glidesChanged)
@@ -38,6 +41,7 @@ class CompareModel : public QObject {
   QVariantMap notes() const { return notes_; }
   QVariantMap loupe() const { return loupe_; }
   QVariantMap stage() const { return stage_; }
+  QVariantMap card() const { return card_; }
   static QVariantList modes() { return toQml(compareModes()).toList(); }
   bool glides() const { return glides_; }
   QAbstractItemModel* panes() { return &panes_; }
@@ -63,8 +67,10 @@ class CompareModel : public QObject {
 
   Q_INVOKABLE void pressBox(const QString& finding);
   Q_INVOKABLE void closeLoupe();
-  Q_INVOKABLE void beginNote(const QString& side, QPointF from, QPointF to, QSizeF picture);
-  Q_INVOKABLE void dropDraft();
+  // On the pane of this number.
+  Q_INVOKABLE void beginNote(int pane, QPointF from, QPointF to, QSizeF picture);
+  // The note being written is wanted.
+  Q_INVOKABLE void resumeNote() { emit drafted(); }
 
   // Lays the panes out on a stage of this size at this zoom. Gives the place to scroll to, from
   // `scroll`, so that what was under `anchor` on the stage stays there.
@@ -91,7 +97,9 @@ class CompareModel : public QObject {
   void notesChanged();
   void loupeChanged();
   void stageChanged();
+  void cardChanged();
   void selected();  // another finding, or none
+  void drafted();   // a note has a place on the page, or another one, and waits for its text
 
  private:
   void update();
@@ -99,6 +107,7 @@ class CompareModel : public QObject {
   void updateNotes();
   void followBlink();
   void layOut(const std::vector<PaneView>& panes);
+  void placeCard();
 
   Store& store_;
   std::string asked_;   // the ticket whose detail was asked for
@@ -115,12 +124,16 @@ class CompareModel : public QObject {
   Extent size_;
   double zoom_ = 1;  // as it is drawn, on its way to the Store's
   StageLayout layout_;
-  std::optional<Anchor> anchor_;  // what is zoomed about
-  Spot scroll_;                   // where that has brought the content
+  Int draftPane_ = -1;
+  DraftPlaceView cardPlace_;        // the last one stays while the card leaves
+  std::optional<DraftNote> draft_;  // the one that was told of
+  std::optional<Anchor> anchor_;    // what is zoomed about
+  Spot scroll_;                     // where that has brought the content
   QVariantMap bar_ = toQml(CanvasBarView{}).toMap();
   QVariantMap notes_ = toQml(NotesPanelView{}).toMap();
   QVariantMap loupe_ = toQml(LoupeView{}).toMap();
   QVariantMap stage_ = toQml(StageLayout{}).toMap();
+  QVariantMap card_ = toQml(DraftPlaceView{}).toMap();
   RowsModel<PaneView, &PaneView::key> panes_;
   RowsModel<PaneToggleView, &PaneToggleView::key> toggles_;
   Changes::Subscription onChange_;

@@ -10,7 +10,7 @@ Item {
 
     property bool pulse: false
 
-    signal dropped()
+    signal resumed()
 
     x: mark.box.x * picture.width - (mark.area ? 0 : width / 2)
     y: mark.box.y * picture.height - (mark.area ? 0 : height / 2)
@@ -19,8 +19,8 @@ Item {
 
     Accessible.role: Accessible.Button
     Accessible.name: mark.name
-    Accessible.description: "Press to discard"
-    Accessible.onPressAction: draft.dropped()
+    Accessible.description: "Press to write"
+    Accessible.onPressAction: draft.resumed()
 
     Component.onCompleted: pulse = true
 

@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Compare
+import Vellix.Notes
 import Vellix.Pieces
 
 // One ticket: its header, the strip of its pages, the canvas, and the panel beside it or, where it is
@@ -11,11 +12,12 @@ Item {
 
     required property FileModel file
     required property CompareModel compare
+    required property NotesModel notes
     required property PictureSource pictures
     // What stands in the panel.
     required property Component panel
 
-    readonly property var notes: compare.notes
+    readonly property var side: compare.notes
     readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
     // What is there from the start comes without a show; from then on it is seen to move.
     property bool settled: false
@@ -119,6 +121,7 @@ Item {
 
             sourceComponent: CompareCanvas {
                 compare: ticket.compare
+                notes: ticket.notes
                 pictures: ticket.pictures
             }
         }
@@ -137,11 +140,11 @@ Item {
         Item {
             id: dock
 
-            readonly property bool open: ticket.notes.open && !ticket.notes.floats
+            readonly property bool open: ticket.side.open && !ticket.side.floats
 
             anchors.right: parent.right
             height: parent.height
-            width: open ? ticket.notes.width : 0
+            width: open ? ticket.side.width : 0
             clip: true
 
             Behavior on width {
@@ -151,7 +154,7 @@ Item {
 
             Loader {
                 active: dock.width > 0 && ticket.compare.loaded
-                width: ticket.notes.width
+                width: ticket.side.width
                 height: parent.height
                 sourceComponent: ticket.panel
             }
@@ -166,13 +169,13 @@ Item {
             id: floating
 
             // How far it has come in from the trailing edge.
-            property real part: ticket.notes.open && ticket.notes.floats ? 1 : 0
+            property real part: ticket.side.open && ticket.side.floats ? 1 : 0
 
             active: part > 0 && ticket.compare.loaded
             x: parent.width - part * (width + Theme.gap16)
             y: Theme.gap16
             height: parent.height - ticket.barHeight - 2 * Theme.gap16
-            width: ticket.notes.width
+            width: ticket.side.width
             opacity: part
 
             Behavior on part {

@@ -10,7 +10,6 @@ Item {
     id: marks
 
     required property CompareModel compare
-    required property string side
     required property var boxes
     required property var notes
     required property var draft
@@ -18,6 +17,8 @@ Item {
 
     // A mark that the keyboard has come to.
     signal sought(Item mark)
+    // A note's place was drawn.
+    signal drawn(point from, point to)
 
     readonly property size picture: Qt.size(width, height)
 
@@ -29,7 +30,7 @@ Item {
             page: marks.compare.bar.page
             onStartChanged: marks.compare.setDrawing(start !== null)
             Component.onDestruction: marks.compare.setDrawing(false)
-            onDrawn: (from, to) => marks.compare.beginNote(marks.side, from, to, marks.picture)
+            onDrawn: (from, to) => marks.drawn(from, to)
         }
     }
 
@@ -90,7 +91,7 @@ Item {
                 DraftOutline {
                     mark: marks.draft
                     picture: marks.picture
-                    onDropped: marks.compare.dropDraft()
+                    onResumed: marks.compare.resumeNote()
                 }
             }
         }

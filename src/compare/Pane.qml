@@ -14,7 +14,6 @@ Item {
     required property string tone
     required property string missing
     required property string missingWhy
-    required property string side
     required property bool onStage
     required property string under
     required property bool difference
@@ -151,12 +150,12 @@ Item {
         PageMarks {
             anchors.fill: parent
             compare: pane.compare
-            side: pane.side
             boxes: pane.boxes
             notes: pane.notes
             draft: pane.draft
             draws: pane.compare.bar.draws
             onSought: mark => pane.sought(mark)
+            onDrawn: (from, to) => pane.compare.beginNote(pane.index, from, to, picture)
         }
     }
 

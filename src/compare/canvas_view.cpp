@@ -90,6 +90,17 @@ CanvasBarView barView(const Store& store, const FileItem& file, Int index,
   return bar;
 }
 
+// Several panes may show it; the card stands on the one where it was drawn.
+Int draftPaneOf(const std::vector<PaneView>& panes, const std::string& drawnOn) {
+  const auto drawn = std::ranges::find_if(
+      panes, [&](const PaneView& pane) { return pane.draft.here && pane.key == drawnOn; });
+  const auto found =
+      drawn != panes.end()
+          ? drawn
+          : std::ranges::find_if(panes, [](const PaneView& pane) { return pane.draft.here; });
+  return found == panes.end() ? -1 : static_cast<Int>(found - panes.begin());
+}
+
 }  // namespace
 
 std::vector<ModeView> compareModes() {
@@ -127,6 +138,7 @@ CanvasView canvasView(const Store& store, const FileDetail& detail, const Canvas
     view.bar.drafting |= marks.draft.here;
     view.panes[i].draft = std::move(marks.draft);
   }
+  view.draftPane = draftPaneOf(view.panes, state.drawnOn);
   view.loupe = loupe(store, detail, *page, index, roles);
   return view;
 }

@@ -17,6 +17,7 @@ struct CanvasState {
   bool difference = false;
   Int blink = 0;                     // counts the swaps
   std::optional<double> pinchStart;  // zoom
+  std::string drawnOn;               // key of the pane that a note was last begun on
 };
 
 struct PaneView {
@@ -98,6 +99,7 @@ struct CanvasView {
   std::vector<PaneView> panes;
   std::vector<PaneToggleView> toggles;
   LoupeView loupe;
+  Int draftPane = -1;  // that the note being written is placed by; -1 for none
 };
 
 CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state = {});

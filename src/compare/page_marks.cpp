@@ -5,6 +5,7 @@
 #include "compare/canvas.hpp"
 #include "compare/finding_words.hpp"
 #include "compare/marks.hpp"
+#include "notes/composer.hpp"
 #include "pieces/vocabulary.hpp"
 #include "store/people.hpp"
 
@@ -79,11 +80,10 @@ DraftMarkView draftMark(const Store& store, const std::string& ticket, Int index
                         const std::string& side, const std::string& pageName) {
   const auto& draft = store.draft();
   if (!draft || draft->fileID != ticket || draft->page != index || draft->side != side) return {};
-  const bool area = isArea(draft->w, draft->h);
   return {.here = true,
           .box = {draft->x, draft->y, draft->w, draft->h},
-          .area = area,
-          .name = std::string{area ? "Note on this area" : "Note here"} + ", p" + pageName};
+          .area = isArea(draft->w, draft->h),
+          .name = draftTitle(*draft, pageName)};
 }
 
 }  // namespace
@@ -116,7 +116,5 @@ void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent
   note.side = side;
   store.draft.set(std::move(note));
 }
-
-void dropDraft(Store& store) { store.draft.set(std::nullopt); }
 
 }  // namespace vellix

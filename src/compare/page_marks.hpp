@@ -59,6 +59,5 @@ PaneMarks marksOf(const Store& store, const FileDetail& detail, const Page& page
 void toggleFocus(Store& store, const std::string& finding);
 // Begins a note on the page that is open. Spots and size are those of the pane's picture.
 void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent picture);
-void dropDraft(Store& store);
 
 }  // namespace vellix

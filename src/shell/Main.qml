@@ -2,6 +2,7 @@ import QtQuick
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
+import Vellix.Notes
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -17,6 +18,7 @@ Window {
     required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
+    required property NotesModel notes
     required property PictureSource pictures
 
     title: "Vellix"
@@ -56,6 +58,7 @@ Window {
         file: window.file
         compare: window.compare
         inspector: window.inspector
+        notes: window.notes
         pictures: window.pictures
         onCommanded: key => window.commands.run(key)
     }

@@ -29,6 +29,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       file_(store_, loop_, calendar_),
       compare_(store_, loop_),
       inspector_(store_, loop_, calendar_),
+      notes_(store_, loop_, calendar_),
       signInScreen_(store_, browser_, loop_),
       commands_(store_),
       settings_(prefs_),
@@ -63,6 +64,7 @@ QVariantMap Program::parts() {
       {"file", QVariant::fromValue(&file_)},
       {"compare", QVariant::fromValue(&compare_)},
       {"inspector", QVariant::fromValue(&inspector_)},
+      {"notes", QVariant::fromValue(&notes_)},
       {"pictures", QVariant::fromValue<PictureSource*>(&pictures_)},
   };
 }

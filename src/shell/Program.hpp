@@ -9,6 +9,7 @@
 #include "compare/FileModel.hpp"
 #include "compare/Pictures.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "notes/NotesModel.hpp"
 #include "platform/linux/LauncherBadge.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
@@ -75,6 +76,7 @@ class Program {
   FileModel file_;
   CompareModel compare_;
   InspectorModel inspector_;
+  NotesModel notes_;
   SignInModel signInScreen_;
   CommandsModel commands_;
   SettingsModel settings_;

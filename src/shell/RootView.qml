@@ -4,6 +4,7 @@ import QtQuick
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
+import Vellix.Notes
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -18,6 +19,7 @@ FocusScope {
     required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
+    required property NotesModel notes
     required property PictureSource pictures
 
     // A command of the menus' was chosen in the view, by its key.
@@ -108,6 +110,7 @@ FocusScope {
                         anchors.fill: parent
                         file: view.file
                         compare: view.compare
+                        notes: view.notes
                         pictures: view.pictures
                         panel: inspectorPanel
                     }

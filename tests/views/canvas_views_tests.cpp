@@ -152,12 +152,16 @@ TEST_F(CanvasViews, LetAPollComeInWhileANoteIsDrawn) {
   EXPECT_NEAR(store().draft()->h, 0.25, 0.01);
 }
 
-TEST_F(CanvasViews, TellTheDraftAndDropItWhenItIsPressed) {
+TEST_F(CanvasViews, TellTheDraftAndGoToItsTextWhenItIsPressed) {
   QTest::mouseClick(window(), Qt::LeftButton, {}, on(0.8, 0.4));
   settle();
   ASSERT_TRUE(has("Note here, p1"));
   ASSERT_TRUE(press("Note here, p1"));
-  EXPECT_FALSE(store().draft());
+  EXPECT_TRUE(store().draft());
+  EXPECT_TRUE(QTest::qWaitFor([this] {
+    QQuickItem* at = window()->activeFocusItem();
+    return at && isOfType(at, "QQuickTextEdit");
+  }));
 }
 
 TEST_F(CanvasViews, BeginNotesOfOursOnAReference) {

@@ -43,6 +43,19 @@ class EveryView : public ViewTest {
                                          .boxes = {quarter},
                                          .colour = "accent",
                                          .label = "Harrow Print file"});
+    const QVariant chip = toQml(TagChipView{"jorvas@tessarine.example", "Jorvas Lind", "#1a84f0"});
+    QVariantMap noteRow = toQml(NoteRowView{.id = "n1",
+                                            .number = 12,
+                                            .name = "Renny Vale",
+                                            .when = "5 min ago",
+                                            .text = "Too dark",
+                                            .resolveHelp = "Resolve",
+                                            .mine = true,
+                                            .tagged = true})
+                              .toMap();
+    noteRow["who"] = who;
+    noteRow["tags"] = QVariantList{chip};
+    tags_ = pick("notes").second.value<NotesModel*>()->draftTags();
     own_ = {
         {"Board/DueChip", {{"due", due}}},
         {"Board/FileCount", {{"count", count}}},
@@ -56,12 +69,13 @@ class EveryView : public ViewTest {
         {"Board/Sidebar", {pick("board"), pick("pictures")}},
         {"Board/SyncCard", {pick("board")}},
         {"Compare/CanvasBar", {pick("compare")}},
-        {"Compare/CompareCanvas", {pick("compare"), pick("pictures")}},
+        {"Compare/CompareCanvas", {pick("compare"), pick("notes"), pick("pictures")}},
         {"Compare/FactTile", {{"label", "PO"}, {"value", "7781"}}},
         {"Compare/FileHeader", {pick("file")}},
         {"Compare/FileView",
          {pick("file"),
           pick("compare"),
+          pick("notes"),
           pick("pictures"),
           {"panel", QVariant::fromValue(&panel_)}}},
         {"Compare/MultiView", {pick("file")}},
@@ -91,7 +105,6 @@ class EveryView : public ViewTest {
         {"Compare/NotePin", {{"number", 12}}},
         {"Compare/PageMarks",
          {pick("compare"),
-          {"side", "supplier"},
           {"boxes", QVariantList{boxMark}},
           {"notes", QVariantList{noteMark}},
           {"draft", draftMark},
@@ -103,7 +116,6 @@ class EveryView : public ViewTest {
           {"tone", "purple"},
           {"missing", ""},
           {"missingWhy", ""},
-          {"side", "supplier"},
           {"onStage", true},
           {"under", "submitted-0"},
           {"difference", true},
@@ -151,6 +163,15 @@ class EveryView : public ViewTest {
         {"Inspector/StateButton",
          {{"title", "Fine"}, {"icon", "checkmark"}, {"on", true}, {"color", "#2e8b57"}}},
         {"Jobs/ReportProgress", {{"text", "Ready in about 40 sec"}}},
+        {"Notes/Composer", {pick("notes")}},
+        {"Notes/DraftCard", {pick("notes"), {"open", true}}},
+        {"Notes/NoteEditor", {pick("notes")}},
+        {"Notes/NoteRow", {{"note", noteRow}, pick("notes"), pick("pictures")}},
+        {"Notes/NoteRows", {{"rows", QVariantList{noteRow}}, pick("notes"), pick("pictures")}},
+        {"Notes/NotesSection", {pick("notes"), pick("pictures")}},
+        {"Notes/TagChip", {{"chip", chip}}},
+        {"Notes/TagChips", {{"tags", QVariantList{chip}}}},
+        {"Notes/TagPicker", {{"tags", QVariant::fromValue(tags_)}}},
         {"Shell/LabButtons", {}},
         {"Shell/LabMarks", lab},
         {"Shell/LabPillSection",
@@ -221,6 +242,7 @@ class EveryView : public ViewTest {
   }
 
   QQmlComponent panel_{engine()};
+  Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };
 
@@ -228,6 +250,7 @@ TEST_F(EveryView, OfTheBoardLoads) { loadAll("Board"); }
 TEST_F(EveryView, OfTheCanvasLoads) { loadAll("Compare"); }
 TEST_F(EveryView, OfTheJobsLoads) { loadAll("Jobs"); }
 TEST_F(EveryView, OfTheInspectorLoads) { loadAll("Inspector"); }
+TEST_F(EveryView, OfTheNotesLoads) { loadAll("Notes"); }
 TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
 
 TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {

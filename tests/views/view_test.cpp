@@ -81,6 +81,7 @@ QVariantMap ViewTest::models() {
     file_.emplace(store(), desk.time, desk.calendar);
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
+    notes_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.browser, desk.time);
     commands_.emplace(store());
     settings_.emplace(store().prefs);
@@ -92,6 +93,7 @@ QVariantMap ViewTest::models() {
           {"file", QVariant::fromValue(&*file_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
+          {"notes", QVariant::fromValue(&*notes_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};
 }
 

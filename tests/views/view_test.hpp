@@ -9,6 +9,7 @@
 #include "compare/CompareModel.hpp"
 #include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "notes/NotesModel.hpp"
 #include "pieces/Theme.hpp"
 #include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
@@ -59,6 +60,7 @@ class ViewTest : public StoreTest {
   std::optional<FileModel> file_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
+  std::optional<NotesModel> notes_;
   std::optional<CommandsModel> commands_;
   std::optional<SettingsModel> settings_;
   std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();
