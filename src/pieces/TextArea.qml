@@ -107,7 +107,6 @@ Item {
             id: edit
 
             width: scroll.width
-            height: Math.max(implicitHeight, scroll.height)
             activeFocusOnTab: true
             color: Theme.text
             selectionColor: Theme.accent
