@@ -1,4 +1,4 @@
-// The first letter of a text in the other case, in every script of Europe.
+// The first letter of a text in the other case.
 #pragma once
 
 #include <string>
