@@ -32,7 +32,8 @@ Column {
             icon: review.icon
             filled: review.ends
             raised: !review.ends
-            color: review.ends ? Theme.fore["green"] : Theme.text
+            // White is read on this green, in the dark as well.
+            color: review.ends ? Theme.onPaper["green"] : Theme.text
             onClicked: actions.file.pressReview()
         }
 

@@ -199,13 +199,13 @@ Item {
                 model: panel.inspector.others
 
                 PanelRow {
-                    required property var page
-                    required property string name
+                    required property var model
 
                     width: content.width
                     framed: false
-                    text: name
-                    onClicked: panel.inspector.goToPage(page)
+                    text: model.name
+                    count: model.count
+                    onClicked: panel.inspector.goToPage(model.page)
                 }
             }
         }

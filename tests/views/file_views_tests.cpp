@@ -164,6 +164,7 @@ TEST_F(FileViews, FocusAFindingByItsCard) {
 
 TEST_F(FileViews, GoToAPageThatWaits) {
   EXPECT_TRUE(reader().find("Still open on other pages", QAccessible::Heading));
+  EXPECT_TRUE(says("1 to look at"));
   ASSERT_TRUE(press("Page 3"));
   EXPECT_EQ(store().page().at("t1"), 2);
 }
