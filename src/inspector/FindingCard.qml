@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Inspector
+import Vellix.Notes
 import Vellix.Pieces
 
 // One finding: open with its words and its decisions, folded to a line once it is decided, or, where
@@ -28,6 +29,10 @@ Item {
     required property string foldedIcon
     required property string foldedTone
     required property string foldedHelp
+    required property var notes
+    required property string noteCount
+    required property NotesModel noteActions
+    required property PictureSource pictures
 
     property bool expanded: false
     readonly property bool folded: folds && !expanded
@@ -89,6 +94,9 @@ Item {
         waits: card.busy
         text: card.title
         help: card.foldedHelp
+        count: card.noteCount
+        countIcon: "text.bubble.fill"
+        countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
         onClicked: card.expanded = true
     }
 
@@ -217,6 +225,17 @@ Item {
                 size: Theme.small
                 color: Theme.faint
                 text: card.decided
+            }
+
+            NoteRows {
+                visible: card.notes.length > 0 && !card.brief
+                width: parent.width
+                topPadding: Theme.gap8
+                bottomPadding: Theme.gap4
+                rows: card.notes
+                notes: card.noteActions
+                pictures: card.pictures
+                onEmptied: open.forceActiveFocus(Qt.TabFocusReason)
             }
         }
     }

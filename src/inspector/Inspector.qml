@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Inspector
+import Vellix.Notes
 import Vellix.Pieces
 
 // The panel beside the page: what was found on it, and what waits on other pages.
@@ -9,6 +10,8 @@ Item {
     id: panel
 
     required property InspectorModel inspector
+    required property NotesModel notes
+    required property PictureSource pictures
 
     readonly property var head: inspector.head
     // Another page's findings begin at their top.
@@ -146,6 +149,8 @@ Item {
                     required property int index
 
                     width: content.width
+                    noteActions: panel.notes
+                    pictures: panel.pictures
                     onRealIssue: panel.goOn(this, panel.inspector.realIssue(id), "issue")
                     onMarkFine: panel.goOn(this, panel.inspector.fine(id), "fine")
                     onNoted: panel.inspector.note(id)
@@ -176,11 +181,20 @@ Item {
                     required property int index
 
                     width: content.width
+                    noteActions: panel.notes
+                    pictures: panel.pictures
                     onChosen: panel.inspector.press(id)
                     onSelectedChanged: if (selected) panel.chosen(this)
                     onHeightChanged: if (selected) panel.show(this)
                     onStepped: by => panel.step(passed, index, by)
                 }
+            }
+
+            NotesSection {
+                topPadding: Theme.gap12
+                width: content.width
+                notes: panel.notes
+                pictures: panel.pictures
             }
 
             Label {

@@ -11,6 +11,7 @@ Pressable {
     property string text: ""
     property string count: ""
     property string countIcon: ""
+    property string countSpoken: count
     property bool open: false
     property bool waits: false
     property bool framed: true
@@ -81,6 +82,7 @@ Pressable {
             size: Theme.small
             color: row.countIcon === "" ? Theme.faint : Theme.muted
             text: row.count
+            Accessible.name: row.countSpoken
         }
     }
 

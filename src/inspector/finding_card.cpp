@@ -28,6 +28,15 @@ std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file
           {supplierOf(file) + " file", finding.after.value_or("")}};
 }
 
+std::vector<NoteRowView> notesOn(const Store& store, const FileDetail& detail,
+                                 const Finding& finding, Moment now, const Calendar& calendar) {
+  std::vector<NoteRowView> rows;
+  for (const Note& note : detail.comments) {
+    if (note.finding_id == finding.id) rows.push_back(noteRow(store, note, 0, now, calendar));
+  }
+  return rows;
+}
+
 const Finding* findingOf(const Store& store, const std::string& id) {
   const FileDetail* detail = store.currentDetail();
   if (!detail) return nullptr;
@@ -44,16 +53,18 @@ void toggleState(Store& store, const std::string& id, const std::string& state) 
 
 }  // namespace
 
-FindingCardView findingCard(const Store& store, const FileItem& file, const Finding& finding,
+FindingCardView findingCard(const Store& store, const FileDetail& detail, const Finding& finding,
                             Moment now, const Calendar& calendar) {
   const bool decided = finding.state != "open";
+  auto notes = notesOn(store, detail, finding, now, calendar);
+  const std::string noteCount = notes.empty() ? "" : std::to_string(notes.size());
   const std::string line = decided ? decidedLine(store, finding, now, calendar) : std::string{};
   return {
       .id = finding.id,
       .caption = cardCaption(finding),
       .title = finding.title,
       .detail = finding.detail.value_or(""),
-      .wordings = wordingsOf(finding, file),
+      .wordings = wordingsOf(finding, detail.file),
       .decision = finding.state,
       .triage = !isPassed(finding),
       .issue = finding.state == "issue",
@@ -69,6 +80,8 @@ FindingCardView findingCard(const Store& store, const FileItem& file, const Find
           finding.state == "issue" ? "exclamationmark.triangle.fill" : "checkmark.circle.fill",
       .foldedTone = finding.state == "issue" ? "red" : "green",
       .foldedHelp = decided ? line + ". Click to open." : std::string{},
+      .notes = std::move(notes),
+      .noteCount = noteCount,
   };
 }
 

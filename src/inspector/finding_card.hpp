@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "notes/note_row.hpp"
 #include "platform/ports/calendar.hpp"
 #include "store/store.hpp"
 
@@ -37,14 +38,17 @@ struct FindingCardView {
   std::string foldedIcon;
   std::string foldedTone;
   std::string foldedHelp;
+  std::vector<NoteRowView> notes;  // that hang on it
+  std::string noteCount;           // empty for none
   bool operator==(const FindingCardView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
                       (id, caption, title, detail, wordings, decision, triage, issue, fine,
                        busy, noteable, selectable, selected, compact, folds, decided, foldedIcon,
-                       foldedTone, foldedHelp))
+                       foldedTone, foldedHelp, notes, noteCount))
 
-FindingCardView findingCard(const Store& store, const FileItem& file, const Finding& finding,
+// `detail` is the one that the finding is of.
+FindingCardView findingCard(const Store& store, const FileDetail& detail, const Finding& finding,
                             Moment now, const Calendar& calendar);
 
 // What the triage buttons, the note button and a press on the card do; the finding is looked up by

@@ -108,7 +108,7 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
     view.head.calmReason = calmReason(roles);
   }
   const auto cardOf = [&](const Finding* finding) {
-    return findingCard(store, detail.file, *finding, now, calendar);
+    return findingCard(store, detail, *finding, now, calendar);
   };
   std::ranges::transform(real, std::back_inserter(view.cards), cardOf);
   std::ranges::transform(passed, std::back_inserter(view.passed), cardOf);

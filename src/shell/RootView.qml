@@ -130,6 +130,8 @@ FocusScope {
 
         Inspector {
             inspector: view.inspector
+            notes: view.notes
+            pictures: view.pictures
         }
     }
 

@@ -163,5 +163,27 @@ TEST_F(FindingCards, AreBriefAndNeverFoldWhereThereIsNothingToDecide) {
   }
 }
 
+TEST_F(FindingCards, HoldTheirNotesInTheServicesOrder) {
+  const auto on = [](std::string id, std::optional<std::string> finding) {
+    Note note;
+    note.id = std::move(id);
+    note.page = 0;
+    note.by = "jorvas@tessarine.example";
+    note.finding_id = std::move(finding);
+    return note;
+  };
+  EXPECT_TRUE(card().notes.empty());
+  EXPECT_EQ(card().noteCount, "");
+  detail.comments = {on("n1", "f1"), on("n2", std::nullopt), on("n3", "f2"), on("n4", "f1")};
+  detail.comments[0].page = 7;
+  detail.comments[3].resolved = 1;
+  ASSERT_EQ(card().notes.size(), 2U) << "wherever they stand, and resolved or not";
+  EXPECT_EQ(card().notes[0].id, "n1");
+  EXPECT_EQ(card().notes[0].number, 0);
+  EXPECT_EQ(card().notes[1].id, "n4");
+  EXPECT_TRUE(card().notes[1].resolved);
+  EXPECT_EQ(card().noteCount, "2");
+}
+
 }  // namespace
 }  // namespace vellix

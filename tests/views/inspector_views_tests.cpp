@@ -179,6 +179,47 @@ TEST_F(InspectorViews, BeginANoteOnAFinding) {
   EXPECT_EQ(store().draft()->findingID, "f1");
 }
 
+TEST_F(InspectorViews, ShowTheNotesOfAFindingInItsCardAndCountThemOnceFolded) {
+  Note note;
+  note.id = "n1";
+  note.page = 0;
+  note.finding_id = "f1";
+  note.by = "jorvas@tessarine.example";
+  note.text = "Look at this";
+  detail.comments = {note};
+  serve();
+  EXPECT_TRUE(reader().find("Look at this", QAccessible::StaticText));
+  EXPECT_TRUE(reader().find("No notes on this page yet.", QAccessible::StaticText))
+      << "it is the finding's, not the page's";
+  ASSERT_TRUE(press("Resolve"));
+  EXPECT_EQ(desk.http.count("POST api/comments/n1"), 1U);
+  ASSERT_TRUE(press("Fine"));
+  EXPECT_FALSE(reader().find("Look at this", QAccessible::StaticText));
+  EXPECT_TRUE(reader().find("1 note", QAccessible::StaticText));
+}
+
+TEST_F(InspectorViews, KeepWhatIsWrittenThroughPollsAndPages) {
+  auto field = [this] { return seen(window()->contentItem(), "TextArea").value(0); };
+  ASSERT_TRUE(field());
+  QMetaObject::invokeMethod(field(), "take", Q_ARG(int, Qt::TabFocusReason));
+  for (const char letter : QByteArray{"folio"}) QTest::keyClick(window(), letter);
+  settle();
+  ASSERT_EQ(field()->property("text").toString(), "folio");
+  QQuickItem* held = keyed();
+  detail.findings[0].title = "Another one";
+  detail.findings.erase(detail.findings.begin() + 1);
+  detail.file.rev = 2;
+  serve();
+  EXPECT_EQ(keyed(), held);
+  QTest::keyClick(window(), Qt::Key_Left);
+  QTest::keyClick(window(), '!');
+  EXPECT_EQ(field()->property("text").toString(), "foli!o") << "the caret stayed as well";
+  store().goToPage("t1", 1);
+  settle();
+  EXPECT_EQ(field()->property("text").toString(), "foli!o");
+  EXPECT_EQ(keyed(), held);
+}
+
 TEST_F(InspectorViews, TakeQuickChangesOneAfterAnother) {
   ASSERT_TRUE(press("Real issue"));
   EXPECT_EQ(store().details().at("t1").findings[0].state, "issue");
