@@ -252,6 +252,8 @@ void CompareModel::beginNote(int pane, QPointF from, QPointF to, QSizeF picture)
   const PaneView& view = panes_.rows()[at];
   state_.drawnOn = view.key;
   vellix::beginNote(store_, view.side, spotOf(from), spotOf(to), extentOf(picture));
+  // It may be the same spot, of another pane.
+  update();
 }
 
 }  // namespace vellix

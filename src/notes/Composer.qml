@@ -12,8 +12,6 @@ Writing {
     readonly property bool focused: activeFocus || picker.open
     readonly property bool open: focused || field.length > 0 || !tags.empty
     readonly property bool canPost: !view.posting && !notes.blank(field.text)
-    // What scrolls shows all of it while the keyboard is in it.
-    readonly property bool staysWhole: true
 
     function take() {
         field.take(Qt.OtherFocusReason);

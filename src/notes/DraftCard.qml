@@ -31,7 +31,7 @@ Writing {
         soon.stop();
         picker.close();
         const had = activeFocus;
-        if (had && from?.visible)
+        if (had && from?.visible && from.Window.window)
             from.forceActiveFocus(Qt.OtherFocusReason);
         else if (had)
             keptOut();

@@ -1,8 +1,9 @@
 import QtQuick
 import Vellix.Pieces
 
-// A Flickable that goes along with the keyboard: what gets it comes into view, and the arrow and page
-// keys scroll what is higher than its room. With a `label` it is then a Tab stop itself.
+// A Flickable that goes along with the keyboard: what gets it comes into view, as does the caret of a
+// text and all that is written with it, and the arrow and page keys scroll what is higher than its
+// room. With a `label` it is then a Tab stop itself.
 Flickable {
     id: area
 
@@ -12,16 +13,48 @@ Flickable {
 
     readonly property bool overflows: contentHeight > height + 0.5
     readonly property Item keyed: Window.activeFocusItem
+    readonly property Item inside: within(keyed)
+    readonly property TextEdit text: inside as TextEdit
+    readonly property Item whole: writing(inside) ?? inside
+    // The content is about to follow what grew in it.
+    property bool grew: false
+
+    // The item, if it lies in here.
+    function within(item: Item): Item {
+        for (let each = item; each; each = each.parent)
+            if (each === contentItem)
+                return item;
+        return null;
+    }
+
+    function writing(item: Item): Item {
+        for (let each = item; each && each !== contentItem; each = each.parent)
+            if (each as Writing)
+                return each;
+        return null;
+    }
+
+    function follow() {
+        if (!whole)
+            return;
+        reveal(whole);
+        if (text)
+            bring(text, text.cursorRectangle);
+    }
 
     function goTo(to: real) {
         contentY = Math.max(0, Math.min(to, contentHeight - height));
     }
 
     function reveal(item: Item) {
+        bring(item, Qt.rect(0, 0, item.width, item.height));
+    }
+
+    function bring(item: Item, part: rect) {
         if (!overflows)
             return;
-        const top = item.mapToItem(contentItem, 0, 0).y - margin;
-        const bottom = top + item.height + 2 * margin;
+        const top = item.mapToItem(contentItem, part.x, part.y).y - margin;
+        const bottom = top + part.height + 2 * margin;
         goTo(Math.min(top, Math.max(contentY, bottom - height)));
     }
 
@@ -35,12 +68,29 @@ Flickable {
     Accessible.focusable: activeFocusOnTab
     Accessible.ignored: !activeFocusOnTab
 
-    onKeyedChanged: {
-        let inside = keyed;
-        while (inside && inside !== contentItem)
-            inside = inside.parent;
-        if (inside)
-            reveal(keyed);
+    onWholeChanged: follow()
+    onInsideChanged: follow()
+    onContentHeightChanged: {
+        if (grew)
+            follow();
+        grew = false;
+    }
+
+    Connections {
+        target: area.text
+
+        function onCursorRectangleChanged() {
+            area.follow();
+        }
+    }
+
+    Connections {
+        target: area.whole
+
+        function onHeightChanged() {
+            area.grew = true;
+            area.follow();
+        }
     }
 
     Keys.onPressed: event => {
