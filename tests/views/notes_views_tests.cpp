@@ -403,6 +403,36 @@ TEST_F(NotesViews, SetATextFromTheSideThatItIsReadFrom) {
   EXPECT_EQ(keyed()->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
 }
 
+TEST_F(NotesViews, KeepWhatIsWrittenInSightOfThePanel) {
+  bring({noteBy("n1", "renny"), noteBy("n2", "jorvas"), noteBy("n3", "jorvas")});
+  show("Inspector/Inspector",
+       {{"inspector", models()["inspector"]},
+        {"notes", models()["notes"]},
+        {"pictures", models()["pictures"]}},
+       {300, 260});
+  calm();
+  const auto inSight = [this](QQuickItem* at, QRectF part) {
+    return QRectF{0, 0, 300, 260}.contains(at->mapRectToScene(part));
+  };
+  const auto caret = [&] {
+    return inSight(keyed(), keyed()->property("cursorRectangle").toRectF());
+  };
+  focus(field(kField));
+  EXPECT_TRUE(inSight(item("Post"), item("Post")->boundingRect()));
+  for (int row = 0; row < 12; ++row) {
+    key(Qt::Key_Return);
+    EXPECT_TRUE(caret()) << row;
+    EXPECT_TRUE(inSight(item("Post"), item("Post")->boundingRect())) << row;
+  }
+  key(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_TRUE(caret());
+  // Who scrolls away is left there by a poll.
+  QQuickItem* scroll = seen(window()->contentItem(), "ScrollArea")[0];
+  scroll->setProperty("contentY", 0);
+  bring({noteBy("n0", "jorvas"), noteBy("n1", "renny")}, 3);
+  EXPECT_EQ(scroll->property("contentY"), 0);
+}
+
 TEST_F(NotesViews, HoldLongWordsWithinTheirWidth) {
   Note note = noteBy("n1", "renny", std::string(400, 'w'));
   note.tags = std::vector<std::string>{std::string(90, 't') + "@tessarine.example"};
