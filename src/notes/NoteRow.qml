@@ -40,7 +40,7 @@ Rectangle {
         } else if (!confirmDelete) {
             confirmDelete = true;
             hurry.restart();
-        } else if (!hurry.running) {
+        } else if (!hurry.running || !menu.item.pointed) {
             menu.item.close();
             notes.remove(note.id);
         }

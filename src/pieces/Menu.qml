@@ -13,6 +13,9 @@ Popover {
     // The first entry is at hand, as for somebody who opened the menu by key.
     property bool byKey: false
 
+    // The pointer is on it.
+    readonly property alias pointed: pointer.hovered
+
     signal picked(string key)
     // An arrow that leads out of the menu, to the one beside it.
     signal left()
@@ -47,6 +50,10 @@ Popover {
 
         Accessible.role: Accessible.PopupMenu
         Accessible.name: menu.label
+
+        HoverHandler {
+            id: pointer
+        }
 
         Keys.onDownPressed: menu.go(-1, 1)
         Keys.onUpPressed: menu.go(lines.count, -1)

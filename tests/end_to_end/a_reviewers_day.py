@@ -4,6 +4,7 @@ reviewed. After each step the service is asked what it holds."""
 import sys
 
 from desk import Desk, expect, run, wait_until
+from reader import STATE_FOCUSED
 
 RENNY, JORVAS = "renny@tessarine.example", "jorvas@tessarine.example"
 BUTTON = ("push button", "button")
@@ -54,6 +55,20 @@ class Day:
             self.reader.press_named("Next page" if here < index else "Previous page")
             here += 1 if here < index else -1
             self.reader.find(names[here], roles=("heading",))
+
+    def press_beside(self, text, names):
+        """Presses the button of one of these names that belongs to the note of this text."""
+        def button():
+            nodes = self.reader.everything()
+            at = next((index for index, node in enumerate(nodes) if node.name == text), 0)
+            return next((node for node in reversed(nodes[:at])
+                         if node.name in names and node.role in BUTTON), None)
+        self.reader.press(wait_until(f"{names[0]} beside {text}", button))
+
+    def wait_for_keyboard(self, label):
+        wait_until(f"the keyboard in {label}", lambda: any(
+            self.reader.has(node, STATE_FOCUSED)
+            for node in self.reader.find_all(label, roles=TEXT)))
 
     def type_into(self, label, text):
         self.reader.click(self.reader.find(label, roles=TEXT))
@@ -110,10 +125,7 @@ def note_in_a_box(day, page):
                          "mousemove", "--sync", str(left + 20), str(top + 10),
                          "mousemove", "--sync", str(left + 60), str(top + 40), "mouseup", "1")
     day.reader.find(f"Note on this area, p{name}")
-    field = day.reader.find("What needs fixing here?", roles=TEXT)
-    wait_until("the keyboard in the card", lambda: day.reader.has(
-        day.reader.find("What needs fixing here?", roles=TEXT), 12))
-    expect(field is not None, "no field")
+    day.wait_for_keyboard("What needs fixing here?")
     day.reader.type("Let it run on")
     day.reader.key("ctrl+Return")
     day.reader.find("Note added.")
@@ -128,9 +140,7 @@ def note_on_a_finding(day, page):
     known = {note["id"] for note in day.notes()}
     day.go_to(page)
     day.reader.press_named("Add a note to this", roles=BUTTON)
-    day.reader.find("What needs fixing here?", roles=TEXT)
-    wait_until("the keyboard in the card", lambda: day.reader.has(
-        day.reader.find("What needs fixing here?", roles=TEXT), 12))
+    day.wait_for_keyboard("What needs fixing here?")
     day.reader.type("Jorvas, have a look")
     day.reader.press([each for each in day.reader.find_all("Tag people", roles=BUTTON)][-1])
     day.reader.press(day.reader.find("Jorvas", roles=ENTRY))
@@ -149,34 +159,32 @@ def change_the_note(day, page, note):
     def held():
         return next((each for each in day.notes() if each["id"] == note), None)
 
+    written = "The folio jumps here by two"
     day.go_to(page)
     day.reader.find("The folio jumps here")
-    mine = [each for each in day.reader.find_all("Edit or delete", roles=BUTTON)][-1]
-    day.reader.press(mine)
+    day.press_beside("The folio jumps here", ("Edit or delete",))
     day.reader.press(day.reader.find("Edit", roles=ENTRY))
-    wait_until("the keyboard in the note", lambda: day.reader.has(
-        day.reader.find("Note", roles=TEXT), 12))
+    day.wait_for_keyboard("Note")
     day.reader.key("End")
     day.reader.type(" by two")
     day.reader.key("ctrl+Return")
     day.reader.find("Saved.")
-    expect(held()["text"] == "The folio jumps here by two", f"it is held as {held()}")
+    expect(held()["text"] == written, f"it is held as {held()}")
 
-    day.reader.press([each for each in day.reader.find_all("Resolve", roles=BUTTON)][-1])
+    day.press_beside(written, ("Resolve",))
     day.reader.find("Resolved.")
     expect(held()["resolved"] == 1 and held()["resolved_by"] == RENNY, f"it is held as {held()}")
-    day.reader.press([each for each in day.reader.find_all("Resolved by You. Reopen it.")
-                      + day.reader.find_all("Resolved by Renny Vale. Reopen it.")][-1])
+    day.press_beside(written, ("Resolved by Renny Vale. Reopen it.",))
     day.reader.find("Reopened.")
     expect(not held().get("resolved"), f"it is held as {held()}")
 
-    day.reader.press([each for each in day.reader.find_all("Edit or delete", roles=BUTTON)][-1])
+    day.press_beside(written, ("Edit or delete",))
     day.reader.press(day.reader.find("Delete…", roles=ENTRY))
     expect(held() is not None, "it is gone at the first press")
     day.reader.press(day.reader.find("Delete this note?", roles=ENTRY))
     day.reader.find("Note deleted.")
     expect(held() is None, f"it is still held as {held()}")
-    day.reader.gone("The folio jumps here by two")
+    day.reader.gone(written)
 
 
 def due_button(day):
@@ -255,7 +263,7 @@ def spend_the_day(build):
         decide(day)
         note = note_on_the_page(day, page)
         note_in_a_box(day, page)
-        note_on_a_finding(day, page)
+        note_on_a_finding(day, day.waiting()[0]["page"])
         change_the_note(day, page, note)
         move_the_due_date(day)
         hand_on(day)

@@ -107,10 +107,25 @@ TEST_F(NotesViews, AskAnewOnceTheRowIsBuiltAnew) {
 TEST_F(NotesViews, DeleteNothingAtADoubleClick) {
   QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
   openMenu();
-  ASSERT_TRUE(press("Delete…", QAccessible::MenuItem));
-  ASSERT_TRUE(press("Delete this note?", QAccessible::MenuItem));
+  QQuickItem* entry = item("Delete…", QAccessible::MenuItem);
+  ASSERT_TRUE(entry);
+  const QPoint spot = entry->mapToScene({20, 10}).toPoint();
+  QTest::mouseMove(window(), spot);
+  settle();
+  QTest::mouseClick(window(), Qt::LeftButton, {}, spot);
+  settle();
+  QTest::mouseClick(window(), Qt::LeftButton, {}, spot);
+  settle();
   EXPECT_TRUE(posted("api/comments/n1").empty());
   EXPECT_TRUE(offers("Delete this note?"));
+}
+
+TEST_F(NotesViews, DeleteAtOnceForWhoHasNoPointerOnIt) {
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  openMenu();
+  ASSERT_TRUE(press("Delete…", QAccessible::MenuItem));
+  ASSERT_TRUE(press("Delete this note?", QAccessible::MenuItem));
+  EXPECT_EQ(posted("api/comments/n1"), std::vector<std::string>{R"({"deleted":true})"});
 }
 
 TEST_F(NotesViews, OfferNothingOfANoteThatIsBeingChanged) {
