@@ -2,7 +2,7 @@ import QtQuick
 import Vellix.Pieces
 
 // Remembers that the keyboard was within `around` last, also once what had it is gone: then nobody
-// has it but what is around it. `ringed` tells whether it had come there by key.
+// has it but what is around it. `ringed` tells that it had come there by key, or that somebody wrote.
 QtObject {
     id: hold
 
@@ -22,7 +22,7 @@ QtObject {
     onKeyedChanged: {
         if (keyed !== around && has(around, keyed)) {
             held = true;
-            ringed = (keyed as PressArea)?.visualFocus ?? false;
+            ringed = (keyed as PressArea)?.visualFocus ?? true;
         } else if (keyed && !has(keyed, around)) {
             held = false;
         }
