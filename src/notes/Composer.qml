@@ -42,6 +42,8 @@ Writing {
     Label {
         id: title
 
+        // A little apart from the notes above.
+        y: Theme.gap4
         width: Math.min(implicitWidth, parent.width - (hint.visible ? hint.implicitWidth + Theme.gap8 : 0))
         size: Theme.note
         weight: Font.Medium
@@ -63,7 +65,7 @@ Writing {
     TextArea {
         id: field
 
-        y: title.height + 6
+        y: title.y + title.height + 6
         width: parent.width
         label: "Write a note for the report"
         placeholder: label

@@ -132,7 +132,7 @@ Writing {
     TextArea {
         id: field
 
-        readonly property real room: people.y - Theme.gap4 - y
+        readonly property real room: people.y - y
 
         x: 14
         y: close.y + close.height + 3
@@ -152,18 +152,22 @@ Writing {
     ScrollArea {
         id: people
 
+        // Room for the ring of the keyboard, which would be cut off.
+        readonly property real air: 4
+
         // Where many are tagged, two lines stay to the text.
-        height: Math.min(picker.implicitHeight, 74)
+        height: Math.min(contentHeight, 78)
         anchors.bottom: send.top
-        anchors.bottomMargin: Theme.gap4
-        x: 9
+        x: 9 - air
         width: parent.width - 2 * x
-        contentHeight: picker.implicitHeight
+        contentHeight: picker.implicitHeight + 2 * air
 
         TagPicker {
             id: picker
 
-            width: people.width
+            x: people.air
+            y: people.air
+            width: people.width - 2 * people.air
             height: implicitHeight
             tags: card.notes.draftTags
         }
