@@ -16,16 +16,17 @@ struct TagChipView {
 };
 BOOST_DESCRIBE_STRUCT(TagChipView, (), (key, name, color))
 
-// A line of the menu that tags people.
+// A line of the menu that tags people, which stays open for more than one.
 struct TagEntryView {
   std::string key;  // the address
   std::string text;
   bool checked = false;
   std::string help;
   bool enabled = true;
+  bool stays = true;
   bool operator==(const TagEntryView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(TagEntryView, (), (key, text, checked, help, enabled))
+BOOST_DESCRIBE_STRUCT(TagEntryView, (), (key, text, checked, help, enabled, stays))
 
 std::vector<TagChipView> tagChips(const Store& store, const std::vector<std::string>& tags);
 // Everybody but the person signed in.

@@ -156,6 +156,7 @@ TEST_F(DraftCards, TagPeople) {
   ASSERT_TRUE(press("Tag people"));
   ASSERT_TRUE(comes([this] { return offers("Jorvas"); }));
   ASSERT_TRUE(press("Jorvas", QAccessible::MenuItem));
+  key(Qt::Key_Escape);
   ASSERT_TRUE(writes());
   EXPECT_EQ(seen(card(), "TagChip").size(), 1);
   type("x");
@@ -170,6 +171,25 @@ TEST_F(DraftCards, CloseTheirMenuBeforeThemselves) {
   ASSERT_TRUE(comes([this] { return offers("Jorvas"); }));
   key(Qt::Key_Escape);
   EXPECT_TRUE(comes([this] { return !offers("Jorvas"); }));
+  EXPECT_TRUE(store().draft());
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(store().draft());
+}
+
+TEST_F(DraftCards, LeaveEscapeToANoteThatIsEdited) {
+  store().prefs.showNotes.set(true);
+  store().details.set({{"t1", [] {
+                          FileDetail detail = lighthouse(2);
+                          detail.comments = {noteBy("n1", "renny")};
+                          return detail;
+                        }()}});
+  begin();
+  ASSERT_TRUE(press("Edit or delete"));
+  ASSERT_TRUE(comes([this] { return offers("Edit"); }));
+  ASSERT_TRUE(press("Edit", QAccessible::MenuItem));
+  ASSERT_TRUE(comes([this] { return keyedName() == "Note"; }));
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(field("Note"));
   EXPECT_TRUE(store().draft());
   key(Qt::Key_Escape);
   EXPECT_FALSE(store().draft());
