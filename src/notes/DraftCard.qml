@@ -122,7 +122,7 @@ Writing {
 
         anchors.right: parent.right
         anchors.rightMargin: 10
-        y: 9
+        y: 7
         symbol: "xmark"
         size: 11
         help: "Discard (Esc)"
@@ -135,7 +135,7 @@ Writing {
         readonly property real room: people.y - y
 
         x: 14
-        y: close.y + close.height + 3
+        y: close.y + close.height + 1
         width: parent.width - 2 * x
         height: Math.min(implicitHeight, room)
         label: "What needs fixing here?"

@@ -20,6 +20,8 @@ Item {
     readonly property bool focused: edit.activeFocus
     readonly property real side: plain ? 0 : 9
     readonly property real above: plain ? 0 : 7
+    // A text's lines lie on whole pixels.
+    readonly property real lineHeight: Math.ceil(line.height)
 
     function take(reason: int) {
         edit.forceActiveFocus(reason);
@@ -53,7 +55,7 @@ Item {
     }
 
     implicitWidth: 200
-    implicitHeight: Math.ceil(Math.max(minLines * line.height, Math.min(edit.contentHeight, maxLines * line.height)))
+    implicitHeight: Math.ceil(Math.max(minLines * lineHeight, Math.min(edit.contentHeight, maxLines * lineHeight)))
                     + 2 * above
 
     FontMetrics {

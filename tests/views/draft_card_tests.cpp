@@ -1,4 +1,6 @@
 // The card beside the place of a note that is being written, worked on the canvas.
+#include <functional>
+
 #include "compare/draft_place.hpp"
 #include "views/notes_test.hpp"
 
@@ -323,6 +325,51 @@ TEST_F(DraftCards, StayHiddenWithoutTheirPane) {
   EXPECT_FALSE(card());
   store().shown.set({"submitted", "supplier"});
   EXPECT_TRUE(writes());
+}
+
+TEST_F(DraftCards, ComeAndLeaveGrowingAndFading) {
+  const std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
+    if (isOfType(at, "DraftCard")) return at;
+    for (QQuickItem* child : at->childItems()) {
+      if (QQuickItem* found = find(child)) return found;
+    }
+    return nullptr;
+  };
+  QQuickItem* card = find(window()->contentItem());
+  ASSERT_TRUE(card);
+  EXPECT_EQ(card->transformOrigin(), QQuickItem::Center);
+  QList<double> scales;
+  QObject::connect(card, &QQuickItem::scaleChanged, card, [&] { scales.append(card->scale()); });
+  theme()->setReducedMotion(false);
+  for (const bool comes : {true, false}) {
+    scales.clear();
+    if (comes) {
+      click(on(0.5, 0.3));
+    } else {
+      store().draft.set(std::nullopt);
+    }
+    const double end = comes ? 1 : 0;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      settle();
+      return card->opacity() == end;
+    }));
+    EXPECT_GT(scales.size(), 1) << comes;
+    for (const double scale : scales) EXPECT_GE(scale, 0.97);
+    EXPECT_DOUBLE_EQ(card->scale(), comes ? 1 : 0.97);
+    EXPECT_EQ(card->isVisible(), comes);
+  }
+}
+
+TEST_F(DraftCards, HoldSixLines) {
+  begin();
+  const double two = field(kCardField)->parentItem()->parentItem()->height();
+  for (int row = 1; row < 6; ++row) key(Qt::Key_Return);
+  const QQuickItem* room = field(kCardField)->parentItem()->parentItem();
+  EXPECT_GT(room->height(), 2.5 * two);
+  EXPECT_GE(room->height(), field(kCardField)->height()) << "all are in sight";
+  const double six = room->height();
+  key(Qt::Key_Return);
+  EXPECT_EQ(room->height(), six);
 }
 
 TEST_F(DraftCards, TakeAVeryLongText) {
