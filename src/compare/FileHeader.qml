@@ -16,6 +16,11 @@ Item {
     readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
                                  + actions.wanted <= inner
 
+    // At the title, where no key does anything by mistake.
+    function takeKeyboard() {
+        name.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitHeight: Math.max(words.height, wide ? actions.height : 0) + 2 * Theme.gap12
 
     // Before the links in Tab's order, as to the eye.
@@ -53,6 +58,11 @@ Item {
                 tellsWhole: true
                 text: head.header.heading
                 Accessible.role: Accessible.Heading
+                Accessible.focusable: activeFocus
+
+                FocusRing {
+                    visible: name.activeFocus
+                }
             }
 
             Row {

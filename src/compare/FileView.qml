@@ -27,9 +27,9 @@ Item {
         file.layStrip(width);
     }
 
-    // For who was at the ticket before: the first thing of this one.
+    // For who was at the ticket before.
     function takeKeyboard() {
-        nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        header.takeKeyboard();
     }
 
     onWidthChanged: lay()

@@ -53,6 +53,7 @@ Rectangle {
         height: 24
         radius: 12
         label: toast.undoLabel
+        help: label + " (⌘Z)"
         onClicked: toast.undo()
 
         Rectangle {

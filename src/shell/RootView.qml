@@ -27,6 +27,8 @@ FocusScope {
 
     readonly property var shown: root.view
     readonly property string openFile: shown.content === "file" ? shown.file : ""
+    // The view of that ticket.
+    property FileView ticket: null
 
     focus: true
 
@@ -102,8 +104,9 @@ FocusScope {
                 Repeater {
                     model: view.openFile === "" ? [] : [view.openFile]
                     onItemAdded: (index, item) => {
+                        view.ticket = item as FileView;
                         if (hold.held && hold.ringed)
-                            (item as FileView).takeKeyboard();
+                            view.ticket.takeKeyboard();
                     }
 
                     FileView {
@@ -157,5 +160,6 @@ FocusScope {
         anchors.fill: parent
         toast: view.root.toast
         onUndo: view.root.undo()
+        onKeptOut: view.ticket?.takeKeyboard()
     }
 }

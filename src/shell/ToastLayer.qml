@@ -8,12 +8,38 @@ Item {
     required property var toast
 
     signal undo()
+    // The toast goes with the keyboard, and what had that before has gone.
+    signal keptOut()
+
+    readonly property Item keyed: Window.activeFocusItem
+    // What had the keyboard last, beside the toast.
+    property Item from: null
 
     readonly property bool open: toast.id !== ""
     property string words: ""
     property string label: ""
 
+    function giveBack() {
+        if (!shown.has(keyed))
+            return;
+        if (from?.visible)
+            from.forceActiveFocus(Qt.TabFocusReason);
+        else
+            keptOut();
+    }
+
+    function takeBack() {
+        giveBack();
+        undo();
+    }
+
+    onKeyedChanged: {
+        if (keyed && !shown.has(keyed))
+            from = keyed;
+    }
     onToastChanged: {
+        if (toast.undoLabel === "")
+            giveBack();
         // Not `open`, which may still hold the answer for the toast before.
         if (toast.id === "")
             return;
@@ -21,8 +47,21 @@ Item {
         label = toast.undoLabel;
     }
 
+    // A toast is soon gone: there is no time to walk to its button.
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        enabled: layer.open && layer.toast.undoLabel !== ""
+        onActivated: layer.takeBack()
+    }
+
     ToastView {
         id: shown
+
+        function has(item: Item): bool {
+            while (item && item !== shown)
+                item = item.parent;
+            return item !== null;
+        }
 
         anchors.horizontalCenter: parent.horizontalCenter
         y: layer.height - height - (layer.open ? 62 : 46)
@@ -31,7 +70,7 @@ Item {
         widest: Math.min(560, layer.width - 2 * Theme.gap24)
         text: layer.words
         undoLabel: layer.label
-        onUndo: layer.undo()
+        onUndo: layer.takeBack()
 
         Behavior on opacity {
             Glide {}

@@ -152,7 +152,14 @@ TEST_F(FileShell, MarksTheTicketReviewedAndGoesOn) {
   EXPECT_EQ(posted(), Lines{R"(POST api/files/t1/status {"status":"reviewed"})"});
   EXPECT_EQ(store().selection(), std::set<std::string>{"t2"});
   EXPECT_EQ(reader().enabled("Mark reviewed"), 0) << "until the board is in";
-  EXPECT_EQ(keyed(), "Make report") << "at the first that can be pressed";
+  const QString next = window()->activeFocusItem()->property("text").toString();
+  EXPECT_EQ(next, "Harbour Bread") << "at the next ticket's title";
+  QTest::keyClick(window(), Qt::Key_Return);
+  QTest::keyClick(window(), Qt::Key_Space);
+  settle();
+  EXPECT_EQ(posted().size(), 1U) << "where no key does anything by mistake";
+  QTest::keyClick(window(), Qt::Key_Tab);
+  settle();
   EXPECT_TRUE(ringed());
 }
 

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <functional>
 
+#include "views/sights.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -141,6 +142,60 @@ TEST_F(RootViews, ShowTheToastAndItsUndo) {
   EXPECT_TRUE(undone);
   EXPECT_FALSE(store().toast());
   EXPECT_TRUE(QTest::qWaitFor([this] { return !warns("Marked fine."); }));
+}
+
+TEST_F(RootViews, GiveTheKeyboardBackFromUndo) {
+  serveTheDay();
+  showMain({1'500, 940});
+  theme()->setReducedMotion(true);
+  const auto walkToUndo = [this] {
+    store().toast.set(Toast{"Marked fine.", "Undo", [] {}});
+    settle();
+    itemOf("ToastView")->nextItemInFocusChain()->forceActiveFocus(Qt::TabFocusReason);
+    ASSERT_EQ(window()->activeFocusItem()->property("label").toString(), "Undo");
+  };
+  QQuickItem* field = seen(window()->contentItem(), "TextArea").value(0);
+  ASSERT_TRUE(field);
+  QMetaObject::invokeMethod(field, "take", Q_ARG(int, Qt::TabFocusReason));
+  const QQuickItem* writing = window()->activeFocusItem();
+  walkToUndo();
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(window()->activeFocusItem(), writing) << "pressed";
+  walkToUndo();
+  store().toast.set(std::nullopt);
+  settle();
+  EXPECT_EQ(window()->activeFocusItem(), writing) << "gone by itself";
+  walkToUndo();
+  store().selection.set({"t2"});
+  settle();
+  store().toast.set(std::nullopt);
+  settle();
+  ASSERT_TRUE(window()->activeFocusItem());
+  EXPECT_EQ(window()->activeFocusItem()->property("text").toString(), "Harbour Bread")
+      << "what had it is gone";
+}
+
+TEST_F(RootViews, UndoByAKeyWhileThatIsOffered) {
+  serveTheDay();
+  showMain({1'500, 940});
+  int undone = 0;
+  const auto undo = [this] {
+    QTest::keyClick(window(), Qt::Key_Z, Qt::ControlModifier);
+    settle();
+  };
+  undo();
+  store().toast.set(Toast{"Up to date."});
+  settle();
+  undo();
+  EXPECT_EQ(undone, 0);
+  EXPECT_TRUE(store().toast());
+  store().toast.set(Toast{"Marked fine.", "Undo", [&] { ++undone; }});
+  settle();
+  undo();
+  undo();
+  EXPECT_EQ(undone, 1);
+  EXPECT_FALSE(store().toast());
 }
 
 TEST_F(RootViews, ReturnToTheSignInScreen) {
