@@ -10,8 +10,6 @@ Popover {
     id: menu
 
     required property var entries
-    // The first entry is at hand, as for somebody who opened the menu by key.
-    property bool byKey: false
 
     // The pointer is on it.
     readonly property alias pointed: pointer.hovered
@@ -20,11 +18,6 @@ Popover {
     // An arrow that leads out of the menu, to the one beside it.
     signal left()
     signal right()
-
-    function openAt(byKey: bool) {
-        menu.byKey = byKey;
-        open();
-    }
 
     function go(index: int, by: int) {
         for (let i = index + by; i >= 0 && i < lines.count; i += by) {

@@ -10,8 +10,16 @@ T.Popup {
     // What a screen reader calls it.
     required property string label
     property real radius: Theme.radiusCard
+    // It was opened by key: then `first`, where there is one, gets the keyboard at once.
+    property bool byKey: false
+    property Item first: null
     // What had the focus, and whether its ring showed: { item, ring }.
     property var cameFrom: null
+
+    function openAt(byKey: bool) {
+        popover.byKey = byKey;
+        open();
+    }
 
     modal: true
     dim: false
@@ -22,6 +30,10 @@ T.Popup {
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
 
+    onOpened: {
+        if (byKey && first)
+            first.forceActiveFocus(Qt.TabFocusReason);
+    }
     onAboutToShow: {
         const item = parent?.Window.activeFocusItem ?? null;
         cameFrom = item ? { item: item, ring: (item as PressArea)?.visualFocus ?? false } : null;

@@ -13,8 +13,8 @@ class PressArea : public QQuickItem {
   QML_ELEMENT
   Q_PROPERTY(bool pressed READ pressed NOTIFY pressedChanged)
   Q_PROPERTY(bool hovered READ hovered NOTIFY hoveredChanged)
-  // True while the area has the focus and got it by key: only then a ring is due. It comes back with
-  // the focus where the area was disabled for a while, or the window was left.
+  // True while the area has the focus and got it by key: only then a ring is due. It comes back
+  // with the focus where the area was disabled for a while, or the window was left.
   Q_PROPERTY(bool visualFocus READ visualFocus NOTIFY visualFocusChanged)
   Q_PROPERTY(QString help READ help WRITE setHelp NOTIFY helpChanged)
   // Keeps the pointer from being taken by what scrolls around it, for sliders.

@@ -28,6 +28,22 @@ Item {
             current: "a"
             options: [{ key: "a", label: "Side by side" }, { key: "b", label: "Overlay", count: "3" }]
         }
+        DropButton {
+            id: drop
+
+            label: "You"
+
+            Label { text: "You" }
+        }
+        ListRow {
+            id: row
+
+            label: "Renny Vale"
+            width: 100
+            height: 24
+
+            Label { text: "Renny Vale" }
+        }
         Slider { id: slider; label: "Zoom"; from: 1; to: 4; level: 2; width: 200 }
         ToastView { id: toast; text: "Marked a real issue."; undoLabel: "Undo" }
         Avatar {
@@ -75,7 +91,7 @@ Item {
         }
 
         function cleanup() {
-            for (const control of [pill, big, link, bare, stop, check, toggle, slider])
+            for (const control of [pill, big, link, bare, stop, check, toggle, drop, row, slider])
                 control.enabled = true;
             Theme.reducedMotion = false;
             big.busy = false;
@@ -100,6 +116,8 @@ Item {
                 { tag: "LinkPill", item: link, signal: "clicked", name: "Email", role: "Link" },
                 { tag: "IconButton", item: bare, signal: "clicked", name: "Settings", role: "Button" },
                 { tag: "TextButton", item: stop, signal: "clicked", name: "Stop", role: "Button" },
+                { tag: "DropButton", item: drop, signal: "clicked", name: "You", role: "Button" },
+                { tag: "ListRow", item: row, signal: "clicked", name: "Renny Vale", role: "Button" },
                 { tag: "CheckBox", item: check, signal: "toggled", name: "Only mine", role: "CheckBox" },
                 { tag: "Switch", item: toggle, signal: "toggled", name: "Urgent", role: "CheckBox" }
             ];
@@ -134,6 +152,8 @@ Item {
                 { tag: "LinkPill", item: link },
                 { tag: "IconButton", item: bare },
                 { tag: "TextButton", item: stop },
+                { tag: "DropButton", item: drop },
+                { tag: "ListRow", item: row },
                 { tag: "CheckBox", item: check },
                 { tag: "CheckBox, checked", item: check, checked: true },
                 { tag: "Switch", item: toggle },

@@ -65,6 +65,56 @@ TEST(QtCalendar, SpeaksTheLocale) {
   EXPECT_EQ(in("UTC", "de_DE").weekday(moment), "Mittwoch");
 }
 
+TEST(QtCalendar, TellsTheDateWithItsYear) {
+  const Moment moment = utc(2026, 11, 18, 23, 30);
+  EXPECT_EQ(in("UTC").dateAndTime(moment), "Nov 18, 2026, 11:30 PM");
+  EXPECT_EQ(in("Asia/Kolkata").dateAndTime(moment), "Nov 19, 2026, 5:00 AM");
+  EXPECT_EQ(in("America/New_York").dateAndTime(moment), "Nov 18, 2026, 6:30 PM");
+  EXPECT_EQ(in("UTC", "en_GB").dateAndTime(moment), "18 Nov 2026, 23:30");
+}
+
+TEST(QtCalendar, NamesTheHalvesOfTheDayWhereThereAreAny) {
+  EXPECT_EQ(in("UTC").halfOfDay(false), "AM");
+  EXPECT_EQ(in("UTC").halfOfDay(true), "PM");
+  EXPECT_EQ(in("UTC", "de_DE").halfOfDay(true), "");
+  EXPECT_EQ(in("UTC", "en_GB").halfOfDay(false), "");
+  EXPECT_FALSE(in("UTC", "ko_KR").halfOfDay(true).empty());
+}
+
+TEST(QtCalendar, ReadsTheClockOnTheWallAndBack) {
+  const Moment moment = utc(2026, 7, 1, 22, 45, 30);
+  struct Row {
+    const char* zone;
+    WallTime wall;
+  };
+  for (const Row& row : {Row{"UTC", {dayNumber(2026, 7, 1), 22, 45}},
+                         {"America/New_York", {dayNumber(2026, 7, 1), 18, 45}},
+                         {"Asia/Kolkata", {dayNumber(2026, 7, 2), 4, 15}},
+                         {"Asia/Kathmandu", {dayNumber(2026, 7, 2), 4, 30}},
+                         {"Pacific/Auckland", {dayNumber(2026, 7, 2), 10, 45}}}) {
+    const auto calendar = in(row.zone);
+    EXPECT_EQ(calendar.wallTime(moment), row.wall) << row.zone;
+    EXPECT_EQ(calendar.momentAt(row.wall), utc(2026, 7, 1, 22, 45)) << row.zone;
+  }
+}
+
+TEST(QtCalendar, GoesOnWhereTheClocksJump) {
+  const auto calendar = in("Europe/Berlin");
+  const int spring = dayNumber(2026, 3, 29);
+  EXPECT_EQ(calendar.momentAt({spring, 1, 59}), utc(2026, 3, 29, 0, 59));
+  EXPECT_EQ(calendar.momentAt({spring, 2, 30}), utc(2026, 3, 29, 1, 30)) << "at half past three";
+  EXPECT_EQ(calendar.momentAt({spring, 3, 0}), utc(2026, 3, 29, 1, 0));
+  const int autumn = dayNumber(2026, 10, 25);
+  EXPECT_EQ(calendar.momentAt({autumn, 2, 30}), utc(2026, 10, 25, 0, 30)) << "the first of two";
+  EXPECT_EQ(calendar.momentAt({autumn, 3, 0}), utc(2026, 10, 25, 2, 0));
+  EXPECT_EQ(calendar.wallTime(utc(2026, 10, 25, 0, 30)),
+            calendar.wallTime(utc(2026, 10, 25, 1, 30)));
+  // Where midnight itself is jumped over.
+  const auto beirut = in("Asia/Beirut");
+  EXPECT_EQ(beirut.wallTime(beirut.momentAt({dayNumber(2026, 3, 29), 0, 30})),
+            (WallTime{dayNumber(2026, 3, 29), 1, 30}));
+}
+
 TEST(QtCalendar, DaysBeforeTheEpochAreNegative) {
   EXPECT_EQ(in("UTC").dayOf(momentOf(-1)), -1);
   EXPECT_EQ(in("UTC").dayOf(momentOf(0)), 0);
@@ -77,6 +127,8 @@ TEST(QtCalendar, ImpossibleMomentsDoNoHarm) {
     calendar.dayOf(momentOf(wire));
     EXPECT_FALSE(calendar.weekday(momentOf(wire)).empty()) << wire;
     EXPECT_FALSE(calendar.monthAndDay(momentOf(wire)).empty()) << wire;
+    EXPECT_FALSE(calendar.dateAndTime(momentOf(wire)).empty()) << wire;
+    calendar.momentAt(calendar.wallTime(momentOf(wire)));
   }
 }
 

@@ -2,11 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
-#include <chrono>
-#include <cmath>
 #include <limits>
 #include <vector>
+
+#include "support/fakes.hpp"
 
 namespace vellix::test {
 namespace {
@@ -16,30 +15,8 @@ constexpr double kHour = 3600;
 constexpr double kDay = 86'400;
 
 // English words in UTC; the real ones come from the user's locale and time zone.
-class UtcCalendar : public Calendar {
- public:
-  int dayOf(Moment moment) const override {
-    return static_cast<int>(std::floor(wireOf(moment) / 1000 / kDay));
-  }
-  std::string shortTime(Moment moment) const override {
-    const auto minutes =
-        static_cast<int>(std::floor((wireOf(moment) / 1000 - dayOf(moment) * kDay) / kMinute));
-    const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
-    return two(minutes / 60) + ":" + two(minutes % 60);
-  }
-  std::string weekday(Moment moment) const override {
-    static constexpr std::array names = {"Thursday", "Friday",  "Saturday", "Sunday",
-                                         "Monday",   "Tuesday", "Wednesday"};
-    return names.at(static_cast<std::size_t>(dayOf(moment) % 7));
-  }
-  std::string shortWeekday(Moment moment) const override { return weekday(moment).substr(0, 3); }
-  std::string monthAndDay(Moment moment) const override {
-    const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{dayOf(moment)}}};
-    static constexpr std::array names = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return std::string{names.at(static_cast<unsigned>(date.month()) - 1)} + " " +
-           std::to_string(static_cast<unsigned>(date.day()));
-  }
+struct UtcCalendar : FakeCalendar {
+  UtcCalendar() { to24 = true; }
 };
 
 // Wednesday, 15 November 2023, 15:00 UTC.

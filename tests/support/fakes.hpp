@@ -1,6 +1,7 @@
 // Ports that live in memory.
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <set>
 
@@ -99,7 +100,7 @@ class FakeBadge : public Badge {
   std::vector<std::optional<std::int64_t>> shown;  // the latest last
 };
 
-// UTC, with English words.
+// UTC or a fixed distance from it, with English words.
 class FakeCalendar : public Calendar {
  public:
   int dayOf(Moment moment) const override;
@@ -107,6 +108,16 @@ class FakeCalendar : public Calendar {
   std::string weekday(Moment moment) const override;
   std::string shortWeekday(Moment moment) const override { return weekday(moment).substr(0, 3); }
   std::string monthAndDay(Moment moment) const override;
+  std::string dateAndTime(Moment moment) const override;
+  WallTime wallTime(Moment moment) const override;
+  Moment momentAt(const WallTime& time) const override;
+  std::string halfOfDay(bool afternoon) const override {
+    if (to24) return {};
+    return afternoon ? "PM" : "AM";
+  }
+
+  std::chrono::minutes zone{0};  // ahead of UTC
+  bool to24 = false;
 };
 
 }  // namespace vellix

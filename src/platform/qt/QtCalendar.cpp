@@ -44,10 +44,45 @@ std::string QtCalendar::shortWeekday(Moment moment) const {
   return locale_.dayName(local(moment).date().dayOfWeek(), QLocale::ShortFormat).toStdString();
 }
 
-std::string QtCalendar::monthAndDay(Moment moment) const {
+bool QtCalendar::dayBeforeMonth() const {
   const QString order = locale_.dateFormat(QLocale::ShortFormat);
-  const bool dayFirst = order.indexOf(u'd') < order.indexOf(u'M');
-  return locale_.toString(local(moment).date(), dayFirst ? "d MMM" : "MMM d").toStdString();
+  return order.indexOf(u'd') < order.indexOf(u'M');
+}
+
+std::string QtCalendar::monthAndDay(Moment moment) const {
+  return locale_.toString(local(moment).date(), dayBeforeMonth() ? "d MMM" : "MMM d").toStdString();
+}
+
+std::string QtCalendar::dateAndTime(Moment moment) const {
+  const auto* form = dayBeforeMonth() ? "d MMM yyyy" : "MMM d, yyyy";
+  return locale_.toString(local(moment).date(), form).toStdString() + ", " + shortTime(moment);
+}
+
+WallTime QtCalendar::wallTime(Moment moment) const {
+  const QTime time = local(moment).time();
+  return {.day = dayOf(moment), .hour = time.hour(), .minute = time.minute()};
+}
+
+QDateTime QtCalendar::local(const QDate& date, const QTime& time) const {
+  return zone_ ? QDateTime(date, time, *zone_) : QDateTime(date, time);
+}
+
+Moment QtCalendar::momentAt(const WallTime& wall) const {
+  const QDate date = QDate(1970, 1, 1).addDays(wall.day);
+  const QTime time(wall.hour, wall.minute);
+  const Moment moment = momentOf(static_cast<double>(local(date, time).toMSecsSinceEpoch()));
+  // Where it comes twice, Qt takes either. Clocks are put back by an hour, on one island by half.
+  for (const int minutes : {60, 30}) {
+    const Moment before = moment - std::chrono::minutes{minutes};
+    if (wallTime(before) == wall) return before;
+  }
+  return moment;
+}
+
+std::string QtCalendar::halfOfDay(bool afternoon) const {
+  const QString form = locale_.timeFormat(QLocale::ShortFormat);
+  if (!form.contains(u'a', Qt::CaseInsensitive)) return {};
+  return (afternoon ? locale_.pmText() : locale_.amText()).toStdString();
 }
 
 }  // namespace vellix

@@ -25,9 +25,15 @@ class QtCalendar : public Calendar {
   std::string weekday(Moment moment) const override;
   std::string shortWeekday(Moment moment) const override;
   std::string monthAndDay(Moment moment) const override;
+  std::string dateAndTime(Moment moment) const override;
+  WallTime wallTime(Moment moment) const override;
+  Moment momentAt(const WallTime& time) const override;
+  std::string halfOfDay(bool afternoon) const override;
 
  private:
   QDateTime local(Moment moment) const;
+  QDateTime local(const QDate& date, const QTime& time) const;
+  bool dayBeforeMonth() const;
 
   QLocale locale_;
   std::optional<QTimeZone> zone_;
