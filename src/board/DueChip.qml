@@ -1,23 +1,27 @@
 import QtQuick
 import Vellix.Pieces
 
-// When the review is due, in the longest words that fit. `due` is a DueChipView.
+// When the review is due; where it is `compact` in the longest words that fit. `due` is a DueChipView.
 Item {
     id: chip
 
     required property var due
+    property bool compact: false
 
-    implicitHeight: pill.implicitHeight + 3
+    implicitWidth: pill.implicitWidth
+    implicitHeight: pill.implicitHeight
 
     Pillbox {
         id: pill
 
-        y: 3
+        anchors.bottom: parent.bottom
         small: true
         icon: chip.due.icon
         tone: chip.due.tone
-        help: chip.due.text
+        help: chip.compact ? chip.due.text : ""
         text: {
+            if (!chip.compact)
+                return chip.due.text;
             const room = chip.width - 2 * sidePadding - markWidth - gap;
             if (whole.width <= room)
                 return chip.due.text;

@@ -98,6 +98,7 @@ Pressable {
             height: active ? 24 : 0
 
             sourceComponent: DueChip {
+                compact: true
                 due: row.ticket.due
             }
         }

@@ -4,12 +4,13 @@ import QtQuick
 import Vellix.Board
 import Vellix.Pieces
 
-// Who reviews here, and who of them is in the program now; at the far end the settings and the
-// account.
+// Who reviews here, and who of them is in the program now; at the far end the activity, the
+// settings and the account.
 Item {
     id: bar
 
     required property BoardModel board
+    required property ActivityModel activity
     required property PictureSource pictures
 
     // A command of the program's was chosen, by its key.
@@ -87,6 +88,11 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.gap4
+
+        ActivityButton {
+            activity: bar.activity
+            pictures: bar.pictures
+        }
 
         IconButton {
             symbol: "gearshape"

@@ -7,6 +7,7 @@ Rectangle {
     id: sidebar
 
     required property BoardModel board
+    required property ActivityModel activity
     required property PictureSource pictures
 
     signal commanded(string key)
@@ -82,6 +83,7 @@ Rectangle {
         x: Theme.gap12
         width: parent.width - 2 * x
         board: sidebar.board
+        activity: sidebar.activity
         pictures: sidebar.pictures
         onCommanded: key => sidebar.commanded(key)
     }

@@ -1,34 +1,98 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Board
 import Vellix.Compare
 import Vellix.Pieces
 
 // Which ticket this is, what is known of it, where it lies and what can be done with it. The actions
-// stand at the right of the title where there is room, else below it.
+// stand at the right of the title where there is room, else below it. Tab goes the way of the eye.
 Item {
     id: head
 
     required property FileModel file
+    required property PlanModel plan
+    required property PictureSource pictures
 
     readonly property var header: file.header
     readonly property real inner: width - 2 * Theme.gap24
     readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
                                  + actions.wanted <= inner
+    readonly property real room: wide ? inner - actions.width - Theme.gap24 : inner
+    readonly property real under: title.y + title.height
+                                  + (wide ? 0 : Theme.gap8 + actions.height)
 
     // At the title, where no key does anything by mistake.
     function takeKeyboard() {
         name.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitHeight: Math.max(words.height, wide ? actions.height : 0) + 2 * Theme.gap12
+    implicitHeight: Math.max(words.height > 0 ? words.y + words.height : under,
+                             wide ? actions.y + actions.height : 0) + Theme.gap12
 
-    // Before the links in Tab's order, as to the eye.
+    FlowRow {
+        id: title
+
+        x: Theme.gap24
+        y: Theme.gap12
+        width: head.room
+        height: implicitHeight
+        spacing: Theme.gap8
+
+        Label {
+            id: name
+
+            width: Math.min(implicitWidth, head.room)
+            size: Theme.title
+            weight: Font.Bold
+            tellsWhole: true
+            text: head.header.heading
+            Accessible.role: Accessible.Heading
+            Accessible.focusable: activeFocus
+            // No stop of Tab's, so that Tab would begin anew at the window.
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            FocusRing {
+                visible: name.activeFocus
+            }
+        }
+
+        Row {
+            id: pills
+
+            spacing: Theme.gap8
+
+            StatusPill {
+                small: true
+                pill: head.header.status
+            }
+
+            TrackPill {
+                small: true
+                pill: head.header.track
+            }
+        }
+
+        DueButton {
+            width: implicitWidth
+            height: implicitHeight
+            plan: head.plan
+        }
+
+        AssignButton {
+            width: implicitWidth
+            height: implicitHeight
+            plan: head.plan
+            pictures: head.pictures
+        }
+    }
+
     ReviewActions {
         id: actions
 
         x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
-        y: head.wide ? Theme.gap12 : words.y + title.height + words.spacing
+        y: head.wide ? Theme.gap12 : title.y + title.height + Theme.gap8
         width: head.wide ? wanted : head.inner
         leading: !head.wide
         file: head.file
@@ -38,56 +102,9 @@ Item {
         id: words
 
         x: Theme.gap24
-        y: Theme.gap12
-        width: head.wide ? head.inner - actions.width - Theme.gap24 : head.inner
+        y: head.under + Theme.gap8
+        width: head.room
         spacing: Theme.gap8
-
-        FlowRow {
-            id: title
-
-            width: parent.width
-            height: implicitHeight
-            spacing: Theme.gap8
-
-            Label {
-                id: name
-
-                width: Math.min(implicitWidth, words.width)
-                size: Theme.title
-                weight: Font.Bold
-                tellsWhole: true
-                text: head.header.heading
-                Accessible.role: Accessible.Heading
-                Accessible.focusable: activeFocus
-
-                FocusRing {
-                    visible: name.activeFocus
-                }
-            }
-
-            Row {
-                id: pills
-
-                spacing: Theme.gap8
-
-                StatusPill {
-                    small: true
-                    pill: head.header.status
-                }
-
-                TrackPill {
-                    small: true
-                    pill: head.header.track
-                }
-            }
-        }
-
-        // Kept for the actions, which are not moved from parent to parent.
-        Item {
-            visible: !head.wide
-            width: parent.width
-            height: actions.height
-        }
 
         Label {
             visible: text !== ""

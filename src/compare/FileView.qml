@@ -1,6 +1,7 @@
 // A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
 // qmllint disable unqualified
 import QtQuick
+import Vellix.Board
 import Vellix.Compare
 import Vellix.Notes
 import Vellix.Pieces
@@ -11,6 +12,7 @@ Item {
     id: ticket
 
     required property FileModel file
+    required property PlanModel plan
     required property CompareModel compare
     required property NotesModel notes
     required property PictureSource pictures
@@ -58,6 +60,8 @@ Item {
 
             width: top.width
             file: ticket.file
+            plan: ticket.plan
+            pictures: ticket.pictures
         }
     }
 

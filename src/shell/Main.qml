@@ -15,6 +15,8 @@ Window {
     required property CommandsModel commands
     required property SettingsModel settings
     required property BoardModel board
+    required property ActivityModel activity
+    required property PlanModel plan
     required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
@@ -55,6 +57,8 @@ Window {
         root: window.root
         signIn: window.signIn
         board: window.board
+        activity: window.activity
+        plan: window.plan
         file: window.file
         compare: window.compare
         inspector: window.inspector

@@ -4,7 +4,9 @@
 #include <QQmlApplicationEngine>
 #include <memory>
 
+#include "board/ActivityModel.hpp"
 #include "board/BoardModel.hpp"
+#include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
 #include "compare/FileModel.hpp"
 #include "compare/Pictures.hpp"
@@ -73,6 +75,8 @@ class Program {
   Stage stage_{arguments_, store_, images_, decoder_, loop_};
   Pictures pictures_{images_, pixels_};
   BoardModel board_;
+  ActivityModel activity_;
+  PlanModel plan_;
   FileModel file_;
   CompareModel compare_;
   InspectorModel inspector_;

@@ -16,6 +16,8 @@ FocusScope {
     required property RootModel root
     required property SignInModel signIn
     required property BoardModel board
+    required property ActivityModel activity
+    required property PlanModel plan
     required property FileModel file
     required property CompareModel compare
     required property InspectorModel inspector
@@ -65,6 +67,7 @@ FocusScope {
                 height: parent.height
                 width: view.root.sidebarWidth(view.width)
                 board: view.board
+                activity: view.activity
                 pictures: view.pictures
                 onCommanded: key => view.commanded(key)
             }
@@ -112,6 +115,7 @@ FocusScope {
                     FileView {
                         anchors.fill: parent
                         file: view.file
+                        plan: view.plan
                         compare: view.compare
                         notes: view.notes
                         pictures: view.pictures

@@ -21,6 +21,7 @@ void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
 void zoomOut(Store& store) { store.stepZoom(Store::kZoomOut); }
 void fitPage(Store& store) { store.fitZoom(); }
 void notes(Store& store) { store.toggleNotes(); }
+void activity(Store& store) { store.showActivity.set(!store.showActivity()); }
 void pageStrip(Store& store) { store.prefs.showPageStrip.set(!store.prefs.showPageStrip()); }
 
 struct Command {
@@ -45,6 +46,8 @@ constexpr std::array kReview{
     kSeparator,
     Command{"report", "Make report", "Ctrl+Shift+P", withOneTicket, makeReport},
     Command{"markReviewed", "Mark reviewed", "Ctrl+D", withOneTicket, markReviewed},
+    kSeparator,
+    Command{"activity", "Activity", "Ctrl+Y", always, activity},
 };
 constexpr std::array kView{
     Command{"zoomIn", "Zoom in", "Ctrl+=", always, zoomIn},

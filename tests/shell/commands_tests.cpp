@@ -45,12 +45,27 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
       lines.push_back(one.key.empty() ? "-" : one.text + " " + one.shortcut);
     }
   }
-  EXPECT_EQ(lines,
-            (std::vector<std::string>{"[Vellix]", "Sign out ", "-", "Settings… Ctrl+,", "-",
-                                      "Quit Vellix Ctrl+Q", "[Review]", "Sync Ctrl+Shift+S",
-                                      "Refresh Ctrl+R", "-", "Make report Ctrl+Shift+P",
-                                      "Mark reviewed Ctrl+D", "[View ]", "Zoom in Ctrl+=", "Zoom out Ctrl+-", "Fit the page Ctrl+0",
-                                      "-", "Hide notes Ctrl+Alt+I", "Hide the page strip "}));
+  EXPECT_EQ(lines, (std::vector<std::string>{"[Vellix]",
+                                             "Sign out ",
+                                             "-",
+                                             "Settings… Ctrl+,",
+                                             "-",
+                                             "Quit Vellix Ctrl+Q",
+                                             "[Review]",
+                                             "Sync Ctrl+Shift+S",
+                                             "Refresh Ctrl+R",
+                                             "-",
+                                             "Make report Ctrl+Shift+P",
+                                             "Mark reviewed Ctrl+D",
+                                             "-",
+                                             "Activity Ctrl+Y",
+                                             "[View ]",
+                                             "Zoom in Ctrl+=",
+                                             "Zoom out Ctrl+-",
+                                             "Fit the page Ctrl+0",
+                                             "-",
+                                             "Hide notes Ctrl+Alt+I",
+                                             "Hide the page strip "}));
 }
 
 TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {
@@ -60,8 +75,8 @@ TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {
       if (!one.key.empty() && one.enabled) offered.push_back(one.key);
     }
   }
-  EXPECT_EQ(offered, (std::vector<std::string>{"settings", "quit", "zoomIn", "zoomOut", "fitPage",
-                                               "notes", "pageStrip"}));
+  EXPECT_EQ(offered, (std::vector<std::string>{"settings", "quit", "activity", "zoomIn", "zoomOut",
+                                               "fitPage", "notes", "pageStrip"}));
 }
 
 TEST_F(SignedOutCommands, ADisabledOneDoesNothing) {
@@ -111,6 +126,13 @@ TEST_F(Commands, AskForTheReportOfTheTicketOnShow) {
   ASSERT_NE(sent, desk.http.exchanges.end());
   EXPECT_EQ(sent->request.body, R"({"kind":"report","file_ids":["t2"]})");
   EXPECT_EQ(desk.toastText(), "Asked the Mac mini for the report.");
+}
+
+TEST_F(Commands, ActivityIsShownAndHidden) {
+  run("activity");
+  EXPECT_TRUE(store().showActivity());
+  run("activity");
+  EXPECT_FALSE(store().showActivity());
 }
 
 TEST_F(Commands, RefreshIsTheManualOne) {

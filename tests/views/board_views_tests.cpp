@@ -14,7 +14,9 @@ class BoardViews : public ViewTest {
   BoardViews() {
     serveTheDay();
     const auto all = models();
-    show("Board/Sidebar", {{"board", all["board"]}, {"pictures", all["pictures"]}}, {284, 700});
+    show("Board/Sidebar",
+         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {284, 700});
   }
   BoardModel& model() { return *models()["board"].value<BoardModel*>(); }
   QStringList tickets() { return reader().names(QAccessible::ListItem); }

@@ -12,7 +12,9 @@ class ColumnLooks : public ViewTest {
  protected:
   void showColumn() {
     const auto all = models();
-    show("Board/Sidebar", {{"board", all["board"]}, {"pictures", all["pictures"]}}, {284, 700});
+    show("Board/Sidebar",
+         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {284, 700});
   }
   void change(const std::function<void(BoardState&)>& how) {
     BoardState board = *store().board();
@@ -30,7 +32,6 @@ class ColumnLooks : public ViewTest {
     EXPECT_EQ(label->property("font").value<QFont>().weight(), weight) << words.toStdString();
   }
   QColor tone(const char* name) { return theme()->fore()->property(name).value<QColor>(); }
-
 };
 
 struct QueueColours {

@@ -57,23 +57,39 @@ class EveryView : public ViewTest {
     noteRow["tags"] = QVariantList{chip};
     tags_ = pick("notes").second.value<NotesModel*>()->draftTags();
     own_ = {
+        {"Board/ActivityButton", {pick("activity"), pick("pictures")}},
+        {"Board/ActivityLine",
+         {{"key", "7"},
+          {"avatar", who},
+          {"who", "Renny"},
+          {"said", "marked reviewed"},
+          {"when", "2 min ago"},
+          {"where", "The Lighthouse · p3"},
+          {"spoken", "Renny marked reviewed"},
+          pick("pictures")}},
+        {"Board/AssignButton", {pick("plan"), pick("pictures")}},
+        {"Board/DueButton", {pick("plan")}},
         {"Board/DueChip", {{"due", due}}},
+        {"Board/ReviewerRow",
+         {{"person", toQml(ReviewerView{.name = "Renny Vale (you)", .chosen = true})},
+          pick("pictures")}},
         {"Board/FileCount", {{"count", count}}},
         {"Board/FileRow", {{"ticket", ticket}, pick("pictures")}},
         {"Board/GroupHeader",
          {{"title", "Reviewed"}, {"folds", true}, {"open", false}, {"count", "3"}}},
         {"Board/FileList", {pick("board"), pick("pictures")}},
         {"Board/LiveDot", {pick("board"), {"room", 100}}},
-        {"Board/PeopleBar", {pick("board"), pick("pictures")}},
+        {"Board/PeopleBar", {pick("board"), pick("activity"), pick("pictures")}},
         {"Board/QueueSwitch", {pick("board")}},
-        {"Board/Sidebar", {pick("board"), pick("pictures")}},
+        {"Board/Sidebar", {pick("board"), pick("activity"), pick("pictures")}},
         {"Board/SyncCard", {pick("board")}},
         {"Compare/CanvasBar", {pick("compare")}},
         {"Compare/CompareCanvas", {pick("compare"), pick("notes"), pick("pictures")}},
         {"Compare/FactTile", {{"label", "PO"}, {"value", "7781"}}},
-        {"Compare/FileHeader", {pick("file")}},
+        {"Compare/FileHeader", {pick("file"), pick("plan"), pick("pictures")}},
         {"Compare/FileView",
          {pick("file"),
+          pick("plan"),
           pick("compare"),
           pick("notes"),
           pick("pictures"),
@@ -236,8 +252,9 @@ class EveryView : public ViewTest {
   }
 
  private:
-  static inline const QStringList kFloats{"Board/AccountMenu", "Shell/Main", "Shell/PanelWindow",
-                                          "Shell/SettingsWindow", "Shell/StripMenu"};
+  static inline const QStringList kFloats{
+      "Board/AccountMenu", "Board/ActivityView", "Board/AssignPopover",  "Board/DuePopover",
+      "Shell/Main",        "Shell/PanelWindow",  "Shell/SettingsWindow", "Shell/StripMenu"};
 
   std::pair<QString, QVariant> pick(const QString& name) {
     QVariantMap all = models();

@@ -160,6 +160,7 @@ TEST_F(FileShell, MarksTheTicketReviewedAndGoesOn) {
   EXPECT_EQ(posted().size(), 1U) << "where no key does anything by mistake";
   QTest::keyClick(window(), Qt::Key_Tab);
   settle();
+  EXPECT_EQ(keyed(), "Set due");
   EXPECT_TRUE(ringed());
 }
 

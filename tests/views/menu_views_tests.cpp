@@ -122,6 +122,8 @@ TEST_F(MenuViews, PassOverWhatIsDisabled) {
   key(Qt::Key_Right);
   ASSERT_TRUE(QTest::qWaitFor([this] { return focusedName() == "Sync"; }));
   key(Qt::Key_End);
+  EXPECT_EQ(focusedName(), "Activity");
+  key(Qt::Key_Up);
   EXPECT_EQ(focusedName(), "Refresh");
 }
 

@@ -23,7 +23,9 @@ class TicketLists : public ViewTest {
     for (int i = 0; i < count; ++i) board_.files.push_back(numbered(i));
     serve();
     const auto all = models();
-    show("Board/Sidebar", {{"board", all["board"]}, {"pictures", all["pictures"]}}, {284, 700});
+    show("Board/Sidebar",
+         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {284, 700});
   }
   void serve() {
     serveBoard(board_, "\"" + std::to_string(++tag_) + "\"");

@@ -78,6 +78,8 @@ void ViewTest::serveTheDay() {
 QVariantMap ViewTest::models() {
   if (!root_) {
     board_.emplace(store(), desk.defaults, desk.time, desk.calendar);
+    activity_.emplace(store(), desk.time, desk.calendar);
+    plan_.emplace(store(), desk.time, desk.calendar);
     file_.emplace(store(), desk.time, desk.calendar);
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
@@ -90,6 +92,8 @@ QVariantMap ViewTest::models() {
   return {{"signIn", QVariant::fromValue(&*signIn_)},
           {"root", QVariant::fromValue(&*root_)},
           {"board", QVariant::fromValue(&*board_)},
+          {"activity", QVariant::fromValue(&*activity_)},
+          {"plan", QVariant::fromValue(&*plan_)},
           {"file", QVariant::fromValue(&*file_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},

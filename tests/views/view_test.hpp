@@ -5,7 +5,9 @@
 #include <QQuickView>
 #include <QQuickWindow>
 
+#include "board/ActivityModel.hpp"
 #include "board/BoardModel.hpp"
+#include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
 #include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
@@ -57,6 +59,8 @@ class ViewTest : public StoreTest {
   std::optional<SignInModel> signIn_;
   std::optional<RootModel> root_;
   std::optional<BoardModel> board_;
+  std::optional<ActivityModel> activity_;
+  std::optional<PlanModel> plan_;
   std::optional<FileModel> file_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;

@@ -1,0 +1,43 @@
+#include "board/ActivityModel.hpp"
+
+namespace vellix {
+
+ActivityModel::ActivityModel(Store& store, const MainLoop& clock, const Calendar& calendar)
+    : store_(store),
+      clock_(clock),
+      calendar_(calendar),
+      onBoard_(store.changes.observe(Store::kBoard, [this] { update(); })),
+      onPanels_(store.changes.observe(Store::kPanels, [this] { followStore(); })),
+      onPoll_(store.changes.observe(Store::kLastOK | Store::kProblem, [this] { pollEnded(); })) {
+  followStore();
+}
+
+// Nobody pays for a feed that is closed.
+void ActivityModel::update() {
+  if (!open_) return;
+  const Moment now = clock_.now();
+  minute_.begin(now);
+  rows_.setRows(activity(store_, now, calendar_));
+}
+
+void ActivityModel::followStore() {
+  if (open_ == store_.showActivity()) return;
+  open_ = store_.showActivity();
+  update();
+  emit openChanged();
+}
+
+void ActivityModel::pollEnded() {
+  if (minute_.over(clock_.now())) update();
+}
+
+void ActivityModel::setOpen(bool open) {
+  store_.showActivity.set(open);
+  followStore();
+}
+
+void ActivityModel::choose(const QString& key) {
+  if (openEvent(store_, key.toStdString())) setOpen(false);
+}
+
+}  // namespace vellix

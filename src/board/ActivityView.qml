@@ -1,0 +1,126 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// Who did what, the newest first. A poll that brings more leaves the scrolling and the focus alone.
+Popover {
+    id: popover
+
+    required property ActivityModel activity
+    required property PictureSource pictures
+
+    // The keyboard goes to the line of this number, if there is one.
+    function go(index: int) {
+        if (index < 0 || index >= events.count)
+            return;
+        events.positionViewAtIndex(index, ListView.Contain);
+        // Before it is the current one, which would give it the focus without the ring.
+        events.itemAtIndex(index).forceActiveFocus(Qt.TabFocusReason);
+        events.currentIndex = index;
+    }
+
+    width: 360
+    height: 460
+    padding: 0
+    topPadding: Theme.gap16
+    y: -height - Theme.gap4
+    label: "Activity"
+    first: events
+
+    // Made at once, as is wanted.
+    // qmllint disable deferred-property-id
+    contentItem: FocusScope {
+        focus: true
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: popover.label
+
+        Keys.onDownPressed: popover.go(events.currentIndex)
+        Keys.onUpPressed: popover.go(events.currentIndex)
+
+        // What opens it closes it: the window's own shortcuts rest while it is open.
+        Shortcut {
+            sequence: "Ctrl+Y"
+            onActivated: popover.close()
+        }
+
+        Label {
+            id: heading
+
+            x: Theme.gap16
+            size: Theme.title
+            weight: Font.Bold
+            text: "Activity"
+            Accessible.role: Accessible.Heading
+        }
+
+        ListView {
+            id: events
+
+            anchors.top: heading.bottom
+            anchors.topMargin: Theme.gap8
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 1
+            width: parent.width
+            leftMargin: Theme.gap8
+            rightMargin: Theme.gap8
+            topMargin: 4
+            bottomMargin: Theme.gap8
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            model: popover.activity.rows
+            keyNavigationEnabled: false
+            highlightFollowsCurrentItem: false
+            // One stop in Tab's way; its current line has the keyboard.
+            activeFocusOnTab: true
+
+            // Who is at the newest sees what is newer still.
+            Connections {
+                property bool follows: false
+
+                target: popover.activity.rows
+
+                function onRowsAboutToBeInserted() {
+                    follows = events.atYBeginning && !events.activeFocus;
+                }
+                function onRowsInserted() {
+                    if (follows)
+                        events.positionViewAtBeginning();
+                }
+            }
+
+            Accessible.role: Accessible.List
+            Accessible.name: "Activity"
+
+            delegate: ActivityLine {
+                required property int index
+
+                width: events.width - events.leftMargin - events.rightMargin
+                pictures: popover.pictures
+                activeFocusOnTab: false
+                onClicked: popover.activity.choose(key)
+                Keys.onDownPressed: popover.go(index + 1)
+                Keys.onUpPressed: popover.go(index - 1)
+                Keys.onPressed: event => {
+                    const page = Math.max(1, Math.floor(events.height / height) - 1);
+                    const targets = {
+                        [Qt.Key_Home]: 0,
+                        [Qt.Key_End]: events.count - 1,
+                        [Qt.Key_PageUp]: Math.max(0, index - page),
+                        [Qt.Key_PageDown]: Math.min(events.count - 1, index + page)
+                    };
+                    if (!(event.key in targets))
+                        return;
+                    popover.go(targets[event.key]);
+                    event.accepted = true;
+                }
+            }
+        }
+
+        ScrollBar {
+            view: events
+        }
+    }
+}

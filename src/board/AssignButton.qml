@@ -1,0 +1,62 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// Who reviews the ticket; its popover changes that, or moves the ticket to the other queue.
+DropButton {
+    id: button
+
+    required property PlanModel plan
+    required property PictureSource pictures
+
+    readonly property var reviewer: plan.reviewer
+
+    label: reviewer.text
+    help: "Who reviews this"
+    enabled: !reviewer.busy
+    open: place.item?.visible ?? false
+    padding: reviewer.avatar ? 8 : 12
+
+    onClicked: {
+        if (!place.item)
+            place.setSource("AssignPopover.qml", { parent: button, plan: plan, pictures: pictures });
+        place.item.toggle(visualFocus);
+    }
+
+    Loader {
+        id: face
+
+        visible: active
+        anchors.verticalCenter: parent.verticalCenter
+        active: button.reviewer.avatar !== undefined
+
+        sourceComponent: Avatar {
+            who: button.reviewer.avatar
+            pictures: button.pictures
+            size: 18
+            Accessible.ignored: true
+        }
+    }
+
+    Label {
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(Math.ceil(implicitWidth), 160)
+        size: Theme.body
+        weight: Font.Medium
+        text: button.reviewer.text
+        Accessible.ignored: true
+    }
+
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        size: 10
+        name: "chevron.down"
+        color: Theme.muted
+    }
+
+    Loader {
+        id: place
+    }
+}

@@ -1,0 +1,50 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Board
+import Vellix.Pieces
+
+// When the review is due; its popover moves that.
+DropButton {
+    id: button
+
+    required property PlanModel plan
+
+    readonly property var due: plan.due
+
+    label: due.text
+    help: "When the review is due"
+    enabled: !due.busy
+    open: place.item?.visible ?? false
+    padding: due.chip ? 4 : 12
+
+    onClicked: {
+        if (!place.item)
+            place.setSource("DuePopover.qml", { parent: button, plan: plan });
+        place.item.toggle(visualFocus);
+    }
+
+    Loader {
+        visible: active
+        anchors.verticalCenter: parent.verticalCenter
+        active: button.due.chip !== undefined
+
+        sourceComponent: DueChip {
+            due: button.due.chip
+            Accessible.ignored: true
+        }
+    }
+
+    Label {
+        visible: button.due.chip === undefined
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.body
+        weight: Font.Medium
+        text: button.due.text
+        Accessible.ignored: true
+    }
+
+    Loader {
+        id: place
+    }
+}
