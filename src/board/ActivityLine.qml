@@ -53,7 +53,7 @@ ListRow {
             wrapMode: Text.Wrap
             maximumLineCount: 3
             elide: Text.ElideRight
-            lineHeight: 1.2
+            lineHeight: 1  // as the name beside it
             tellsWhole: true
             size: Theme.body
             color: Theme.muted
