@@ -18,7 +18,7 @@ Writing {
     // It leaves with the keyboard, and what had that before has gone.
     signal keptOut()
 
-    readonly property bool canPost: !notes.blank(field.text)
+    readonly property bool canPost: !notes.blank(notes.draftText)
 
     // The keyboard is wanted, once the card can be seen.
     function begin() {
@@ -64,6 +64,16 @@ Writing {
     Component.onCompleted: {
         field.text = notes.draftText;
         enabled = open;
+    }
+
+    // Another draft begins anew. What leaves keeps its words.
+    Connections {
+        target: card.notes
+
+        function onDraftTextChanged() {
+            if (card.open && field.text !== card.notes.draftText)
+                field.text = card.notes.draftText;
+        }
     }
 
     Behavior on shown {

@@ -308,6 +308,51 @@ TEST_F(DraftCards, WaitOnTheirPage) {
   EXPECT_FALSE(card());
 }
 
+TEST_F(DraftCards, BeginAnewOnAnotherPage) {
+  store().prefs.showNotes.set(true);
+  for (const bool drawn : {true, false}) {
+    store().goToPage("t1", 0);
+    settle();
+    begin();
+    type("Too dark");
+    store().goToPage("t1", 2);
+    ASSERT_TRUE(comes([this] { return card() == nullptr; }));
+    if (drawn) {
+      click(on(0.5, 0.3, "supplier-2"));
+    } else {
+      ASSERT_TRUE(press("Add a note to this"));
+    }
+    ASSERT_TRUE(writes());
+    EXPECT_EQ(textOf(keyed()), "");
+    EXPECT_EQ(reader().enabled("Post"), 0);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(textOf(keyed()), "") << "what was written there is nothing to go back to";
+    type("Too light");
+    EXPECT_EQ(textOf(keyed()), "Too light");
+    key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_NE(posted("api/comments").back().find(R"("page":2,"text":"Too light")"),
+              std::string::npos);
+    ASSERT_TRUE(comes([this] { return card() == nullptr; }));
+  }
+  EXPECT_EQ(posted("api/comments").size(), 2U);
+}
+
+TEST_F(DraftCards, BeginAnewOnAnotherTicket) {
+  begin();
+  type("Too dark");
+  store().selection.set({"t2"});
+  ASSERT_TRUE(comes([this] { return !card() && store().details().contains("t2"); }));
+  store().details.edit([](std::map<std::string, FileDetail>& details) {
+    Page& page = details.at("t2").file.pages->front();
+    page.img = "other-0";
+    page.px = {300, 400};
+  });
+  settle();
+  begin(0.5, 0.3, "other-0");
+  EXPECT_EQ(textOf(keyed()), "");
+  EXPECT_EQ(reader().enabled("Post"), 0);
+}
+
 TEST_F(DraftCards, OpenForANoteOnAFinding) {
   store().draft.set(DraftNote{"t1", 0, "supplier", 0.1, 0.1, 0.2, 0.1, "f1"});
   ASSERT_TRUE(writes());
