@@ -11,6 +11,10 @@ Popover {
 
     required property var entries
 
+    // The most that fits into the window, and is still read as a list.
+    readonly property real widest: Math.min(360, (parent?.Window.width ?? 0) - 2 * (margins + padding))
+    readonly property real tallest: (parent?.Window.height ?? 0) - 2 * (margins + padding)
+
     // The pointer is on it.
     readonly property alias pointed: pointer.hovered
 
@@ -19,14 +23,22 @@ Popover {
     signal left()
     signal right()
 
-    function go(index: int, by: int) {
+    // To the next entry from this one, if there is one.
+    function go(index: int, by: int): bool {
         for (let i = index + by; i >= 0 && i < lines.count; i += by) {
             const line = lines.itemAt(i) as MenuEntry;
             if (line && line.takesFocus) {
                 line.forceActiveFocus(Qt.TabFocusReason);
-                return;
+                return true;
             }
         }
+        return false;
+    }
+    // By as many entries as there is room for, in the direction of `by`.
+    function leap(index: int, by: int) {
+        const far = index + by * Math.max(1, Math.floor(area.height / lines.itemAt(index).height) - 1);
+        if (!go(Math.max(-1, Math.min(far - by, lines.count)), by))
+            go(by > 0 ? lines.count : -1, -by);
     }
 
     radius: Theme.radiusRow
@@ -37,8 +49,8 @@ Popover {
     // Made at once, as is wanted.
     // qmllint disable deferred-property-id
     contentItem: FocusScope {
-        implicitWidth: Math.max(184, column.implicitWidth)
-        implicitHeight: column.implicitHeight
+        implicitWidth: Math.max(184, Math.min(column.natural, menu.widest))
+        implicitHeight: Math.min(column.implicitHeight, menu.tallest)
         focus: true
 
         Accessible.role: Accessible.PopupMenu
@@ -53,41 +65,67 @@ Popover {
         Keys.onLeftPressed: menu.left()
         Keys.onRightPressed: menu.right()
 
-        Column {
-            id: column
+        ScrollArea {
+            id: area
 
-            width: parent.width
+            anchors.fill: parent
+            // What the pointer is on stays under it.
+            margin: 0
+            contentHeight: column.implicitHeight
 
-            Repeater {
-                id: lines
+            Column {
+                id: column
 
-                // By number: an entry that changes while the menu is open keeps its place and focus.
-                model: menu.entries.length
+                // Of the widest entry; the entries themselves are as wide as there is room.
+                readonly property real natural: {
+                    let most = 0;
+                    for (let i = 0; i < children.length; ++i)
+                        most = Math.max(most, children[i].implicitWidth);
+                    return most;
+                }
 
-                MenuEntry {
-                    required property int index
+                width: area.width
 
-                    width: column.width
-                    entry: menu.entries[index]
-                    onClicked: {
-                        const key = entry.key;
-                        if (!entry.stays)
-                            menu.close();
-                        menu.picked(key);
-                    }
-                    Keys.onDownPressed: menu.go(index, 1)
-                    Keys.onUpPressed: menu.go(index, -1)
-                    Keys.onPressed: event => {
-                        if (event.key === Qt.Key_Home)
-                            menu.go(-1, 1);
-                        else if (event.key === Qt.Key_End)
-                            menu.go(lines.count, -1);
-                        else
-                            return;
-                        event.accepted = true;
+                Repeater {
+                    id: lines
+
+                    // By number: an entry that changes while the menu is open keeps its place and
+                    // focus.
+                    model: menu.entries.length
+
+                    MenuEntry {
+                        required property int index
+
+                        width: column.width
+                        entry: menu.entries[index]
+                        onClicked: {
+                            const key = entry.key;
+                            if (!entry.stays)
+                                menu.close();
+                            menu.picked(key);
+                        }
+                        Keys.onDownPressed: menu.go(index, 1)
+                        Keys.onUpPressed: menu.go(index, -1)
+                        Keys.onPressed: event => {
+                            if (event.key === Qt.Key_Home)
+                                menu.go(-1, 1);
+                            else if (event.key === Qt.Key_End)
+                                menu.go(lines.count, -1);
+                            else if (event.key === Qt.Key_PageDown)
+                                menu.leap(index, 1);
+                            else if (event.key === Qt.Key_PageUp)
+                                menu.leap(index, -1);
+                            else
+                                return;
+                            event.accepted = true;
+                        }
                     }
                 }
             }
+        }
+
+        ScrollBar {
+            view: area
         }
     }
 }

@@ -10,19 +10,22 @@ Pressable {
 
     readonly property bool rule: entry.key === ""
     readonly property bool takesFocus: !rule && enabled
+    readonly property string told: entry.help ?? ""
     readonly property bool checks: entry.checked !== undefined
+    // What stands behind the words takes of their room.
+    readonly property real behind: (keys.text === "" ? 0 : keys.implicitWidth + 40) + (checks ? 36 : 0)
 
     label: entry.text
-    help: entry.help ?? ""
+    help: !words.truncated || told.includes(entry.text) ? told : told ? entry.text + " · " + told : entry.text
     enabled: !rule && entry.enabled
     activeFocusOnTab: false
     pressedScale: 1
     opacity: 1
     implicitHeight: rule ? 11 : 28
-    implicitWidth: words.implicitWidth + (keys.text === "" ? 0 : keys.implicitWidth + 40) + (checks ? 36 : 0) + 24
+    implicitWidth: Math.ceil(words.implicitWidth) + behind + 24
 
     Accessible.role: rule ? Accessible.Separator : Accessible.MenuItem
-    Accessible.description: help || keys.text
+    Accessible.description: told || keys.text
     Accessible.checkable: checks
     Accessible.checked: entry.checked ?? false
 
@@ -46,6 +49,7 @@ Pressable {
         id: words
 
         x: 12
+        width: Math.min(implicitWidth, line.width - line.behind - 24)
         anchors.verticalCenter: parent.verticalCenter
         size: Theme.row
         color: line.enabled ? Theme.text : Theme.faint
