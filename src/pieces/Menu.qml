@@ -36,7 +36,7 @@ Popover {
     }
     // By as many entries as there is room for, in the direction of `by`.
     function leap(index: int, by: int) {
-        const far = index + by * Math.max(1, Math.floor(area.height / lines.itemAt(index).height) - 1);
+        const far = index + by * Math.max(1, Math.floor(contentHeight / lines.itemAt(index).height) - 1);
         if (!go(Math.max(-1, Math.min(far - by, lines.count)), by))
             go(by > 0 ? lines.count : -1, -by);
     }
@@ -68,10 +68,15 @@ Popover {
         ScrollArea {
             id: area
 
+            // Room for the ring of the keyboard, which would be cut off. What the pointer is on
+            // stays under it.
+            readonly property real air: menu.padding - 1
+
             anchors.fill: parent
-            // What the pointer is on stays under it.
-            margin: 0
-            contentHeight: column.implicitHeight
+            anchors.margins: -air
+            margin: (inside as PressArea)?.visualFocus ? air : 0
+            onMarginChanged: follow()
+            contentHeight: column.implicitHeight + 2 * air
 
             Column {
                 id: column
@@ -84,7 +89,9 @@ Popover {
                     return most;
                 }
 
-                width: area.width
+                x: area.air
+                y: area.air
+                width: area.width - 2 * area.air
 
                 Repeater {
                     id: lines
