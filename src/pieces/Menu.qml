@@ -56,8 +56,22 @@ Popover {
         Accessible.role: Accessible.PopupMenu
         Accessible.name: menu.label
 
+        // An entry that the pointer moves to is at hand; not one that comes under it while keys scroll.
         HoverHandler {
             id: pointer
+
+            property var last: null
+
+            onHoveredChanged: last = null
+            onPointChanged: {
+                const at = point.scenePosition;
+                const moved = last && (at.x !== last.x || at.y !== last.y);
+                last = Qt.point(at.x, at.y);
+                const inside = column.mapFromItem(null, at);
+                const line = moved ? column.childAt(inside.x, inside.y) as MenuEntry : null;
+                if (line && line.takesFocus)
+                    line.forceActiveFocus(Qt.MouseFocusReason);
+            }
         }
 
         Keys.onDownPressed: menu.go(-1, 1)

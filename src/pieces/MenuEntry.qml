@@ -29,8 +29,6 @@ Pressable {
     Accessible.checkable: checks
     Accessible.checked: entry.checked ?? false
 
-    onHoveredChanged: if (hovered && takesFocus) forceActiveFocus(Qt.MouseFocusReason)
-
     Hairline {
         visible: line.rule
         anchors.verticalCenter: parent.verticalCenter
