@@ -7,10 +7,10 @@
 namespace vellix {
 namespace {
 
-constexpr double kMargin = 3;         // around a finding's rectangle, on each side
-constexpr double kSmallestMark = 8;   // logical pixels
-constexpr double kReach = 24;         // further outside a page than anything is shown
-constexpr double kClick = 6;          // a shorter drag in both directions is a click
+constexpr double kMargin = 3;        // around a finding's rectangle, on each side
+constexpr double kSmallestMark = 8;  // logical pixels
+constexpr double kReach = 24;        // further outside a page than anything is shown
+constexpr double kClick = 6;         // a shorter drag in both directions is a click
 
 double fraction(double at, double whole) {
   return whole > 0 ? std::clamp(at / whole, 0.0, 1.0) : 0;

@@ -35,7 +35,8 @@ Item {
     required property PictureSource pictures
 
     property bool expanded: false
-    readonly property bool folded: folds && !expanded
+    // What is being written is not folded away.
+    readonly property bool folded: folds && !expanded && !written.editing
     readonly property bool brief: compact && !selected
     // Whether the keyboard came to the card, and not the pointer.
     readonly property bool keyed: hold.held && hold.ringed
@@ -74,8 +75,10 @@ Item {
             stepped(by);
     }
 
+    clip: gliding.running
+
     Behavior on implicitHeight {
-        Glide {}
+        Glide { id: gliding }
     }
 
     KeyboardHold {
@@ -228,6 +231,8 @@ Item {
             }
 
             NoteRows {
+                id: written
+
                 visible: card.notes.length > 0 && !card.brief
                 width: parent.width
                 topPadding: Theme.gap8

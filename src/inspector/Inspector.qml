@@ -21,23 +21,19 @@ Item {
     // The card that the keyboard goes on to, at the decision that led there.
     property var next: ({ id: "", decision: "" })
 
-    // `wanted` is the finding that is in front now.
-    function goOn(card: FindingCard, wanted: string, decision: string) {
-        if (card.keyed && wanted !== card.id)
-            next = { id: wanted, decision: decision };
+    // `following` is the finding that has come to the front, if any.
+    function goOn(card: FindingCard, following: string, decision: string) {
+        next = { id: card.keyed ? following : "", decision: decision };
     }
 
     function chosen(card: FindingCard) {
-        show(card);
+        showing.card = card;
+        scroll.reveal(card);
+        showing.restart();
         if (card.id !== next.id)
             return;
         card.takeKeyboard(next.decision);
         next = { id: "", decision: "" };
-    }
-
-    function show(card: FindingCard) {
-        showing.card = card;
-        showing.restart();
     }
 
     function step(list: Repeater, index: int, by: int) {
@@ -62,14 +58,14 @@ Item {
         onTriggered: content.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
     }
 
-    // Once the cards have their new places.
+    // Once more when the cards have come to rest.
     Timer {
         id: showing
 
         property FindingCard card: null
 
-        interval: 0
-        onTriggered: if (card) scroll.reveal(card)
+        interval: Theme.standard + 20
+        onTriggered: if (card?.selected) scroll.reveal(card)
     }
 
     ScrollArea {
@@ -156,7 +152,6 @@ Item {
                     onNoted: panel.inspector.note(id)
                     onChosen: panel.inspector.press(id)
                     onSelectedChanged: if (selected) panel.chosen(this)
-                    onHeightChanged: if (selected) panel.show(this)
                     onStepped: by => panel.step(cards, index, by)
                 }
             }
@@ -172,21 +167,38 @@ Item {
                 onClicked: panel.showExpected = !panel.showExpected
             }
 
-            Repeater {
-                id: passed
+            Item {
+                visible: height > 0
+                width: content.width
+                height: panel.showExpected ? passedCards.implicitHeight : 0
+                clip: unfolding.running
 
-                model: panel.showExpected ? panel.inspector.passed : null
+                Behavior on height {
+                    Glide { id: unfolding }
+                }
 
-                FindingCard {
-                    required property int index
+                Column {
+                    id: passedCards
 
-                    width: content.width
-                    noteActions: panel.notes
-                    pictures: panel.pictures
-                    onChosen: panel.inspector.press(id)
-                    onSelectedChanged: if (selected) panel.chosen(this)
-                    onHeightChanged: if (selected) panel.show(this)
-                    onStepped: by => panel.step(passed, index, by)
+                    width: parent.width
+                    spacing: Theme.gap8
+
+                    Repeater {
+                        id: passed
+
+                        model: panel.inspector.passed
+
+                        FindingCard {
+                            required property int index
+
+                            width: content.width
+                            noteActions: panel.notes
+                            pictures: panel.pictures
+                            onChosen: panel.inspector.press(id)
+                            onSelectedChanged: if (selected) panel.chosen(this)
+                            onStepped: by => panel.step(passed, index, by)
+                        }
+                    }
                 }
             }
 

@@ -32,20 +32,17 @@ void InspectorModel::pollEnded() {
   if (minute_.over(clock_.now())) update();
 }
 
-QString InspectorModel::inFront() const {
-  return QString::fromStdString(store_.focus().value_or(""));
+template <class Press>
+QString InspectorModel::nextBy(Press press, const QString& id) {
+  const std::string decided = id.toStdString();
+  const bool wasInFront = store_.focus() == decided;
+  press(store_, decided);
+  const auto next = store_.focus();
+  return wasInFront && next && next != decided ? QString::fromStdString(*next) : QString{};
 }
 
-QString InspectorModel::realIssue(const QString& id) {
-  pressRealIssue(store_, id.toStdString());
-  return inFront();
-}
-
-QString InspectorModel::fine(const QString& id) {
-  pressFine(store_, id.toStdString());
-  return inFront();
-}
-
+QString InspectorModel::realIssue(const QString& id) { return nextBy(pressRealIssue, id); }
+QString InspectorModel::fine(const QString& id) { return nextBy(pressFine, id); }
 void InspectorModel::note(const QString& id) { pressNote(store_, id.toStdString()); }
 void InspectorModel::press(const QString& id) { pressCard(store_, id.toStdString()); }
 

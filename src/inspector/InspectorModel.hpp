@@ -28,7 +28,7 @@ class InspectorModel : public QObject {
   QAbstractItemModel* passed() { return &passed_; }
   QAbstractItemModel* others() { return &others_; }
 
-  // The finding that is in front afterwards; empty for none.
+  // The finding that came to the front in the place of this one; empty for none.
   Q_INVOKABLE QString realIssue(const QString& id);
   Q_INVOKABLE QString fine(const QString& id);
   Q_INVOKABLE void note(const QString& id);
@@ -40,7 +40,8 @@ class InspectorModel : public QObject {
 
  private:
   void update();
-  QString inFront() const;
+  template <class Press>
+  QString nextBy(Press press, const QString& id);
   void pollEnded();
 
   Store& store_;

@@ -93,6 +93,10 @@ void pressNote(Store& store, const std::string& id) {
   const Finding* finding = findingOf(store, id);
   if (!file || !finding || !hasPlace(*finding)) return;
   const auto& box = *finding->box;
+  // The note is written on the supplier's page: that has to be seen.
+  if (!store.shown().contains("supplier")) {
+    store.shown.edit([](auto& shown) { shown.insert("supplier"); });
+  }
   store.draft.set(DraftNote{.fileID = file->id,
                             .page = finding->page,
                             .side = "supplier",

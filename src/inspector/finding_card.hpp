@@ -43,8 +43,8 @@ struct FindingCardView {
   bool operator==(const FindingCardView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FindingCardView, (),
-                      (id, caption, title, detail, wordings, decision, triage, issue, fine,
-                       busy, noteable, selectable, selected, compact, folds, decided, foldedIcon,
+                      (id, caption, title, detail, wordings, decision, triage, issue, fine, busy,
+                       noteable, selectable, selected, compact, folds, decided, foldedIcon,
                        foldedTone, foldedHelp, notes, noteCount))
 
 // `detail` is the one that the finding is of.

@@ -39,9 +39,8 @@ std::vector<OtherPageView> otherPages(const FileDetail& detail, Int open,
   std::vector<OtherPageView> others;
   for (const auto& [index, count] : counted) {
     if (others.size() == kMostOtherPages) break;
-    const Page* page = pageAt(detail.file, index);
     others.push_back({.page = index,
-                      .name = "Page " + (page ? page->name() : Page{.i = index}.name()),
+                      .name = "Page " + pageName(detail.file, index),
                       .count = std::to_string(count) + " to look at"});
   }
   return others;
@@ -97,7 +96,7 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
   std::ranges::stable_sort(real, {}, [](const Finding* finding) { return rankOf(*finding); });
 
   FindingsPanelView view{.head = {.file = detail.file.id}};
-  view.head.title = "Page " + (page ? page->name() : Page{.i = index}.name());
+  view.head.title = "Page " + pageName(detail.file, index);
   view.head.found = real.empty() ? "Matches" : std::to_string(real.size()) + " found";
   if (page && page->ocr.value_or(false)) {
     view.head.notice =

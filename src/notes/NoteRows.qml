@@ -12,6 +12,9 @@ Column {
     required property NotesModel notes
     required property PictureSource pictures
 
+    property int edits: 0
+    readonly property bool editing: edits > 0
+
     // The last row has gone, and the keyboard with it.
     signal emptied()
 
@@ -32,6 +35,8 @@ Column {
             note: value
             notes: list.notes
             pictures: list.pictures
+            onEditingChanged: list.edits += editing ? 1 : -1
+            Component.onDestruction: if (editing) list.edits -= 1
         }
 
         // The keyboard goes on to the next row, else to the one before.

@@ -5,37 +5,41 @@ namespace vellix {
 
 void Store::action(std::string key, std::optional<std::string> ok, Work work) {
   setBusy(key, true);
-  spawn(runAction(std::move(key), std::move(ok), std::move(work)));
+  spawn(runAction(std::move(key), std::move(ok), std::move(work), session_));
 }
 
-Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work work) {
-  const auto session = session_;
-  auto working = work();
-  const auto outcome = co_await std::move(working);
-  if (session != session_) {
-    // Nobody is told of what was asked in a session that has ended.
-  } else if (outcome) {
-    if (ok) toast.set(Toast{*ok});
-    auto poll = pollWhole();
-    co_await std::move(poll);
-  } else if (outcome.error().kind == Failure::Kind::signedOut) {
-    signOut(true);
-  } else {
-    toast.set(Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
+Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work work,
+                        Session session) {
+  if (session == session_) {
+    auto working = work();
+    const auto outcome = co_await std::move(working);
+    if (session != session_) {
+      // Nobody is told.
+    } else if (outcome) {
+      if (ok) toast.set(Toast{*ok});
+      auto poll = pollWhole();
+      co_await std::move(poll);
+    } else if (outcome.error().kind == Failure::Kind::signedOut) {
+      signOut(true);
+    } else {
+      toast.set(
+          Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
+    }
   }
   setBusy(key, false);
 }
 
-Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string failed) {
-  auto settling = settle(std::move(work), std::move(done), std::move(failed));
+Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string failed,
+                          Session session) {
+  auto settling = settle(std::move(work), std::move(done), std::move(failed), session);
   co_await std::move(settling);
   setBusy(key, false);
 }
 
 // Says how it went. Whoever is not known any more hears it like any other failure: the next poll
 // signs out.
-Task<> Store::settle(Work work, Toast done, std::string failed) {
-  const auto session = session_;
+Task<> Store::settle(Work work, Toast done, std::string failed, Session session) {
+  if (session != session_) co_return;
   auto working = work();
   const auto outcome = co_await std::move(working);
   if (session != session_) co_return;
@@ -67,9 +71,10 @@ Task<API::Result<Done>> Store::thenReload(Task<API::Result<Done>> call,
   co_return outcome;
 }
 
-std::function<void()> Store::whileAlive(std::function<void(Store&)> work) const {
-  return [weak = std::weak_ptr<Store*>{self_}, work = std::move(work)] {
-    if (const auto store = weak.lock()) work(**store);
+std::function<void()> Store::undo(std::function<void(Store&)> work) const {
+  return [weak = std::weak_ptr<Store*>{self_}, session = session_, work = std::move(work)] {
+    const auto store = weak.lock();
+    if (store && (*store)->session_ == session) work(**store);
   };
 }
 

@@ -24,7 +24,7 @@ void Store::setFindingState(Finding finding, std::string state) {
   decideLocally(finding, state);
   setBusy(finding.id, true);
   std::string text = decidedText(state);
-  spawn(sendFindingState(std::move(finding), std::move(state), std::move(text)));
+  spawn(sendFindingState(std::move(finding), std::move(state), std::move(text), session_));
 }
 
 // The walk stays on the page: its last open finding clears the focus.
@@ -53,18 +53,20 @@ void Store::decideLocally(const Finding& finding, const std::string& state) {
   });
 }
 
-Task<> Store::sendFindingState(Finding finding, std::string state, std::string text) {
+Task<> Store::sendFindingState(Finding finding, std::string state, std::string text,
+                               Session session) {
   Work post = [this, path = "api/findings/" + finding.id, state] {
     return tell(path, StateBody{state});
   };
-  Toast done{text, "Undo", whileAlive([finding](Store& store) {
-               store.setFindingState(finding, finding.state);
-             })};
-  auto settling = settle(std::move(post), std::move(done), "That didn't save. Try again.");
+  Toast done{text, "Undo",
+             undo([finding](Store& store) { store.setFindingState(finding, finding.state); })};
+  auto settling = settle(std::move(post), std::move(done), "That didn't save. Try again.", session);
   co_await std::move(settling);
-  // After a failure this fetch is the whole of the rollback.
-  auto reload = reloadCurrentDetail();
-  co_await std::move(reload);
+  if (session == session_) {
+    // After a failure this fetch is the whole of the rollback.
+    auto reload = reloadCurrentDetail();
+    co_await std::move(reload);
+  }
   setBusy(finding.id, false);
 }
 

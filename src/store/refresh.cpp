@@ -71,7 +71,7 @@ Task<> Store::refresh(std::stop_token stop) {
   }
 }
 
-void Store::noteProblem(const Failure& failure, std::uint64_t session) {
+void Store::noteProblem(const Failure& failure, Session session) {
   if (failure.kind == Failure::Kind::signedOut) {
     if (session == session_) signOut(true);
   } else {

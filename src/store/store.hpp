@@ -166,20 +166,24 @@ class Store {
   std::string reportEstimate(const Job& job, Moment now) const;
 
  private:
+  using Session = std::uint64_t;  // counts sessions: an answer to one is not for the next
+
   Task<> runLoop(std::stop_token stop);
   Milliseconds pause() const;
   void noticeNewEvents(const BoardState& fresh);
   void updateBadge();
-  void noteProblem(const Failure& failure, std::uint64_t session);
+  void noteProblem(const Failure& failure, Session session);
   Task<> beginSession();
   Task<> logOut();
-  Task<> runAction(std::string key, std::optional<std::string> ok, Work work);
-  Task<> runUndoable(std::string key, Work work, Toast done, std::string failed);
-  Task<> settle(Work work, Toast done, std::string failed);
+  // What is asked in `session` is asked, told of and fetched for in no other.
+  Task<> runAction(std::string key, std::optional<std::string> ok, Work work, Session session);
+  Task<> runUndoable(std::string key, Work work, Toast done, std::string failed, Session session);
+  Task<> settle(Work work, Toast done, std::string failed, Session session);
   Task<> pollWhole();
   Task<API::Result<Done>> thenReload(Task<API::Result<Done>> call, std::optional<FileItem> file);
-  std::function<void()> whileAlive(std::function<void(Store&)> work) const;
-  Task<> sendFindingState(Finding finding, std::string state, std::string text);
+  // Does nothing once the Store or the session has ended.
+  std::function<void()> undo(std::function<void(Store&)> work) const;
+  Task<> sendFindingState(Finding finding, std::string state, std::string text, Session session);
   std::optional<std::string> myEmail() const;
   void advanceAfterReview(BoardState changed, const std::string& id);
   // The ticket to review first, other than `except`; null when none waits.
@@ -204,7 +208,7 @@ class Store {
   SignIn& signIn_;
   Ports ports_;
   std::optional<std::stop_source> loop_;
-  std::uint64_t session_ = 0;  // counts sessions: an answer to one is not for the next
+  Session session_ = 0;
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };

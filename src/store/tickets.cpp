@@ -59,7 +59,7 @@ void Store::setStatus(FileItem file, std::string status) {
   }
   setBusy("status", true);
   // The reviewer was carried on: taking it back leads back as well.
-  Toast done{statusText(status), kUndo, whileAlive([file](Store& store) {
+  Toast done{statusText(status), kUndo, undo([file](Store& store) {
                store.setStatus(file, file.status);
                store.selection.set({file.id});
              })};
@@ -68,7 +68,7 @@ void Store::setStatus(FileItem file, std::string status) {
       [this, path = "api/files/" + file.id + "/status", status] {
         return tell(path, StatusBody{status});
       },
-      std::move(done), kNotSaved));
+      std::move(done), kNotSaved, session_));
 }
 
 void Store::advanceAfterReview(BoardState changed, const std::string& id) {
@@ -86,8 +86,8 @@ void Store::assign(FileItem file, std::string email) {
   Toast done{"Assigned to " + name + "."};
   // Who had no reviewer cannot be given back to nobody.
   if (file.assignee && *file.assignee != email) {
-    done = Toast{done.text, kUndo,
-                 whileAlive([file](Store& store) { store.assign(file, *file.assignee); })};
+    done =
+        Toast{done.text, kUndo, undo([file](Store& store) { store.assign(file, *file.assignee); })};
   }
   setBusy("assign", true);
   spawn(runUndoable(
@@ -95,7 +95,7 @@ void Store::assign(FileItem file, std::string email) {
       [this, path = "api/files/" + file.id + "/assign", email] {
         return tell(path, AssignBody{email});
       },
-      std::move(done), kNotSaved));
+      std::move(done), kNotSaved, session_));
 }
 
 void Store::setDueDate(FileItem file, Moment date) {

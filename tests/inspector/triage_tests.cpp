@@ -112,6 +112,12 @@ TEST_F(Triage, ANoteOnAFindingBeginsAtItsPlace) {
   EXPECT_EQ(desk.http.count("POST"), 0U);
 }
 
+TEST_F(Triage, ANoteOnAFindingShowsThePageItIsWrittenOn) {
+  store().shown.set({"submitted"});
+  pressNote(store(), "f1");
+  EXPECT_EQ(store().shown(), (std::set<std::string>{"submitted", "supplier"}));
+}
+
 TEST_F(Triage, ANoteNeedsAFindingWithAPlace) {
   detail.findings.front().box = {0.5, 0.25, 0.125};
   show();

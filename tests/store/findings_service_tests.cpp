@@ -167,6 +167,18 @@ TEST_F(DecidedFinding, OutlivesASignOutDuringItsRefresh) {
   EXPECT_TRUE(store().busy().empty());
 }
 
+TEST_F(DecidedFinding, TwiceAnsweredTheOtherWayRoundEndsAsTheServiceSays) {
+  decide(findingOf("f1"), "issue");
+  decide(stateOf(findingOf("f1"), "issue"), "fine");
+  serve({stateOf(findingOf("f1"), "issue")});
+  answer(1, answerOf(200, "{}"));
+  EXPECT_EQ(held().state, "issue") << "so far";
+  serve({stateOf(findingOf("f1"), "fine")}, 3);
+  answer(0, answerOf(200, "{}"));
+  EXPECT_EQ(held().state, "fine");
+  EXPECT_TRUE(store().busy().empty());
+}
+
 TEST_F(DecidedFinding, TwiceInARowIsTwoRequestsUnderOneKey) {
   decide(findingOf("f1"), "issue");
   decide(stateOf(findingOf("f1"), "issue"), "fine");
