@@ -81,6 +81,48 @@ TEST_F(InspectorViews, CarryTheKeyboardToTheNextFindingInFront) {
   EXPECT_EQ(ring(), "Three") << "the last one has folded, with the keyboard";
 }
 
+TEST_F(InspectorViews, CarryTheKeyboardNowhereWhenAnotherFindingIsInFront) {
+  store().focus.set("f3");
+  settle();
+  tabToDecision("One", "Fine");
+  key(Qt::Key_Return);
+  EXPECT_EQ(ring(), "One") << "folded, with the keyboard";
+  store().focus.set(std::nullopt);
+  settle();
+  store().focus.set("f3");
+  settle();
+  EXPECT_EQ(ring(), "One");
+}
+
+TEST_F(InspectorViews, FoldNothingInWhichSomebodyWrites) {
+  Note note;
+  note.id = "n1";
+  note.page = 0;
+  note.finding_id = "f1";
+  note.by = "renny@tessarine.example";
+  note.text = "Look at this";
+  detail.comments = {note};
+  serve();
+  ASSERT_TRUE(press("Edit or delete"));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return press("Edit", QAccessible::MenuItem); }));
+  ASSERT_TRUE(QTest::qWaitFor([this] {
+    settle();
+    auto* field = reader().find("Note", QAccessible::EditableText);
+    return field && field->state().focused;
+  }));
+  const QQuickItem* writing = keyed();
+  detail.findings[0].state = "issue";
+  detail.file.rev = 2;
+  serve();
+  EXPECT_EQ(keyed(), writing) << "a colleague has decided";
+  QTest::keyClick(window(), '!');
+  EXPECT_TRUE(keyed()->property("text").toString().endsWith("!"));
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(reader().find("Note", QAccessible::EditableText));
+  EXPECT_TRUE(reader().find("One", QAccessible::Button)) << "now it folds";
+  EXPECT_EQ(ring(), "One");
+}
+
 TEST_F(InspectorViews, KeepTheKeyboardOnACardThatFoldsAndOpens) {
   tabToDecision("Two", "Fine");
   key(Qt::Key_Return);
