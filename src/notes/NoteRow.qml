@@ -24,9 +24,10 @@ Rectangle {
 
     function stopEditing(byKey: bool) {
         const had = editor.item.activeFocus;
-        editing = false;
         if (had)
             more.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+        // What is around the row may fold now.
+        editing = false;
     }
 
     function pick(key: string) {
