@@ -21,6 +21,11 @@ Popover {
         events.currentIndex = index;
     }
 
+    onAboutToShow: {
+        events.currentIndex = 0;
+        events.positionViewAtBeginning();
+    }
+
     width: 360
     height: 460
     padding: 0

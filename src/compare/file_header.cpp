@@ -13,7 +13,7 @@ namespace {
 std::string reviewedBy(const Store& store, const FileItem& file, Moment now,
                        const Calendar& calendar) {
   if (file.status != "reviewed" || !file.status_by || file.status_by->empty()) return {};
-  std::string text = personName(store, *file.status_by);
+  std::string text = displayName(store, file.status_by);
   if (file.status_at) text += " · " + friendlyTime(momentOf(*file.status_at), now, calendar);
   return text;
 }

@@ -63,7 +63,7 @@ std::vector<NoteMarkView> noteMarks(const Store& store, const FileDetail& detail
     const auto box = boxOf(std::vector{note.x.value_or(0), note.y.value_or(0), note.w.value_or(0),
                                        note.h.value_or(0)});
     if (!note.x || !note.y || !box) continue;
-    const std::string help = personName(store, note.by) + ": " + note.text;
+    const std::string help = displayName(store, note.by) + ": " + note.text;
     std::string name = "Note " + std::to_string(number) + ", ";
     name.append(help).append(", page ").append(pageName);
     marks.push_back({.key = note.id,

@@ -44,7 +44,7 @@ const Report* newestReport(const Store& store, const std::string& id) {
 }
 
 std::string madeBy(const Store& store, const Report& report, const Calendar& calendar) {
-  std::string text = "Report by " + authorName(store, report.by);
+  std::string text = "Report by " + displayName(store, report.by);
   if (report.at) text += " · " + calendar.monthAndDay(momentOf(*report.at));
   return text;
 }

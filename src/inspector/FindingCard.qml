@@ -61,10 +61,7 @@ Item {
             expanded = false;
     }
     // What folds, or opens, would drop the keyboard.
-    onFoldedChanged: {
-        if (keyed)
-            takeKeyboard("");
-    }
+    onFoldedChanged: handing.restart()
 
     Keys.onUpPressed: event => step(event, -1)
     Keys.onDownPressed: event => step(event, 1)
@@ -79,6 +76,17 @@ Item {
 
     Behavior on implicitHeight {
         Glide { id: gliding }
+    }
+
+    // Once everything has its new place, and unless another card has the keyboard by then.
+    Timer {
+        id: handing
+
+        interval: 0
+        onTriggered: {
+            if (card.keyed)
+                card.takeKeyboard("");
+        }
     }
 
     KeyboardHold {

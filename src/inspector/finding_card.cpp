@@ -17,7 +17,7 @@ bool hasPlace(const Finding& finding) { return finding.box && finding.box->size(
 std::string decidedLine(const Store& store, const Finding& finding, Moment now,
                         const Calendar& calendar) {
   std::string line = decisionWord(finding.state);
-  if (finding.state_by) line += " · " + personName(store, *finding.state_by);
+  if (finding.state_by) line += " · " + displayName(store, finding.state_by);
   if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
   return line;
 }

@@ -26,7 +26,7 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
   NoteRowView row{.id = note.id,
                   .number = number,
                   .who = avatarOf(note.by, store),
-                  .name = authorName(store, note.by),
+                  .name = displayName(store, note.by),
                   .when = friendlyTime(momentOf(note.at), now, calendar),
                   .text = note.text,
                   .resolved = note.isResolved(),
@@ -36,7 +36,7 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
                   .tags = tagChips(store, tags),
                   .busy = isBusy(store, note.id)};
   if (row.resolved) {
-    row.resolveHelp = "Resolved by " + authorName(store, note.resolved_by) + ". Reopen it.";
+    row.resolveHelp = "Resolved by " + displayName(store, note.resolved_by) + ". Reopen it.";
   }
   row.spoken = row.resolved ? "Resolved note" : "Note";
   if (number > 0) row.spoken += " " + std::to_string(number);

@@ -38,6 +38,17 @@ T.Popup {
         const item = parent?.Window.activeFocusItem ?? null;
         cameFrom = item ? { item: item, ring: (item as PressArea)?.visualFocus ?? false } : null;
     }
+    // The next time it begins anew: no key acts on what was at hand the last time.
+    onAboutToHide: {
+        const within = [];
+        let at = contentItem.Window.activeFocusItem;
+        for (; at && at !== contentItem; at = at.parent)
+            within.push(at);
+        if (!at)
+            return;
+        for (const item of within)
+            item.focus = false;
+    }
     onClosed: {
         if (cameFrom?.item?.visible)
             cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);

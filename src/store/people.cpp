@@ -38,10 +38,6 @@ std::string personName(const Store& store, const std::string& email) {
   return person == users.end() || person->name.empty() ? email : person->name;
 }
 
-std::string authorName(const Store& store, const std::optional<std::string>& email) {
-  return email && !email->empty() ? personName(store, *email) : std::string{kWorker};
-}
-
 std::string displayName(const Store& store, const std::optional<std::string>& email) {
   if (!email || email->empty()) return std::string{kWorker};
   if (const auto& board = store.board()) {

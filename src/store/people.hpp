@@ -22,8 +22,6 @@ inline constexpr std::string_view kWorker = "Claude";
 
 // What the board calls the person; the address when it knows no name.
 std::string personName(const Store& store, const std::string& email);
-// Who did what the board names `email` for.
-std::string authorName(const Store& store, const std::optional<std::string>& email);
 // What the reader calls them: "You", a colleague's first name, the first word of an outsider's, or
 // else what can be taken from the address.
 std::string displayName(const Store& store, const std::optional<std::string>& email);

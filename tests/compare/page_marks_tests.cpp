@@ -169,11 +169,11 @@ TEST_F(PageMarks, TellANoteByItsWriter) {
   area.w = 0.2;
   area.h = 0.1;
   const auto marks = on(std::nullopt).notes;
-  EXPECT_EQ(marks[0].help, "Jorvas Lind: Look here");
-  EXPECT_EQ(marks[0].name, "Note 1, Jorvas Lind: Look here, page iv");
+  EXPECT_EQ(marks[0].help, "Jorvas: Look here");
+  EXPECT_EQ(marks[0].name, "Note 1, Jorvas: Look here, page iv");
   EXPECT_EQ(marks[0].box, (Box{0.5, 0.25, 0, 0}));
   EXPECT_FALSE(marks[0].area);
-  EXPECT_EQ(marks[1].help, "gone@tessarine.example: Look here");
+  EXPECT_EQ(marks[1].help, "Gone: Look here");
   EXPECT_FALSE(marks[1].area);
   EXPECT_TRUE(marks[2].area);
 }

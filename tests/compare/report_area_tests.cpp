@@ -155,7 +155,7 @@ TEST_F(ReportAreas, TellWhoseTheFirstReportIs) {
       .id = "r", .file_ids = {"t1"}, .by = "jorvas@tessarine.example", .at = 1'700'000'000'000};
   Report older{.id = "o", .file_ids = {"t1"}, .drive_link = "https://a.example/o", .by = "x@y.z"};
   showReports({report, older});
-  EXPECT_EQ(view().made, "Report by Jorvas Lind · Nov 14");
+  EXPECT_EQ(view().made, "Report by Jorvas · Nov 14");
   EXPECT_EQ(view().driveLink, "");
   report.at.reset();
   report.by.reset();

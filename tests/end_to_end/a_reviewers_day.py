@@ -174,7 +174,7 @@ def change_the_note(day, page, note):
     day.press_beside(written, ("Resolve",))
     day.reader.find("Resolved.")
     expect(held()["resolved"] == 1 and held()["resolved_by"] == RENNY, f"it is held as {held()}")
-    day.press_beside(written, ("Resolved by Renny Vale. Reopen it.",))
+    day.press_beside(written, ("Resolved by You. Reopen it.",))
     day.reader.find("Reopened.")
     expect(not held().get("resolved"), f"it is held as {held()}")
 

@@ -78,7 +78,7 @@ def report(build):
         # It is told of with each of them.
         reader.click(reader.find(second, roles=("list item",)))
         reader.find("New report", roles=BUTTON)
-        reader.find(contains="Report by Renny Vale · ")
+        reader.find(contains="Report by You · ")
         desk.close_window()
 
 

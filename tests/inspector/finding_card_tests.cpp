@@ -69,20 +69,20 @@ TEST_F(FindingCards, LightTheDecisionThatHolds) {
 TEST_F(FindingCards, TellWhoDecidedAndWhen) {
   EXPECT_EQ(card().decided, "");
   decide("issue", "jorvas@tessarine.example", 5);
-  EXPECT_EQ(card().decided, "Real issue · Jorvas Lind · 5 min ago");
+  EXPECT_EQ(card().decided, "Real issue · Jorvas · 5 min ago");
   decide("fine", "renny@tessarine.example", 0);
-  EXPECT_EQ(card().decided, "Fine · Renny Vale · just now");
+  EXPECT_EQ(card().decided, "Fine · You · just now");
 }
 
-TEST_F(FindingCards, TellTheAddressOfSomebodyUnknown) {
+TEST_F(FindingCards, TakeANameFromTheAddressOfSomebodyUnknown) {
   decide("fine", "ines@elsewhere.example", 0);
-  EXPECT_EQ(card().decided, "Fine · ines@elsewhere.example · just now");
+  EXPECT_EQ(card().decided, "Fine · Ines · just now");
 }
 
 TEST_F(FindingCards, TellNoMomentThatIsNotKnown) {
   decide("fine", "renny@tessarine.example", 0);
   held().state_at.reset();
-  EXPECT_EQ(card().decided, "Fine · Renny Vale");
+  EXPECT_EQ(card().decided, "Fine · You");
 }
 
 TEST_F(FindingCards, TellNobodyOfAnOpenFindingOrAnUnsignedDecision) {
@@ -97,7 +97,7 @@ TEST_F(FindingCards, TellWhatTheyAreWhenFolded) {
   decide("issue", "jorvas@tessarine.example", 5);
   EXPECT_EQ(card().foldedIcon, "exclamationmark.triangle.fill");
   EXPECT_EQ(card().foldedTone, "red");
-  EXPECT_EQ(card().foldedHelp, "Real issue · Jorvas Lind · 5 min ago. Click to open.");
+  EXPECT_EQ(card().foldedHelp, "Real issue · Jorvas · 5 min ago. Click to open.");
   held().state = "fine";
   EXPECT_EQ(card().foldedIcon, "checkmark.circle.fill");
   EXPECT_EQ(card().foldedTone, "green");

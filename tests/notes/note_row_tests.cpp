@@ -28,26 +28,26 @@ TEST_F(NoteRows, TellWhoWroteWhatAndWhen) {
   const auto view = row(note, 3);
   EXPECT_EQ(view.id, "n1");
   EXPECT_EQ(view.number, 3);
-  EXPECT_EQ(view.name, "Jorvas Lind");
+  EXPECT_EQ(view.name, "Jorvas");
   EXPECT_EQ(view.when, "5 min ago");
   EXPECT_EQ(view.text, "Too dark");
   EXPECT_EQ(view.who, avatarOf(kJorvas, store()));
-  EXPECT_EQ(view.spoken, "Note 3, Jorvas Lind, 5 min ago");
+  EXPECT_EQ(view.spoken, "Note 3, Jorvas, 5 min ago");
   EXPECT_FALSE(view.busy);
   EXPECT_TRUE(view.tags.empty());
 }
 
-TEST_F(NoteRows, CallPeopleByTheirNameElseByTheirAddress) {
+TEST_F(NoteRows, CallPeopleAsTheReaderDoes) {
   struct Case {
     std::string by;
     std::string name;
   };
   for (const auto& each :
-       {Case{kRenny, "Renny Vale"}, Case{"gone@tessarine.example", ""}, Case{"", "Claude"}}) {
+       {Case{kRenny, "You"}, Case{"gone@tessarine.example", "Gone"}, Case{"", "Claude"}}) {
     SCOPED_TRACE(each.by);
     Note note = noteOn("n1");
     note.by = each.by;
-    EXPECT_EQ(row(note).name, each.name.empty() ? each.by : each.name);
+    EXPECT_EQ(row(note).name, each.name);
   }
 }
 
@@ -60,8 +60,8 @@ TEST_F(NoteRows, OfferToResolveAndToReopen) {
   };
   for (const auto& each :
        {Case{std::nullopt, std::nullopt, false, "Resolve"}, Case{0, kRenny, false, "Resolve"},
-        Case{1, kRenny, true, "Resolved by Renny Vale. Reopen it."},
-        Case{-7, "gone@x.example", true, "Resolved by gone@x.example. Reopen it."},
+        Case{1, kRenny, true, "Resolved by You. Reopen it."},
+        Case{-7, "gone@x.example", true, "Resolved by Gone. Reopen it."},
         Case{1, std::nullopt, true, "Resolved by Claude. Reopen it."}}) {
     Note note = noteOn("n1");
     note.resolved = each.resolved;

@@ -50,16 +50,6 @@ TEST_F(PersonNames, AreThoseOfTheBoardsUsers) {
   EXPECT_EQ(personName(store(), "a@b.c"), "a@b.c");
 }
 
-TEST_F(PersonNames, AreTheWorkersWhereNobodyIsNamed) {
-  BoardState board = boardOf({});
-  board.users = {{.email = "a@b.c", .name = "Ada Lind"}};
-  store().board.set(board);
-  EXPECT_EQ(authorName(store(), "a@b.c"), "Ada Lind");
-  EXPECT_EQ(authorName(store(), "x@b.c"), "x@b.c");
-  EXPECT_EQ(authorName(store(), ""), "Claude");
-  EXPECT_EQ(authorName(store(), std::nullopt), "Claude");
-}
-
 struct Called {
   const char* name;
   std::optional<std::string> email;

@@ -184,7 +184,7 @@ TEST_F(CanvasViews, OpenThePanelForANote) {
   detail.comments = {note};
   store().details.set({{"t1", detail}});
   settle();
-  ASSERT_TRUE(press("Note 1, Jorvas Lind: Too dark, page 1"));
+  ASSERT_TRUE(press("Note 1, Jorvas: Too dark, page 1"));
   EXPECT_TRUE(store().prefs.showNotes());
 }
 
