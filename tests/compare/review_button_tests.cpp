@@ -56,7 +56,8 @@ ReviewButtonView mark() {
 
 INSTANTIATE_TEST_SUITE_P(
     All, ReviewButtons,
-    testing::Values(ReviewCase{"new", mark(), kReviewed}, ReviewCase{"in_review", mark(), kReviewed},
+    testing::Values(ReviewCase{"new", mark(), kReviewed},
+                    ReviewCase{"in_review", mark(), kReviewed},
                     ReviewCase{"anything", mark(), kReviewed},
                     ReviewCase{"reviewed",
                                {.text = "Reopen", .icon = "arrow.uturn.backward", .enabled = true},

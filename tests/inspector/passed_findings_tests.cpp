@@ -51,7 +51,8 @@ TEST_F(PassedFindings, AreThoseOfThePageInTheServicesOrder) {
                      finding("there", {.page = 1, .kind = "pass"}),
                      finding("hidden", {.kind = "expected", .against = "elsewhere"}),
                      finding("always", {.kind = "pass", .against = "elsewhere"}),
-                     finding("e1", {.kind = "expected", .state = "fine"}), finding("real", {})};
+                     finding("e1", {.kind = "expected", .state = "fine"}),
+                     finding("real", {})};
   EXPECT_EQ(passed(), (Texts{"p2", "always", "e1"}));
   EXPECT_EQ(head().passed, "3 checked and fine");
 }

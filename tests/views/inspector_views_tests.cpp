@@ -13,7 +13,7 @@ class InspectorViews : public ViewTest {
   InspectorViews() {
     serveTheDay();
     detail = lighthouse();
-    detail.findings = {named("f1", "One"), named("f2", "Two"), named("f3", "Three"),
+    detail.findings = {named("f1", "One"),     named("f2", "Two"),        named("f3", "Three"),
                        named("f4", "Four", 1), named("p1", "Passed one"), named("p2", "Our edit")};
     detail.findings[4].kind = "pass";
     detail.findings[5].kind = "expected";

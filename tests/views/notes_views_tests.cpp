@@ -44,9 +44,8 @@ TEST_F(NotesViews, TellEachNote) {
   bring({noteBy("n1", "renny"), tagged, done});
   EXPECT_TRUE(reader().find("Notes", QAccessible::Heading));
   EXPECT_EQ(reader().names(QAccessible::ListItem).size(), 3);
-  for (const QString text :
-       {"1", "2", "You", "Jorvas", "Too dark", "For you", "Long done",
-        "gone@tessarine.example", "Note on page 1", "Or click the page"}) {
+  for (const QString text : {"1", "2", "You", "Jorvas", "Too dark", "For you", "Long done",
+                             "gone@tessarine.example", "Note on page 1", "Or click the page"}) {
     EXPECT_TRUE(says(text)) << text.toStdString();
   }
   EXPECT_FALSE(says("3"));

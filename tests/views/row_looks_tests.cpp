@@ -57,7 +57,6 @@ class RowLooks : public ViewTest {
     }
     return nullptr;
   }
-
 };
 
 TEST_F(RowLooks, OfACount) {
