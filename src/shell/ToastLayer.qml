@@ -49,7 +49,7 @@ Item {
 
     // A toast is soon gone: there is no time to walk to its button.
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequence: "Ctrl+Z"
         enabled: layer.open && layer.toast.undoLabel !== ""
         onActivated: layer.takeBack()
     }

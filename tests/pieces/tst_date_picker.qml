@@ -1,3 +1,5 @@
+// The probe is the test program's, of which qmllint knows nothing.
+// qmllint disable unqualified
 import QtQuick
 import QtTest
 import Vellix.Pieces
