@@ -11,7 +11,7 @@ def lose(build):
     with Desk(build) as desk:
         reader, service = desk.reader, desk.service
         reader.find(name="Only mine")
-        tickets = len(reader.find_all(roles=("list item",)))
+        tickets = len(reader.rows("Tickets"))
         expect(tickets, "no ticket is listed")
 
         # The service's own words stand in the banner, the board stays, and it goes as it came.
@@ -20,7 +20,7 @@ def lose(build):
         reader.find(name="Down for a minute.")
         reader.find(name=BANNER)
         reader.find(name="Offline")
-        expect(len(reader.find_all(roles=("list item",))) == tickets, "the board did not stay")
+        expect(len(reader.rows("Tickets")) == tickets, "the board did not stay")
         service.fail_with()
         reader.gone(name="Down for a minute.")
         reader.gone(name=BANNER)
