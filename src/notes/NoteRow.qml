@@ -158,7 +158,9 @@ Rectangle {
                             y: more.height + Theme.gap4
                             label: "Note"
                             entries: [
-                                { key: "edit", text: "Edit", enabled: !row.note.busy && !row.editing },
+                                { key: "edit", text: "Edit",
+                                  help: row.note.editable ? "" : "This note is too long to edit here",
+                                  enabled: row.note.editable && !row.note.busy && !row.editing },
                                 { key: "delete", enabled: !row.note.busy, stays: true,
                                   text: row.confirmDelete ? "Delete this note?" : "Delete…" }
                             ]

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pieces/shown_text.hpp"
 #include "records/friendly_time.hpp"
 #include "store/people.hpp"
 
@@ -35,6 +36,7 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
                   .tagged = !me.empty() && std::ranges::find(tags, me) != tags.end(),
                   .tags = tagChips(store, tags),
                   .busy = isBusy(store, note.id)};
+  row.editable = row.mine && shownWhole(note.text);
   if (row.resolved) {
     row.resolveHelp = "Resolved by " + displayName(store, note.resolved_by) + ". Reopen it.";
   }

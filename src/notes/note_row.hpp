@@ -20,16 +20,17 @@ struct NoteRowView {
   std::string text;
   bool resolved = false;
   std::string resolveHelp;
-  bool mine = false;    // may be edited and deleted
-  bool tagged = false;  // tags the person signed in
+  bool mine = false;      // may be deleted
+  bool editable = false;  // mine, and not cut short where it is shown
+  bool tagged = false;    // tags the person signed in
   std::vector<TagChipView> tags;
   bool busy = false;   // is being changed
   std::string spoken;  // what a screen reader calls it
   bool operator==(const NoteRowView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(NoteRowView, (),
-                      (id, number, who, name, when, text, resolved, resolveHelp, mine, tagged, tags,
-                       busy, spoken))
+                      (id, number, who, name, when, text, resolved, resolveHelp, mine, editable,
+                       tagged, tags, busy, spoken))
 
 // `number` is 0 for a note without one.
 NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now,

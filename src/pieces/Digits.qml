@@ -12,8 +12,9 @@ Item {
     property int weight: Font.Normal
     property color color: Theme.text
 
-    // Runs between digits stay whole, so that words keep their kerning.
-    readonly property var runs: text.match(/\d|\D+/g) || []
+    // Runs between digits stay whole, so that words keep their kerning. Each run is an item, so what is
+    // too long to be a number is a single one.
+    readonly property var runs: text.length > 64 ? [text] : text.match(/\d|\D+/g) || []
 
     implicitWidth: text === "" ? 0 : cells.implicitWidth
     implicitHeight: zero.implicitHeight
@@ -42,7 +43,7 @@ Item {
             Label {
                 required property int index
                 readonly property string run: digits.runs[index] ?? ""
-                readonly property bool digit: run >= "0" && run <= "9"
+                readonly property bool digit: run.length === 1 && run >= "0" && run <= "9"
 
                 width: digit ? zero.implicitWidth : implicitWidth
                 horizontalAlignment: Text.AlignHCenter

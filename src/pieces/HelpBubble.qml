@@ -38,6 +38,9 @@ Rectangle {
         y: 5
         width: Math.min(Math.ceil(implicitWidth), 320)
         wrapMode: Text.Wrap
+        // More is no help, and would reach out of the window.
+        maximumLineCount: 12
+        elide: Text.ElideRight
         lineHeight: 1.2
         size: Theme.small
         color: Theme.onToast

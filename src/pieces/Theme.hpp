@@ -8,6 +8,7 @@
 #include <QQmlPropertyMap>
 #include <QVariantList>
 
+#include "pieces/shown_text.hpp"
 #include "platform/ports/look.hpp"
 
 namespace vellix {
@@ -90,6 +91,9 @@ class Theme : public QObject {
   VELLIX_CONSTANT(qreal, title, 20)
   VELLIX_CONSTANT(qreal, display, 26)
   VELLIX_CONSTANT(qreal, lineHeight, 1.35)
+  // In characters.
+  VELLIX_CONSTANT(int, mostShown, kMostShown)
+  VELLIX_CONSTANT(int, mostOnALine, kMostOnALine)
 
   VELLIX_CONSTANT(int, gap4, 4)
   VELLIX_CONSTANT(int, gap8, 8)

@@ -83,6 +83,28 @@ TEST_F(NoteRows, AreMineWhereIWroteThem) {
   EXPECT_FALSE(row(note).mine);
 }
 
+TEST_F(NoteRows, AreEditedWhereTheyAreMineAndShownWhole) {
+  struct Case {
+    std::string by;
+    std::string text;
+    bool editable;
+  };
+  std::string accents;
+  for (int i = 0; i < 20'000; ++i) accents += "\u00e9";
+  for (const auto& each :
+       {Case{kRenny, "Too dark", true}, Case{kJorvas, "Too dark", false},
+        Case{kRenny, std::string(20'000, 'a'), true}, Case{kRenny, std::string(20'001, 'a'), false},
+        Case{kRenny, accents, true}, Case{kRenny, accents + "a", false}}) {
+    SCOPED_TRACE(each.by + ", " + std::to_string(each.text.size()) + " bytes");
+    Note note = noteOn("n1");
+    note.by = each.by;
+    note.text = each.text;
+    EXPECT_EQ(row(note).editable, each.editable);
+    EXPECT_EQ(row(note).text, each.text) << "kept whole";
+    EXPECT_EQ(row(note).mine, each.by == kRenny) << "it may still be deleted";
+  }
+}
+
 TEST_F(NoteRows, StandOutWhereTheyTagMe) {
   Note note = noteOn("n1");
   note.tags = std::vector<std::string>{kJorvas};

@@ -51,6 +51,7 @@ class EveryView : public ViewTest {
                                             .text = "Too dark",
                                             .resolveHelp = "Resolve",
                                             .mine = true,
+                                            .editable = true,
                                             .tagged = true})
                               .toMap();
     noteRow["who"] = who;

@@ -145,6 +145,13 @@ TEST_F(NotesViews, OfferNothingOfANoteThatIsBeingChanged) {
   EXPECT_EQ(reader().enabled("Delete…", QAccessible::MenuItem), 0);
 }
 
+TEST_F(NotesViews, OfferNoEditOfWhatTheyCutShort) {
+  bring({noteBy("n1", "renny", std::string(20'001, 'w'))});
+  openMenu();
+  EXPECT_EQ(reader().enabled("Edit", QAccessible::MenuItem), 0);
+  EXPECT_EQ(reader().enabled("Delete…", QAccessible::MenuItem), 1);
+}
+
 TEST_F(NotesViews, HandTheKeyboardOnFromANoteThatGoes) {
   bring({noteBy("n1", "renny"), noteBy("n2", "jorvas"), noteBy("n3", "jorvas")});
   focus(item("Edit or delete"));
