@@ -29,27 +29,31 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
   setBusy(key, false);
 }
 
-Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string failed,
+// What the board shows `ahead` of a refusal is not the service's: its tag has to go as well, or the
+// service would call it unchanged for ever.
+Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string failed, bool ahead,
                           Session session) {
   auto settling = settle(std::move(work), std::move(done), std::move(failed), session);
-  co_await std::move(settling);
+  const bool taken = co_await std::move(settling);
+  if (ahead && !taken && session == session_) etag.reset();
   setBusy(key, false);
 }
 
-// Says how it went. Whoever is not known any more hears it like any other failure: the next poll
-// signs out.
-Task<> Store::settle(Work work, Toast done, std::string failed, Session session) {
-  if (session != session_) co_return;
+// Says how it went, and whether the service took it. Whoever is not known any more hears it like
+// any other failure: the next poll signs out.
+Task<bool> Store::settle(Work work, Toast done, std::string failed, Session session) {
+  if (session != session_) co_return false;
   auto working = work();
   const auto outcome = co_await std::move(working);
-  if (session != session_) co_return;
+  if (session != session_) co_return false;
   if (!outcome) {
     toast.set(Toast{outcome.error().description().value_or(failed)});
-    co_return;
+    co_return false;
   }
   toast.set(std::move(done));
   auto poll = pollWhole();
   co_await std::move(poll);
+  co_return true;
 }
 
 // Without a tag the answer is the whole board, also when the service's tag has not moved yet.

@@ -177,8 +177,9 @@ class Store {
   Task<> logOut();
   // What is asked in `session` is asked, told of and fetched for in no other.
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work, Session session);
-  Task<> runUndoable(std::string key, Work work, Toast done, std::string failed, Session session);
-  Task<> settle(Work work, Toast done, std::string failed, Session session);
+  Task<> runUndoable(std::string key, Work work, Toast done, std::string failed, bool ahead,
+                     Session session);
+  Task<bool> settle(Work work, Toast done, std::string failed, Session session);
   Task<> pollWhole();
   Task<API::Result<Done>> thenReload(Task<API::Result<Done>> call, std::optional<FileItem> file);
   // Does nothing once the Store or the session has ended.
@@ -190,6 +191,8 @@ class Store {
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
                                   std::string_view except = {});
   void focusNextOpen(const Finding& decided);
+  // True when the board shows it from now on.
+  bool reviewLocally(const std::string& id);
   void prefetchAround(const std::string& id);
   void decideLocally(const Finding& finding, const std::string& state);
   Task<> reloadCurrentDetail();

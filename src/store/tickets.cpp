@@ -47,16 +47,7 @@ std::optional<std::string> Store::myEmail() const {
 }
 
 void Store::setStatus(FileItem file, std::string status) {
-  if (status == "reviewed" && board()) {
-    BoardState changed = *board();
-    const auto held = std::ranges::find(changed.files, file.id, &FileItem::id);
-    if (held != changed.files.end()) {
-      held->status = status;
-      held->status_by = myEmail();
-      held->status_at = wireOf(ports_.loop.now());
-      advanceAfterReview(std::move(changed), file.id);
-    }
-  }
+  const bool ahead = status == "reviewed" && reviewLocally(file.id);
   setBusy("status", true);
   // The reviewer was carried on: taking it back leads back as well.
   Toast done{statusText(status), kUndo, undo([file](Store& store) {
@@ -68,7 +59,19 @@ void Store::setStatus(FileItem file, std::string status) {
       [this, path = "api/files/" + file.id + "/status", status] {
         return tell(path, StatusBody{status});
       },
-      std::move(done), kNotSaved, session_));
+      std::move(done), kNotSaved, ahead, session_));
+}
+
+bool Store::reviewLocally(const std::string& id) {
+  if (!board()) return false;
+  BoardState changed = *board();
+  const auto held = std::ranges::find(changed.files, id, &FileItem::id);
+  if (held == changed.files.end()) return false;
+  held->status = "reviewed";
+  held->status_by = myEmail();
+  held->status_at = wireOf(ports_.loop.now());
+  advanceAfterReview(std::move(changed), id);
+  return true;
 }
 
 void Store::advanceAfterReview(BoardState changed, const std::string& id) {
@@ -95,7 +98,7 @@ void Store::assign(FileItem file, std::string email) {
       [this, path = "api/files/" + file.id + "/assign", email] {
         return tell(path, AssignBody{email});
       },
-      std::move(done), kNotSaved, session_));
+      std::move(done), kNotSaved, false, session_));
 }
 
 void Store::setDueDate(FileItem file, Moment date) {
