@@ -21,10 +21,11 @@ std::string decidedText(const std::string& state) {
 
 void Store::setFindingState(Finding finding, std::string state) {
   if (state != "open" && focus() == finding.id) focusNextOpen(finding);
-  decideLocally(finding, state);
+  auto ahead = decideLocally(finding, state);
   setBusy(finding.id, true);
   std::string text = decidedText(state);
-  spawn(sendFindingState(std::move(finding), std::move(state), std::move(text), session_));
+  spawn(sendFindingState(std::move(finding), std::move(state), std::move(text), std::move(ahead),
+                         session_));
 }
 
 // The walk stays on the page: its last open finding clears the focus.
@@ -38,34 +39,42 @@ void Store::focusNextOpen(const Finding& decided) {
   focus.set(next == detail->findings.end() ? std::nullopt : std::optional{next->id});
 }
 
-void Store::decideLocally(const Finding& finding, const std::string& state) {
+std::optional<std::string> Store::decideLocally(const Finding& finding, const std::string& state) {
   const FileDetail* detail = currentDetail();
   if (!detail ||
       std::ranges::find(detail->findings, finding.id, &Finding::id) == detail->findings.end()) {
-    return;
+    return std::nullopt;
   }
-  const std::string ticket = currentFile()->id;
+  std::string ticket = currentFile()->id;
   details.edit([&](auto& all) {
     Finding& held = *std::ranges::find(all.at(ticket).findings, finding.id, &Finding::id);
     held.state = state;
     held.state_by = myEmail();
     held.state_at = wireOf(ports_.loop.now());
   });
+  return ticket;
 }
 
 Task<> Store::sendFindingState(Finding finding, std::string state, std::string text,
-                               Session session) {
+                               std::optional<std::string> ahead, Session session) {
   Work post = [this, path = "api/findings/" + finding.id, state] {
     return tell(path, StateBody{state});
   };
   Toast done{text, "Undo",
              undo([finding](Store& store) { store.setFindingState(finding, finding.state); })};
   auto settling = settle(std::move(post), std::move(done), "That didn't save. Try again.", session);
-  co_await std::move(settling);
+  const bool taken = co_await std::move(settling);
   if (session == session_) {
-    // After a failure this fetch is the whole of the rollback.
+    // What was shown ahead of a refusal is false, and so is what was not shown and is taken.
+    if (ahead.has_value() != taken) doubted_.insert(ahead.value_or(finding.file_id));
+    // After a failure this fetch is the rollback.
     auto reload = reloadCurrentDetail();
     co_await std::move(reload);
+  }
+  if (session == session_) {
+    // The reviewer may have moved on meanwhile.
+    auto others = loadDoubted();
+    co_await std::move(others);
   }
   setBusy(finding.id, false);
 }

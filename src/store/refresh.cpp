@@ -69,6 +69,9 @@ Task<> Store::refresh(std::stop_token stop) {
     auto load = loadDetail(*file, false, stop);
     co_await std::move(load);
   }
+  if (session != session_) co_return;
+  auto others = loadDoubted(stop);
+  co_await std::move(others);
 }
 
 void Store::noteProblem(const Failure& failure, Session session) {

@@ -94,14 +94,16 @@ void Store::reconcileSelection() {
 Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   const auto pin = viewVersion().find(file.id);
   const auto pinned = pin == viewVersion().end() ? std::nullopt : std::optional{pin->second};
-  if (const auto have = details().find(file.id); !force && have != details().end()) {
+  const bool doubted = doubted_.contains(file.id);
+  const bool whole = force || doubted;
+  if (const auto have = details().find(file.id); !whole && have != details().end()) {
     const FileDetail& detail = have->second;
     const Int wanted = pinned.value_or(file.versionNumber());
     if (detail.file.rev == file.rev && detail.versionNumber() == wanted) co_return;
   }
   const std::string key = file.id + "#" + std::to_string(pinned.value_or(0));
   std::optional<std::string> tag;
-  if (const auto known = fileTags.find(key); !force && known != fileTags.end()) {
+  if (const auto known = fileTags.find(key); !whole && known != fileTags.end()) {
     tag = known->second;
   }
   std::map<std::string, std::string> query;
@@ -117,6 +119,8 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   if (!decoded || session != session_) co_return;
   const FileDetail detail = std::move(*decoded);
   details.edit([&](auto& all) { all.insert_or_assign(file.id, detail); });
+  // An answer to what was asked before the doubt came up does not settle it.
+  if (doubted) doubted_.erase(file.id);
   if (const auto fresh = response->header("etag")) {
     fileTags[key] = *fresh;
   } else {
@@ -128,6 +132,22 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
     page.edit([&](auto& pages) { pages[file.id] = first; });
   }
   prefetchAround(file.id);
+}
+
+// The ticket on show is fetched anyhow.
+Task<> Store::loadDoubted(std::stop_token stop) {
+  if (doubted_.empty() || !board()) co_return;
+  const auto session = session_;
+  const FileItem* shown = currentFile();
+  std::vector<FileItem> files;
+  for (const FileItem& file : board()->files) {
+    if (&file != shown && doubted_.contains(file.id)) files.push_back(file);
+  }
+  for (const FileItem& file : files) {
+    if (session != session_) co_return;
+    auto load = loadDetail(file, true, stop);
+    co_await std::move(load);
+  }
 }
 
 // The next step, either way, shall find its pictures at hand.

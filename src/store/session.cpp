@@ -62,6 +62,7 @@ void Store::signOut(bool expired) {
   signedIn.set(false);
   board.set(std::nullopt);
   details.set({});
+  doubted_.clear();
   etag.reset();
   if (loop_) loop_->request_stop();
   loop_.reset();

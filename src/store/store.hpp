@@ -184,7 +184,8 @@ class Store {
   Task<API::Result<Done>> thenReload(Task<API::Result<Done>> call, std::optional<FileItem> file);
   // Does nothing once the Store or the session has ended.
   std::function<void()> undo(std::function<void(Store&)> work) const;
-  Task<> sendFindingState(Finding finding, std::string state, std::string text, Session session);
+  Task<> sendFindingState(Finding finding, std::string state, std::string text,
+                          std::optional<std::string> ahead, Session session);
   std::optional<std::string> myEmail() const;
   void advanceAfterReview(BoardState changed, const std::string& id);
   // The ticket to review first, other than `except`; null when none waits.
@@ -194,7 +195,9 @@ class Store {
   // True when the board shows it from now on.
   bool reviewLocally(const std::string& id);
   void prefetchAround(const std::string& id);
-  void decideLocally(const Finding& finding, const std::string& state);
+  // The ticket that shows it from now on.
+  std::optional<std::string> decideLocally(const Finding& finding, const std::string& state);
+  Task<> loadDoubted(std::stop_token stop = {});
   Task<> reloadCurrentDetail();
   // Posts; what the service says to it does not matter.
   template <class Body>
@@ -217,3 +220,4 @@ class Store {
 };
 
 }  // namespace vellix
+  std::set<std::string> doubted_;  // ids of tickets whose detail here is not the service's
