@@ -40,10 +40,29 @@ Milliseconds Store::pause() const {
   return ports_.windows.seen() ? kSeenPause : kUnseenPause;
 }
 
+// A board that is unchanged has to be held: otherwise it is asked for once more, without a tag.
+Task<API::Result<HttpResponse>> Store::fetchBoard(std::stop_token stop) {
+  const auto session = session_;
+  API::Request request{.path = "api/state", .etag = etag, .stop = stop};
+  auto call = api_.send(request);
+  auto response = co_await std::move(call);
+  if (session != session_ || !isUnchanged(response) || board()) co_return response;
+  etag.reset();
+  if (request.etag) {
+    request.etag.reset();
+    auto again = api_.send(request);
+    response = co_await std::move(again);
+  }
+  if (isUnchanged(response) && !board()) {
+    co_return std::unexpected(Failure::unreadable("no board is held"));
+  }
+  co_return response;
+}
+
 Task<> Store::refresh(std::stop_token stop) {
   if (!signedIn() || sample) co_return;
   const auto session = session_;
-  auto call = api_.send({.path = "api/state", .etag = etag, .stop = stop});
+  auto call = fetchBoard(stop);
   const auto response = co_await std::move(call);
   // A session that has ended took its board away on purpose, and leaves the next one in peace.
   if (session != session_ && (response || signedIn())) co_return;
@@ -51,7 +70,7 @@ Task<> Store::refresh(std::stop_token stop) {
     noteProblem(response.error(), session);
     co_return;
   }
-  if (response->status != 304) {
+  if (!isUnchanged(response)) {
     auto fresh = decode<BoardState>(response->body);
     if (!fresh) {
       noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why), session);

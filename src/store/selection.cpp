@@ -38,6 +38,12 @@ const FileDetail* Store::currentDetail() const {
   return found == details().end() ? nullptr : &found->second;
 }
 
+const FileDetail* Store::heldDetail(const std::string& id, Int version) const {
+  const auto found = details().find(id);
+  const bool held = found != details().end() && found->second.versionNumber() == version;
+  return held ? &found->second : nullptr;
+}
+
 std::string Store::effectiveQueue() const {
   if (queue() == kReprint || queue() == kNewTitle) return queue();
   const bool reprints = board() && handlesReprints(board()->me.email);
@@ -94,26 +100,30 @@ void Store::reconcileSelection() {
 Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   const auto pin = viewVersion().find(file.id);
   const auto pinned = pin == viewVersion().end() ? std::nullopt : std::optional{pin->second};
+  const Int wanted = pinned.value_or(file.versionNumber());
   const bool doubted = doubted_.contains(file.id);
   const bool whole = force || doubted;
-  if (const auto have = details().find(file.id); !whole && have != details().end()) {
-    const FileDetail& detail = have->second;
-    const Int wanted = pinned.value_or(file.versionNumber());
-    if (detail.file.rev == file.rev && detail.versionNumber() == wanted) co_return;
-  }
+  const FileDetail* held = heldDetail(file.id, wanted);
+  if (!whole && held && held->file.rev == file.rev) co_return;
   const std::string key = file.id + "#" + std::to_string(pinned.value_or(0));
   std::optional<std::string> tag;
   if (const auto known = fileTags.find(key); !whole && known != fileTags.end()) {
     tag = known->second;
   }
-  std::map<std::string, std::string> query;
-  if (pinned) query.emplace("v", std::to_string(*pinned));
+  API::Request request{.path = "api/files/" + file.id, .etag = tag, .stop = stop};
+  if (pinned) request.query.emplace("v", std::to_string(*pinned));
   const auto session = session_;
-  auto call = api_.send(
-      {.path = "api/files/" + file.id, .etag = tag, .query = std::move(query), .stop = stop});
-  const auto response = co_await std::move(call);
+  auto call = api_.send(request);
+  auto response = co_await std::move(call);
+  if (session == session_ && tag && isUnchanged(response) && !heldDetail(file.id, wanted)) {
+    // The tag has outlived what it came with: another session's detail, or another version.
+    fileTags.erase(key);
+    request.etag.reset();
+    auto again = api_.send(request);
+    response = co_await std::move(again);
+  }
   // Silence on purpose: the next poll repairs it, and it alone reports trouble.
-  if (!response || response->status == 304) co_return;
+  if (!response || isUnchanged(response)) co_return;
   auto decoded = decode<FileDetail>(response->body);
   // A sign-out in the meantime took the details away on purpose.
   if (!decoded || session != session_) co_return;

@@ -168,7 +168,11 @@ class Store {
  private:
   using Session = std::uint64_t;  // counts sessions: an answer to one is not for the next
 
+  static bool isUnchanged(const API::Result<HttpResponse>& response) {
+    return response && response->status == 304;
+  }
   Task<> runLoop(std::stop_token stop);
+  Task<API::Result<HttpResponse>> fetchBoard(std::stop_token stop);
   Milliseconds pause() const;
   void noticeNewEvents(const BoardState& fresh);
   void updateBadge();
@@ -187,13 +191,14 @@ class Store {
   Task<> sendFindingState(Finding finding, std::string state, std::string text,
                           std::optional<std::string> ahead, Session session);
   std::optional<std::string> myEmail() const;
+  // True when the board shows it from now on.
+  bool reviewLocally(const std::string& id);
   void advanceAfterReview(BoardState changed, const std::string& id);
   // The ticket to review first, other than `except`; null when none waits.
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
                                   std::string_view except = {});
   void focusNextOpen(const Finding& decided);
-  // True when the board shows it from now on.
-  bool reviewLocally(const std::string& id);
+  const FileDetail* heldDetail(const std::string& id, Int version) const;  // null when none
   void prefetchAround(const std::string& id);
   // The ticket that shows it from now on.
   std::optional<std::string> decideLocally(const Finding& finding, const std::string& state);
@@ -215,9 +220,9 @@ class Store {
   Ports ports_;
   std::optional<std::stop_source> loop_;
   Session session_ = 0;
+  std::set<std::string> doubted_;  // ids of tickets whose detail here is not the service's
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };
 
 }  // namespace vellix
-  std::set<std::string> doubted_;  // ids of tickets whose detail here is not the service's
