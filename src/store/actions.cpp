@@ -4,7 +4,7 @@
 namespace vellix {
 
 void Store::action(std::string key, std::optional<std::string> ok, Work work) {
-  setBusy(key, true);
+  hold(key);
   spawn(runAction(std::move(key), std::move(ok), std::move(work), session_));
 }
 
@@ -26,7 +26,7 @@ Task<> Store::runAction(std::string key, std::optional<std::string> ok, Work wor
           Toast{outcome.error().description().value_or("That didn't go through. Try again.")});
     }
   }
-  setBusy(key, false);
+  letGo(key, session);
 }
 
 // What the board shows `ahead` of a refusal is not the service's: its tag has to go as well, or the
@@ -36,7 +36,7 @@ Task<> Store::runUndoable(std::string key, Work work, Toast done, std::string fa
   auto settling = settle(std::move(work), std::move(done), std::move(failed), session);
   const bool taken = co_await std::move(settling);
   if (ahead && !taken && session == session_) etag.reset();
-  setBusy(key, false);
+  letGo(key, session);
 }
 
 // Says how it went, and whether the service took it. Whoever is not known any more hears it like

@@ -22,7 +22,7 @@ std::string decidedText(const std::string& state) {
 void Store::setFindingState(Finding finding, std::string state) {
   if (state != "open" && focus() == finding.id) focusNextOpen(finding);
   auto ahead = decideLocally(finding, state);
-  setBusy(finding.id, true);
+  hold(finding.id);
   std::string text = decidedText(state);
   spawn(sendFindingState(std::move(finding), std::move(state), std::move(text), std::move(ahead),
                          session_));
@@ -76,7 +76,7 @@ Task<> Store::sendFindingState(Finding finding, std::string state, std::string t
     auto others = loadDoubted();
     co_await std::move(others);
   }
-  setBusy(finding.id, false);
+  letGo(finding.id, session);
 }
 
 }  // namespace vellix

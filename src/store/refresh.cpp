@@ -103,18 +103,19 @@ void Store::noteProblem(const Failure& failure, Session session) {
   }
 }
 
-Task<> Store::refreshNow() {
-  etag.reset();
-  auto poll = refresh();
+Task<> Store::refreshNow(Session session) {
+  if (session != session_) co_return;
+  auto poll = pollWhole();
   co_await std::move(poll);
-  refreshing.set(false);
   // A session that ended has said so already.
-  if (signedIn()) toast.set(Toast{problem().value_or("Up to date.")});
+  if (session != session_) co_return;
+  refreshing.set(false);
+  toast.set(Toast{problem().value_or("Up to date.")});
 }
 
 void Store::requestRefresh() {
   refreshing.set(true);
-  spawn(refreshNow());
+  spawn(refreshNow(session_));
 }
 
 }  // namespace vellix

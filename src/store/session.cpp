@@ -5,12 +5,13 @@
 namespace vellix {
 
 Task<> Store::signIn() {
+  const auto session = session_;
   auto run = signIn_.run();
   const auto me = co_await std::move(run);
   if (me) {
-    auto session = beginSession();
-    co_await std::move(session);
-  } else if (me.error().kind != Failure::Kind::cancelled) {
+    auto begun = beginSession();
+    co_await std::move(begun);
+  } else if (session == session_ && me.error().kind != Failure::Kind::cancelled) {
     toast.set(Toast{me.error().description().value_or("Sign-in didn't finish. Try again.")});
   }
 }
@@ -23,23 +24,23 @@ void Store::open(std::string url) {
 }
 
 Task<> Store::completeSignIn(std::string url) {
+  const auto session = session_;
   auto exchange = signIn_.finish(std::move(url));
   const auto me = co_await std::move(exchange);
-  if (!me) {
+  if (me) {
+    auto begun = beginSession();
+    co_await std::move(begun);
+  } else if (session == session_) {
     toast.set(Toast{me.error().description().value_or("Sign-in didn't finish.")});
-    co_return;
   }
-  auto session = beginSession();
-  co_await std::move(session);
 }
 
 // Whoever is signed in waits for no browser any more, and what the token before it still brings is
 // not for this session.
 Task<> Store::beginSession() {
-  ++session_;
+  endSession();
   signIn_.cancel();
   signedIn.set(true);
-  etag.reset();
   auto poll = refresh();
   co_await std::move(poll);
   // The service may have ended the session again with its first answer.
@@ -53,20 +54,30 @@ void Store::resume() {
   startLoop();
 }
 
-// What is left alone here is left on purpose: selection, pages, tags and figures serve the next
-// session, and events already seen stay seen.
 void Store::signOut(bool expired) {
   if (!expired) spawn(logOut());
-  ++session_;
   api_.setToken(std::nullopt);
   signedIn.set(false);
+  endSession();
+  if (loop_) loop_->request_stop();
+  loop_.reset();
+  if (expired) toast.set(Toast{*Failure::signedOut().description()});
+}
+
+// What a session was shown, asked for and began to write ends with it. What is left alone here is
+// left on purpose: selection, pages, tags and figures serve the next session, and events already
+// seen stay seen.
+void Store::endSession() {
+  ++session_;
   board.set(std::nullopt);
   details.set({});
   doubted_.clear();
   etag.reset();
-  if (loop_) loop_->request_stop();
-  loop_.reset();
-  if (expired) toast.set(Toast{*Failure::signedOut().description()});
+  problem.set(std::nullopt);
+  lastOK.set(std::nullopt);
+  refreshing.set(false);
+  // There is no way back any more.
+  if (toast() && toast()->undo) toast.set(std::nullopt);
 }
 
 // Begins after the sign-out has ended, so the call carries no token; its outcome is nobody's

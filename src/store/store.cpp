@@ -24,13 +24,20 @@ Store::Store(API& api, SignIn& signIn, Prefs& preferences, Ports ports)
 
 void Store::spawn(Task<> task) { tasks_.start(afterTurn(ports_.loop, std::move(task))); }
 
-void Store::setBusy(const std::string& key, bool on) {
+void Store::hold(const std::string& key) {
+  holders_[key] = session_;
   auto keys = busy();
-  if (on) {
-    keys.insert(key);
-  } else {
-    keys.erase(key);
-  }
+  keys.insert(key);
+  busy.set(std::move(keys));
+}
+
+// What was asked in a session that has ended leaves a later session's key alone.
+void Store::letGo(const std::string& key, Session session) {
+  const auto holder = holders_.find(key);
+  if (holder == holders_.end() || holder->second != session) return;
+  holders_.erase(holder);
+  auto keys = busy();
+  keys.erase(key);
   busy.set(std::move(keys));
 }
 

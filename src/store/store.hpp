@@ -108,8 +108,7 @@ class Store {
   void startLoop();
   bool looping() const { return loop_.has_value(); }
   Task<> refresh(std::stop_token stop = {});
-  Task<> refreshNow();    // the caller has set `refreshing`
-  void requestRefresh();  // sets `refreshing` and starts refreshNow
+  void requestRefresh();  // by hand: says how it went
   bool anyJobActive() const;
   std::map<std::string, const Person*> usersByEmail() const;
   Int openCount() const;  // of the user's own tickets
@@ -177,7 +176,9 @@ class Store {
   void noticeNewEvents(const BoardState& fresh);
   void updateBadge();
   void noteProblem(const Failure& failure, Session session);
+  Task<> refreshNow(Session session);
   Task<> beginSession();
+  void endSession();
   Task<> logOut();
   // What is asked in `session` is asked, told of and fetched for in no other.
   Task<> runAction(std::string key, std::optional<std::string> ok, Work work, Session session);
@@ -212,7 +213,8 @@ class Store {
     if (!answer) co_return std::unexpected(answer.error());
     co_return Done{};
   }
-  void setBusy(const std::string& key, bool on);
+  void hold(const std::string& key);
+  void letGo(const std::string& key, Session session);
   void spawn(Task<> task);  // begins in a later turn
 
   API& api_;
@@ -220,7 +222,8 @@ class Store {
   Ports ports_;
   std::optional<std::stop_source> loop_;
   Session session_ = 0;
-  std::set<std::string> doubted_;  // ids of tickets whose detail here is not the service's
+  std::map<std::string, Session> holders_;  // of the busy keys: who took each last
+  std::set<std::string> doubted_;           // ids of tickets whose detail here is not the service's
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };

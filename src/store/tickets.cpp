@@ -48,7 +48,7 @@ std::optional<std::string> Store::myEmail() const {
 
 void Store::setStatus(FileItem file, std::string status) {
   const bool ahead = status == "reviewed" && reviewLocally(file.id);
-  setBusy("status", true);
+  hold("status");
   // The reviewer was carried on: taking it back leads back as well.
   Toast done{statusText(status), kUndo, undo([file](Store& store) {
                store.setStatus(file, file.status);
@@ -92,7 +92,7 @@ void Store::assign(FileItem file, std::string email) {
     done =
         Toast{done.text, kUndo, undo([file](Store& store) { store.assign(file, *file.assignee); })};
   }
-  setBusy("assign", true);
+  hold("assign");
   spawn(runUndoable(
       "assign",
       [this, path = "api/files/" + file.id + "/assign", email] {

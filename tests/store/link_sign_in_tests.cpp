@@ -65,6 +65,46 @@ TEST_F(ByLink, AgainKeepsWhatWasSeenAndTheTagsOfTheLastSession) {
   EXPECT_TRUE(store().looping());
 }
 
+TEST_F(ByLink, BeginsWithoutTheNewsOfTheLastSession) {
+  complete();
+  ASSERT_TRUE(store().lastOK());
+  routes.leaveOpen(kStateLine);
+  desk.time.advance(Milliseconds{5'000});
+  store().signOut(false);
+  desk.time.run();
+  EXPECT_TRUE(store().problem()) << "of the poll that was given up";
+  complete();
+  EXPECT_FALSE(store().problem());
+  EXPECT_FALSE(store().lastOK());
+}
+
+TEST_F(ByLink, OverAnotherSessionShowsNothingOfThat) {
+  complete();
+  const FileItem file = ticketAt("t1", 1);
+  store().board.set(boardOf({file}));
+  store().details.set({{"t1", detailOf(file, {findingOf("f1")})}});
+  store().selection.set({"t1"});
+  store().setFindingState(findingOf("f1"), "fine");
+  desk.time.run();
+  const std::size_t post = desk.http.exchanges.size() - 1;
+  routes.leaveOpen(kStateLine);
+  complete();
+  EXPECT_FALSE(store().board());
+  EXPECT_TRUE(store().details().empty());
+  answer(post, answerOf(409));
+  EXPECT_FALSE(store().toast());
+}
+
+TEST_F(ByLink, ThatFailsOnceSomebodyElseIsInSaysNothing) {
+  routes.leaveOpen(kExchangeLine);
+  complete();
+  complete();
+  answer(1, answerOf(200, kExchangeAnswer));
+  ASSERT_TRUE(store().signedIn());
+  answer(0, answerOf(400, R"({"error":"Code used."})"));
+  EXPECT_FALSE(store().toast());
+}
+
 TEST_F(ByLink, SendsTheTagsOfTheLastSessionAgain) {
   serveBoard(boardOf({ticketAt("t1", 1)}));
   routes.set("GET api/files/t1", answerOf(304));

@@ -1,5 +1,5 @@
 // The refresh that the user asks for.
-#include "store/store_test.hpp"
+#include "store/sign_in_test.hpp"
 
 namespace vellix {
 namespace {
@@ -60,6 +60,54 @@ TEST_F(ManualRefresh, LeavesTheLastWordToASessionThatEnded) {
   refreshByHand();
   EXPECT_FALSE(store().refreshing());
   EXPECT_FALSE(store().signedIn());
+  EXPECT_EQ(desk.toastText(), kSignedOutText);
+}
+
+// Asked for by somebody who goes before it is answered, and somebody else comes.
+class RefreshAcrossSessions : public ManualRefresh {
+ protected:
+  void SetUp() override {
+    holdABoard();
+    routes.leaveOpen(kStateLine);
+    routes.set(kExchangeLine, answerOf(200, kExchangeAnswer));
+    refreshByHand();
+    late = desk.http.exchanges.size() - 1;
+    store().signOut(false);
+    EXPECT_FALSE(store().refreshing());
+    serveBoard(boardOf({}));
+    desk.tasks.start(store().completeSignIn(kCallback));
+    desk.time.run();
+    ASSERT_TRUE(store().signedIn());
+  }
+  std::size_t late = 0;
+};
+
+TEST_F(RefreshAcrossSessions, SaysNothingInTheNextOne) {
+  EXPECT_FALSE(store().refreshing());
+  answer(late, answerOf(500));
+  EXPECT_FALSE(store().toast());
+  EXPECT_FALSE(store().problem());
+}
+
+TEST_F(RefreshAcrossSessions, LeavesTheOneOfTheNextAlone) {
+  routes.leaveOpen(kStateLine);
+  refreshByHand();
+  answer(late, answerOf(200, jsonOf(boardOf({}))));
+  EXPECT_TRUE(store().refreshing());
+  EXPECT_FALSE(store().toast());
+  answer(desk.http.exchanges.size() - 1, answerOf(500));
+  EXPECT_FALSE(store().refreshing());
+  EXPECT_EQ(desk.toastText(), kRefusedText);
+}
+
+TEST_F(ManualRefresh, AskedForInTheLastTurnOfASessionIsNotSentInTheNext) {
+  holdABoard();
+  store().requestRefresh();
+  store().signOut(true);
+  store().signedIn.set(true);
+  desk.time.run();
+  EXPECT_EQ(polls(), 1U);
+  EXPECT_FALSE(store().refreshing());
   EXPECT_EQ(desk.toastText(), kSignedOutText);
 }
 

@@ -91,6 +91,27 @@ TEST_P(SessionEnd, KeepsWhatWasAskedInItsLastTurnFromBeingSent) {
   EXPECT_TRUE(store().busy().empty());
 }
 
+TEST_P(SessionEnd, LeavesTheNextOnesKeysAlone) {
+  act();
+  nextSession();
+  act();
+  const std::set<std::string> keys = store().busy();
+  const std::size_t second = desk.http.exchanges.size() - 1;
+  answer(at(GetParam().line), answerOf(200, "{}"));
+  EXPECT_EQ(store().busy(), keys);
+  answer(second, answerOf(500));
+  for (std::size_t i = second + 1; i < desk.http.exchanges.size(); ++i) answer(i, answerOf(500));
+  EXPECT_TRUE(store().busy().empty());
+}
+
+TEST_P(UndoableEnd, TakesTheOfferOfAWayBackAway) {
+  routes.set(GetParam().line, answerOf(200, "{}"));
+  act();
+  ASSERT_TRUE(store().toast());
+  store().signOut(false);
+  EXPECT_FALSE(store().toast());
+}
+
 TEST_P(UndoableEnd, TakesTheWayBackAway) {
   routes.set(GetParam().line, answerOf(200, "{}"));
   routes.set(kStateLine, answerOf(304));
