@@ -46,6 +46,20 @@ TEST_F(BadgeOfTheIcon, TurnedOffIsClearedAtTheNextGoodPollAndNotAtOnce) {
   EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
 }
 
+TEST_F(BadgeOfTheIcon, GoesWithTheSession) {
+  pollWith({}, files);
+  ASSERT_EQ(desk.badge.shown.back(), 3);
+  store().signOut(false);
+  EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
+}
+
+TEST_F(BadgeOfTheIcon, GoesWithASessionThatTheServiceEnds) {
+  pollWith({}, files);
+  routes.set(kStateLine, answerOf(401));
+  poll();
+  EXPECT_EQ(desk.badge.shown.back(), std::nullopt);
+}
+
 TEST_F(BadgeOfTheIcon, IsBroughtUpToDateByAnUnchangedBoardToo) {
   pollWith({}, files);
   store().prefs.dockBadge.set(false);
