@@ -6,18 +6,15 @@ ActivityModel::ActivityModel(Store& store, const MainLoop& clock, const Calendar
     : store_(store),
       clock_(clock),
       calendar_(calendar),
-      onBoard_(store.changes.observe(Store::kBoard, [this] { update(); })),
-      onPanels_(store.changes.observe(Store::kPanels, [this] { followStore(); })),
-      onPoll_(store.changes.observe(Store::kLastOK | Store::kProblem, [this] { pollEnded(); })) {
+      onBoard_(store.changes.observe(Store::kBoard | Store::kPolled, [this] { update(); })),
+      onPanels_(store.changes.observe(Store::kPanels, [this] { followStore(); })) {
   followStore();
 }
 
 // Nobody pays for a feed that is closed.
 void ActivityModel::update() {
   if (!open_) return;
-  const Moment now = clock_.now();
-  minute_.begin(now);
-  rows_.setRows(activity(store_, now, calendar_));
+  rows_.setRows(activity(store_, clock_.now(), calendar_));
 }
 
 void ActivityModel::followStore() {
@@ -25,10 +22,6 @@ void ActivityModel::followStore() {
   open_ = store_.showActivity();
   update();
   emit openChanged();
-}
-
-void ActivityModel::pollEnded() {
-  if (minute_.over(clock_.now())) update();
 }
 
 void ActivityModel::setOpen(bool open) {

@@ -6,7 +6,6 @@
 
 #include "board/activity.hpp"
 #include "bridge/RowsModel.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -35,17 +34,14 @@ class ActivityModel : public QObject {
  private:
   void update();
   void followStore();
-  void pollEnded();
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  Minute minute_;  // of the last update: how long ago is told to the minute
   bool open_ = false;
   RowsModel<ActivityRow, &ActivityRow::key> rows_;
   Changes::Subscription onBoard_;
   Changes::Subscription onPanels_;
-  Changes::Subscription onPoll_;
 };
 
 }  // namespace vellix

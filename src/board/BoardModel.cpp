@@ -17,9 +17,8 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
       calendar_(calendar),
       showReviewed_(defaults.flag(kShowReviewed).value_or(false)),
       onChange_(store.changes.observe(
-          Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn,
+          Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn | Store::kPolled,
           [this] { update(); })),
-      onPoll_(store.changes.observe(Store::kLastOK | Store::kProblem, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })),
       onAny_(store.changes.observe(Store::kAny, [this] { updateColumn(); })) {
   update();
@@ -27,16 +26,9 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
 }
 
 void BoardModel::update() {
-  const Moment now = clock_.now();
-  minute_.begin(now);
-  auto view = fileList(store_, showReviewed_, now, calendar_);
+  auto view = fileList(store_, showReviewed_, clock_.now(), calendar_);
   rows_.setRows(std::move(view.rows));
   if (replaced(head_, view.head)) emit headChanged();
-}
-
-// A poll that brought nothing, or failed, still lets time pass, but not before the minute is over.
-void BoardModel::pollEnded() {
-  if (minute_.over(clock_.now())) update();
 }
 
 // Whether the board is fresh and who is here is asked anew at every change: the steady polling is

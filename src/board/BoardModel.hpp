@@ -9,7 +9,6 @@
 #include "board/people_bar.hpp"
 #include "board/sync_card.hpp"
 #include "bridge/RowsModel.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -49,7 +48,6 @@ class BoardModel : public QObject {
 
  private:
   void update();
-  void pollEnded();
   void updateColumn();
 
   Store& store_;
@@ -57,14 +55,12 @@ class BoardModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   bool showReviewed_;
-  Minute minute_;  // of the last update: due dates are told to the minute
   QVariantMap head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
   QVariantMap liveDot_;
   QVariantMap syncCard_;
   RowsModel<PersonView, &PersonView::email> people_;
   Changes::Subscription onChange_;
-  Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
   Changes::Subscription onAny_;
 };

@@ -8,25 +8,20 @@ PlanModel::PlanModel(Store& store, const MainLoop& clock, const Calendar& calend
     : store_(store),
       clock_(clock),
       calendar_(calendar),
-      onChange_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
-                                      [this] { update(); })),
-      onPoll_(store.changes.observe(Store::kLastOK | Store::kProblem, [this] { pollEnded(); })) {
+      onChange_(
+          store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy | Store::kPolled,
+                                [this] { update(); })) {
   update();
 }
 
 void PlanModel::update() {
   const Moment now = clock_.now();
-  minute_.begin(now);
   const FileItem* file = store_.currentFile();
   const auto due = file ? dueButton(store_, *file, now, calendar_) : DueButtonView{};
   if (replaced(due_, due)) emit dueChanged();
   if (replaced(reviewer_, file ? assignButton(store_, *file) : AssignButtonView{})) {
     emit reviewerChanged();
   }
-}
-
-void PlanModel::pollEnded() {
-  if (minute_.over(clock_.now())) update();
 }
 
 double PlanModel::firstPick() const {

@@ -8,7 +8,6 @@
 #include "board/assign_button.hpp"
 #include "board/due_button.hpp"
 #include "bridge/value.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -45,17 +44,14 @@ class PlanModel : public QObject {
 
  private:
   void update();
-  void pollEnded();
   MomentRange range() const;
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  Minute minute_;  // of the last update: due dates are told to the minute
   QVariantMap due_ = toQml(DueButtonView{}).toMap();
   QVariantMap reviewer_ = toQml(AssignButtonView{}).toMap();
   Changes::Subscription onChange_;
-  Changes::Subscription onPoll_;
 };
 
 }  // namespace vellix

@@ -9,25 +9,24 @@ FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calend
     : store_(store),
       clock_(clock),
       calendar_(calendar),
-      onTicket_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection,
-                                      [this] { updateHeader(); })),
+      onTicket_(store.changes.observe(
+          Store::kBoard | Store::kDetails | Store::kSelection | Store::kPolled,
+          [this] { updateHeader(); })),
       onActions_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
                                        [this] { updateActions(); })),
       onPages_(
           store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
                                 [this] { updateStrip(); })),
-      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { turnStrip(); })) {
   updateHeader();
   updateActions();
 }
 
 void FileModel::updateHeader() {
-  const Moment now = clock_.now();
-  minute_.begin(now);
   const FileItem* file = store_.currentFile();
   const auto header =
-      file ? fileHeader(store_, *file, store_.currentDetail(), now, calendar_) : FileHeaderView{};
+      file ? fileHeader(store_, *file, store_.currentDetail(), clock_.now(), calendar_)
+           : FileHeaderView{};
   if (replaced(header_, header)) emit headerChanged();
   const bool several = store_.selection().size() > 1;
   if (replaced(multi_, several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
@@ -63,10 +62,6 @@ bool FileModel::wantsStrip() const {
 // What is no news of the pages moves nothing but the strip as a whole.
 void FileModel::turnStrip() {
   if (showsStrip_ != wantsStrip()) updateStrip();
-}
-
-void FileModel::pollEnded() {
-  if (minute_.over(clock_.now())) updateHeader();
 }
 
 void FileModel::layStrip(double width) {

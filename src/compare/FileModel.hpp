@@ -11,7 +11,6 @@
 #include "compare/page_strip.hpp"
 #include "compare/report_area.hpp"
 #include "compare/review_button.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -61,12 +60,10 @@ class FileModel : public QObject {
   void updateStrip();
   bool wantsStrip() const;
   void turnStrip();
-  void pollEnded();
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  Minute minute_;  // of the header: it tells how long ago the review was
   double width_ = 0;
   bool showsStrip_ = false;
   int openPage_ = 0;
@@ -78,7 +75,6 @@ class FileModel : public QObject {
   Changes::Subscription onTicket_;
   Changes::Subscription onActions_;
   Changes::Subscription onPages_;
-  Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
 };
 

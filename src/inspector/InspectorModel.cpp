@@ -10,26 +10,20 @@ InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calend
       calendar_(calendar),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
                                           Store::kPage | Store::kFocus | Store::kCanvas |
-                                          Store::kBusy,
+                                          Store::kBusy | Store::kPolled,
                                       [this] { update(); })),
-      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
   update();
 }
 
 void InspectorModel::update() {
-  const Moment now = clock_.now();
-  minute_.begin(now);
   const FileDetail* detail = store_.currentDetail();
-  auto view = detail ? findingsPanel(store_, *detail, now, calendar_) : FindingsPanelView{};
+  auto view =
+      detail ? findingsPanel(store_, *detail, clock_.now(), calendar_) : FindingsPanelView{};
   cards_.setRows(std::move(view.cards));
   passed_.setRows(std::move(view.passed));
   others_.setRows(std::move(view.others));
   if (replaced(head_, view.head)) emit headChanged();
-}
-
-void InspectorModel::pollEnded() {
-  if (minute_.over(clock_.now())) update();
 }
 
 template <class Press>

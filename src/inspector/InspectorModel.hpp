@@ -6,7 +6,6 @@
 
 #include "bridge/RowsModel.hpp"
 #include "inspector/findings_panel.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -42,18 +41,15 @@ class InspectorModel : public QObject {
   void update();
   template <class Press>
   QString nextBy(Press press, const QString& id);
-  void pollEnded();
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  Minute minute_;  // of the last update: decisions are told to the minute
   QVariantMap head_ = toQml(FindingsHead{}).toMap();
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
   RowsModel<FindingCardView, &FindingCardView::id> passed_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;
   Changes::Subscription onChange_;
-  Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
 };
 

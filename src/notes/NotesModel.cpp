@@ -10,11 +10,11 @@ NotesModel::NotesModel(Store& store, const MainLoop& clock, const Calendar& cale
       clock_(clock),
       calendar_(calendar),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
-                                          Store::kPage | Store::kBusy | Store::kDraft,
+                                          Store::kPage | Store::kBusy | Store::kDraft |
+                                          Store::kPolled,
                                       [this] { update(); })),
       onDraft_(store.changes.observe(Store::kDraft, [this] { followDraft(); })),
       onPeople_(store.changes.observe(Store::kBoard, [this] { emit peopleChanged(); })),
-      onPoll_(store.changes.observe(Store::kLastOK, [this] { pollEnded(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
   draftTags_.setNotes(this);
   update();
@@ -23,7 +23,6 @@ NotesModel::NotesModel(Store& store, const MainLoop& clock, const Calendar& cale
 
 void NotesModel::update() {
   const Moment now = clock_.now();
-  minute_.begin(now);
   const FileDetail* detail = store_.currentDetail();
   const Int page = detail ? pageIndex(store_, detail->file) : 0;
   auto rows =
@@ -46,10 +45,6 @@ void NotesModel::followDraft() {
     draftTags_.clear();
   }
   writing_ = store_.draft();
-}
-
-void NotesModel::pollEnded() {
-  if (minute_.over(clock_.now())) update();
 }
 
 void NotesModel::setDraftText(const QString& text) {

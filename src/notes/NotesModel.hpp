@@ -8,7 +8,6 @@
 #include "notes/Tags.hpp"
 #include "notes/composer.hpp"
 #include "notes/note_row.hpp"
-#include "store/minute.hpp"
 
 namespace vellix {
 
@@ -54,12 +53,10 @@ class NotesModel : public QObject {
  private:
   void update();
   void followDraft();
-  void pollEnded();
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  Minute minute_;  // of the last update: notes are told to the minute
   std::optional<DraftNote> writing_;
   QVariantList rows_;
   QVariantMap composer_ = toQml(ComposerView{}).toMap();
@@ -69,7 +66,6 @@ class NotesModel : public QObject {
   Changes::Subscription onChange_;
   Changes::Subscription onDraft_;
   Changes::Subscription onPeople_;
-  Changes::Subscription onPoll_;
   Changes::Subscription onPrefs_;
 };
 

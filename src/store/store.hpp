@@ -66,6 +66,8 @@ class Store {
     kRefreshing = 1 << 15,
     kQueue = 1 << 16,  // queue and mineOnly
   };
+  // A poll has ended, well or not: time has passed.
+  static constexpr Changes::Fields kPolled = kLastOK | kProblem;
   static constexpr Changes::Fields kAny = ~Changes::Fields{0};
   Changes changes;
 

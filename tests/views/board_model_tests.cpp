@@ -58,8 +58,8 @@ TEST_F(BoardModels, MoveATicketThatChangesItsGroup) {
   EXPECT_EQ(told, Lines{"move 1>4"}) << "behind the header of its new group";
 }
 
-TEST_F(BoardModels, TellNothingOfAPollThatBringsNothingWithinTheMinute) {
-  serveBoard(boardOf({dueIn("a", 30)}));
+TEST_F(BoardModels, TellNothingOfAPollThatBringsNothing) {
+  serveBoard(boardOf({dueIn("a", 30.5)}));
   poll();
   Operations operations{model().rows()};
   const QSignalSpy heads{&model(), &BoardModel::headChanged};
@@ -71,7 +71,7 @@ TEST_F(BoardModels, TellNothingOfAPollThatBringsNothingWithinTheMinute) {
   EXPECT_EQ(heads.count(), 0);
 }
 
-TEST_F(BoardModels, MoveTheWordsOfTimeOnWhenTheMinuteIsOver) {
+TEST_F(BoardModels, MoveTheWordsOfTimeOnWithThePolls) {
   serveBoard(boardOf({dueIn("a", 30), ticketOf("b")}));
   poll();
   EXPECT_EQ(dueAtRow(1), "Due in 30 min");
@@ -83,12 +83,13 @@ TEST_F(BoardModels, MoveTheWordsOfTimeOnWhenTheMinuteIsOver) {
   EXPECT_EQ(dueAtRow(1), "Due in 29 min");
 }
 
-TEST_F(BoardModels, CountTheOverdueAnewWhenTheMinuteIsOver) {
+TEST_F(BoardModels, CountTheOverdueAnewWithThePolls) {
   serveBoard(boardOf({dueIn("a", 1)}));
   poll();
   EXPECT_EQ(model().head()["overdue"].toString(), "");
   const QSignalSpy heads{&model(), &BoardModel::headChanged};
   wait(61);
+  EXPECT_EQ(heads.count(), 0) << "no timer of its own";
   poll();
   EXPECT_EQ(heads.count(), 1);
   EXPECT_EQ(model().head()["overdue"].toString(), "1 overdue");
