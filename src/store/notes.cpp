@@ -57,13 +57,17 @@ void Store::addNote(std::string text, FileItem file, Int index, std::vector<std:
     body.y = draftPin()->second;
   }
   if (findingID) body.finding_id = std::move(findingID);
+  endDraft();
+  action("note", "Note added.", [this, body = std::move(body), file = std::move(file)] {
+    return thenReload(tell("api/comments", body), file);
+  });
+}
+
+void Store::endDraft() {
   draftPin.set(std::nullopt);
   draft.set(std::nullopt);
   pinning.set(false);
   draftFinding.set(std::nullopt);
-  action("note", "Note added.", [this, body = std::move(body), file = std::move(file)] {
-    return thenReload(tell("api/comments", body), file);
-  });
 }
 
 void Store::updateNote(Note note, std::optional<std::string> text, std::optional<bool> resolved,

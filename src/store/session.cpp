@@ -76,6 +76,7 @@ void Store::endSession() {
   problem.set(std::nullopt);
   lastOK.set(std::nullopt);
   refreshing.set(false);
+  endDraft();
   updateBadge();
   // There is no way back any more.
   if (toast() && toast()->undo) toast.set(std::nullopt);

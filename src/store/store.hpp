@@ -200,6 +200,7 @@ class Store {
   // The ticket to review first, other than `except`; null when none waits.
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
                                   std::string_view except = {});
+  void endDraft();
   void focusNextOpen(const Finding& decided);
   const FileDetail* heldDetail(const std::string& id, Int version) const;  // null when none
   void prefetchAround(const std::string& id);

@@ -30,6 +30,18 @@ TEST_F(SignOut, TakesAwayTokenBoardDetailsAndTag) {
   EXPECT_FALSE(store().looping());
 }
 
+TEST_F(SignOut, EndsTheNoteThatIsBeingWritten) {
+  store().draft.set(DraftNote{"t1", 0, "supplier", 0.5, 0.5, 0, 0, std::nullopt});
+  store().draftPin.set(std::pair{0.5, 0.5});
+  store().draftFinding.set("f1");
+  store().pinning.set(true);
+  store().signOut(true);
+  EXPECT_FALSE(store().draft());
+  EXPECT_FALSE(store().draftPin());
+  EXPECT_FALSE(store().draftFinding());
+  EXPECT_FALSE(store().pinning());
+}
+
 TEST_F(SignOut, ByTheUserTellsTheServiceAfterwardsWithoutAuthorization) {
   store().signOut(false);
   EXPECT_EQ(desk.http.count(kLogoutLine), 0U);

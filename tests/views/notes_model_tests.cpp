@@ -100,6 +100,21 @@ TEST_F(NotesModels, AreEmptiedBySigningOut) {
   EXPECT_FALSE(model().draft()["here"].toBool());
 }
 
+TEST_F(NotesModels, LeaveNothingThatWasWrittenToTheNextSession) {
+  store().draft.set(draftOn(0));
+  desk.time.run();
+  model().setDraftText("Mine alone");
+  model().draftTags()->press(kOther);
+  store().signOut(false);
+  desk.time.run();
+  EXPECT_EQ(model().draftText(), "");
+  EXPECT_TRUE(model().draftTags()->empty());
+  desk.api.setToken("token-2");
+  store().signedIn.set(true);
+  poll();
+  EXPECT_FALSE(model().draft()["here"].toBool());
+}
+
 TEST_F(NotesModels, FollowThePreferenceAndTheWorkUnderWay) {
   model();
   store().prefs.drawToComment.set(false);
