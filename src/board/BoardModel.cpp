@@ -56,7 +56,7 @@ void BoardModel::toggleReviewed() {
 
 void BoardModel::refresh() { store_.requestRefresh(); }
 
-void BoardModel::requestSync() { store_.requestSync(); }
+void BoardModel::requestSync() { askForSync(store_); }
 
 void BoardModel::stopSync() { vellix::stopSync(store_); }
 

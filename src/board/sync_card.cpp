@@ -32,8 +32,18 @@ SyncCardView syncCard(const Store& store) {
   return view;
 }
 
+bool canSync(const Store& store) {
+  const SyncCardView card = syncCard(store);
+  return store.signedIn() && !card.working && !card.busy;
+}
+
+void askForSync(Store& store) {
+  if (canSync(store)) store.requestSync();
+}
+
 void stopSync(Store& store) {
-  if (const auto& board = store.board(); board && board->sync) store.stopJob(*board->sync);
+  const auto& board = store.board();
+  if (board && board->sync && !syncCard(store).stopping) store.stopJob(*board->sync);
 }
 
 }  // namespace vellix

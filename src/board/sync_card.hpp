@@ -23,7 +23,11 @@ BOOST_DESCRIBE_STRUCT(SyncCardView, (),
 
 SyncCardView syncCard(const Store& store);
 
-// Stops the sync that the board tells of, if there is one.
+// Not while one stands or is asked for.
+bool canSync(const Store& store);
+void askForSync(Store& store);
+
+// Stops the sync that the board tells of, if there is one that is not being stopped.
 void stopSync(Store& store);
 
 }  // namespace vellix

@@ -27,6 +27,10 @@ const Job* reportJob(const Store& store, const Ids& ids) {
   return nullptr;
 }
 
+bool isBeingStopped(const Store& store, const Job& job) {
+  return store.busy().contains("stop-" + job.id);
+}
+
 std::string warningOf(const Job* job) {
   if (!job || (job->status != "failed" && job->status != "stuck")) return {};
   if (job->summary && job->summary->check && !job->summary->check->empty()) {
@@ -64,12 +68,12 @@ std::vector<const FileItem*> selectedFiles(const Store& store) {
 ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calendar) {
   const auto files = selectedFiles(store);
   ReportAreaView view;
-  view.canMake = !files.empty() && !store.busy().contains("report");
+  view.canMake = canMakeReport(store);
   const Job* job = reportJob(store, idsOf(files));
   if (job && job->active()) {
     view.working = true;
     view.progress = store.reportEstimate(*job, now);
-    view.stopping = store.busy().contains("stop-" + job->id);
+    view.stopping = isBeingStopped(store, *job);
   }
   view.warning = warningOf(job);
   if (store.selection().size() > 1) {
@@ -84,15 +88,22 @@ ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calend
   return view;
 }
 
+bool canMakeReport(const Store& store) {
+  const auto files = selectedFiles(store);
+  const Job* job = reportJob(store, idsOf(files));
+  return !files.empty() && !store.busy().contains("report") && !(job && job->active());
+}
+
 void makeReport(Store& store) {
+  if (!canMakeReport(store)) return;
   std::vector<std::string> ids;
   for (const FileItem* file : selectedFiles(store)) ids.push_back(file->id);
-  if (!ids.empty()) store.requestReport(std::move(ids));
+  store.requestReport(std::move(ids));
 }
 
 void stopReport(Store& store) {
   const Job* job = reportJob(store, idsOf(selectedFiles(store)));
-  if (job && job->active()) store.stopJob(*job);
+  if (job && job->active() && !isBeingStopped(store, *job)) store.stopJob(*job);
 }
 
 }  // namespace vellix

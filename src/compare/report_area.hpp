@@ -29,9 +29,11 @@ std::vector<const FileItem*> selectedFiles(const Store& store);
 // On the tickets that are selected: one, or several together.
 ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calendar);
 
+// Not while the one on just these tickets is in the making, or one is asked for.
+bool canMakeReport(const Store& store);
 // One report on all of the tickets that are selected.
 void makeReport(Store& store);
-// Stops the report job that reportArea shows, if it is there still.
+// Stops the report job that reportArea shows, if it is there still and not being stopped.
 void stopReport(Store& store);
 
 }  // namespace vellix

@@ -9,7 +9,7 @@ namespace vellix {
 CommandsModel::CommandsModel(Store& store)
     : store_(store),
       onChange_(store.changes.observe(
-          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kPanels,
+          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kPanels | Store::kBusy,
           [this] { update(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
   update();

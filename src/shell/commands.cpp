@@ -3,18 +3,21 @@
 #include <algorithm>
 #include <array>
 
+#include "board/sync_card.hpp"
 #include "compare/report_area.hpp"
+#include "compare/review_button.hpp"
 
 namespace vellix {
 namespace {
 
 bool always(const Store&) { return true; }
 bool whileSignedIn(const Store& store) { return store.signedIn(); }
-bool withOneTicket(const Store& store) { return store.currentFile() != nullptr; }
+// Each as its button, which a shortcut must not outrun.
+bool whileReportable(const Store& store) { return store.currentFile() && canMakeReport(store); }
+bool whileReviewable(const Store& store) { return reviewButton(store).enabled; }
 
 void nothing(Store&) {}  // the window's own business
 void signOut(Store& store) { store.signOut(false); }
-void sync(Store& store) { store.requestSync(); }
 void refresh(Store& store) { store.requestRefresh(); }
 void markReviewed(Store& store) { store.setStatus(*store.currentFile(), "reviewed"); }
 void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
@@ -41,11 +44,11 @@ constexpr std::array kApplication{
     Command{"quit", "Quit Vellix", "Ctrl+Q"},
 };
 constexpr std::array kReview{
-    Command{"sync", "Sync", "Ctrl+Shift+S", whileSignedIn, sync},
+    Command{"sync", "Sync", "Ctrl+Shift+S", canSync, askForSync},
     Command{"refresh", "Refresh", "Ctrl+R", whileSignedIn, refresh},
     kSeparator,
-    Command{"report", "Make report", "Ctrl+Shift+P", withOneTicket, makeReport},
-    Command{"markReviewed", "Mark reviewed", "Ctrl+D", withOneTicket, markReviewed},
+    Command{"report", "Make report", "Ctrl+Shift+P", whileReportable, makeReport},
+    Command{"markReviewed", "Mark reviewed", "Ctrl+D", whileReviewable, markReviewed},
     kSeparator,
     Command{"activity", "Activity", "Ctrl+Y", always, activity},
 };

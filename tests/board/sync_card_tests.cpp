@@ -87,6 +87,24 @@ TEST_F(SyncCard, StopsAStuckSyncToo) {
   EXPECT_THAT(lines(), testing::ElementsAre("POST api/jobs/j/stop"));
 }
 
+TEST_F(SyncCard, AsksOnlyOnceAndOnlyWhileNoneStands) {
+  askForSync(store());
+  askForSync(store());
+  showSync("running");
+  store().busy.set({});
+  askForSync(store());
+  desk.time.run();
+  EXPECT_THAT(lines(), testing::ElementsAre("POST api/jobs"));
+}
+
+TEST_F(SyncCard, StopsOnlyOnce) {
+  showSync("running");
+  stopSync(store());
+  stopSync(store());
+  desk.time.run();
+  EXPECT_THAT(lines(), testing::ElementsAre("POST api/jobs/j/stop"));
+}
+
 TEST_F(SyncCard, StopsNothingWhenThereIsNothing) {
   stopSync(store());
   store().board.set(boardOf({}));

@@ -194,6 +194,19 @@ TEST_F(ReportAreas, StopTheJobThatTheyShow) {
   EXPECT_FALSE(view().stopping);
 }
 
+TEST_F(ReportAreas, MakeAndStopNothingTwice) {
+  makeReport(store());
+  makeReport(store());
+  EXPECT_EQ(posted().size(), 1U);
+  store().busy.set({});
+  showJobs({onTickets({"t1"}, "running")});
+  EXPECT_FALSE(view().canMake);
+  makeReport(store());
+  stopReport(store());
+  stopReport(store());
+  EXPECT_EQ(posted().size(), 2U) << "one to make and one to stop";
+}
+
 TEST_F(ReportAreas, AskForAReportOnWhatIsSelected) {
   makeReport(store());
   EXPECT_THAT(posted(), ElementsAre(R"(POST api/jobs {"kind":"report","file_ids":["t1"]})"));

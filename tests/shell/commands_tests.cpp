@@ -109,6 +109,64 @@ TEST_F(Commands, MarkTheTicketOnShowReviewed) {
   EXPECT_EQ(store().board()->files[0].status, "reviewed");
 }
 
+TEST_F(Commands, DoNotMarkReviewedTwiceAtATime) {
+  serveOne();
+  runCommand(store(), "markReviewed");
+  store().selection.set({"t1"});
+  EXPECT_FALSE(enabled("markReviewed"));
+  runCommand(store(), "markReviewed");
+  desk.time.run();
+  EXPECT_EQ(desk.http.count("POST api/files/t1/status"), 1U);
+  routes.set("POST api/files/t1/status", answerOf(200, "{}"));
+  answer(desk.http.exchanges.size() - 1, answerOf(200, "{}"));
+  ASSERT_EQ(desk.toastText(), "Marked reviewed.");
+  desk.toast()->undo();
+  desk.time.run();
+  EXPECT_EQ(*desk.http.matching("POST api/files/t1/status").back()->request.body,
+            R"({"status":"new"})");
+  EXPECT_TRUE(enabled("markReviewed"));
+}
+
+TEST_F(Commands, DoNotAskForASyncTwiceAtATime) {
+  runCommand(store(), "sync");
+  EXPECT_FALSE(enabled("sync"));
+  run("sync");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 1U);
+}
+
+TEST_F(Commands, AskForNoSyncWhileOneStands) {
+  for (const char* status : {"queued", "running", "stuck"}) {
+    BoardState board = boardOf({});
+    board.sync = jobOf(status, "sync");
+    store().board.set(board);
+    EXPECT_FALSE(enabled("sync")) << status;
+    run("sync");
+  }
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 0U);
+  BoardState board = boardOf({});
+  board.sync = jobOf("done", "sync");
+  store().board.set(board);
+  EXPECT_TRUE(enabled("sync"));
+}
+
+TEST_F(Commands, AskForNoSecondReportOnTheSameTicket) {
+  serveOne();
+  runCommand(store(), "report");
+  EXPECT_FALSE(enabled("report"));
+  run("report");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 1U);
+  answer(desk.http.exchanges.size() - 1, answerOf(409));
+  BoardState board = *store().board();
+  board.jobs = {jobOf("running")};
+  board.jobs[0].args = JobArgs{.file_ids = std::vector<std::string>{"t1"}};
+  store().board.set(board);
+  EXPECT_FALSE(enabled("report"));
+  run("report");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 1U);
+  store().selection.set({"t2"});
+  EXPECT_TRUE(enabled("report"));
+}
+
 TEST_F(Commands, AskForASync) {
   routes.set("POST api/jobs", answerOf(200, "{}"));
   run("sync");
