@@ -51,6 +51,12 @@ class TokenStoreTest : public testing::Test {
     return withoutTurns(run(TOKEN_STORE_PROBE, QStringList{folder()} + steps.split(' '), noBus));
   }
 
+  // Behind a run in a session: one without a bus, which leaves a file.
+  QString andAFileWith(const QString& token) const {
+    return QString("; DBUS_SESSION_BUS_ADDRESS=disabled: ") + TOKEN_STORE_PROBE + " " + folder() +
+           " add=" + token;
+  }
+
   // The main thread never waits for the keyring.
   static QStringList withoutTurns(const QStringList& lines) {
     QStringList out;
@@ -124,6 +130,68 @@ TEST_F(TokenStoreTest, ATokenOfTheMeantimeGoesIntoTheSlowKeyring) {
                    "store keyring", "token second",         //
                    "primed no", "settled", "token none",    //
                    "store keyring", "token none"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, AKeyringTakesOverWhatAFileKeptBefore) {
+  withoutBus("add=first");
+  ASSERT_TRUE(QFile::exists(file()));
+  EXPECT_EQ(inSession("unlocked", {"read settle", "read"}),
+            (QStringList{"store keyring", "token first", "settled",  //
+                         "store keyring", "token first"}));
+  EXPECT_FALSE(QFile::exists(file()));
+  EXPECT_EQ(withoutBus("read"), (QStringList{"store file", "token none"}));
+}
+
+TEST_F(TokenStoreTest, ASignOutLeavesNoFileFromBefore) {
+  withoutBus("add=first");
+  EXPECT_EQ(inSession("unlocked", {"remove settle", "read"}),
+            (QStringList{"store keyring", "settled", "store keyring", "token none"}));
+  EXPECT_FALSE(QFile::exists(file()));
+  EXPECT_EQ(withoutBus("read"), (QStringList{"store file", "token none"}));
+}
+
+TEST_F(TokenStoreTest, WhatTheKeyringHoldsGoesBeforeAFile) {
+  inSession("unlocked", {"add=kept settle"});
+  withoutBus("add=elsewhere");
+  EXPECT_EQ(inSession("unlocked", {"read settle"}),
+            (QStringList{"store keyring", "token kept", "settled"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, ASilentKeyringTakesNothingOverAndASignOutLeavesNothing) {
+  withoutBus("add=first");
+  EXPECT_EQ(inSession(TOKEN_STORE_PROBE, {"limit=300 read settle"}),
+            (QStringList{"store keyring", "token none", "settled"}));
+  EXPECT_TRUE(QFile::exists(file())) << "it may be all there is";
+  inSession(TOKEN_STORE_PROBE, {"limit=300 remove settle"});
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, AKeyringThatIsLockedOverATokenTakesNothingOver) {
+  inSession("unlocked", {"add=kept settle"});
+  withoutBus("add=elsewhere");
+  EXPECT_EQ(inSession("locked", {"limit=3000 read settle"}),
+            (QStringList{"store keyring", "token none", "settled"}));
+  EXPECT_TRUE(QFile::exists(file()));
+  EXPECT_EQ(inSession("unlocked", {"read"}), (QStringList{"store keyring", "token kept"}));
+}
+
+TEST_F(TokenStoreTest, ASlowKeyringIsAskedBeforeAFileIsBelieved) {
+  inSession("unlocked", {"add=kept settle"});
+  EXPECT_EQ(inSession("unlocked", {"read" + andAFileWith("elsewhere"),
+                                   "stalled=200 read wake primed read settle"}),
+            (QStringList{"store keyring", "token kept", "store file",  //
+                         "primed no", "token none", "token kept", "settled"}));
+  EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(TokenStoreTest, WhoSignsInMeanwhileIsNotReplacedByAFile) {
+  EXPECT_EQ(inSession("unlocked", {"read" + andAFileWith("first"),
+                                   "stalled=200 remove add=second wake settle read", "read"}),
+            (QStringList{"store keyring", "token none", "store file",  //
+                         "primed no", "settled", "token second",       //
+                         "store keyring", "token second"}));
   EXPECT_FALSE(QFile::exists(file()));
 }
 

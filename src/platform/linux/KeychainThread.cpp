@@ -3,12 +3,9 @@
 #include <qt6keychain/keychain.h>
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDeadlineTimer>
 #include <QThread>
 #include <utility>
-
-#include "platform/linux/ask_bus.hpp"
 
 namespace vellix {
 namespace {
@@ -17,26 +14,7 @@ using namespace Qt::StringLiterals;
 
 const auto kService = u"com.rennyvale.Sorel"_s;
 const auto kAccount = u"session"_s;
-const auto kSecretsName = u"org.freedesktop.secrets"_s;
 constexpr int kPatienceAtEnd = 500;  // ms
-
-SecretService lookOnBus(const QDBusConnection& bus) {
-  if (!bus.isConnected()) return SecretService::absent;
-  const auto owner = askBus(bus, u"NameHasOwner"_s, {kSecretsName});
-  if (owner.type() != QDBusMessage::ReplyMessage) return SecretService::unknown;
-  if (owner.arguments().value(0).toBool()) return SecretService::present;
-  const auto names = askBus(bus, u"ListActivatableNames"_s, {});
-  if (names.type() != QDBusMessage::ReplyMessage) return SecretService::unknown;
-  const bool startable = names.arguments().value(0).toStringList().contains(kSecretsName);
-  return startable ? SecretService::present : SecretService::absent;
-}
-
-SecretService lookForSecretService() {
-  const auto name = u"vellix-secrets"_s;
-  const auto found = lookOnBus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name));
-  QDBusConnection::disconnectFromBus(name);
-  return found;
-}
 
 QKeychain::Job* makeJob(const KeychainJob& job) {
   switch (job.kind) {
@@ -53,10 +31,13 @@ QKeychain::Job* makeJob(const KeychainJob& job) {
   return new QKeychain::ReadPasswordJob(kService);
 }
 
-std::optional<QString> secretOf(QKeychain::Job* job) {
+KeychainAnswer answerOf(QKeychain::Job* job) {
   const auto* read = qobject_cast<QKeychain::ReadPasswordJob*>(job);
-  if (!read || job->error() != QKeychain::NoError) return std::nullopt;
-  return read->textData();
+  const bool done = job->error() == QKeychain::NoError;
+  const bool none = job->error() == QKeychain::EntryNotFound;
+  KeychainAnswer answer{.sure = done || (none && nothingIsLocked(kService, kAccount))};
+  if (read && done) answer.secret = read->textData();
+  return answer;
 }
 
 }  // namespace
@@ -81,9 +62,9 @@ void KeychainThread::stop() {
 }
 
 void KeychainThread::run(const KeychainJob& job, int limit,
-                         std::function<void(std::optional<QString>)> done) {
+                         std::function<void(const KeychainAnswer&)> done) {
   const auto id = expect(limit, [done = std::move(done)](void* value) {
-    done(value ? *static_cast<std::optional<QString>*>(value) : std::nullopt);
+    done(value ? *static_cast<KeychainAnswer*>(value) : KeychainAnswer{});
   });
   const auto start = [this, id, job] { startJob(id, job); };
   QMetaObject::invokeMethod(worker_, start, Qt::QueuedConnection);
@@ -95,7 +76,7 @@ void KeychainThread::startJob(std::int64_t id, const KeychainJob& job) {
   running->setInsecureFallback(false);
   running->setKey(kAccount);
   QObject::connect(running, &QKeychain::Job::finished, worker_,
-                   [this, id](QKeychain::Job* ended) { tell(id, secretOf(ended)); });
+                   [this, id](QKeychain::Job* ended) { tell(id, answerOf(ended)); });
   running->start();
 }
 

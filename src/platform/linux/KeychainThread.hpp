@@ -10,16 +10,21 @@
 #include <memory>
 #include <optional>
 
+#include "platform/linux/secret_service.hpp"
+
 class QThread;
 
 namespace vellix {
-
-enum class SecretService { present, absent, unknown };
 
 struct KeychainJob {
   enum class Kind { read, write, remove };
   Kind kind = Kind::read;
   QString secret = {};  // to write
+};
+
+struct KeychainAnswer {
+  bool sure = false;  // carried out, and not refused, late or broken
+  std::optional<QString> secret = {};
 };
 
 // One for the process, as the library's own queue is. Main thread; made with the QCoreApplication
@@ -29,8 +34,8 @@ class KeychainThread {
   static KeychainThread& instance();
 
   // `done` is called once in a later turn, at the latest after `limit` ms. For a read it has the
-  // secret when there is one.
-  void run(const KeychainJob& job, int limit, std::function<void(std::optional<QString>)> done);
+  // secret when there is one; none that is sure says that the keyring holds none.
+  void run(const KeychainJob& job, int limit, std::function<void(const KeychainAnswer&)> done);
   void findSecretService(int limit, std::function<void(SecretService)> done);
 
  private:

@@ -6,42 +6,73 @@
 namespace vellix {
 
 struct SecretServiceTokenStore::State : std::enable_shared_from_this<State> {
-  explicit State(int jobLimit) : limit(jobLimit) {}
+  using Then = std::function<void(const KeychainAnswer&)>;
+  struct Errand {
+    KeychainJob job;
+    Then then;
+  };
 
-  const int limit;  // ms
+  State(int jobLimit, FileTokenStore file) : limit(jobLimit), left(std::move(file)) {}
+
+  const int limit;      // ms
+  FileTokenStore left;  // from a time without a keyring
   std::optional<std::string> token;
   bool written = false;  // since the start: what priming brings is out of date
   bool busy = false;
-  std::deque<KeychainJob> jobs;
+  std::deque<Errand> errands;
   std::vector<Resolver<>> settling;
+
+  void prime(const KeychainAnswer& answer) {
+    // Of a keyring that did not answer nobody knows whether the file is older.
+    if (!answer.sure || written) return;
+    if (answer.secret && !answer.secret->isEmpty()) {
+      token = answer.secret->toStdString();
+      left.remove();
+    } else if (left.read()) {
+      token = left.read();
+      enqueue({KeychainJob::Kind::write, QString::fromStdString(*token)},
+              [this](const KeychainAnswer& kept) {
+                if (kept.sure) left.remove();
+              });
+    }
+  }
 
   void write(KeychainJob job) {
     written = true;
-    jobs.push_back(std::move(job));
+    left.remove();
+    enqueue(std::move(job), {});
+  }
+
+  void enqueue(KeychainJob job, Then then) {
+    errands.push_back({std::move(job), std::move(then)});
     if (!busy) next();
   }
 
   void next() {
-    busy = !jobs.empty();
+    busy = !errands.empty();
     if (!busy) {
       for (const auto& resolver : std::exchange(settling, {})) resolver();
       return;
     }
-    const KeychainJob job = std::move(jobs.front());
-    jobs.pop_front();
+    const Errand errand = std::move(errands.front());
+    errands.pop_front();
     KeychainThread::instance().run(
-        job, limit, [state = shared_from_this()](const std::optional<QString>&) { state->next(); });
+        errand.job, limit,
+        [state = shared_from_this(), then = errand.then](const KeychainAnswer& answer) {
+          if (then) then(answer);
+          state->next();
+        });
   }
 };
 
-SecretServiceTokenStore::SecretServiceTokenStore(int jobLimit)
-    : state_(std::make_shared<State>(jobLimit)) {}
+SecretServiceTokenStore::SecretServiceTokenStore(int jobLimit, FileTokenStore left)
+    : state_(std::make_shared<State>(jobLimit, std::move(left))) {}
 
 void SecretServiceTokenStore::prime(int limit, std::function<void()> done) {
   KeychainThread::instance().run(
       {.kind = KeychainJob::Kind::read}, limit,
-      [state = state_, done = std::move(done)](const std::optional<QString>& secret) {
-        if (secret && !secret->isEmpty() && !state->written) state->token = secret->toStdString();
+      [state = state_, done = std::move(done)](const KeychainAnswer& answer) {
+        state->prime(answer);
         done();
       });
 }

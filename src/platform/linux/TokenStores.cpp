@@ -9,8 +9,9 @@ namespace {
 
 using Opened = std::shared_ptr<DurableTokenStore>;
 
-void openKeyring(const Resolver<Opened>& resolver, const KeyringLimits& limits) {
-  const auto store = std::make_shared<SecretServiceTokenStore>(limits.job);
+void openKeyring(const Resolver<Opened>& resolver, const KeyringLimits& limits,
+                 FileTokenStore left) {
+  const auto store = std::make_shared<SecretServiceTokenStore>(limits.job, std::move(left));
   store->prime(limits.read, [resolver, store] { resolver(store); });
 }
 
@@ -22,7 +23,7 @@ Pending<Opened> openTokenStore(const std::string& folder, KeyringLimits limits) 
       limits.find, [resolver, limits, path = folder + "/session"](SecretService found) {
         // A bus too slow to tell is taken to have a keyring: plain text is for when there is none.
         if (found == SecretService::absent) return resolver(std::make_shared<FileTokenStore>(path));
-        openKeyring(resolver, limits);
+        openKeyring(resolver, limits, FileTokenStore(path));
       });
   return resolver.pending();
 }

@@ -19,8 +19,10 @@ struct KeyringLimits {
 
 // The user's keyring when a Secret Service is on the session bus or can be started there; without
 // one, the file "session" in the folder. It never blocks. A keyring that does not answer within
-// its limit stays the store: it then reads as empty, and nothing goes to the file beside it. The
-// store comes once it is read, which may take as long as the limits say: show something meanwhile.
+// its limit stays the store: it then reads as empty, and nothing goes to the file beside it. One
+// that has nothing takes over what such a file holds, and the file goes; it goes with a sign-out as
+// well. The store comes once it is read, which may take as long as the limits say: show something
+// meanwhile.
 Pending<std::shared_ptr<DurableTokenStore>> openTokenStore(const std::string& configFolder,
                                                            KeyringLimits limits = {});
 
