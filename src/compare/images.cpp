@@ -65,11 +65,11 @@ Task<PictureHandle> Images::fetch(std::string key) {
   auto call = api_.send({.path = "api/blob/" + key});
   auto response = co_await std::move(call);
   if (!response || response->body.empty()) co_return nullptr;
-  const auto decoding = decoder_.decode({.key = key, .bytes = response->body});
+  const auto decoding = decoder_.decode({.key = key, .bytes = std::move(response->body)});
   const PictureHandle decoded = co_await decoding;
   if (!decoded) co_return nullptr;
   const std::string name = fileName(key);
-  std::string file = files_.write(name, response->body);
+  std::string file = files_.write(name, decoded->bytes);
   if (file.empty()) co_return decoded;
   broken_.erase(name);
   Picture onDisk = *decoded;

@@ -206,7 +206,7 @@ TEST_F(PixelCacheTest, ServesTheViewThatAskedLastBeforeWhatCameBefore) {
   QObject context;
   std::vector<int> order;
   for (int i = 0; i < 12; ++i) {
-    cache.decodeWhole(*handle("ahead" + std::to_string(i), 800, 1200),
+    cache.decodeWhole(handle("ahead" + std::to_string(i), 800, 1200),
                       [&order](const Pixels&) { order.push_back(0); });
   }
   for (int view = 1; view <= 3; ++view) {

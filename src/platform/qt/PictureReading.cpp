@@ -4,17 +4,23 @@
 #include <QFile>
 #include <QImageReader>
 #include <algorithm>
-#include <cstring>
 #include <memory>
 #include <utility>
+
+#include "platform/qt/JpegMarks.hpp"
 
 namespace vellix {
 namespace {
 
 constexpr int kMostPerSide = 20'000;
 constexpr qint64 kMostPixels = 100'000'000;
-constexpr qint64 kMostEncoded = qint64{64} << 20;
+// A page of 2000 by 3000 pixels takes 1 to 4 MB, and 18 where nothing of it could be pressed.
+constexpr qint64 kMostEncoded = qint64{32} << 20;
+// Each scan goes over all pixels again. Encoders write 10 of a colour picture, 18 of one in four
+// inks, and hardly more when they look for the shortest form.
+constexpr int kMostScans = 32;
 constexpr qint64 kSignature = 16;
+constexpr qint64 kOurs = 4;  // bytes a pixel, of the formats that we hold
 
 // The reader's name of the format; empty for what is not wanted.
 QByteArray formatOf(const QByteArray& start) {
@@ -27,29 +33,6 @@ QByteArray formatOf(const QByteArray& start) {
 bool isAcceptable(QSize size) {
   return size.width() > 0 && size.height() > 0 && size.width() <= kMostPerSide &&
          size.height() <= kMostPerSide && qint64{size.width()} * size.height() <= kMostPixels;
-}
-
-// The library fills what is missing of a cut JPEG with grey and says nothing. So the segments are
-// walked: one that is whole ends with its end mark, which cannot occur inside the coded pixels.
-bool hasJpegEnd(const QByteArray& bytes) {
-  const auto* data = reinterpret_cast<const unsigned char*>(bytes.constData());
-  const qsizetype size = bytes.size();
-  qsizetype at = 2;
-  while (at + 1 < size) {
-    const auto* found =
-        static_cast<const unsigned char*>(std::memchr(data + at, 0xFF, size_t(size - at - 1)));
-    if (!found) return false;
-    at = found - data + 1;
-    const unsigned char mark = data[at];
-    if (mark == 0xFF) continue;  // fill byte: the next one is looked at as a mark's start
-    ++at;
-    if (mark == 0xD9) return true;
-    const bool standsAlone = mark == 0x00 || mark == 0x01 || (mark >= 0xD0 && mark <= 0xD8);
-    if (standsAlone) continue;
-    if (at + 1 >= size) return false;
-    at += data[at] * 256 + data[at + 1];
-  }
-  return false;
 }
 
 struct Reading {
@@ -81,6 +64,22 @@ void askReduced(QImageReader& reader, QSize stored, int reduction) {
   if (!reduced.isEmpty()) reader.setScaledSize(reduced);
 }
 
+// What decoding takes at its height, but for the picture's own bytes.
+std::int64_t decodingBytes(const Reading& reading, const JpegMarks& marks, int reduction) {
+  const QByteArray format = reading.reader->format();
+  // The other readers decode the whole, whatever is asked for.
+  const QSize size = format == "jpeg" ? reducedSize(reading.stored, reduction) : reading.stored;
+  const qint64 pixels = qint64{size.width()} * size.height();
+  const QImage::Format given = reading.reader->imageFormat();
+  const qint64 bits =
+      given == QImage::Format_Invalid ? 8 * kOurs : QImage::toPixelFormat(given).bitsPerPixel();
+  qint64 bytes = pixels * bits / 8 + marks.coefficientBytes;
+  // Formats of as many bits are made ours in place.
+  if (bits != 8 * kOurs || reading.turned) bytes += pixels * kOurs;
+  if (format == "webp") bytes += pixels * kOurs;  // its reader's own copy
+  return bytes;
+}
+
 QImage inOurFormat(QImage image) {
   const auto format =
       image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
@@ -102,7 +101,10 @@ int reductionFor(QSize full, QSize shown) {
 }
 
 std::optional<QByteArray> encodedBytes(const Picture& encoded) {
-  if (encoded.file.empty()) return QByteArray::fromStdString(encoded.bytes);
+  if (encoded.file.empty()) {
+    return QByteArray::fromRawData(encoded.bytes.data(),
+                                   static_cast<qsizetype>(encoded.bytes.size()));
+  }
   QFile file(QString::fromStdString(encoded.file));
   if (!file.open(QIODevice::ReadOnly) || file.size() > kMostEncoded) return std::nullopt;
   return file.readAll();
@@ -114,19 +116,29 @@ std::optional<QSize> pictureSize(const Picture& encoded) {
       QByteArray::fromRawData(encoded.bytes.data(), static_cast<qsizetype>(encoded.bytes.size()));
   QBuffer buffer(&bytes);
   QIODevice* device = encoded.file.empty() ? static_cast<QIODevice*>(&buffer) : &file;
-  if (!device->open(QIODevice::ReadOnly)) return std::nullopt;
+  if (!device->open(QIODevice::ReadOnly) || device->size() > kMostEncoded) return std::nullopt;
   const Reading reading(device);
   return reading.reader ? std::optional{reading.shown()} : std::nullopt;
 }
 
-QImage decodePicture(const QByteArray& bytes, int reduction) {
+QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget) {
   QByteArray held = bytes;
   QBuffer buffer(&held);
   if (!buffer.open(QIODevice::ReadOnly)) return {};
   const Reading reading(&buffer);
   if (!reading.reader) return {};
   const bool jpeg = reading.reader->format() == "jpeg";
-  if (jpeg && !hasJpegEnd(bytes)) return {};
+  JpegMarks marks;
+  if (jpeg) {
+    marks = jpegMarks(bytes);
+    // The library fills what is missing of a cut one with grey and says nothing.
+    if (!marks.whole || marks.scans > kMostScans) return {};
+  }
+  while (decodingBytes(reading, marks, reduction) > budget.bytes()) {
+    if (!jpeg || reduction >= kReductions[0]) return {};
+    reduction *= 2;
+  }
+  const DecodingBudget::Share share(budget, decodingBytes(reading, marks, reduction));
   if (jpeg && reduction > 1) askReduced(*reading.reader, reading.stored, reduction);
 
   QImage image;

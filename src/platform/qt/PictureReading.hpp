@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "platform/ports/pictures.hpp"
+#include "platform/qt/DecodingBudget.hpp"
 
 namespace vellix {
 
@@ -21,14 +22,17 @@ QSize reducedSize(QSize full, int reduction);
 int reductionFor(QSize full, QSize shown);
 
 // The size that the picture has as it is shown, from its header. None when it is no JPEG, PNG or
-// WebP, or larger than what is taken: 20,000 pixels a side, 100 million in all.
+// WebP, or larger than what is taken: 20,000 pixels a side, 100 million in all, encoded in 32 MB.
 std::optional<QSize> pictureSize(const Picture& encoded);
 
-// The encoded bytes, from the file when it has one. None when it cannot be read.
+// The encoded bytes, from the file when it has one, else the picture's own, which must outlive
+// them. None when they cannot be read.
 std::optional<QByteArray> encodedBytes(const Picture& encoded);
 
-// The pixels at a reduction, opaque or with premultiplied alpha. A null image when the picture
-// does not decode to its end.
-QImage decodePicture(const QByteArray& bytes, int reduction);
+// The pixels at a reduction, opaque or with premultiplied alpha; at a greater one where these would
+// take more than the budget has. A null image when the picture does not decode to its end, is coded
+// in more scans than any encoder writes, or takes too much at every reduction. Waits for its share
+// of the budget.
+QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget);
 
 }  // namespace vellix

@@ -11,7 +11,6 @@ namespace vellix {
 namespace {
 
 constexpr int kThreads = 2;
-constexpr int kMostMegabytes = 512;  // of one picture's pixels
 // Until a page was shown nobody knows how large: enough for most windows.
 constexpr int kFirstReduction = 2;
 
@@ -26,14 +25,18 @@ QSize wholeOf(const Picture& picture) { return {picture.width, picture.height}; 
 
 QImage scaled(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
+  // Never up.
+  if (image.width() < size.width() || image.height() < size.height()) return image;
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 }  // namespace
 
-PixelCache::PixelCache(std::int64_t budgetBytes) : budget_(budgetBytes) {
+PixelCache::PixelCache(std::int64_t budgetBytes, std::int64_t decodingBytes)
+    : budget_(budgetBytes), decoding_(decodingBytes) {
   pool_.setMaxThreadCount(kThreads);
-  QImageReader::setAllocationLimit(kMostMegabytes);
+  // The library's own limit, of each image, is the whole process's: no more than all together.
+  QImageReader::setAllocationLimit(kMostDecoding >> 20);
 }
 
 PixelCache::~PixelCache() {
@@ -69,18 +72,18 @@ void PixelCache::requestPixels(const PictureHandle& picture, const PictureRoom& 
       if (waiter.context) waiter.done(pixels);
     });
   }
-  request({.picture = *picture, .exact = exact, .keepsReduced = true, .priority = kForAView},
+  request({.picture = picture, .exact = exact, .keepsReduced = true, .priority = kForAView},
           std::move(waiter));
 }
 
-void PixelCache::decodeWhole(Picture encoded, Done done) {
-  const QSize whole = wholeOf(encoded);
+void PixelCache::decodeWhole(const PictureHandle& encoded, Done done) {
+  const QSize whole = wholeOf(*encoded);
   const QSize exact = page_.isEmpty() ? reducedSize(whole, kFirstReduction)
                                       : exactSize(whole, roomOnPage(whole, page_));
-  Job job{.picture = std::move(encoded), .exact = exact, .priority = kAhead};
-  const Key key = keyOf(job.picture, exact);
+  Job job{.picture = encoded, .exact = exact, .priority = kAhead};
+  const Key key = keyOf(*encoded, exact);
   // What lies in a file was decoded before it was written. Bytes from outside always are.
-  if (!job.picture.file.empty()) {
+  if (!encoded->file.empty()) {
     if (QImage atHand = find(key); !atHand.isNull()) {
       return later(
           [done = std::move(done), pixels = Pixels(std::move(atHand), whole)] { done(pixels); });
@@ -90,8 +93,8 @@ void PixelCache::decodeWhole(Picture encoded, Done done) {
   job.priority = kArrived;
   enqueue({.job = std::move(job),
            .key = key,
-           .done = [this, key, whole, done = std::move(done)](const Made& made) {
-             keep(key, made.exact);
+           .done = [this, encoded, whole, done = std::move(done)](const Made& made) {
+             keep(*encoded, made.exact);
              done({made.exact, whole});
            }});
 }
@@ -111,7 +114,8 @@ QImage PixelCache::find(const Key& key) {
   return found->second->image;
 }
 
-void PixelCache::keep(const Key& key, const QImage& image) {
+void PixelCache::keep(const Picture& picture, const QImage& image) {
+  const Key key = keyOf(picture, image.size());
   const std::int64_t size = image.sizeInBytes();
   if (image.isNull() || key.first.empty() || size > budget_ || index_.contains(key)) return;
   while (held_ + size > budget_) {
@@ -125,7 +129,7 @@ void PixelCache::keep(const Key& key, const QImage& image) {
 }
 
 void PixelCache::request(Job job, Waiter waiter) {
-  const Key key = keyOf(job.picture, job.exact);
+  const Key key = keyOf(*job.picture, job.exact);
   auto& waiters = wanted_[key];
   waiters.push_back(std::move(waiter));
   if (waiters.size() > 1) {
@@ -139,20 +143,19 @@ void PixelCache::request(Job job, Waiter waiter) {
     }
     return;
   }
-  const QSize whole = wholeOf(job.picture);
-  const Key reduced = keyOf(job.picture, reducedSize(whole, reductionFor(whole, job.exact)));
+  const PictureHandle picture = job.picture;
   enqueue({.job = std::move(job),
            .key = key,
            .shared = true,
-           .done = [this, key, reduced, whole](const Made& made) {
+           .done = [this, key, picture](const Made& made) {
              // The exact one was asked for, so it is the more recently used.
              if (made.reduced.sizeInBytes() <= budget_ / kShareOfReduced)
-               keep(reduced, made.reduced);
-             keep(key, made.exact);
+               keep(*picture, made.reduced);
+             keep(*picture, made.exact);
              const auto told = std::move(wanted_[key]);
              wanted_.erase(key);
              for (const auto& one : told) {
-               if (!one.bound || one.context) one.done({made.exact, whole});
+               if (!one.bound || one.context) one.done({made.exact, wholeOf(*picture)});
              }
            }});
 }
@@ -193,17 +196,17 @@ void PixelCache::pump() {
 
 void PixelCache::start(Waiting next) {
   const auto id = next.id;
-  const QSize whole = wholeOf(next.job.picture);
+  const QSize whole = wholeOf(*next.job.picture);
   next.job.reduced =
-      find(keyOf(next.job.picture, reducedSize(whole, reductionFor(whole, next.job.exact))));
+      find(keyOf(*next.job.picture, reducedSize(whole, reductionFor(whole, next.job.exact))));
   if (next.job.reduced.isNull()) ++decodes_;
   working_[id] = std::move(next.done);
   auto work = [this, id, job = std::move(next.job)] {
     Made made{.reduced = job.reduced, .exact = {}};
     if (made.reduced.isNull()) {
-      const auto bytes = encodedBytes(job.picture);
-      const int reduction = reductionFor(wholeOf(job.picture), job.exact);
-      if (bytes) made.reduced = decodePicture(*bytes, reduction);
+      const auto bytes = encodedBytes(*job.picture);
+      const int reduction = reductionFor(wholeOf(*job.picture), job.exact);
+      if (bytes) made.reduced = decodePicture(*bytes, reduction, decoding_);
     }
     made.exact = scaled(made.reduced, job.exact);
     if (!job.keepsReduced) made.reduced = {};

@@ -15,19 +15,23 @@
 #include <vector>
 
 #include "platform/ports/pictures.hpp"
+#include "platform/qt/DecodingBudget.hpp"
 #include "platform/qt/PictureFitting.hpp"
 
 namespace vellix {
 
 // Main thread. A picture is decoded at the greatest reduction that is enough and then scaled to
-// exactly what is shown, always in this way: equal pictures at equal sizes have equal pixels. Both
-// are held by picture and size; the least recently used go first. Views that hold an image keep it
-// alive beyond the budget. Its end waits for the work under way and drops what waits.
+// exactly what is shown, always in this way: equal pictures at equal sizes have equal pixels. One
+// that would take more than decoding may gets fewer. Both are held by picture and size; the least
+// recently used go first. Views that hold an image keep it alive beyond the budget. Its end waits
+// for the work under way and drops what waits.
 class PixelCache {
  public:
   using Done = std::function<void(Pixels)>;
 
-  explicit PixelCache(std::int64_t budgetBytes = std::int64_t{256} << 20);
+  // The first is for what is held, the second for all that decodes at once.
+  explicit PixelCache(std::int64_t budgetBytes = std::int64_t{256} << 20,
+                      std::int64_t decodingBytes = kMostDecoding);
   ~PixelCache();
   PixelCache(const PixelCache&) = delete;
   PixelCache& operator=(const PixelCache&) = delete;
@@ -48,7 +52,7 @@ class PixelCache {
 
   // Decodes to the end and keeps what a page with this picture would show where pages were last
   // shown; null when it does not decode. `done` is called in a later turn.
-  void decodeWhole(Picture encoded, Done done);
+  void decodeWhole(const PictureHandle& encoded, Done done);
 
   std::int64_t bytesHeld() const { return held_; }
   std::int64_t decodesStarted() const { return decodes_; }
@@ -68,7 +72,7 @@ class PixelCache {
     bool isWanted() const { return (!bound || context) && (!forReader || reader); }
   };
   struct Job {
-    Picture picture;
+    PictureHandle picture;
     QSize exact;
     QImage reduced;  // where it is at hand
     bool keepsReduced = false;
@@ -89,7 +93,7 @@ class PixelCache {
 
   static Key keyOf(const Picture& picture, QSize size);
   QImage find(const Key& key);
-  void keep(const Key& key, const QImage& image);
+  void keep(const Picture& picture, const QImage& image);
   void request(Job job, Waiter waiter);
   void enqueue(Waiting next);
   bool isWanted(const Waiting& one) const;
@@ -98,6 +102,7 @@ class PixelCache {
   void later(std::function<void()> work);
 
   const std::int64_t budget_;
+  DecodingBudget decoding_;
   std::int64_t held_ = 0;
   std::int64_t decodes_ = 0;
   std::int64_t started_ = 0;

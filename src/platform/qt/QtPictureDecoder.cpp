@@ -20,7 +20,7 @@ Pending<PictureHandle> QtPictureDecoder::decode(Picture encoded) {
   auto known = inspect(std::move(encoded));
   // Without a size there is nothing to decode; the answer still comes in a later turn.
   const auto picture = std::make_shared<const Picture>(known ? *std::move(known) : Picture{});
-  cache_.decodeWhole(*picture, [resolver, picture](const Pixels& pixels) {
+  cache_.decodeWhole(picture, [resolver, picture](const Pixels& pixels) {
     resolver(pixels.isNull() ? nullptr : picture);
   });
   return resolver.pending();
