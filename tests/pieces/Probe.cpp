@@ -8,6 +8,8 @@
 #include <QMetaEnum>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -19,6 +21,15 @@ void note(QtMsgType type, const QMessageLogContext& context, const QString& mess
   const bool ours = !message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
   if (ours && type != QtDebugMsg && type != QtInfoMsg) warnings.append(message);
   passOn(type, context, message);
+}
+
+QImage drawn(const QString& resource) {
+  QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QSvgRenderer drawing(resource);
+  QPainter painter(&image);
+  if (drawing.isValid()) drawing.render(&painter);
+  return image;
 }
 
 }  // namespace
@@ -101,18 +112,29 @@ QStringList Probe::compiledNames() const {
 }
 
 int Probe::marked(const QString& resource) const {
-  QSvgRenderer drawing(resource);
-  if (!drawing.isValid()) return 0;
-  QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  QPainter painter(&image);
-  drawing.render(&painter);
-  painter.end();
+  const QImage image = drawn(resource);
   int marked = 0;
   for (int y = 0; y < image.height(); ++y) {
     for (int x = 0; x < image.width(); ++x) marked += qAlpha(image.pixel(x, y)) > 128;
   }
   return marked;
+}
+
+bool Probe::isRound(const QString& resource) const {
+  const QImage image = drawn(resource);
+  const auto isMarked = [&](double x, double y) {
+    const QPointF spot(32 + 32 * x, 32 + 32 * y);
+    return image.valid(spot.toPoint()) && qAlpha(image.pixel(spot.toPoint())) > 128;
+  };
+  for (int step = 0; step < 360; step += 15) {
+    const double angle = step * std::numbers::pi / 180;
+    const double x = std::cos(angle);
+    const double y = std::sin(angle);
+    bool found = false;
+    for (double r = 0.7; r < 0.85; r += 0.02) found |= isMarked(r * x, r * y);
+    if (!found || isMarked(0.92 * x, 0.92 * y)) return false;
+  }
+  return true;
 }
 
 bool Probe::draws(const QString& resource) const {

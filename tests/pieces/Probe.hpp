@@ -32,6 +32,8 @@ class Probe : public QObject {
   Q_INVOKABLE QStringList compiledNames() const;
   // How many of 64 by 64 pixels the drawing marks; none when it does not parse.
   Q_INVOKABLE int marked(const QString& resource) const;
+  // Whether its outermost marks lie in a circle, in every direction.
+  Q_INVOKABLE bool isRound(const QString& resource) const;
   // Whether the drawing parses and leaves a mark.
   Q_INVOKABLE bool draws(const QString& resource) const;
 

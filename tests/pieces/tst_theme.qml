@@ -150,6 +150,22 @@ Item {
             }
         }
 
+        function test_circlesAreRound() {
+            const names = probe.tableNames().filter(name => name.split(".").includes("circle"));
+            verify(names.length > 8);
+            for (const name of names)
+                for (const folder of [":/symbols/", ":/symbols/small/"])
+                    verify(probe.isRound(folder + name + ".svg"), folder + name);
+            verify(!probe.isRound(":/symbols/checkmark.svg"));
+        }
+
+        function test_whatIsCircledIsInTheCircle() {
+            for (const folder of [":/symbols/", ":/symbols/small/"])
+                for (const name of ["equal.circle", "link.circle.fill"])
+                    verify(probe.marked(folder + name + ".svg")
+                           > probe.marked(folder + "circle.svg") * 1.15, folder + name);
+        }
+
         function test_unknownSymbolIsToldAndNotDrawn() {
             symbol.name = "no.such.symbol";
             let told = "";
