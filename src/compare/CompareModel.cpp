@@ -66,6 +66,7 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
   if (canvas != canvas_) {
     blink_.follow(false);
     state_ = {};
+    shownLoupe_ = {};
     canvas_ = canvas;
   }
   followBlink();
@@ -81,7 +82,10 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
     emit glidesChanged();
   }
   if (replaced(bar_, view.bar)) emit barChanged();
-  if (replaced(loupe_, view.loupe)) emit loupeChanged();
+  const bool opens = view.loupe.open;
+  if (opens) shownLoupe_ = std::move(view.loupe);
+  shownLoupe_.open = opens;
+  if (replaced(loupe_, shownLoupe_)) emit loupeChanged();
   draftPane_ = view.draftPane;
   placeCard();
   const auto draft = draftPane_ < 0 ? std::nullopt : store_.draft();

@@ -125,6 +125,7 @@ class CompareModel : public QObject {
   double zoom_ = 1;  // as it is drawn, on its way to the Store's
   StageLayout layout_;
   Int draftPane_ = -1;
+  LoupeView shownLoupe_;            // the last one stays while the strip leaves
   DraftPlaceView cardPlace_;        // the last one stays while the card leaves
   std::optional<DraftNote> draft_;  // the one that was told of
   std::optional<Anchor> anchor_;    // what is zoomed about

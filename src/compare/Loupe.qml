@@ -14,32 +14,28 @@ Item {
     required property bool takesEscape
 
     readonly property var view: compare.loupe
-    // What was shown last stays while the strip leaves.
-    property var kept: view
-    readonly property size place: compare.cropPlace(strip.width, kept.crops.length)
-    property real open: view.open ? 1 : 0
+    readonly property bool shown: view.open
+    readonly property size place: compare.cropPlace(strip.width, view.crops.length)
+    property real open: shown ? 1 : 0
 
     // What had the keyboard before; it gets it back from the close button.
     property Item from: null
 
-    onViewChanged: {
-        if (view.open) {
-            if (!kept.open || !open)
-                from = Window.activeFocusItem;
-            kept = view;
-        } else if (close.activeFocus && from) {
+    onShownChanged: {
+        if (shown)
+            from = Window.activeFocusItem;
+        else if (close.activeFocus && from)
             from.forceActiveFocus(Qt.TabFocusReason);
-        }
     }
 
-    visible: view.open || open > 0
-    enabled: view.open
+    visible: shown || open > 0
+    enabled: shown
     implicitHeight: head.height + strip.height + 3 * Theme.gap12
     opacity: open
     transform: Translate { y: (1 - loupe.open) * loupe.height }
 
     Accessible.role: Accessible.Grouping
-    Accessible.name: kept.title
+    Accessible.name: view.title
 
     Behavior on open {
         Glide {}
@@ -84,7 +80,7 @@ Item {
             width: Math.min(implicitWidth, parent.width * 0.4)
             size: Theme.small
             color: Theme.muted
-            text: loupe.kept.caption
+            text: loupe.view.caption
         }
 
         Label {
@@ -96,7 +92,7 @@ Item {
             size: Theme.row
             weight: Font.DemiBold
             tellsWhole: true
-            text: loupe.kept.title
+            text: loupe.view.title
         }
 
         IconButton {
@@ -122,7 +118,7 @@ Item {
 
         Repeater {
             model: KeyedRows {
-                rows: loupe.kept.crops
+                rows: loupe.view.crops
             }
 
             Crop {
@@ -140,7 +136,7 @@ Item {
 
     Shortcut {
         sequence: "Esc"
-        enabled: loupe.view.open && loupe.takesEscape
+        enabled: loupe.shown && loupe.takesEscape
         onActivated: loupe.compare.closeLoupe()
     }
 }

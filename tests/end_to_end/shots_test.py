@@ -117,6 +117,7 @@ class Shots(unittest.TestCase):
         shots = {
             "dark": (*good, *small, "--dark"),
             "light": (*good, *small),
+            "focus": (*good, *small, "--focus"),
             "asked size": (*good, "--size", "1000x700"),
             "no size": (*good, "--size", "800"),
             "least size": (*good, "--size", "20x20"),
@@ -175,6 +176,9 @@ class Shots(unittest.TestCase):
     def test_shows_the_sample_with_its_pictures(self):
         for name in ("dark", "light", "twice"):
             self.assertGreater(self.share(name, PAGE_COLOUR), 0.02, name)
+
+    def test_shows_the_spot_of_a_finding(self):
+        self.assertFalse(self.same("focus", "light"))
 
     def test_forces_the_appearance(self):
         self.assertGreater(self.share("light", "#f3f6f7"), 0.05)
