@@ -50,11 +50,22 @@ Pressable {
         color: Theme.quietFill
 
         RemoteImage {
+            id: picture
+
             anchors.fill: parent
             pictures: row.pictures
             key: row.ticket.thumb
             fill: true
             placeholder: Theme.quietFill
+        }
+
+        Repeater {
+            model: picture.missing ? 1 : 0
+
+            MissingPicture {
+                anchors.fill: thumb
+                size: 14
+            }
         }
 
         Rectangle {

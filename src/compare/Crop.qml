@@ -26,20 +26,31 @@ Item {
         clip: true
 
         RemoteImage {
+            id: picture
+
             x: cut.lay.page.x
             y: cut.lay.page.y
             width: cut.lay.page.width
             height: cut.lay.page.height
             pictures: cut.pictures
             key: cut.crop.img
-            placeholder: Theme.paper
+            placeholder: missing ? Theme.well : Theme.paper
 
             Accessible.role: Accessible.Graphic
             Accessible.name: cut.crop.label
+            Accessible.ignored: missing
         }
 
         Repeater {
-            model: cut.lay.marks.length
+            model: picture.missing ? 1 : 0
+
+            MissingPicture {
+                anchors.fill: frame
+            }
+        }
+
+        Repeater {
+            model: picture.missing ? 0 : cut.lay.marks.length
 
             MarkFrame {
                 required property int index

@@ -4,6 +4,7 @@
 #include <QThreadPool>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace vellix {
 namespace {
@@ -59,6 +60,18 @@ void DifferenceImage::setUnder(const QString& key) {
 
 void DifferenceImage::resized() { polish(); }
 
+void DifferenceImage::framed() {
+  for (Side& side : sides_) {
+    if (side.picture.isWorthAnotherTry() && isInSight()) side.picture.tryAgain();
+  }
+}
+
+QRect DifferenceImage::place() const {
+  const QSize size = deviceSize();
+  return isHere(sides_[0]) ? fittedPlace(sides_[0].picture.pixels().whole, size)
+                           : QRect(QPoint(), size);
+}
+
 bool DifferenceImage::isHere(const Side& side) const {
   return !side.key.isEmpty() && side.picture.isHere();
 }
@@ -69,15 +82,14 @@ bool DifferenceImage::isMissing(const Side& side) const {
 
 std::optional<DifferenceImage::Inputs> DifferenceImage::inputs() const {
   const bool both = isHere(sides_[0]) && isHere(sides_[1]);
-  const PictureRoom room(deviceSize());
-  Inputs inputs{.pictures = {}, .ground = room.size};
+  const QSize room = deviceSize();
+  Inputs inputs{.pictures = {}, .ground = room};
   bool any = false;
   for (std::size_t i = 0; i < inputs.pictures.size(); ++i) {
     if (!isHere(sides_[i])) continue;
     // Of two that are scaled by different ways even equal ones differ.
     if (both && !sides_[i].picture.isFinal()) return std::nullopt;
-    const Pixels& pixels = sides_[i].picture.pixels();
-    inputs.pictures[i] = {pixels.image, fittedPlace(pixels.whole, room)};
+    inputs.pictures[i] = {sides_[i].picture.pixels().image, place()};
     any = true;
   }
   if (!any) return std::nullopt;
@@ -96,8 +108,8 @@ std::optional<DifferenceImage::Inputs> DifferenceImage::inputs() const {
     const auto less = [part](QPoint point) {
       return QPoint(qRound(point.x() * part), qRound(point.y() * part));
     };
-    inputs.ground = QSize(std::max(1, qRound(room.size.width() * part)),
-                          std::max(1, qRound(room.size.height() * part)));
+    inputs.ground =
+        QSize(std::max(1, qRound(room.width() * part)), std::max(1, qRound(room.height() * part)));
     for (auto& picture : inputs.pictures) {
       const QRect place = picture.place;
       const QPoint end(place.x() + place.width(), place.y() + place.height());
@@ -130,7 +142,10 @@ void DifferenceImage::make(const Inputs& inputs) {
 void DifferenceImage::updatePolish() {
   const QSize size = deviceSize();
   if (size.isEmpty()) return;
-  for (Side& side : sides_) side.picture.follow(pictures_, side.key, size);
+  sides_[0].picture.follow(pictures_, sides_[0].key, size);
+  sides_[1].picture.follow(pictures_, sides_[1].key, {place().size(), PictureFit::exactly});
+  const bool missing = !sides_[1].key.isEmpty() && sides_[1].picture.isMissing();
+  if (std::exchange(missing_, missing) != missing) emit missingChanged();
   if (const auto now = inputs()) make(*now);
   if (isMissing(sides_[0]) && isMissing(sides_[1])) {
     made_.reset();

@@ -60,14 +60,25 @@ Pressable {
         y: 6
         width: 58
         height: cell.thumbHeight
-        color: Theme.paper
+        color: picture.placeholder
 
         RemoteImage {
+            id: picture
+
             anchors.fill: parent
             pictures: cell.pictures
             key: cell.img
             waits: cell.passing
-            placeholder: Theme.paper
+            placeholder: missing ? Theme.well : Theme.paper
+        }
+
+        Repeater {
+            model: picture.missing ? 1 : 0
+
+            MissingPicture {
+                anchors.fill: paper
+                size: 18
+            }
         }
 
         Rectangle {

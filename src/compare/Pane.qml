@@ -24,6 +24,8 @@ Item {
     required property PictureSource pictures
     required property bool shifting  // its place changes by what was shown or hidden
 
+    readonly property bool underMissing: overlaid.count > 0 && (overlaid.itemAt(0) as RemoteImage).missing
+                                         || compared.count > 0 && (compared.itemAt(0) as DifferenceImage).missing
     readonly property var blank: ({ x: 0, y: 0, width: 0, height: 0, page: { x: 0, y: 0, width: 0, height: 0 } })
     readonly property var told: compare.stage.panes[index]
     // The last that was told: while panes change there may be none for a moment.
@@ -80,11 +82,21 @@ Item {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, pane.width - caption.x - 13)
+            width: Math.min(implicitWidth, pane.width - caption.x - 13 - (pane.underMissing ? 20 : 0))
             size: Theme.note
             color: Theme.muted
             tellsWhole: true
             text: pane.label
+        }
+
+        Repeater {
+            model: pane.underMissing ? 1 : 0
+
+            MissingPicture {
+                anchors.verticalCenter: caption.verticalCenter
+                size: 14
+                help: "The page to lay over this one didn't load. It is tried again."
+            }
         }
     }
 
@@ -114,21 +126,31 @@ Item {
         }
 
         RemoteImage {
+            id: own
+
             anchors.fill: parent
             pictures: pane.pictures
             key: pane.img
             pageRoom: Qt.size(pane.compare.stage.room.width, pane.compare.stage.room.height)
-            placeholder: Theme.paper
+            placeholder: missing ? Theme.well : Theme.paper
 
             Accessible.role: Accessible.Graphic
             Accessible.name: pane.label
+            Accessible.ignored: missing
         }
 
         Repeater {
+            id: overlaid
+
             model: pane.under !== "" && !pane.difference ? 1 : 0
 
+            // Place on place, also where its shape is another.
             RemoteImage {
-                anchors.fill: parent
+                x: own.painted.x
+                y: own.painted.y
+                width: own.painted.width
+                height: own.painted.height
+                stretched: true
                 pictures: pane.pictures
                 key: pane.under
                 placeholder: "transparent"
@@ -137,6 +159,8 @@ Item {
         }
 
         Repeater {
+            id: compared
+
             model: pane.difference ? 1 : 0
 
             DifferenceImage {
@@ -147,7 +171,17 @@ Item {
             }
         }
 
+        Repeater {
+            model: own.missing ? 1 : 0
+
+            MissingPicture {
+                anchors.fill: page
+            }
+        }
+
+        // Of a page that nobody can see they would tell nothing.
         PageMarks {
+            visible: !own.missing
             anchors.fill: parent
             compare: pane.compare
             boxes: pane.boxes

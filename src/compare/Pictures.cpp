@@ -2,6 +2,14 @@
 
 namespace vellix {
 
+Pictures::Pictures(Images& images, PixelCache& pixels, Store& store)
+    : images_(images),
+      pixels_(pixels),
+      onGoodPoll_(store.changes.observe(Store::kLastOK, [this] { emit worthAnotherTry(); })),
+      onRefresh_(store.changes.observe(Store::kRefreshing, [this, &store] {
+        if (store.refreshing()) emit worthAnotherTry();
+      })) {}
+
 Pixels Pictures::atHand(const QString& key, const PictureRoom& room) {
   pixels_.notePage(room);
   const PictureHandle picture = images_.cached(key.toStdString());

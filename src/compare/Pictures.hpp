@@ -1,4 +1,6 @@
 // The pictures for the views: handles from the cache of pictures, pixels from the cache of pixels.
+// What could not be had is worth another try after each good poll, and at once when the person asks
+// for everything anew.
 #pragma once
 
 #include <QPointer>
@@ -15,8 +17,8 @@ class Pictures : public PictureSource {
   QML_UNCREATABLE("made by the program")
 
  public:
-  // Both must outlive the source.
-  Pictures(Images& images, PixelCache& pixels) : images_(images), pixels_(pixels) {}
+  // All must outlive the source.
+  Pictures(Images& images, PixelCache& pixels, Store& store);
 
   Pixels atHand(const QString& key, const PictureRoom& room) override;
   void bring(const QString& key, const PictureRoom& room, QObject* context,
@@ -30,6 +32,8 @@ class Pictures : public PictureSource {
   Images& images_;
   PixelCache& pixels_;
   TaskScope tasks_;
+  Changes::Subscription onGoodPoll_;
+  Changes::Subscription onRefresh_;
 };
 
 }  // namespace vellix

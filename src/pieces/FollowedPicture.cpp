@@ -14,7 +14,7 @@ FollowedPicture::FollowedPicture(QObject* parent) : QObject(parent) {
   resting_.setSingleShot(true);
   resting_.setInterval(kRest);
   connect(&resting_, &QTimer::timeout, this, [this] {
-    ask();
+    if (!hasAll()) ask();
     emit changed();
   });
 }
@@ -23,6 +23,14 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
   if (!source || room.size.isEmpty()) return;
   const bool turns = source != source_ || key != key_;
   if (!turns && room == room_) return;
+  if (source != source_) {
+    if (source_) source_->disconnect(this);
+    connect(source, &PictureSource::worthAnotherTry, this, [this] {
+      if (!isLacking()) return;
+      worthTrying_ = true;
+      emit changed();
+    });
+  }
   source_ = source;
   key_ = key;
   room_ = room;
@@ -31,6 +39,7 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
     ++turn_;
     asking_ = std::make_unique<QObject>();
     awaited_ = 0;
+    failed_ = false;
     settled_ = false;
   }
   if (key.isEmpty()) {
@@ -38,8 +47,8 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
     return show({});
   }
   look();
-  if (turns) return ask();
   if (hasAll()) return;
+  if (turns) return ask();
   resting_.start();
   if (awaited_ == 0 && isMuchTooSmall()) ask();
 }
@@ -53,6 +62,14 @@ bool FollowedPicture::hasAll() const {
   return settled_ && (pixels_.isNull() || isExact(pixels_, room_));
 }
 
+bool FollowedPicture::isLacking() const {
+  return failed_ && awaited_ == 0 && !isExact(pixels_, room_);
+}
+
+void FollowedPicture::tryAgain() {
+  if (isWorthAnotherTry()) ask();
+}
+
 void FollowedPicture::look() {
   Pixels best = source_->atHand(key_, room_);
   if (best.isNull() || (settled_ && !looksBetter(best, pixels_, room_))) return;
@@ -61,8 +78,9 @@ void FollowedPicture::look() {
 }
 
 void FollowedPicture::ask() {
-  if (!source_ || key_.isEmpty() || hasAll()) return;
+  if (!source_ || key_.isEmpty()) return;
   ++awaited_;
+  worthTrying_ = false;
   source_->bring(key_, room_, asking_.get(), [this, turn = turn_](Pixels pixels) {
     if (turn == turn_) answer(std::move(pixels));
   });
@@ -70,6 +88,7 @@ void FollowedPicture::ask() {
 
 void FollowedPicture::answer(Pixels pixels) {
   --awaited_;
+  failed_ = pixels.isNull();
   const bool better = !settled_ || looksBetter(pixels, pixels_, room_);
   settled_ = true;
   // When the exact pixels cannot be had, others are better than none.

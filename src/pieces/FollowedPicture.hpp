@@ -27,8 +27,11 @@ class FollowedPicture : public QObject {
   const Pixels& pixels() const { return pixels_; }
   bool isHere() const { return settled_ && !pixels_.isNull(); }  // they are the asked key's
   bool isMissing() const { return settled_ && pixels_.isNull(); }
-  // They will not become better in this room.
+  // They will not become better in this room, unless another try brings them.
   bool isFinal() const;
+  // They could not be had, or not as many as are shown, and the source has more hope since.
+  bool isWorthAnotherTry() const { return worthTrying_ && isLacking(); }
+  void tryAgain();  // once for each time that it is worth it
 
  signals:
   void changed();
@@ -39,6 +42,7 @@ class FollowedPicture : public QObject {
   void answer(Pixels pixels);
   void show(Pixels pixels);
   bool hasAll() const;
+  bool isLacking() const;
   bool isMuchTooSmall() const;
 
   QPointer<PictureSource> source_;
@@ -48,6 +52,8 @@ class FollowedPicture : public QObject {
   bool settled_ = false;             // pixels_ are the key's, or null because they cannot be had
   quint64 turn_ = 0;                 // of keys and sources; answers of earlier ones are dropped
   int awaited_ = 0;                  // answers of this turn
+  bool failed_ = false;              // the last of these was none
+  bool worthTrying_ = false;         // the source has said so since
   std::unique_ptr<QObject> asking_;  // lives for one turn: what it asked for ends with it
   QTimer resting_{this};             // runs while the room has just changed
 };

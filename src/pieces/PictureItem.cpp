@@ -76,8 +76,20 @@ void PictureItem::itemChange(ItemChange change, const ItemChangeData& data) {
   if (change != ItemSceneChange) return;
   disconnect(aligning_);
   if (data.window) {
-    aligning_ = connect(data.window, &QQuickWindow::afterAnimating, this, &PictureItem::realign);
+    aligning_ = connect(data.window, &QQuickWindow::afterAnimating, this, [this] {
+      realign();
+      framed();
+    });
   }
+}
+
+bool PictureItem::isInSight() const {
+  if (!window() || !isVisible()) return false;
+  QRectF seen = mapRectToScene(QRectF(QPointF(), size())) & QRectF(QPointF(), window()->size());
+  for (const QQuickItem* item = parentItem(); item && !seen.isEmpty(); item = item->parentItem()) {
+    if (item->clip()) seen &= item->mapRectToScene(item->clipRect());
+  }
+  return !seen.isEmpty();
 }
 
 void PictureItem::noteOrigin() {

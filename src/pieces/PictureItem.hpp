@@ -26,6 +26,10 @@ class PictureItem : public QQuickItem {
 
   // Another size, another window or another scale; every class has its own answer.
   virtual void resized() = 0;
+  // A frame is about to be painted.
+  virtual void framed() {}
+  // Whether any of it lies in the window and is not cut off.
+  bool isInSight() const;
 
   void geometryChange(const QRectF& now, const QRectF& before) override;
   void itemChange(ItemChange change, const ItemChangeData& data) override;

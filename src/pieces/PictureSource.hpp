@@ -24,6 +24,10 @@ class PictureSource : public QObject {
   // later, with a null image when the picture cannot be had; never after the context has gone.
   virtual void bring(const QString& key, const PictureRoom& room, QObject* context,
                      std::function<void(Pixels)> done) = 0;
+
+ signals:
+  // What could not be had may be had now. Asking again is for those that are in sight.
+  void worthAnotherTry();
 };
 
 }  // namespace vellix

@@ -1,6 +1,7 @@
 #include "pieces/RemoteImage.hpp"
 
 #include <QPainter>
+#include <utility>
 
 namespace vellix {
 
@@ -27,6 +28,13 @@ void RemoteImage::setFill(bool fill) {
   fill_ = fill;
   lookAgain();
   emit fillChanged();
+}
+
+void RemoteImage::setStretched(bool stretched) {
+  if (stretched_ == stretched) return;
+  stretched_ = stretched;
+  lookAgain();
+  emit stretchedChanged();
 }
 
 void RemoteImage::setRound(bool round) {
@@ -68,8 +76,26 @@ void RemoteImage::componentComplete() {
 
 void RemoteImage::resized() { lookAgain(); }
 
+void RemoteImage::framed() {
+  if (picture_.isWorthAnotherTry() && isInSight()) picture_.tryAgain();
+}
+
 PictureRoom RemoteImage::room() const {
-  return {deviceSize(), fill_ || round_, pageRoom_ * deviceScale()};
+  const auto fit = stretched_        ? PictureFit::exactly
+                   : fill_ || round_ ? PictureFit::over
+                                     : PictureFit::within;
+  return {deviceSize(), fit, pageRoom_ * deviceScale()};
+}
+
+void RemoteImage::notePainted(const QRect& place) {
+  // Over all the device's pixels of a side it is the item's own length, without roundings.
+  const QSize whole = deviceSize();
+  const qreal scale = deviceScale();
+  const QRectF painted(
+      QPointF(place.topLeft()) / scale,
+      QSizeF(place.width() == whole.width() ? width() : place.width() / scale,
+             place.height() == whole.height() ? height() : place.height() / scale));
+  if (std::exchange(painted_, painted) != painted) emit paintedChanged();
 }
 
 // On the processor, since neither a mask nor a shader is to be had of every renderer.
@@ -94,9 +120,11 @@ void RemoteImage::updatePolish() {
   const Pixels& pixels = picture_.pixels();
   if (pixels.isNull() || room.size.isEmpty()) {
     showGround(placeholder_);
+    notePainted({QPoint(), room.size});
   } else {
     const QRect fitted = fittedPlace(pixels.whole, room);
     const QRect seen = fitted & QRect(QPoint(), room.size);
+    notePainted(seen);
     const qreal across = qreal(pixels.image.width()) / fitted.width();
     const qreal down = qreal(pixels.image.height()) / fitted.height();
     const QRectF part((seen.x() - fitted.x()) * across, (seen.y() - fitted.y()) * down,
@@ -112,9 +140,10 @@ void RemoteImage::updatePolish() {
       showImage(cut_, cut_.rect(), seen);
     }
   }
-  if (ready_ == !pixels.isNull()) return;
-  ready_ = !pixels.isNull();
-  emit readyChanged();
+  const bool missing = !key_.isEmpty() && picture_.isMissing();
+  if (std::exchange(missing_, missing) != missing) emit missingChanged();
+  const bool ready = !pixels.isNull();
+  if (std::exchange(ready_, ready) != ready) emit readyChanged();
 }
 
 }  // namespace vellix

@@ -1,6 +1,7 @@
 // Shows the picture of one blob key, with a plain ground until it is here. A new key's picture
 // takes the old one's place when it is ready, so stepping through pages never shows a gap; one
-// that cannot be had leaves the ground, as does no key.
+// that cannot be had leaves the ground, as does no key. It is asked for again when the source says
+// that it is worth it, once it is in sight.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -18,6 +19,8 @@ class RemoteImage : public vellix::PictureItem {
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
   Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)   // empty for none
   Q_PROPERTY(bool fill READ fill WRITE setFill NOTIFY fillChanged)  // fills and crops, or fits
+  // The picture takes the item's own size, whatever its shape.
+  Q_PROPERTY(bool stretched READ stretched WRITE setStretched NOTIFY stretchedChanged)
   // The picture fills the ellipse that fits in; the ground stays as it is.
   Q_PROPERTY(bool round READ round WRITE setRound NOTIFY roundChanged)
   // Of a page: the room that a page of any shape would be fitted into, in logical pixels. The
@@ -27,6 +30,10 @@ class RemoteImage : public vellix::PictureItem {
   Q_PROPERTY(bool waits READ waits WRITE setWaits NOTIFY waitsChanged)
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
   Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
+  // The picture could not be had. Stays so until it is here.
+  Q_PROPERTY(bool missing READ missing NOTIFY missingChanged)
+  // Where the picture lies in the item, in logical pixels; all of it while there is none.
+  Q_PROPERTY(QRectF painted READ painted NOTIFY paintedChanged)
 
  public:
   explicit RemoteImage(QQuickItem* parent = nullptr);
@@ -37,6 +44,8 @@ class RemoteImage : public vellix::PictureItem {
   void setKey(const QString& key);
   bool fill() const { return fill_; }
   void setFill(bool fill);
+  bool stretched() const { return stretched_; }
+  void setStretched(bool stretched);
   bool round() const { return round_; }
   void setRound(bool round);
   QSizeF pageRoom() const { return pageRoom_; }
@@ -46,36 +55,46 @@ class RemoteImage : public vellix::PictureItem {
   QColor placeholder() const { return placeholder_; }
   void setPlaceholder(const QColor& colour);
   bool ready() const { return ready_; }
+  bool missing() const { return missing_; }
+  QRectF painted() const { return painted_; }
 
  signals:
   void picturesChanged();
   void keyChanged();
   void fillChanged();
+  void stretchedChanged();
   void roundChanged();
   void pageRoomChanged();
   void waitsChanged();
   void placeholderChanged();
   void readyChanged();
+  void missingChanged();
+  void paintedChanged();
 
  protected:
   void componentComplete() override;
   void resized() override;
+  void framed() override;
   void updatePolish() override;
 
  private:
   void lookAgain();  // at the next polish
   PictureRoom room() const;
   QImage cutRound(const QRectF& part) const;
+  void notePainted(const QRect& place);  // in the device's pixels
 
   QPointer<PictureSource> pictures_;
   QString key_;
   bool fill_ = false;
+  bool stretched_ = false;
   bool round_ = false;
   QSizeF pageRoom_;
   bool waits_ = false;
   QColor placeholder_;
   FollowedPicture picture_{this};
   bool ready_ = false;
+  bool missing_ = false;
+  QRectF painted_;
   QImage cut_;  // round, of the image with this key
   qint64 cutFrom_ = 0;
 };

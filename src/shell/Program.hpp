@@ -73,7 +73,7 @@ class Program {
   Prefs prefs_;
   Store store_;
   Stage stage_{arguments_, store_, images_, decoder_, loop_};
-  Pictures pictures_{images_, pixels_};
+  Pictures pictures_{images_, pixels_, store_};
   BoardModel board_;
   ActivityModel activity_;
   PlanModel plan_;

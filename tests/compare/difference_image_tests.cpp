@@ -125,6 +125,38 @@ TEST_F(DifferenceImageTest, StaysWithTheOneWhenTheOtherCannotBeHad) {
   EXPECT_EQ(seen(), kOne);
 }
 
+TEST_F(DifferenceImageTest, TellsThatTheOtherIsMissingUntilAnotherTryBringsIt) {
+  hold(exact(kOne), {});
+  ask();
+  frame();
+  EXPECT_FALSE(item->missing());
+  source.answer(0, {});
+  frame();
+  EXPECT_TRUE(item->missing());
+  emit source.worthAnotherTry();
+  frame();
+  ASSERT_EQ(source.requests.size(), 2U);
+  EXPECT_EQ(source.requests[1].key, "other");
+  source.answer(1, exact(kOther));
+  EXPECT_EQ(seen(), kBetween);
+  EXPECT_FALSE(item->missing());
+}
+
+TEST_F(DifferenceImageTest, AsksNobodyAgainOutOfSight) {
+  ask();
+  frame();
+  source.answer(0, {});
+  source.answer(1, {});
+  item->setVisible(false);
+  frame();
+  emit source.worthAnotherTry();
+  frame();
+  EXPECT_EQ(source.requests.size(), 2U);
+  item->setVisible(true);
+  frame();
+  EXPECT_EQ(source.requests.size(), 4U);
+}
+
 TEST_F(DifferenceImageTest, ShowsTheOneAloneWhenThereIsNoOther) {
   hold(exact(kOne), exact(kOther));
   ask();
@@ -219,13 +251,31 @@ TEST_F(DifferenceImageTest, LaysPagesOfOtherSizesOverOneAnother) {
   EXPECT_EQ(seen({98, 98}), kBetween);
 }
 
-TEST_F(DifferenceImageTest, ShowsOneAloneWhereTheOtherDoesNotReach) {
+// Corner on corner: a place on the one, in fractions, is that place on the other.
+TEST_F(DifferenceImageTest, LaysAPageOfAnotherShapeExactlyOverTheFirst) {
+  const PictureRoom room(device(kRoom), PictureFit::exactly);
+  for (const QSize shape : {QSize(1500, 3000), QSize(3000, 1500)}) {
+    hold(exact(kOne), {plain(kOther, exactSize(shape, room)), shape});
+    item->setUnder("");
+    frame();
+    ask();
+    for (const QPoint corner : {QPoint(2, 2), QPoint(97, 2), QPoint(2, 97), QPoint(97, 97)}) {
+      EXPECT_EQ(seen(corner), kBetween) << shape.width() << ' ' << corner.x() << ' ' << corner.y();
+    }
+    EXPECT_TRUE(source.requests.empty()) << "it has all the pixels that it shows";
+  }
+}
+
+TEST_F(DifferenceImageTest, LaysTheSecondWhereTheFirstIsEvenWhenThatFillsAPartOfTheItem) {
   const QSize half(1500, 3000);
-  hold(exact(kOne), {plain(kOther, exactSize(half, device(kRoom))), half});
+  hold({plain(kOne, exactSize(half, device(kRoom))), half},
+       {plain(kOther, exactSize(kPage, {exactSize(half, device(kRoom)), PictureFit::exactly})),
+        kPage});
   ask();
-  EXPECT_EQ(seen({10, 50}), kOne);
-  EXPECT_EQ(seen({50, 50}), kBetween);
-  EXPECT_EQ(seen({90, 50}), kOne);
+  EXPECT_EQ(seen({10, 50}), QColor(Qt::black));
+  EXPECT_EQ(seen({30, 50}), kBetween);
+  EXPECT_EQ(seen({70, 50}), kBetween);
+  EXPECT_EQ(seen({90, 50}), QColor(Qt::black));
 }
 
 TEST_F(DifferenceImageTest, MayGoWhileRequestsAreOut) {

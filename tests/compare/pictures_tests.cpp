@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include "platform/pictures.hpp"
@@ -28,7 +29,7 @@ class PicturesTest : public testing::Test {
   QtPictureDecoder decoder{pixels};
   QtPictureFiles files{folder.path().toStdString()};
   Images images{desk.api, desk.time, decoder, files};
-  std::optional<Pictures> pictures{std::in_place, images, pixels};
+  std::optional<Pictures> pictures{std::in_place, images, pixels, desk.store()};
   std::optional<QObject> view{std::in_place};
   const std::string whole = encodedAs("jpg", testImage(kWhole.width(), kWhole.height()));
   const std::string torn = whole.substr(0, whole.size() / 2);
@@ -74,7 +75,7 @@ TEST_F(PicturesTest, AreBroughtOverTheNetworkOnceAndThenAtHand) {
 // Those of the first page too, and of the pages beside it.
 TEST_F(PicturesTest, ThatComeAreMadeForTheRoomThatWaitsForThem) {
   serve(whole);
-  const PictureRoom room({90, 45}, false, {90, 90});
+  const PictureRoom room({90, 45}, PictureFit::within, {90, 90});
   EXPECT_TRUE(pictures->atHand("a", room).isNull());
   auto fetching = images.image("a");
   TaskScope scope;
@@ -133,7 +134,7 @@ TEST_F(PicturesTest, ThatBreakAgainAreFetchedAnewAgain) {
   for (std::size_t times = 1; times <= 2; ++times) {
     files.write("a", torn);
     PixelCache none;
-    Pictures others(images, none);
+    Pictures others(images, none, desk.store());
     bool told = false;
     others.bring("a", kWhole, &*view, [&told](const Pixels& pixels) { told = !pixels.isNull(); });
     EXPECT_TRUE(settles([&told] { return told; }));
@@ -163,11 +164,41 @@ TEST_F(PicturesTest, TellNobodyWhoWentWhileTheyWereFetchedAnew) {
   EXPECT_EQ(answers.size(), 1U);
 }
 
+// Whether the board has changed or not: the service is there.
+TEST_F(PicturesTest, AreWorthAnotherTryAfterEachGoodPollAndNoOther) {
+  QSignalSpy told(&*pictures, &PictureSource::worthAnotherTry);
+  const auto tellsOn = [&](const HttpResult& answer) {
+    routes.set("GET api/state", answer);
+    told.clear();
+    desk.time.advance(Milliseconds{5'000});
+    desk.tasks.start(desk.store().refresh());
+    desk.time.run();
+    return told.count();
+  };
+  EXPECT_EQ(tellsOn(answerOf(200, jsonOf(boardOf({})), "\"b1\"")), 1);
+  EXPECT_EQ(tellsOn(answerOf(304)), 1);
+  EXPECT_EQ(tellsOn(answerOf(500)), 0);
+  EXPECT_EQ(tellsOn(answerOf(200, "garbage")), 0);
+  EXPECT_EQ(tellsOn(std::unexpected(HttpError::notConnected)), 0);
+  EXPECT_EQ(tellsOn(answerOf(304)), 1);
+}
+
+TEST_F(PicturesTest, AreWorthAnotherTryTheMomentThatAllIsAskedForAnew) {
+  QSignalSpy told(&*pictures, &PictureSource::worthAnotherTry);
+  desk.store().requestRefresh();
+  desk.time.run();
+  EXPECT_EQ(told.count(), 1) << "the poll is still out";
+  desk.http.answer(0, answerOf(500));
+  desk.time.run();
+  EXPECT_FALSE(desk.store().refreshing());
+  EXPECT_EQ(told.count(), 1);
+}
+
 TEST_F(PicturesTest, MayEndWithRequestsOut) {
   files.write("a", torn);
   bring();
   pictures.reset();
-  pictures.emplace(images, pixels);
+  pictures.emplace(images, pixels, desk.store());
   serve(whole);
   EXPECT_FALSE(brought().isNull());
   EXPECT_EQ(answers.size(), 1U);

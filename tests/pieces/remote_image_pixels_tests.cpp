@@ -47,7 +47,7 @@ TEST_F(RemoteImagePixels, StayTheDevicesOwnWhileAParentMoves) {
 TEST_F(RemoteImagePixels, OfAPictureThatFillsAreItsMiddlesOwn) {
   item->setFill(true);
   item->setSize({60, 60});
-  const PictureRoom room(device({60, 60}), true);
+  const PictureRoom room(device({60, 60}), PictureFit::over);
   source.held["a"] = {busy(exactSize(kPage, room)), kPage};
   item->setKey("a");
   const QImage& image = source.held["a"].image;
@@ -87,10 +87,10 @@ TEST_F(RemoteImagePixels, AreAskedForInTheSizeOfTheDevice) {
   ASSERT_EQ(source.requests.size(), 1U);
   EXPECT_EQ(source.requests[0].room.size, device({40.4, 60}));
   EXPECT_EQ(source.requests[0].room.page, QSizeF(50, 60) * scale());
-  EXPECT_FALSE(source.requests[0].room.fills);
+  EXPECT_EQ(source.requests[0].room.fit, PictureFit::within);
   item->setFill(true);
   ask("b");
-  EXPECT_TRUE(source.requests.back().room.fills);
+  EXPECT_EQ(source.requests.back().room.fit, PictureFit::over);
 }
 
 TEST_F(RemoteImagePixels, ThatAreNotExactAreShownAtOnceAndThenReplaced) {

@@ -260,6 +260,42 @@ TEST_F(RemoteImageTest, FillsWithTheMiddleOfAPicture) {
   }
 }
 
+TEST_F(RemoteImageTest, StretchesToItsOwnSizeWhateverTheShape) {
+  item->setStretched(true);
+  for (const auto along : {Qt::Horizontal, Qt::Vertical}) {
+    const QString key = along == Qt::Horizontal ? "wide" : "tall";
+    source.held[key] = thirds(along);
+    ask(key);
+    const QImage image = frame();
+    const auto colours = [&](bool across) {
+      const auto colour = [&](int at) {
+        return image.pixelColor(across ? QPoint(at, 3) : QPoint(3, at));
+      };
+      return QList{colour(16), colour(50), colour(84)};
+    };
+    EXPECT_EQ(colours(along == Qt::Horizontal), (QList{kRed, kGreen, kBlue})) << qPrintable(key);
+    EXPECT_EQ(item->painted(), QRectF(QPointF(), item->size()));
+  }
+}
+
+TEST_F(RemoteImageTest, TellsWhereThePictureLies) {
+  ask("a");
+  EXPECT_EQ(item->painted(), QRectF(QPointF(), item->size())) << "it may come to lie anywhere";
+  QSignalSpy told(item.get(), &RemoteImage::paintedChanged);
+  source.answer(0, thirds(Qt::Vertical));
+  frame();
+  EXPECT_EQ(told.count(), 1);
+  const QRectF painted = item->painted();
+  EXPECT_NEAR(painted.x(), 33, 1);
+  EXPECT_EQ(painted.y(), 0);
+  EXPECT_NEAR(painted.width(), 33, 1);
+  EXPECT_EQ(painted.height(), 100);
+  item->setSize({50, 50});
+  frame();
+  EXPECT_NEAR(item->painted().x(), 16.5, 1);
+  EXPECT_EQ(item->painted().height(), 50);
+}
+
 TEST_F(RemoteImageTest, ShowsSeeThroughPicturesOverWhatIsBehind) {
   QImage half(kRoom, QImage::Format_ARGB32_Premultiplied);
   half.fill(Qt::transparent);

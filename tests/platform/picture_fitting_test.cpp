@@ -41,9 +41,18 @@ TEST(PictureFitting, ReachesASideThatIsLessThanAPixelAway) {
 }
 
 TEST(PictureFitting, FillsAndIsCropped) {
-  EXPECT_EQ(fittedPlace({3000, 2000}, {{60, 60}, true}), QRect(-15, 0, 90, 60));
-  EXPECT_EQ(fittedPlace({2000, 3000}, {{60, 60}, true}), QRect(0, -15, 60, 90));
-  EXPECT_EQ(fittedPlace({1002, 1000}, {{500, 500}, true}), QRect(0, 0, 500, 500));
+  EXPECT_EQ(fittedPlace({3000, 2000}, {{60, 60}, PictureFit::over}), QRect(-15, 0, 90, 60));
+  EXPECT_EQ(fittedPlace({2000, 3000}, {{60, 60}, PictureFit::over}), QRect(0, -15, 60, 90));
+  EXPECT_EQ(fittedPlace({1002, 1000}, {{500, 500}, PictureFit::over}), QRect(0, 0, 500, 500));
+}
+
+TEST(PictureFitting, TakesTheRoomsOwnSizeWhateverItsShape) {
+  for (const QSize whole : {QSize(2000, 3000), QSize(3000, 2000), QSize(1, 20'000)}) {
+    EXPECT_EQ(fittedPlace(whole, {kRoom, PictureFit::exactly}), QRect(QPoint(), kRoom));
+  }
+  EXPECT_EQ(exactSize({3000, 2000}, {kRoom, PictureFit::exactly}), kRoom);
+  EXPECT_EQ(exactSize({3000, 200}, {kRoom, PictureFit::exactly}), QSize(450, 200));
+  EXPECT_TRUE(fittedPlace({0, 0}, {kRoom, PictureFit::exactly}).isEmpty());
 }
 
 TEST(PictureFitting, IsExactWithThePixelsShownOrItsOwn) {
@@ -51,7 +60,7 @@ TEST(PictureFitting, IsExactWithThePixelsShownOrItsOwn) {
   EXPECT_EQ(exactSize({200, 300}, kRoom), QSize(200, 300));
   EXPECT_EQ(exactSize({450, 676}, kRoom), kRoom);
   EXPECT_EQ(exactSize({450, 673}, kRoom), QSize(450, 673)) << "two are not made of one";
-  EXPECT_EQ(exactSize({3000, 2000}, {{60, 60}, true}), QSize(90, 60));
+  EXPECT_EQ(exactSize({3000, 2000}, {{60, 60}, PictureFit::over}), QSize(90, 60));
   EXPECT_TRUE(isExact({blank(kRoom), {2000, 3000}}, kRoom));
   EXPECT_FALSE(isExact({blank({451, 677}), {2000, 3000}}, kRoom));
   EXPECT_FALSE(isExact({}, kRoom));

@@ -87,7 +87,7 @@ TEST_F(PixelCacheTest, EqualPicturesHaveEqualPixels) {
     for (const QSize before : {QSize(800, 600), QSize(300, 300)})
       request(cache, pictures[0], before);
     request(cache, pictures[1], QSize(100, 100));
-    cache.notePage({{333, 250}, false, {333, 333}});
+    cache.notePage({{333, 250}, PictureFit::within, {333, 333}});
     await(QtPictureDecoder(cache).decode(*pictures[2]));
     for (const QSize shown : {QSize(333, 250), QSize(500, 375), QSize(140, 105), QSize(800, 600)}) {
       const QImage image = request(cache, pictures[0], shown);
@@ -314,7 +314,7 @@ TEST_F(PixelCacheTest, APageDecodedAheadIsExactInTheRoomThatPagesAreShownIn) {
 TEST_F(PixelCacheTest, APageDecodedAheadTakesNoMoreThanItShows) {
   PixelCache cache;
   QtPictureDecoder decoder(cache);
-  cache.notePage({{300, 150}, false, {300, 300}});
+  cache.notePage({{300, 150}, PictureFit::within, {300, 300}});
   await(decoder.decode(*handle("next")));
   EXPECT_EQ(cache.bytesHeld(), 4 * 300 * 150);
 }

@@ -142,6 +142,36 @@ TEST_F(CanvasLooks, PagesOfOtherPixelSizesRegister) {
   }
 }
 
+// Place on place: the same fractions of both pages lie on each other, mixed and by their
+// difference.
+TEST_F(CanvasLooks, APageOfAnotherShapeLiesExactlyOverTheFirst) {
+  const auto halves = [](QSize size) {
+    QImage image{size, QImage::Format_RGB32};
+    image.fill(Qt::black);
+    for (int y = size.height() / 2; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, 0xffffffff);
+    }
+    return image;
+  };
+  pictures.known["supplier-1"] = halves({300, 400});
+  for (const QSize shape : {QSize{400, 300}, QSize{150, 400}}) {
+    pictures.known["submitted-1"] = halves(shape);
+    for (const bool difference : {false, true}) {
+      store().mode.set(CompareMode::side);
+      models()["compare"].value<CompareModel*>()->stepPage(-1);
+      rest();
+      overlay(1, difference);
+      models()["compare"].value<CompareModel*>()->stepPage(1);
+      rest();
+      for (const double x : {0.03, 0.5, 0.97}) {
+        expectColour(at("supplier-1", x, 0.03), Qt::black, 6);
+        expectColour(at("supplier-1", x, 0.45), Qt::black, 6);
+        expectColour(at("supplier-1", x, 0.97), difference ? Qt::black : Qt::white, 6);
+      }
+    }
+  }
+}
+
 TEST_F(CanvasLooks, MarksLieOnTheirPlaceAtEveryZoom) {
   pictures.known["supplier-0"] = plain(Qt::white);
   store().shown.set({"supplier"});

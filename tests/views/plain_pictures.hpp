@@ -1,7 +1,9 @@
-// Pictures of one colour, or known ones, brought a turn later, as the picture cache would.
+// Pictures of one colour, or known ones, brought a turn later, as the picture cache would; some
+// cannot be had.
 #pragma once
 
 #include <QPointer>
+#include <QSet>
 #include <QTimer>
 #include <functional>
 
@@ -16,7 +18,7 @@ class PlainPictures : public PictureSource {
              std::function<void(Pixels)> done) override {
     asked.append(key);
     QImage image = known.value(key);
-    if (image.isNull()) {
+    if (image.isNull() && !missing.contains(key)) {
       image = QImage{room.size.expandedTo({1, 1}), QImage::Format_RGB32};
       image.fill(Qt::lightGray);
     }
@@ -25,6 +27,7 @@ class PlainPictures : public PictureSource {
 
   QStringList asked;
   QHash<QString, QImage> known;  // other than plain gray
+  QSet<QString> missing;
 };
 
 }  // namespace vellix

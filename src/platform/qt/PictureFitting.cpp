@@ -16,8 +16,10 @@ int reached(double length, int side) {
 
 QSize fittedSize(QSize whole, const PictureRoom& room) {
   if (whole.isEmpty() || room.size.isEmpty()) return {0, 0};
-  const QSizeF scaled = QSizeF(whole).scaled(
-      room.size, room.fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
+  if (room.fit == PictureFit::exactly) return room.size;
+  const auto aspect =
+      room.fit == PictureFit::over ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio;
+  const QSizeF scaled = QSizeF(whole).scaled(room.size, aspect);
   return {reached(scaled.width(), room.size.width()), reached(scaled.height(), room.size.height())};
 }
 
@@ -57,7 +59,8 @@ PictureRoom roomOnPage(QSize whole, QSizeF page) {
   if (whole.isEmpty() || page.isEmpty()) return {};
   const QSizeF shape(std::max(double(whole.width()), kNarrowestPage * whole.height()),
                      whole.height());
-  return {shape.scaled(page, Qt::KeepAspectRatio).toSize().expandedTo({1, 1}), false, page};
+  return {shape.scaled(page, Qt::KeepAspectRatio).toSize().expandedTo({1, 1}), PictureFit::within,
+          page};
 }
 
 }  // namespace vellix

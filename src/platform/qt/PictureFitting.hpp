@@ -9,12 +9,18 @@
 
 namespace vellix {
 
+enum class PictureFit {
+  within,   // all of it is seen, in the middle
+  over,     // it covers the room and is cropped
+  exactly,  // it takes the room's own size, whatever its shape
+};
+
 struct PictureRoom {
-  PictureRoom(QSize room = {}, bool fill = false, QSizeF pages = {})
-      : size(room), fills(fill), page(pages) {}
+  PictureRoom(QSize room = {}, PictureFit how = PictureFit::within, QSizeF pages = {})
+      : size(room), fit(how), page(pages) {}
 
   QSize size;
-  bool fills = false;  // the picture covers it and is cropped; else it fits in, in the middle
+  PictureFit fit = PictureFit::within;
   // Of a page: what one of any shape would be fitted into; the room is the part that this one
   // takes. Empty for what is no page.
   QSizeF page;
