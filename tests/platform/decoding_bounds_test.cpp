@@ -100,7 +100,8 @@ class DecodingBounds : public testing::Test {
   }
   static QSize decoded(const QByteArray& bytes, std::int64_t budgetBytes, int reduction = 1) {
     DecodingBudget budget(budgetBytes);
-    return decodePicture(bytes, reduction, budget).size();
+    std::optional<DecodingBudget::Share> share;
+    return decodePicture(bytes, reduction, budget, share).size();
   }
   static QByteArray png(const QImage& image) {
     return QByteArray::fromStdString(encodedAs("png", image));
@@ -178,6 +179,16 @@ TEST_F(DecodingBounds, GiveFewerPixelsOfAJpegThanWereAsked) {
   EXPECT_EQ(decoded(twice, held + 320'000 * 4), QSize(800, 400));
   EXPECT_EQ(decoded(twice, held + 5'000 * 4), QSize(100, 50));
   EXPECT_TRUE(decoded(twice, held + 5'000 * 4 - 1).isEmpty());
+}
+
+TEST_F(DecodingBounds, CountUntilThePixelsHaveBeenUsed) {
+  DecodingBudget budget(kMega);
+  {
+    std::optional<DecodingBudget::Share> share;
+    EXPECT_FALSE(decodePicture(jpeg(testImage(400, 200)), 2, budget, share).isNull());
+    EXPECT_EQ(budget.taken(), 200 * 100 * 4);
+  }
+  EXPECT_EQ(budget.taken(), 0);
 }
 
 TEST_F(DecodingBounds, AViewIsGivenTheMostPixelsThatThereMayBe) {

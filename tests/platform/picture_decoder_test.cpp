@@ -146,12 +146,13 @@ TEST_F(QtPictureDecoderTest, DamageInTheMiddleDoesNoHarm) {
 
 TEST(PictureReading, HoldsTheSizeAsked) {
   DecodingBudget budget(1 << 24);
+  std::optional<DecodingBudget::Share> share;
   for (const char* format : {"jpg", "png", "webp"}) {
     for (const QSize size : {QSize(800, 640), QSize(801, 643), QSize(7, 5), QSize(1, 1)}) {
       const auto bytes =
           QByteArray::fromStdString(encodedAs(format, testImage(size.width(), size.height())));
       for (const int reduction : kReductions) {
-        const QImage image = decodePicture(bytes, reduction, budget);
+        const QImage image = decodePicture(bytes, reduction, budget, share);
         EXPECT_EQ(image.size(), reducedSize(size, reduction)) << format << reduction;
       }
     }
@@ -160,11 +161,12 @@ TEST(PictureReading, HoldsTheSizeAsked) {
 
 TEST(PictureReading, ReducedPixelsShowTheSamePicture) {
   DecodingBudget budget(1 << 24);
+  std::optional<DecodingBudget::Share> share;
   for (const char* format : {"jpg", "png", "webp"}) {
     const QImage source = testImage(803, 601);
     const auto bytes = QByteArray::fromStdString(encodedAs(format, source));
     for (const int reduction : kReductions) {
-      const QImage image = decodePicture(bytes, reduction, budget);
+      const QImage image = decodePicture(bytes, reduction, budget, share);
       ASSERT_FALSE(image.isNull());
       for (const double at : {0.1, 0.5, 0.9}) {
         const QRgb pixel = image.pixel(int(at * image.width()), int(at * image.height()));
@@ -177,11 +179,12 @@ TEST(PictureReading, ReducedPixelsShowTheSamePicture) {
 
 TEST(PictureReading, KeepsAlphaOnlyWhereThereIsSome) {
   DecodingBudget budget(1 << 24);
+  std::optional<DecodingBudget::Share> share;
   const auto opaque = QByteArray::fromStdString(encodedAs("png", testImage(20, 20)));
   const auto clear = QByteArray::fromStdString(encodedAs("png", testImage(20, 20, true)));
   for (const int reduction : kReductions) {
-    EXPECT_EQ(decodePicture(opaque, reduction, budget).format(), QImage::Format_RGB32);
-    EXPECT_EQ(decodePicture(clear, reduction, budget).format(),
+    EXPECT_EQ(decodePicture(opaque, reduction, budget, share).format(), QImage::Format_RGB32);
+    EXPECT_EQ(decodePicture(clear, reduction, budget, share).format(),
               QImage::Format_ARGB32_Premultiplied);
   }
 }

@@ -2,6 +2,11 @@
 
 namespace vellix {
 
+std::int64_t DecodingBudget::taken() {
+  const std::lock_guard lock(mutex_);
+  return taken_;
+}
+
 DecodingBudget::Share::Share(DecodingBudget& budget, std::int64_t bytes)
     : budget_(budget), bytes_(bytes) {
   std::unique_lock lock(budget_.mutex_);

@@ -17,6 +17,7 @@ class DecodingBudget {
   DecodingBudget& operator=(const DecodingBudget&) = delete;
 
   std::int64_t bytes() const { return bytes_; }
+  std::int64_t taken();
 
   // Holds its bytes as long as it lives. Waits until there are as many, so there must be at all.
   class Share {

@@ -121,7 +121,8 @@ std::optional<QSize> pictureSize(const Picture& encoded) {
   return reading.reader ? std::optional{reading.shown()} : std::nullopt;
 }
 
-QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget) {
+QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget,
+                     std::optional<DecodingBudget::Share>& share) {
   QByteArray held = bytes;
   QBuffer buffer(&held);
   if (!buffer.open(QIODevice::ReadOnly)) return {};
@@ -138,7 +139,7 @@ QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& bud
     if (!jpeg || reduction >= kReductions[0]) return {};
     reduction *= 2;
   }
-  const DecodingBudget::Share share(budget, decodingBytes(reading, marks, reduction));
+  share.emplace(budget, decodingBytes(reading, marks, reduction));
   if (jpeg && reduction > 1) askReduced(*reading.reader, reading.stored, reduction);
 
   QImage image;

@@ -32,7 +32,8 @@ std::optional<QByteArray> encodedBytes(const Picture& encoded);
 // The pixels at a reduction, opaque or with premultiplied alpha; at a greater one where these would
 // take more than the budget has. A null image when the picture does not decode to its end, is coded
 // in more scans than any encoder writes, or takes too much at every reduction. Waits for its share
-// of the budget.
-QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget);
+// of the budget, which is `share`'s until the caller is done with the pixels.
+QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget,
+                     std::optional<DecodingBudget::Share>& share);
 
 }  // namespace vellix

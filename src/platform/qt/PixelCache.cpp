@@ -3,6 +3,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "platform/qt/PictureReading.hpp"
@@ -202,11 +203,12 @@ void PixelCache::start(Waiting next) {
   if (next.job.reduced.isNull()) ++decodes_;
   working_[id] = std::move(next.done);
   auto work = [this, id, job = std::move(next.job)] {
+    std::optional<DecodingBudget::Share> share;
     Made made{.reduced = job.reduced, .exact = {}};
     if (made.reduced.isNull()) {
       const auto bytes = encodedBytes(*job.picture);
       const int reduction = reductionFor(wholeOf(*job.picture), job.exact);
-      if (bytes) made.reduced = decodePicture(*bytes, reduction, decoding_);
+      if (bytes) made.reduced = decodePicture(*bytes, reduction, decoding_, share);
     }
     made.exact = scaled(made.reduced, job.exact);
     if (!job.keepsReduced) made.reduced = {};
