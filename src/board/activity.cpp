@@ -6,6 +6,7 @@
 #include "board/file_list.hpp"
 #include "records/friendly_time.hpp"
 #include "records/letter_case.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -30,9 +31,11 @@ std::string sentence(const std::string& kind, const std::string& text) {
   return text;
 }
 
+Int heldPage(Int page) { return std::max<Int>(page, 0); }
+
 std::string placeOf(const FileItem& file, const std::optional<Int>& page) {
   // Pages are counted from 0, and told from 1.
-  return file.heading() + (page ? " · p" + Page{.i = *page}.name() : "");
+  return file.heading() + (page ? " · p" + Page{.i = heldPage(*page)}.name() : "");
 }
 
 }  // namespace
@@ -46,9 +49,9 @@ std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar
   for (const Event& event : store.board()->events) {
     ActivityRow row{.key = std::to_string(event.id),
                     .avatar = avatarOf(event.by, store),
-                    .said = sentence(event.kind, event.text.value_or("")),
+                    .said = sentence(event.kind, wordsOf(event.text)),
                     .when = friendlyTime(momentOf(event.at), now, calendar)};
-    const bool named = event.by && !event.by->empty();
+    const bool named = hasWords(event.by);
     if (named || !isTold(event.kind)) row.who = displayName(store, event.by);
     row.spoken = row.who + (row.who.empty() || row.said.empty() ? "" : " ") + row.said;
     const auto ticket = event.file_id ? tickets.find(*event.file_id) : tickets.end();
@@ -69,7 +72,7 @@ bool openEvent(Store& store, const std::string& key) {
   const auto page = event->page;
   if (std::ranges::find(files, id, &FileItem::id) == files.end()) return false;
   selectTicket(store, id, false);
-  if (page) store.goToPage(id, *page);
+  if (page) store.goToPage(id, heldPage(*page));
   return true;
 }
 

@@ -1,5 +1,6 @@
 #include "board/assign_button.hpp"
 
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -11,7 +12,7 @@ ReviewerView reviewerView(const Store& store, const FileItem& file, const Person
   const bool me = person.email == store.board()->me.email;
   return {.email = person.email,
           .avatar = avatarOf(person.email, store),
-          .name = person.name + (me ? " (you)" : ""),
+          .name = personName(store, person.email) + (me ? " (you)" : ""),
           .usually = handlesReprints(person.email) ? "Usually reprints" : "Usually new titles",
           .chosen = file.assignee == person.email};
 }
@@ -23,7 +24,7 @@ AssignButtonView assignButton(const Store& store, const FileItem& file) {
   AssignButtonView view{.text = "Assign",
                         .move = isReprint(file) ? "Move to New titles" : "Move to Reprints",
                         .busy = busy.contains("assign") || busy.contains("track")};
-  if (file.assignee && !file.assignee->empty()) {
+  if (hasWords(file.assignee)) {
     view.text = displayName(store, file.assignee);
     view.avatar = avatarOf(file.assignee, store);
   }

@@ -1,5 +1,6 @@
 #include "board/due_button.hpp"
 
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -39,7 +40,7 @@ DueButtonView dueButton(const Store& store, const FileItem& file, Moment now,
                      .busy = store.busy().contains("due")};
   if (file.deadline) view.explanation += ", or by the supplier's date when that's sooner";
   view.explanation += ". Latest: " + calendar.dateAndTime(latest);
-  if (file.due_by && !file.due_by->empty()) {
+  if (hasWords(file.due_by)) {
     view.setBy = "Set by " + displayName(store, file.due_by);
   }
   return view;

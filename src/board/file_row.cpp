@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "records/words.hpp"
+
 namespace vellix {
 namespace {
 
@@ -14,8 +16,8 @@ std::string sublineOf(const FileItem& file) {
     if (!line.empty()) line += " · ";
     line += part;
   };
-  if (file.po) add(*file.po);
-  if (file.supplier) add(*file.supplier);
+  add(wordsOf(file.po));
+  add(wordsOf(file.supplier));
   if (file.page_count) add(std::to_string(*file.page_count) + " p");
   return line;
 }
@@ -36,7 +38,9 @@ std::string spokenOf(const FileRowView& row) {
 }
 
 // A round of approval takes the due date's place, until it comes back with changes.
-bool showsDue(const FileItem& file) { return !file.approval || *file.approval == "changes"; }
+bool showsDue(const FileItem& file) {
+  return !hasWords(file.approval) || file.approval == "changes";
+}
 
 }  // namespace
 
@@ -79,7 +83,7 @@ void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Mom
   row.thumb = file.thumb.value_or("");
   if (showsDue(file)) row.due = dueChip(file, now, calendar);
   row.count = fileCount(file);
-  if (file.assignee) row.assignee = avatarOf(file.assignee, store);
+  if (hasWords(file.assignee)) row.assignee = avatarOf(file.assignee, store);
   row.selected = store.selection().contains(file.id);
   row.spoken = spokenOf(row);
 }

@@ -1,5 +1,7 @@
 #include "board/sync_card.hpp"
 
+#include "records/words.hpp"
+
 namespace vellix {
 namespace {
 
@@ -8,8 +10,7 @@ SyncCardView workOf(const Job& sync) {
   if (sync.status == "queued") {
     view.text = "In line";
   } else if (sync.status == "running") {
-    const bool told = sync.step && !sync.step->empty();
-    view.text = told ? *sync.step : "Syncing";
+    view.text = wordsOr(sync.step, "Syncing");
   } else if (sync.status == "stuck") {
     view = {.working = true,
             .text = "Mac mini not answering",

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "records/words.hpp"
+
 namespace vellix {
 namespace {
 
@@ -14,7 +16,7 @@ PaneInfo rolePane(const std::string& role, const Page& page, Int version) {
       .role = role,
       .img = ref ? ref->img : std::nullopt,
       .aspect = aspectOf(ref, page),
-      .label = name + " · p" + (ref && ref->label ? *ref->label : page.name()),
+      .label = name + " · p" + wordsOr(ref ? ref->label : std::nullopt, page.name()),
       .tone = role == "submitted" ? "blue" : "orange",
   };
 }
@@ -88,7 +90,7 @@ bool counts(const Finding& finding, const std::vector<std::string>& roles) {
   return standsAlone(finding) || std::ranges::find(roles, finding.against) != roles.end();
 }
 
-std::string supplierOf(const FileItem& file) { return file.supplier.value_or("Supplier"); }
+std::string supplierOf(const FileItem& file) { return wordsOr(file.supplier, "Supplier"); }
 
 void togglePane(Store& store, const std::string& key) {
   if (key != "supplier" && key != "submitted" && key != "third") return;

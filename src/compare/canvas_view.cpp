@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "records/words.hpp"
+
 namespace vellix {
 namespace {
 
@@ -20,7 +22,8 @@ PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   view.missing = role == "submitted" ? "No file of ours for this page"
                                      : "No " + roleLabel(role) + " for this page";
   const Ref* ref = file.ref(role);
-  view.missingWhy = ref && ref->note ? *ref->note : "The sync couldn't find one to compare with.";
+  view.missingWhy =
+      wordsOr(ref ? ref->note : std::nullopt, "The sync couldn't find one to compare with.");
   return view;
 }
 

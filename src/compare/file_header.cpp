@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "compare/canvas.hpp"
 #include "gateway/url.hpp"
 #include "records/friendly_time.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -12,7 +14,7 @@ namespace {
 // Whose work the review was and how long ago; none unless both the status and the person are told.
 std::string reviewedBy(const Store& store, const FileItem& file, Moment now,
                        const Calendar& calendar) {
-  if (file.status != "reviewed" || !file.status_by || file.status_by->empty()) return {};
+  if (file.status != "reviewed" || !hasWords(file.status_by)) return {};
   std::string text = displayName(store, file.status_by);
   if (file.status_at) text += " · " + friendlyTime(momentOf(*file.status_at), now, calendar);
   return text;
@@ -21,10 +23,10 @@ std::string reviewedBy(const Store& store, const FileItem& file, Moment now,
 std::vector<FactView> factsOf(const Store& store, const FileItem& file, Moment now,
                               const Calendar& calendar) {
   std::vector<FactView> facts{
-      {"PO", file.po.value_or("")},
-      {"Supplier", file.supplier.value_or("")},
+      {"PO", wordsOf(file.po)},
+      {"Supplier", wordsOf(file.supplier)},
       {"Pages", file.page_count ? std::to_string(*file.page_count) : ""},
-      {"From", file.sender.value_or("")},
+      {"From", wordsOf(file.sender)},
       {"Came in", file.received ? calendar.monthAndDay(momentOf(*file.received)) : ""},
       {"Reviewed", reviewedBy(store, file, now, calendar)},
   };
@@ -52,14 +54,13 @@ std::vector<LinkView> linksOf(const FileItem& file, const FileDetail* detail) {
   // The reference that the name is true of, before the other.
   auto third = linkOf(refs, reprint ? "latest" : "fbc");
   if (!third) third = linkOf(refs, reprint ? "fbc" : "latest");
-  const bool named = file.supplier && !file.supplier->empty();
 
   std::vector<LinkView> all;
   const auto add = [&](std::string label, const char* icon, const std::optional<std::string>& url) {
     if (url && isLinkTarget(*url)) all.push_back({std::move(label), icon, *url});
   };
   add("Email", "envelope", links.gmail);
-  add(named ? *file.supplier + " file" : "Supplier file", "doc", links.drive);
+  add(supplierOf(file) + " file", "doc", links.drive);
   add("PO folder", "folder", links.drive_folder);
   add("InDesign", "pencil.and.ruler", links.indd);
   add("What we sent", "arrow.up.doc", linkOf(refs, "submitted"));
@@ -74,7 +75,7 @@ FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDe
   return {.heading = file.heading(),
           .status = statusPill(file.status),
           .track = trackPill(file.track == "reprint"),
-          .summary = file.summary.value_or(""),
+          .summary = wordsOf(file.summary),
           .facts = factsOf(store, file, now, calendar),
           .links = linksOf(file, detail)};
 }

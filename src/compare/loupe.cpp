@@ -5,6 +5,7 @@
 #include "compare/crop.hpp"
 #include "compare/finding_words.hpp"
 #include "compare/marks.hpp"
+#include "records/words.hpp"
 
 namespace vellix {
 namespace {
@@ -46,7 +47,7 @@ LoupeView loupe(const Store& store, const FileDetail& detail, const Page& page, 
   const auto compared = roles.empty() ? std::vector{finding->against} : roles;
   for (const auto& role : compared) {
     const RefPage* reference = refPage(page, role);
-    if (reference && reference->img) {
+    if (reference && hasWords(reference->img)) {
       view.crops.push_back(referenceCrop(*finding, page, role, *reference));
     }
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gateway/url.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -33,7 +34,8 @@ bool isBeingStopped(const Store& store, const Job& job) {
 
 std::string warningOf(const Job* job) {
   if (!job || (job->status != "failed" && job->status != "stuck")) return {};
-  if (job->summary && job->summary->check && !job->summary->check->empty()) {
+  if (job->summary && job->summary->check && !job->summary->check->empty() &&
+      hasWords(job->summary->check->front())) {
     return job->summary->check->front();
   }
   return "The last report didn't finish.";

@@ -6,6 +6,7 @@
 #include "compare/finding_words.hpp"
 #include "compare/page_marks.hpp"
 #include "records/friendly_time.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -17,13 +18,13 @@ bool hasPlace(const Finding& finding) { return finding.box && finding.box->size(
 std::string decidedLine(const Store& store, const Finding& finding, Moment now,
                         const Calendar& calendar) {
   std::string line = decisionWord(finding.state);
-  if (finding.state_by) line += " · " + displayName(store, finding.state_by);
+  if (hasWords(finding.state_by)) line += " · " + displayName(store, finding.state_by);
   if (finding.state_at) line += " · " + friendlyTime(momentOf(*finding.state_at), now, calendar);
   return line;
 }
 
 std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file) {
-  if (!finding.before && !finding.after) return {};
+  if (!hasWords(finding.before) && !hasWords(finding.after)) return {};
   return {{roleLabel(finding.against), finding.before.value_or("")},
           {supplierOf(file) + " file", finding.after.value_or("")}};
 }
@@ -63,7 +64,7 @@ FindingCardView findingCard(const Store& store, const FileDetail& detail, const 
       .id = finding.id,
       .caption = cardCaption(finding),
       .title = finding.title,
-      .detail = finding.detail.value_or(""),
+      .detail = wordsOf(finding.detail),
       .wordings = wordingsOf(finding, detail.file),
       .decision = finding.state,
       .triage = !isPassed(finding),
@@ -75,7 +76,7 @@ FindingCardView findingCard(const Store& store, const FileDetail& detail, const 
       .selected = store.focus() == finding.id,
       .compact = isPassed(finding),
       .folds = store.prefs.foldDecided() && decided && !isPassed(finding),
-      .decided = finding.state_by ? line : std::string{},
+      .decided = hasWords(finding.state_by) ? line : std::string{},
       .foldedIcon =
           finding.state == "issue" ? "exclamationmark.triangle.fill" : "checkmark.circle.fill",
       .foldedTone = finding.state == "issue" ? "red" : "green",

@@ -4,6 +4,7 @@
 
 #include "pieces/shown_text.hpp"
 #include "records/friendly_time.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -51,7 +52,7 @@ std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail,
   std::vector<NoteRowView> rows;
   Int open = 0;
   for (const Note& note : detail.comments) {
-    if (note.page != page || note.finding_id) continue;
+    if (note.page != page || hasWords(note.finding_id)) continue;
     rows.push_back(noteRow(store, note, note.isResolved() ? 0 : ++open, now, calendar));
   }
   return rows;

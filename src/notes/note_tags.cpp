@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pieces/avatar.hpp"
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -11,6 +12,7 @@ std::vector<TagChipView> tagChips(const Store& store, const std::vector<std::str
   std::vector<TagChipView> chips;
   chips.reserve(tags.size());
   for (const auto& email : tags) {
+    if (!hasWords(email)) continue;
     chips.push_back({email, personName(store, email), avatarOf(email, store).color});
   }
   return chips;
@@ -22,7 +24,7 @@ std::vector<TagEntryView> tagEntries(const Store& store, const std::vector<std::
   for (const Person& person : store.board()->users) {
     if (person.email == store.board()->me.email) continue;
     const std::string first = person.firstName();
-    const std::string& shortName = first.empty() ? person.email : first;
+    const std::string& shortName = !hasWords(first) ? person.email : first;
     const bool tagged = std::ranges::find(tags, person.email) != tags.end();
     entries.push_back({.key = person.email,
                        .text = shortName,

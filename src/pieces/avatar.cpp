@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "records/words.hpp"
 #include "store/people.hpp"
 
 namespace vellix {
@@ -55,14 +56,14 @@ std::string nameOutside(const std::string& email, const BoardState& board) {
   for (const auto* list : {&board.approvers, &board.guests}) {
     if (!*list) continue;
     const auto found = std::ranges::find(**list, email, &Guest::email);
-    if (found != (*list)->end()) return found->name.value_or(email);
+    if (found != (*list)->end()) return wordsOr(found->name, email);
   }
   return email;
 }
 
 std::string firstFilled(std::initializer_list<std::string_view> texts) {
   for (const std::string_view text : texts) {
-    if (!text.empty()) return std::string{text};
+    if (hasWords(text)) return std::string{text};
   }
   return {};
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "records/words.hpp"
+
 namespace vellix {
 namespace {
 
@@ -14,8 +16,6 @@ std::string firstWord(const std::string& name) {
   return name.substr(begin, name.find(' ', begin) - begin);
 }
 
-bool filled(const std::optional<std::string>& text) { return text && !text->empty(); }
-
 }  // namespace
 
 bool isArea(double w, double h) {
@@ -27,11 +27,11 @@ std::string Me::firstName() const { return firstWord(name); }
 std::string Person::firstName() const { return firstWord(name); }
 
 std::string Guest::shownName() const {
-  return filled(name) ? *name : email.substr(0, email.find('@'));
+  return hasWords(name) ? *name : email.substr(0, email.find('@'));
 }
 
 std::string Page::name() const {
-  if (filled(label)) return *label;
+  if (hasWords(label)) return *label;
   // The greatest index has a successor only without the sign.
   return i < 0 ? std::to_string(i + 1) : std::to_string(static_cast<std::uint64_t>(i) + 1);
 }
@@ -43,7 +43,7 @@ double Page::aspect() const {
 }
 
 std::string FileItem::heading() const {
-  if (filled(title) && filled(component)) {
+  if (hasWords(title) && hasWords(component)) {
     std::string both;
     both.reserve(title->size() + 1 + component->size());
     both += *title;
@@ -51,9 +51,9 @@ std::string FileItem::heading() const {
     both += *component;
     return both;
   }
-  if (filled(title)) return *title;
-  if (filled(component)) return *component;
-  return filename.value_or("Untitled file");
+  if (hasWords(title)) return *title;
+  if (hasWords(component)) return *component;
+  return wordsOr(filename, "Untitled file");
 }
 
 const Ref* FileItem::ref(std::string_view role) const {

@@ -1,6 +1,8 @@
 // What tells the user of others' doings: one toast a poll, and the badge on the icon.
 #include <algorithm>
 
+#include "records/words.hpp"
+
 #include "store/store.hpp"
 
 namespace vellix {
@@ -9,7 +11,7 @@ namespace {
 // The full name; everywhere else a person goes by the first.
 std::string personName(const std::string& email, const BoardState& board) {
   const auto found = std::ranges::find(board.users, email, &Person::email);
-  return found == board.users.end() ? email : found->name;
+  return found == board.users.end() || !hasWords(found->name) ? email : found->name;
 }
 
 std::string without(std::string text, const std::string& part) {
@@ -25,15 +27,15 @@ bool ofTheWorker(const std::string& kind) {
 }
 
 std::string noticeText(const Event& event, const BoardState& board) {
-  const std::string who = event.by ? personName(*event.by, board) : "Vellix";
+  const std::string who = hasWords(event.by) ? personName(*event.by, board) : "Vellix";
   const std::string tagged = "Tagged " + board.me.name;
   if (event.kind == "tag" && event.text && event.text->starts_with(tagged)) {
     return who + " tagged you: " + without(*event.text, tagged + ": ");
   }
-  if (event.by && !ofTheWorker(event.kind)) {
-    return who + ": " + event.text.value_or("made a change");
+  if (hasWords(event.by) && !ofTheWorker(event.kind)) {
+    return who + ": " + wordsOr(event.text, "made a change");
   }
-  return event.text.value_or("Something new came in.");
+  return wordsOr(event.text, "Something new came in.");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "records/letter_case.hpp"
+#include "records/words.hpp"
 
 namespace vellix {
 namespace {
@@ -35,15 +36,15 @@ std::string personName(const Store& store, const std::string& email) {
   if (!store.board()) return email;
   const auto& users = store.board()->users;
   const auto person = std::ranges::find(users, email, &Person::email);
-  return person == users.end() || person->name.empty() ? email : person->name;
+  return person == users.end() || !hasWords(person->name) ? email : person->name;
 }
 
 std::string displayName(const Store& store, const std::optional<std::string>& email) {
-  if (!email || email->empty()) return std::string{kWorker};
+  if (!hasWords(email)) return std::string{kWorker};
   if (const auto& board = store.board()) {
     if (*email == board->me.email) return "You";
     const auto person = std::ranges::find(board->users, *email, &Person::email);
-    if (person != board->users.end() && !person->name.empty()) return person->firstName();
+    if (person != board->users.end() && hasWords(person->name)) return person->firstName();
     if (const Guest* guest = outsider(*board, *email)) return firstWord(guest->shownName());
   }
   return capitalised(email->substr(0, email->find('@')));

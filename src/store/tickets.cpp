@@ -1,6 +1,7 @@
 // What is done with a ticket as a whole: its review, its reviewer, its due date and its track.
 #include <algorithm>
 
+#include "records/words.hpp"
 #include "store/store.hpp"
 
 namespace vellix {
@@ -88,7 +89,7 @@ void Store::assign(FileItem file, std::string email) {
   const std::string name = person == people.end() ? "them" : person->firstName();
   Toast done{"Assigned to " + name + "."};
   // Who had no reviewer cannot be given back to nobody.
-  if (file.assignee && *file.assignee != email) {
+  if (hasWords(file.assignee) && *file.assignee != email) {
     done =
         Toast{done.text, kUndo, undo([file](Store& store) { store.assign(file, *file.assignee); })};
   }

@@ -1,6 +1,8 @@
 // The board's events, each as one line.
 #include "board/activity.hpp"
 
+#include <limits>
+
 #include "store/store_test.hpp"
 
 namespace vellix {
@@ -151,6 +153,18 @@ TEST_F(Activity, LeadsToTheTicketAndItsPage) {
   EXPECT_TRUE(openEvent(store(), "2"));
   EXPECT_EQ(store().selection(), std::set<std::string>{"t1"});
   EXPECT_EQ(store().page().at("t1"), 3) << "where it was";
+}
+
+TEST_F(Activity, TakesAPageBeforeTheFirstForTheFirst) {
+  for (const Int page : {Int{-1}, Int{-7}, std::numeric_limits<Int>::min()}) {
+    Event before = event(1, "comment");
+    before.file_id = "t1";
+    before.page = page;
+    show({before});
+    EXPECT_EQ(rows()[0].where, "The Lighthouse · p1") << page;
+    EXPECT_TRUE(openEvent(store(), "1"));
+    EXPECT_EQ(store().page().at("t1"), 0) << page;
+  }
 }
 
 TEST_F(Activity, LeadsNowhereWithoutATicketOfTheBoard) {

@@ -44,6 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Status{"QueuedWithAStep", "queued", "Filing", spinning("In line")},
                     Status{"Running", "running", std::nullopt, spinning("Syncing")},
                     Status{"RunningWithAnEmptyStep", "running", "", spinning("Syncing")},
+                    Status{"RunningWithABlankStep", "running", "  ", spinning("Syncing")},
                     Status{"RunningWithAStep", "running", "Reading mail", spinning("Reading mail")},
                     Status{"Stuck", "stuck", std::nullopt, kStuck},
                     Status{"StuckWithAStep", "stuck", "Reading mail", kStuck},

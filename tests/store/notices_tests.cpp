@@ -46,6 +46,22 @@ TEST_F(Notices, OnesOwnDoingsAloneRaiseNone) {
   EXPECT_EQ(store().seenEvent, 2);
 }
 
+TEST_F(Notices, WordsThatAreEmptyAreAbsent) {
+  beginAt(1);
+  struct Case {
+    std::optional<std::string> by;
+    std::optional<std::string> text;
+    std::string told;
+  };
+  Int id = 1;
+  for (const auto& each :
+       {Case{kBo, "", "Bo: made a change"}, Case{kBo, "  ", "Bo: made a change"},
+        Case{"", "A proof came.", "A proof came."}, Case{"", "", "Something new came in."}}) {
+    pollWith({now(eventOf(++id, each.by, "status", each.text))});
+    EXPECT_EQ(desk.toastText(), each.told);
+  }
+}
+
 TEST_F(Notices, WhatHappenedBeforeTheStartRaisesNone) {
   beginAt(1);
   Event old = eventOf(2, kBo, "status", "Old.");
