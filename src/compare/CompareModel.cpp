@@ -241,8 +241,7 @@ void CompareModel::openNotes() {
 void CompareModel::layNotes(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
   width_ = width;
-  const bool floats = notesFloat(width);
-  if (store_.notesFloat != floats) store_.notesFloat = floats;
+  store_.notesFloat.set(notesFloat(width));
   updateNotes();
 }
 

@@ -6,6 +6,7 @@
 #include "compare/finding_words.hpp"
 #include "compare/marks.hpp"
 #include "notes/composer.hpp"
+#include "notes/note_numbers.hpp"
 #include "pieces/vocabulary.hpp"
 #include "store/people.hpp"
 
@@ -51,15 +52,16 @@ void addBoxes(std::vector<BoxMarkView>& marks, const Store& store, const Finding
   }
 }
 
-// Numbered by their place among the notes of this side, also where one has no place on the page.
+// What is open on this side and has a place on the page.
 std::vector<NoteMarkView> noteMarks(const Store& store, const FileDetail& detail, Int index,
                                     const std::string& side, const std::string& pageName) {
   std::vector<NoteMarkView> marks;
-  Int number = 0;
-  for (const Note& note : detail.comments) {
+  const auto numbers = noteNumbers(detail);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const Note& note = detail.comments[i];
+    const Int number = numbers[i];
     const std::string ofSide = note.side == "ours" ? "ours" : "supplier";
     if (note.page != index || note.isResolved() || ofSide != side) continue;
-    ++number;
     const auto box = boxOf(std::vector{note.x.value_or(0), note.y.value_or(0), note.w.value_or(0),
                                        note.h.value_or(0)});
     if (!note.x || !note.y || !box) continue;

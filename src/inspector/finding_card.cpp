@@ -5,6 +5,7 @@
 #include "compare/canvas.hpp"
 #include "compare/finding_words.hpp"
 #include "compare/page_marks.hpp"
+#include "notes/note_numbers.hpp"
 #include "records/friendly_time.hpp"
 #include "records/words.hpp"
 #include "store/people.hpp"
@@ -32,8 +33,14 @@ std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file
 std::vector<NoteRowView> notesOn(const Store& store, const FileDetail& detail,
                                  const Finding& finding, Moment now, const Calendar& calendar) {
   std::vector<NoteRowView> rows;
-  for (const Note& note : detail.comments) {
-    if (note.finding_id == finding.id) rows.push_back(noteRow(store, note, 0, now, calendar));
+  // Most findings have none.
+  std::vector<Int> numbers;
+  for (std::size_t i = 0; i < detail.comments.size(); ++i) {
+    const Note& note = detail.comments[i];
+    if (note.finding_id != finding.id) continue;
+    if (numbers.empty()) numbers = noteNumbers(detail);
+    const Int number = note.page == finding.page ? numbers[i] : 0;
+    rows.push_back(noteRow(store, note, number, now, calendar));
   }
   return rows;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "notes/note_numbers.hpp"
 #include "pieces/shown_text.hpp"
 #include "records/friendly_time.hpp"
 #include "records/words.hpp"
@@ -50,10 +51,11 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar) {
   std::vector<NoteRowView> rows;
-  Int open = 0;
-  for (const Note& note : detail.comments) {
+  const auto numbers = noteNumbers(detail);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const Note& note = detail.comments[i];
     if (note.page != page || hasWords(note.finding_id)) continue;
-    rows.push_back(noteRow(store, note, note.isResolved() ? 0 : ++open, now, calendar));
+    rows.push_back(noteRow(store, note, numbers[i], now, calendar));
   }
   return rows;
 }

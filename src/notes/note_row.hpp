@@ -35,8 +35,7 @@ BOOST_DESCRIBE_STRUCT(NoteRowView, (),
 // `number` is 0 for a note without one.
 NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now,
                     const Calendar& calendar);
-// Those of a page that hang on no finding, as the service orders them. What is open is numbered
-// from 1.
+// Those of a page that hang on no finding, as the service orders them.
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar);
 

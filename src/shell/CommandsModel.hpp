@@ -23,8 +23,6 @@ class CommandsModel : public QObject {
   QVariantList menus() const { return menus_; }
 
   Q_INVOKABLE void run(const QString& key);
-  // Reads the words anew: the file view's layout changes what they follow without telling.
-  Q_INVOKABLE void update();
   // A shortcut as this platform writes it.
   Q_INVOKABLE static QString written(const QString& shortcut);
 
@@ -34,6 +32,8 @@ class CommandsModel : public QObject {
   void endWanted();
 
  private:
+  void update();
+
   Store& store_;
   QVariantList menus_;
   Changes::Subscription onChange_;

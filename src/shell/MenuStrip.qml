@@ -17,7 +17,6 @@ Rectangle {
         const count = commands.menus.length;
         const wanted = (index + count) % count;
         const next = titles.itemAt(wanted) as MenuTitle;
-        commands.update();
         if (openIndex < 0 || openIndex === wanted) {
             next.open(byKey);
             return;

@@ -28,7 +28,6 @@ Platform.MenuBar {
             readonly property var view: bar.commands.menus[index]
 
             title: view.title
-            onAboutToShow: bar.commands.update()
 
             Instantiator {
                 model: menu.view.entries.length

@@ -62,7 +62,7 @@ constexpr std::array kView{
 };
 
 bool notesAreOut(const Store& store) {
-  return store.notesFloat ? store.notesDrawer() : store.prefs.showNotes();
+  return store.notesFloat() ? store.notesDrawer() : store.prefs.showNotes();
 }
 
 std::string textOf(const Command& command, const Store& store) {

@@ -198,7 +198,7 @@ void Store::zoomTo(double value) {
 void Store::fitZoom() { zoom.set(1.0); }
 
 void Store::toggleNotes() {
-  if (notesFloat) {
+  if (notesFloat()) {
     notesDrawer.set(!notesDrawer());
   } else {
     prefs.showNotes.set(!prefs.showNotes());

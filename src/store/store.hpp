@@ -59,7 +59,7 @@ class Store {
     kLastOK = 1 << 8,
     kToast = 1 << 9,
     kDraft = 1 << 10,   // the note being written: pinning and the drafts
-    kPanels = 1 << 11,  // notesDrawer, profile, sideTab and showActivity
+    kPanels = 1 << 11,  // notesDrawer, notesFloat, profile, sideTab and showActivity
     kViewVersion = 1 << 12,
     kStats = 1 << 13,
     kBusy = 1 << 14,
@@ -88,7 +88,7 @@ class Store {
   Published<std::optional<DraftNote>> draft{changes, kDraft};
   Published<double> zoom{changes, kCanvas, 1.0};
   Published<bool> notesDrawer{changes, kPanels, false};
-  bool notesFloat = false;  // written by the file view's layout
+  Published<bool> notesFloat{changes, kPanels, false};  // written by the file view's layout
   Published<std::set<std::string>> shown{changes, kCanvas, {"supplier", "submitted", "third"}};
   Published<std::optional<std::string>> profile{changes, kPanels};
   Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};

@@ -145,7 +145,7 @@ class CanvasNotes : public Canvas, public testing::WithParamInterface<Notes> {};
 
 TEST_P(CanvasNotes, AreOpenByTheDrawerOrThePreference) {
   const auto& each = GetParam();
-  store().notesFloat = each.floats;
+  store().notesFloat.set(each.floats);
   store().notesDrawer.set(each.drawer);
   store().prefs.showNotes.set(each.pref);
   const auto notes = notesPanel(store(), 1'000);
@@ -245,8 +245,8 @@ struct Room {
 class NotesRooms : public Canvas, public testing::WithParamInterface<Room> {};
 
 TEST_P(NotesRooms, SetTheWidthOfThePanel) {
-  store().notesFloat = notesFloat(GetParam().width);
-  EXPECT_EQ(store().notesFloat, GetParam().floats);
+  store().notesFloat.set(notesFloat(GetParam().width));
+  EXPECT_EQ(store().notesFloat(), GetParam().floats);
   EXPECT_EQ(notesPanel(store(), GetParam().width).width, GetParam().panel);
 }
 

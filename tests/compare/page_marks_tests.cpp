@@ -139,9 +139,9 @@ TEST_F(PageMarks, OfNotesStandOnTheirSide) {
   note("b").side = "ours";
   note("c");
   note("d").side = "riddle";
-  EXPECT_EQ(numbersOn(std::nullopt), (Texts{"1", "2", "3"}));
-  EXPECT_EQ(numbersOn("submitted"), Texts{"1"});
-  EXPECT_EQ(numbersOn("fbc"), Texts{"1"}) << "all references get the same";
+  EXPECT_EQ(numbersOn(std::nullopt), (Texts{"1", "3", "4"}));
+  EXPECT_EQ(numbersOn("submitted"), Texts{"2"}) << "counted with the other side's";
+  EXPECT_EQ(numbersOn("fbc"), Texts{"2"}) << "all references get the same";
 }
 
 TEST_F(PageMarks, OfNotesResolvedOrElsewhereAreNone) {

@@ -179,9 +179,10 @@ TEST_F(FindingCards, HoldTheirNotesInTheServicesOrder) {
   detail.comments[3].resolved = 1;
   ASSERT_EQ(card().notes.size(), 2U) << "wherever they stand, and resolved or not";
   EXPECT_EQ(card().notes[0].id, "n1");
-  EXPECT_EQ(card().notes[0].number, 0);
+  EXPECT_EQ(card().notes[0].number, 0) << "of a page that is not on show";
   EXPECT_EQ(card().notes[1].id, "n4");
   EXPECT_TRUE(card().notes[1].resolved);
+  EXPECT_EQ(card().notes[1].number, 0);
   EXPECT_EQ(card().noteCount, "2");
 }
 

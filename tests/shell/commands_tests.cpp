@@ -229,7 +229,7 @@ TEST_F(Commands, TheNotesFollowThePreferenceWhileDocked) {
 }
 
 TEST_F(Commands, TheNotesFollowTheDrawerWhileFloating) {
-  store().notesFloat = true;
+  store().notesFloat.set(true);
   EXPECT_EQ(text("notes"), "Show notes");
   run("notes");
   EXPECT_TRUE(store().notesDrawer());

@@ -31,7 +31,7 @@ TEST_F(NewStore, HasTheInitialValueOfEveryField) {
   EXPECT_FALSE(store.draft());
   EXPECT_EQ(store.zoom(), 1.0);
   EXPECT_FALSE(store.notesDrawer());
-  EXPECT_FALSE(store.notesFloat);
+  EXPECT_FALSE(store.notesFloat());
   EXPECT_THAT(store.shown(), ElementsAre("submitted", "supplier", "third"));
   EXPECT_FALSE(store.profile());
   EXPECT_TRUE(store.viewVersion().empty());

@@ -111,7 +111,7 @@ TEST_F(Paging, FlipsAndKeepsTheDockedNotesPanel) {
 }
 
 TEST_F(Paging, FlipsTheDrawerWhereNotesFloat) {
-  store().notesFloat = true;
+  store().notesFloat.set(true);
   store().toggleNotes();
   EXPECT_TRUE(store().notesDrawer());
   EXPECT_TRUE(store().prefs.showNotes());

@@ -208,7 +208,7 @@ TEST_F(CompareModels, IgnoreAWidthThatIsNone) {
   model().layNotes(1'200);
   for (const double width : {0.0, -5.0, std::nan("")}) model().layNotes(width);
   EXPECT_EQ(model().notes()["width"].toDouble(), 330);
-  EXPECT_FALSE(store().notesFloat);
+  EXPECT_FALSE(store().notesFloat());
 }
 
 TEST_F(CompareModels, AreEmptiedBySigningOut) {

@@ -105,7 +105,7 @@ TEST_F(FileViews, CloseAndOpenTheNotesPanel) {
 
 TEST_F(FileViews, FloatTheNotesPanelInASmallWindow) {
   resize({760, 540});
-  EXPECT_TRUE(store().notesFloat);
+  EXPECT_TRUE(store().notesFloat());
   EXPECT_TRUE(comes([this] { return cards().isEmpty(); }));
   ASSERT_TRUE(press("Show the notes panel (⌥⌘I)"));
   EXPECT_TRUE(store().notesDrawer());

@@ -114,6 +114,27 @@ TEST_F(MenuViews, AreWorkedByKeyAndGiveTheFocusBack) {
   EXPECT_EQ(store().zoom(), 1.0);
 }
 
+// The words that a menu would show, opened or not.
+TEST_F(MenuViews, FollowThePanelThatTheWidthMakesFloat) {
+  open();
+  auto* commands = windowModels()["commands"].value<CommandsModel*>();
+  const auto notes = [&] {
+    for (const QVariant& entry : commands->menus()[2].toMap()["entries"].toList()) {
+      if (entry.toMap()["key"] == "notes") return entry.toMap()["text"].toString();
+    }
+    return QString{};
+  };
+  EXPECT_EQ(notes(), "Hide notes");
+  resize({760, 540});
+  EXPECT_EQ(notes(), "Show notes") << "it floats now, and is not out";
+  key(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_TRUE(store().notesDrawer());
+  EXPECT_EQ(notes(), "Hide notes");
+  store().prefs.showNotes.set(false);
+  resize({1'500, 940});
+  EXPECT_EQ(notes(), "Show notes");
+}
+
 TEST_F(MenuViews, PassOverWhatIsDisabled) {
   open();
   store().selection.set({});
