@@ -232,6 +232,12 @@ Rectangle {
         text: canvas.view.empty
     }
 
+    // Not in them: they take what falls on them also while they leave, disabled.
+    Ground {
+        visible: loupe.visible
+        anchors.fill: loupe
+    }
+
     Loupe {
         id: loupe
 
@@ -249,6 +255,11 @@ Rectangle {
     Item {
         anchors.fill: stage
         clip: true
+
+        Ground {
+            visible: card.visible
+            anchors.fill: card
+        }
 
         DraftCard {
             id: card

@@ -198,6 +198,10 @@ Item {
                     color: Theme.shadow
                 }
 
+                Ground {
+                    anchors.fill: parent
+                }
+
                 Loader {
                     anchors.fill: parent
                     anchors.margins: 4

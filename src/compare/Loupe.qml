@@ -4,7 +4,8 @@ import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// The strip over the bottom of the stage that shows the selected finding's spot on every page.
+// The strip over the bottom of the stage that shows the selected finding's spot on every page. Its
+// owner lays a Ground under it.
 Item {
     id: loupe
 
@@ -54,15 +55,6 @@ Item {
             radius: Theme.radiusCard
             color: Theme.shadow
         }
-    }
-
-    // A press on the strip is none on the page under it.
-    MouseArea {
-        anchors.fill: parent
-        acceptedButtons: Qt.AllButtons
-        hoverEnabled: true
-        cursorShape: Qt.ArrowCursor
-        onWheel: wheel => wheel.accepted = true
     }
 
     Item {

@@ -2,7 +2,7 @@ import QtQuick
 import Vellix.Notes
 import Vellix.Pieces
 
-// Where a note at a place of the page is written. It stands where its owner puts it.
+// Where a note at a place of the page is written. It stands where its owner puts it, on a Ground.
 Writing {
     id: card
 
@@ -106,15 +106,6 @@ Writing {
             radius: Theme.radiusCard
             color: Theme.shadow
         }
-    }
-
-    // A press on the card is none on the page under it.
-    MouseArea {
-        anchors.fill: parent
-        acceptedButtons: Qt.AllButtons
-        hoverEnabled: true
-        cursorShape: Qt.ArrowCursor
-        onWheel: wheel => wheel.accepted = true
     }
 
     Label {

@@ -22,7 +22,8 @@ T.Popup {
     }
 
     modal: true
-    dim: false
+    // Without it nothing would lie over the window. It darkens nothing.
+    dim: true
     focus: true
     margins: Theme.gap8
     padding: Theme.gap16
@@ -54,6 +55,8 @@ T.Popup {
             cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);
         cameFrom = null;
     }
+
+    T.Overlay.modal: Ground {}
 
     background: Rectangle {
         radius: popover.radius

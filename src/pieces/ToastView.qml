@@ -28,6 +28,10 @@ Rectangle {
         color: Theme.shadow
     }
 
+    Ground {
+        anchors.fill: parent
+    }
+
     Label {
         id: words
 

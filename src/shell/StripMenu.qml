@@ -16,8 +16,6 @@ Menu {
     signal pointed(real x, real y)
 
     y: parent.height
-    // Without it the area over the strip would not be made. It darkens nothing.
-    dim: true
     label: view.title
     entries: view.entries.map(entry => ({
                 key: entry.key,
@@ -27,7 +25,7 @@ Menu {
             }))
     onPicked: key => commands.run(key)
 
-    T.Overlay.modal: Item {
+    T.Overlay.modal: Ground {
         id: cover
 
         HoverHandler {

@@ -41,6 +41,10 @@ FocusScope {
         border.width: 1
         border.color: Theme.quietFill
 
+        Ground {
+            anchors.fill: parent
+        }
+
         Column {
             anchors.left: parent.left
             anchors.leftMargin: Theme.gap16
