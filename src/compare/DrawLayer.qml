@@ -1,12 +1,16 @@
 import QtQuick
 import Vellix.Pieces
 
-// The clear surface over a page that turns a click or a drag into the place of a note.
+// The clear surface over a page that turns a click or a drag into the place of a note. A drag holds
+// its places in fractions of the page, which may change its size meanwhile.
 MouseArea {
     id: layer
 
-    property var start: null
-    property var now: null
+    property bool drawing: false
+    property point start
+    property point now
+    // Where the pointer was on the screen when it was last heard of.
+    property point pointer
     property bool touched: false
 
     // Which page it lies over: a drag does not go on to another.
@@ -14,13 +18,20 @@ MouseArea {
 
     signal drawn(point from, point to)
 
-    function drop() {
-        start = null;
-        now = null;
+    function follow(mouse: var) {
+        const at = mapToGlobal(mouse.x, mouse.y);
+        // A page that moves under a pointer at rest draws nothing.
+        if (drawing && Math.abs(at.x - pointer.x) < 0.5 && Math.abs(at.y - pointer.y) < 0.5)
+            return;
+        pointer = at;
+        now = Qt.point(mouse.x / width, mouse.y / height);
     }
 
-    onPageChanged: drop()
-    onWidthChanged: drop()
+    function placed(part: point): point {
+        return Qt.point(part.x * width, part.y * height);
+    }
+
+    onPageChanged: drawing = false
 
     clip: true
     acceptedButtons: Qt.LeftButton
@@ -30,24 +41,29 @@ MouseArea {
 
     onPressed: mouse => {
         touched = mouse.source !== Qt.MouseEventNotSynthesized;
-        start = Qt.point(mouse.x, mouse.y);
-        now = start;
+        follow(mouse);
+        start = now;
+        drawing = true;
     }
-    onPositionChanged: mouse => now = Qt.point(mouse.x, mouse.y)
+    onPositionChanged: mouse => follow(mouse)
     onReleased: mouse => {
-        const from = start;
-        drop();
-        if (from)
-            drawn(from, Qt.point(mouse.x, mouse.y));
+        follow(mouse);
+        const ends = drawing;
+        drawing = false;
+        if (ends)
+            drawn(placed(start), placed(now));
     }
-    onCanceled: drop()
+    onCanceled: drawing = false
 
     MarkFrame {
-        visible: layer.start !== null && layer.now !== null
-        x: visible ? Math.min(layer.start.x, layer.now.x) : 0
-        y: visible ? Math.min(layer.start.y, layer.now.y) : 0
-        width: visible ? Math.abs(layer.start.x - layer.now.x) : 0
-        height: visible ? Math.abs(layer.start.y - layer.now.y) : 0
+        readonly property point from: layer.placed(layer.start)
+        readonly property point to: layer.placed(layer.now)
+
+        visible: layer.drawing
+        x: Math.min(from.x, to.x)
+        y: Math.min(from.y, to.y)
+        width: Math.abs(from.x - to.x)
+        height: Math.abs(from.y - to.y)
         color: Theme.onPaper["accent"]
         line: 1.6
         dash: 5

@@ -28,7 +28,7 @@ Item {
         DrawLayer {
             anchors.fill: parent
             page: marks.compare.bar.page
-            onStartChanged: marks.compare.setDrawing(start !== null)
+            onDrawingChanged: marks.compare.setDrawing(drawing)
             Component.onDestruction: marks.compare.setDrawing(false)
             onDrawn: (from, to) => marks.drawn(from, to)
         }

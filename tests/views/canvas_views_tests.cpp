@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <algorithm>
+#include <functional>
 
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
@@ -150,6 +151,61 @@ TEST_F(CanvasViews, LetAPollComeInWhileANoteIsDrawn) {
   ASSERT_TRUE(store().draft());
   EXPECT_NEAR(store().draft()->x, 0.5, 0.01);
   EXPECT_NEAR(store().draft()->h, 0.25, 0.01);
+}
+
+// A poll, a panel or a key changes the size of the page: the drag lies where it lay on the page.
+TEST_F(CanvasViews, GoOnWithADragWhenThePageChangesItsSize) {
+  const std::vector<std::pair<const char*, std::function<void()>>> changes{
+      {"a longer summary",
+       [this] {
+         FileDetail changed = lighthouse(2);
+         changed.file.summary = std::string(900, 'x') + " and so on";
+         BoardState board = *store().board();
+         board.files[0].summary = changed.file.summary;
+         store().board.set(board);
+         store().details.set({{"t1", changed}});
+       }},
+      {"the notes", [this] { store().prefs.showNotes.set(true); }},
+      {"the strip", [this] { store().prefs.showPageStrip.set(true); }},
+      {"the window", [this] { window()->resize(1'300, 860); }},
+      {"the zoom", [this] { store().zoomTo(1.5); }},
+      {"another page hidden", [this] { togglePane(store(), "third"); }},
+  };
+  theme()->setReducedMotion(true);
+  for (const auto& [what, change] : changes) {
+    store().draft.set(std::nullopt);
+    settle();
+    QTest::mousePress(window(), Qt::LeftButton, {}, on(0.45, 0.45));
+    QTest::mouseMove(window(), on(0.5, 0.5));
+    const QRectF before = page();
+    change();
+    settle();
+    ASSERT_NE(page(), before) << what;
+    QTest::mouseMove(window(), on(0.55, 0.5));
+    QTest::mouseMove(window(), on(0.65, 0.6));
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, on(0.65, 0.6));
+    settle();
+    ASSERT_TRUE(store().draft()) << what;
+    EXPECT_NEAR(store().draft()->x, 0.45, 0.01) << what;
+    EXPECT_NEAR(store().draft()->y, 0.45, 0.01) << what;
+    EXPECT_NEAR(store().draft()->w, 0.2, 0.01) << what;
+    EXPECT_NEAR(store().draft()->h, 0.15, 0.01) << what;
+  }
+}
+
+TEST_F(CanvasViews, TakeAClickForOneWhenThePageMovesUnderIt) {
+  theme()->setReducedMotion(true);
+  const QPoint at = on(0.5, 0.5);
+  QTest::mousePress(window(), Qt::LeftButton, {}, at);
+  const QRectF before = page();
+  store().prefs.showPageStrip.set(true);
+  settle();
+  ASSERT_NE(page(), before);
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, at);
+  settle();
+  ASSERT_TRUE(store().draft());
+  EXPECT_NEAR(store().draft()->x, 0.5, 0.01);
+  EXPECT_EQ(store().draft()->w, 0);
 }
 
 TEST_F(CanvasViews, TellTheDraftAndGoToItsTextWhenItIsPressed) {
