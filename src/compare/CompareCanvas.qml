@@ -53,7 +53,12 @@ Rectangle {
     clip: true
 
     onZoomChanged: relay()
-    Component.onCompleted: relay()
+    Component.onCompleted: {
+        relay();
+        // A ticket that comes back with its draft.
+        if (card.open)
+            card.begin();
+    }
 
     Behavior on zoom {
         enabled: canvas.compare.glides
@@ -68,9 +73,6 @@ Rectangle {
                                                           canvas.covered));
         }
         function onDrafted() {
-            const place = Qt.rect(canvas.compare.card.x, canvas.compare.card.y, card.width, card.height);
-            canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
-                                                  canvas.covered));
             card.begin();
         }
     }
@@ -269,6 +271,11 @@ Rectangle {
             notes: canvas.notes
             open: canvas.compare.card.here
             onKeptOut: stage.forceActiveFocus(Qt.OtherFocusReason)
+            onBegun: {
+                const place = Qt.rect(canvas.compare.card.x, canvas.compare.card.y, width, height);
+                canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
+                                                      canvas.covered));
+            }
         }
     }
 

@@ -17,6 +17,8 @@ Writing {
 
     // It leaves with the keyboard, and what had that before has gone.
     signal keptOut()
+    // The keyboard has come.
+    signal begun()
 
     readonly property bool canPost: !notes.blank(notes.draftText)
 
@@ -84,7 +86,10 @@ Writing {
         id: soon
 
         interval: 50
-        onTriggered: field.take(Qt.OtherFocusReason)
+        onTriggered: {
+            field.take(Qt.OtherFocusReason);
+            card.begun();
+        }
     }
 
     Shortcut {

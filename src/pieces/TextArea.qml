@@ -58,6 +58,10 @@ Item {
     implicitHeight: Math.ceil(Math.max(minLines * lineHeight, Math.min(edit.contentHeight, maxLines * lineHeight)))
                     + 2 * above
 
+    UndoKey {
+        text: edit
+    }
+
     FontMetrics {
         id: line
 

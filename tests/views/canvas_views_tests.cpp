@@ -17,7 +17,7 @@ class CanvasViews : public ViewTest {
   CanvasViews() {
     serveTheDay();
     store().prefs.showNotes.set(false);
-    store().prefs.showPageStrip.set(false);  // its pictures go by the same keys
+    store().prefs.showPageStrip.set(false);
     showMain({1'400, 900});
     settle();
   }
@@ -38,7 +38,7 @@ class CanvasViews : public ViewTest {
     settle();
   }
   QRectF page(const QString& key = "supplier-0") {
-    for (QQuickItem* each : seen(window()->contentItem(), "RemoteImage")) {
+    for (QQuickItem* each : seen(stage(), "RemoteImage")) {
       if (each->property("key").toString() == key)
         return each->mapRectToScene(each->boundingRect());
     }

@@ -353,6 +353,27 @@ TEST_F(DraftCards, BeginAnewOnAnotherTicket) {
   EXPECT_EQ(reader().enabled("Post"), 0);
 }
 
+TEST_F(DraftCards, ComeBackWithTheirTicket) {
+  auto* compare = models()["compare"].value<CompareModel*>();
+  compare->pinch(4);
+  compare->endPinch();
+  settle();
+  store().draft.set(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.9, .y = 0.9});
+  ASSERT_TRUE(writes());
+  type("Too dark");
+  for (const std::set<std::string>& other : {std::set<std::string>{"t2"}, {"t2", "t3"}, {}}) {
+    store().selection.set(other);
+    ASSERT_TRUE(comes([this] { return !card(); }));
+    store().selection.set({"t1"});
+    ASSERT_TRUE(writes()) << other.size();
+    EXPECT_EQ(textOf(keyed()), "Too dark");
+    EXPECT_TRUE(comes([this] {
+      const QQuickItem* room = card()->parentItem();
+      return room->mapRectToScene(room->boundingRect()).contains(place());
+    })) << other.size();
+  }
+}
+
 TEST_F(DraftCards, OpenForANoteOnAFinding) {
   store().draft.set(DraftNote{"t1", 0, "supplier", 0.1, 0.1, 0.2, 0.1, "f1"});
   ASSERT_TRUE(writes());

@@ -198,6 +198,63 @@ TEST_F(RootViews, UndoByAKeyWhileThatIsOffered) {
   EXPECT_FALSE(store().toast());
 }
 
+TEST_F(RootViews, UndoByAKeyFromAFieldThatHasNothingToUndo) {
+  serveTheDay();
+  showMain({1'500, 940});
+  theme()->setReducedMotion(true);
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  int undone = 0;
+  const auto offer = [&] {
+    store().toast.set(Toast{"Marked fine.", "Undo", [&] { ++undone; }});
+    settle();
+  };
+  const auto undo = [this] {
+    QTest::keyClick(window(), Qt::Key_Z, Qt::ControlModifier);
+    settle();
+  };
+  const auto tryOut = [&](const char* name) {
+    auto* found = reader().find(name, QAccessible::EditableText);
+    ASSERT_TRUE(found) << name;
+    auto* field = qobject_cast<QQuickItem*>(found->object());
+    field->forceActiveFocus(Qt::TabFocusReason);
+    const QString before = field->property("text").toString();
+    undone = 0;
+    offer();
+    undo();
+    EXPECT_EQ(undone, 1) << name;
+    EXPECT_EQ(window()->activeFocusItem(), field) << name;
+    offer();
+    QTest::keyClick(window(), 'x');
+    undo();
+    EXPECT_EQ(undone, 1) << name << ": its own text comes first";
+    EXPECT_EQ(field->property("text").toString(), before) << name;
+    undo();
+    EXPECT_EQ(undone, 2) << name;
+  };
+  FileDetail detail = lighthouse(2);
+  Note note;
+  note.id = "n1";
+  note.page = 0;
+  note.text = "Too dark";
+  note.by = store().board()->me.email;
+  detail.comments = {note};
+  store().details.set({{"t1", detail}});
+  settle();
+  tryOut("Write a note for the report");
+  store().draft.set(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.5, .y = 0.5});
+  settle();
+  tryOut("What needs fixing here?");
+  ASSERT_TRUE(press("Edit or delete"));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return press("Edit", QAccessible::MenuItem); }));
+  ASSERT_TRUE(QTest::qWaitFor([this] {
+    settle();
+    const auto* at = window()->activeFocusItem();
+    return at && itemOf("NoteEditor")->isAncestorOf(at);
+  }));
+  tryOut("Note");
+}
+
 TEST_F(RootViews, ReturnToTheSignInScreen) {
   serveTheDay();
   showMain({1'500, 940});
