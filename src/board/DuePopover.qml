@@ -2,8 +2,8 @@ import QtQuick
 import Vellix.Board
 import Vellix.Pieces
 
-// Moves the date a review is due, to earlier within its 48 hours. What is picked holds until it is
-// closed, whatever a poll brings. It closes before it asks for anything.
+// Moves the date a review is due, to earlier within its 48 hours. It closes before it asks for
+// anything.
 Popover {
     id: popover
 
@@ -11,12 +11,11 @@ Popover {
 
     readonly property var due: plan.due
     readonly property bool late: due.late !== ""
-    property real pick: 0
 
     function toggle(byKey: bool) {
         if (opened)
             return close();
-        pick = plan.firstPick();
+        plan.beginPick();
         openAt(byKey);
     }
 
@@ -117,9 +116,11 @@ Popover {
                     id: picker
 
                     label: "Due"
-                    shown: popover.plan.picker(popover.pick, popover.due.earliest, popover.due.latest)
-                    onStepped: (part, by) => popover.pick = popover.plan.stepped(popover.pick, part, by)
-                    onTyped: (part, number) => popover.pick = popover.plan.typed(popover.pick, part, number)
+                    shown: popover.plan.picker
+                    onStepped: (part, by) => popover.plan.step(part, by)
+                    onTyped: (part, digit) => popover.plan.type(part, digit)
+                    onEntered: (part, number) => popover.plan.enter(part, number)
+                    onEnded: popover.plan.leavePart()
                 }
             }
 
@@ -178,7 +179,7 @@ Popover {
                     enabled: !popover.late
                     onClicked: {
                         popover.close();
-                        popover.plan.setDue(popover.pick);
+                        popover.plan.setDue();
                     }
                 }
             }

@@ -22,33 +22,47 @@ void PlanModel::update() {
   if (replaced(reviewer_, file ? assignButton(store_, *file) : AssignButtonView{})) {
     emit reviewerChanged();
   }
-}
-
-double PlanModel::firstPick() const {
-  const FileItem* file = store_.currentFile();
-  return file ? wireOf(vellix::firstPick(*file, clock_.now())) : 0;
-}
-
-QVariantMap PlanModel::picker(double pick, double earliest, double latest) const {
-  return toQml(datePicker(momentOf(pick), {momentOf(earliest), momentOf(latest)}, calendar_))
-      .toMap();
+  // Its range moves with the time.
+  pick(pick_);
 }
 
 MomentRange PlanModel::range() const {
   return {momentOf(due_["earliest"].toDouble()), momentOf(due_["latest"].toDouble())};
 }
 
-double PlanModel::stepped(double pick, const QString& part, int by) const {
-  return wireOf(vellix::stepped(momentOf(pick), part.toStdString(), by, range(), calendar_));
+void PlanModel::pick(DatePick pick) {
+  pick_ = std::move(pick);
+  const bool any = due_["late"].toString().isEmpty();
+  if (replaced(picker_, any ? datePicker(pick_, range(), calendar_) : DatePickerView{})) {
+    emit pickerChanged();
+  }
 }
 
-double PlanModel::typed(double pick, const QString& part, int number) const {
-  return wireOf(vellix::typed(momentOf(pick), part.toStdString(), number, range(), calendar_));
+void PlanModel::beginPick() {
+  if (const FileItem* file = store_.currentFile()) pick({.at = firstPick(*file, clock_.now())});
 }
 
-void PlanModel::setDue(double pick) {
+void PlanModel::step(const QString& part, int by) {
+  pick(stepped(pick_, part.toStdString(), by, range(), calendar_));
+}
+
+void PlanModel::type(const QString& part, const QString& digit) {
+  const char typed = digit.size() == 1 ? digit[0].toLatin1() : '\0';
+  pick(withDigit(pick_, part.toStdString(), typed, range(), calendar_));
+}
+
+void PlanModel::enter(const QString& part, int number) {
+  pick(withNumber(pick_, part.toStdString(), number, range(), calendar_));
+}
+
+void PlanModel::leavePart() {
+  if (!pick_.digits.empty()) pick(settled(pick_, range(), calendar_));
+}
+
+void PlanModel::setDue() {
+  leavePart();
   const FileItem* file = store_.currentFile();
-  if (file) store_.setDueDate(*file, dueToSet(*file, momentOf(pick), clock_.now()));
+  if (file) store_.setDueDate(*file, dueToSet(*file, pick_.at, clock_.now()));
 }
 
 void PlanModel::setUrgent(bool urgent) {

@@ -17,6 +17,7 @@ class PlanModel : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantMap due READ due NOTIFY dueChanged)                 // a DueButtonView
   Q_PROPERTY(QVariantMap reviewer READ reviewer NOTIFY reviewerChanged)  // an AssignButtonView
+  Q_PROPERTY(QVariantMap picker READ picker NOTIFY pickerChanged)        // a DatePickerView
 
  public:
   // What is passed must outlive the model.
@@ -24,15 +25,17 @@ class PlanModel : public QObject {
 
   QVariantMap due() const { return due_; }
   QVariantMap reviewer() const { return reviewer_; }
+  QVariantMap picker() const { return picker_; }
 
-  // A pick is a time in milliseconds since 1970. What is shown of it, and what it becomes, within
-  // what `due` tells of the earliest and the latest.
-  Q_INVOKABLE double firstPick() const;
-  Q_INVOKABLE QVariantMap picker(double pick, double earliest, double latest) const;
-  Q_INVOKABLE double stepped(double pick, const QString& part, int by) const;
-  Q_INVOKABLE double typed(double pick, const QString& part, int number) const;
+  // What is picked holds until it begins anew, whatever a poll brings. It keeps within what `due`
+  // tells of the earliest and the latest.
+  Q_INVOKABLE void beginPick();
+  Q_INVOKABLE void step(const QString& part, int by);
+  Q_INVOKABLE void type(const QString& part, const QString& digit);
+  Q_INVOKABLE void enter(const QString& part, int number);
+  Q_INVOKABLE void leavePart();
 
-  Q_INVOKABLE void setDue(double pick);
+  Q_INVOKABLE void setDue();  // to what is picked
   Q_INVOKABLE void setUrgent(bool urgent);
   Q_INVOKABLE void resetDue();
   Q_INVOKABLE void assign(const QString& email);
@@ -41,16 +44,20 @@ class PlanModel : public QObject {
  signals:
   void dueChanged();
   void reviewerChanged();
+  void pickerChanged();
 
  private:
   void update();
   MomentRange range() const;
+  void pick(DatePick pick);
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
   QVariantMap due_ = toQml(DueButtonView{}).toMap();
+  DatePick pick_;
   QVariantMap reviewer_ = toQml(AssignButtonView{}).toMap();
+  QVariantMap picker_ = toQml(DatePickerView{}).toMap();
   Changes::Subscription onChange_;
 };
 

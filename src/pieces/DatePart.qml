@@ -2,7 +2,7 @@ import QtQuick
 import Vellix.Pieces
 
 // One part of a date or a time: the arrow keys and a screen reader step it, and digits are typed
-// into it. It shows `text` and asks for another number.
+// into it. It shows `text`, and tells what is asked for.
 PressArea {
     id: part
 
@@ -15,21 +15,16 @@ PressArea {
     property bool takesDigits: false
 
     signal stepped(int by)
-    signal typed(int number)
+    signal typed(string digit)
+    signal entered(int number)
+    // The keyboard has gone: what was typed stands.
+    signal ended()
 
     // What a screen reader reads and writes.
     property real value: number
     property real minimumValue: least
     property real maximumValue: most
     property real stepSize: 1
-    // The digits typed so far; what cannot become longer is whole.
-    property string digits: ""
-
-    function type(digit: string) {
-        const all = Number(digits + digit) > most ? digit : digits + digit;
-        digits = Number(all) * 10 > most ? "" : all;
-        typed(Number(all));
-    }
 
     implicitWidth: Math.ceil(words.implicitWidth) + 6
     implicitHeight: 22
@@ -45,22 +40,19 @@ PressArea {
             return;
         const asked = Math.round(value);
         value = Qt.binding(() => number);
-        typed(asked);
+        entered(asked);
     }
-    onActiveFocusChanged: digits = ""
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            ended();
+    }
     onHeld: forceActiveFocus(Qt.MouseFocusReason)
-    Keys.onUpPressed: {
-        digits = "";
-        stepped(1);
-    }
-    Keys.onDownPressed: {
-        digits = "";
-        stepped(-1);
-    }
+    Keys.onUpPressed: stepped(1)
+    Keys.onDownPressed: stepped(-1)
     Keys.onPressed: event => {
         if (!takesDigits || !/^[0-9]$/.test(event.text))
             return;
-        type(event.text);
+        typed(event.text);
         event.accepted = true;
     }
 

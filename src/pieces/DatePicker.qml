@@ -1,7 +1,7 @@
 import QtQuick
 import Vellix.Pieces
 
-// A date with hour and minute. `shown` is a DatePickerView; it asks for another time part by part.
+// A date with hour and minute. `shown` is a DatePickerView; it tells what is asked for part by part.
 Row {
     id: picker
 
@@ -10,7 +10,9 @@ Row {
     readonly property Item first: day
 
     signal stepped(string part, int by)
-    signal typed(string part, int number)
+    signal typed(string part, string digit)
+    signal entered(string part, int number)
+    signal ended()
 
     spacing: Theme.gap8
 
@@ -34,7 +36,7 @@ Row {
             least: picker.shown.firstDay
             most: picker.shown.lastDay
             onStepped: by => picker.stepped("day", by)
-            onTyped: number => picker.typed("day", number)
+            onEntered: number => picker.entered("day", number)
             KeyNavigation.right: hour
         }
     }
@@ -57,7 +59,9 @@ Row {
             most: picker.shown.half === "" ? 23 : 12
             takesDigits: true
             onStepped: by => picker.stepped("hour", by)
-            onTyped: number => picker.typed("hour", number)
+            onTyped: digit => picker.typed("hour", digit)
+            onEntered: number => picker.entered("hour", number)
+            onEnded: picker.ended()
             KeyNavigation.left: day
             KeyNavigation.right: minute
         }
@@ -78,7 +82,9 @@ Row {
             most: 59
             takesDigits: true
             onStepped: by => picker.stepped("minute", by)
-            onTyped: number => picker.typed("minute", number)
+            onTyped: digit => picker.typed("minute", digit)
+            onEntered: number => picker.entered("minute", number)
+            onEnded: picker.ended()
             KeyNavigation.left: hour
             KeyNavigation.right: half
         }
@@ -94,14 +100,14 @@ Row {
             least: picker.shown.otherHalf ? 0 : number
             most: picker.shown.otherHalf ? 1 : number
             onStepped: by => picker.stepped("half", by)
-            onTyped: number => picker.typed("half", number)
+            onEntered: number => picker.entered("half", number)
             onClicked: picker.stepped("half", 1)
             KeyNavigation.left: minute
             Keys.onPressed: event => {
                 const letter = event.text.toLowerCase();
                 if (letter !== "a" && letter !== "p")
                     return;
-                picker.typed("half", letter === "p" ? 1 : 0);
+                picker.entered("half", letter === "p" ? 1 : 0);
                 event.accepted = true;
             }
         }

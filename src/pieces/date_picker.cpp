@@ -19,6 +19,19 @@ bool hasHalves(const Calendar& calendar) { return !calendar.halfOfDay(false).emp
 
 int onClock(int hour) { return hour % kNoon == 0 ? kNoon : hour % kNoon; }
 
+// Of the parts that digits are typed into; none has more than two.
+int mostOf(std::string_view part, const Calendar& calendar) {
+  if (part == "minute") return 59;
+  if (part != "hour") return 0;
+  return hasHalves(calendar) ? kNoon : 2 * kNoon - 1;
+}
+
+int numberOf(const std::string& digits) {
+  int number = 0;
+  for (const char digit : digits) number = 10 * number + (digit - '0');
+  return number;
+}
+
 // Stays in its half where the range has nothing of the other.
 Moment inOtherHalf(Moment pick, const MomentRange& range, const Calendar& calendar) {
   WallTime wall = calendar.wallTime(pick);
@@ -41,14 +54,18 @@ Moment heldTo(const MomentRange& range, Moment pick) {
   return std::min(std::max(pick, range.earliest), range.latest);
 }
 
-DatePickerView datePicker(Moment pick, const MomentRange& range, const Calendar& calendar) {
-  const Moment held = heldTo(range, pick);
+DatePickerView datePicker(const DatePick& pick, const MomentRange& range,
+                          const Calendar& calendar) {
+  const Moment held = heldTo(range, pick.at);
   const WallTime wall = calendar.wallTime(held);
   const bool halves = hasHalves(calendar);
   const int hour = halves ? onClock(wall.hour) : wall.hour;
+  const auto shown = [&](std::string_view part, std::string number) {
+    return pick.part == part ? pick.digits : std::move(number);
+  };
   return {.day = calendar.shortWeekday(held) + ", " + calendar.monthAndDay(held),
-          .hour = halves ? std::to_string(hour) : twoDigits(hour),
-          .minute = twoDigits(wall.minute),
+          .hour = shown("hour", halves ? std::to_string(hour) : twoDigits(hour)),
+          .minute = shown("minute", twoDigits(wall.minute)),
           .half = calendar.halfOfDay(wall.hour >= kNoon),
           .dayNumber = wall.day,
           .hourNumber = hour,
@@ -61,10 +78,27 @@ DatePickerView datePicker(Moment pick, const MomentRange& range, const Calendar&
           .otherHalf = inOtherHalf(held, range, calendar) != held};
 }
 
+DatePick withDigit(const DatePick& pick, std::string_view part, char digit,
+                   const MomentRange& range, const Calendar& calendar) {
+  const int most = mostOf(part, calendar);
+  if (most == 0 || digit < '0' || digit > '9') return pick;
+  DatePick next = pick.part == part ? pick : settled(pick, range, calendar);
+  next.part = part;
+  next.digits += digit;
+  if (numberOf(next.digits) > most) next.digits = digit;
+  const bool whole = next.digits.size() == 2 || numberOf(next.digits) * 10 > most;
+  return whole ? settled(next, range, calendar) : next;
+}
+
+DatePick settled(const DatePick& pick, const MomentRange& range, const Calendar& calendar) {
+  if (pick.digits.empty()) return {.at = heldTo(range, pick.at)};
+  return withNumber({.at = pick.at}, pick.part, numberOf(pick.digits), range, calendar);
+}
+
 // Hours and minutes pass as they do in the world; days keep the time on the wall.
-Moment stepped(Moment pick, std::string_view part, int by, const MomentRange& range,
-               const Calendar& calendar) {
-  const Moment held = heldTo(range, pick);
+DatePick stepped(const DatePick& pick, std::string_view part, int by, const MomentRange& range,
+                 const Calendar& calendar) {
+  const Moment held = settled(pick, range, calendar).at;
   WallTime wall = calendar.wallTime(held);
   Moment next = held;
   if (part == "day") {
@@ -81,12 +115,12 @@ Moment stepped(Moment pick, std::string_view part, int by, const MomentRange& ra
   } else if (part == "half") {
     next = inOtherHalf(held, range, calendar);
   }
-  return heldTo(range, next);
+  return {.at = heldTo(range, next)};
 }
 
-Moment typed(Moment pick, std::string_view part, int number, const MomentRange& range,
-             const Calendar& calendar) {
-  const Moment held = heldTo(range, pick);
+DatePick withNumber(const DatePick& pick, std::string_view part, int number,
+                    const MomentRange& range, const Calendar& calendar) {
+  const Moment held = settled(pick, range, calendar).at;
   WallTime wall = calendar.wallTime(held);
   const bool halves = hasHalves(calendar);
   if (part == "day") {
@@ -98,11 +132,11 @@ Moment typed(Moment pick, std::string_view part, int number, const MomentRange& 
   } else if (part == "minute" && number >= 0 && number < 60) {
     wall.minute = number;
   } else if (part == "half" && halves && (number == 1) != (wall.hour >= kNoon)) {
-    return inOtherHalf(held, range, calendar);
+    return {.at = inOtherHalf(held, range, calendar)};
   } else {
-    return held;
+    return {.at = held};
   }
-  return heldTo(range, calendar.momentAt(wall));
+  return {.at = heldTo(range, calendar.momentAt(wall))};
 }
 
 }  // namespace vellix

@@ -15,6 +15,15 @@ struct MomentRange {
   Moment latest;
 };
 
+// A pick, and what is being typed into one of its parts. The digits become the part's number, and
+// the pick is held to the range, when the part is whole or is left.
+struct DatePick {
+  Moment at{};
+  std::string part;  // none: nothing is being typed
+  std::string digits;
+  bool operator==(const DatePick&) const = default;
+};
+
 // The parts as they are shown, and as numbers: days as Calendar::dayOf() counts them, the hour as
 // the clock tells it.
 struct DatePickerView {
@@ -40,15 +49,19 @@ BOOST_DESCRIBE_STRUCT(DatePickerView, (),
 Moment minuteOf(Moment moment);  // its beginning
 Moment heldTo(const MomentRange& range, Moment pick);
 
-DatePickerView datePicker(Moment pick, const MomentRange& range, const Calendar& calendar);
+DatePickerView datePicker(const DatePick& pick, const MomentRange& range, const Calendar& calendar);
 
-// Both give the pick as it is then, in the range. A part is "day", "hour", "minute" or "half".
+// All give the pick as it is then, in the range. A part is "day", "hour", "minute" or "half".
+// With one more digit in the part. One that would make it more than it can be is its first.
+DatePick withDigit(const DatePick& pick, std::string_view part, char digit,
+                   const MomentRange& range, const Calendar& calendar);
+// The part that was typed into is left.
+DatePick settled(const DatePick& pick, const MomentRange& range, const Calendar& calendar);
 // By so many steps of the part; of "quarter" to the next quarter of an hour.
-Moment stepped(Moment pick, std::string_view part, int by, const MomentRange& range,
-               const Calendar& calendar);
-// With another number for the part, as it is typed: 0 or 1 for a half. What the part cannot be
-// changes nothing.
-Moment typed(Moment pick, std::string_view part, int number, const MomentRange& range,
-             const Calendar& calendar);
+DatePick stepped(const DatePick& pick, std::string_view part, int by, const MomentRange& range,
+                 const Calendar& calendar);
+// With another number for the part: 0 or 1 for a half. What the part cannot be changes nothing.
+DatePick withNumber(const DatePick& pick, std::string_view part, int number,
+                    const MomentRange& range, const Calendar& calendar);
 
 }  // namespace vellix

@@ -10,7 +10,7 @@ namespace {
 QtCalendar in(const char* zone) { return QtCalendar(QLocale("en_US"), QTimeZone(zone)); }
 
 // What is shown, as it is read.
-std::string told(Moment pick, const MomentRange& range, const Calendar& calendar) {
+std::string told(const DatePick& pick, const MomentRange& range, const Calendar& calendar) {
   const auto view = datePicker(pick, range, calendar);
   return view.day + " " + view.hour + ":" + view.minute + " " + view.half;
 }
@@ -28,14 +28,14 @@ TEST(DatePicking, TurnsTheDayAtLocalMidnight) {
     const int day = static_cast<int>(QDate(1970, 1, 1).daysTo(QDate(2026, 11, 18)));
     const Moment from = calendar.momentAt({day, 23, 40});
     const MomentRange range{from, from + std::chrono::hours{48}};
-    const Moment quarter = stepped(from, "quarter", 1, range, calendar);
+    const DatePick quarter = stepped({.at = from}, "quarter", 1, range, calendar);
     EXPECT_EQ(told(quarter, range, calendar), row.first) << row.zone;
-    const Moment next = stepped(quarter, "quarter", 1, range, calendar);
+    const DatePick next = stepped(quarter, "quarter", 1, range, calendar);
     EXPECT_EQ(told(next, range, calendar), row.next) << row.zone;
     EXPECT_EQ(told(stepped(next, "day", 1, range, calendar), range, calendar),
               "Fri, Nov 20 12:00 AM")
         << row.zone;
-    EXPECT_EQ(datePicker(from, range, calendar).lastDay, day + 2) << row.zone;
+    EXPECT_EQ(datePicker({.at = from}, range, calendar).lastDay, day + 2) << row.zone;
   }
 }
 
@@ -45,15 +45,16 @@ TEST(DatePicking, PassesTheHourThatIsLeftOut) {
   const int day = static_cast<int>(QDate(1970, 1, 1).daysTo(QDate(2026, 3, 28)));
   const Moment from = calendar.momentAt({day, 2, 30});
   const MomentRange range{from, from + std::chrono::hours{48}};
-  EXPECT_EQ(told(range.latest, range, calendar), "Mon, Mar 30 3:30 AM") << "48 hours are 48 hours";
-  Moment pick = calendar.momentAt({day + 1, 1, 30});
+  EXPECT_EQ(told({.at = range.latest}, range, calendar), "Mon, Mar 30 3:30 AM")
+      << "48 hours are 48 hours";
+  DatePick pick{.at = calendar.momentAt({day + 1, 1, 30})};
   pick = stepped(pick, "hour", 1, range, calendar);
   EXPECT_EQ(told(pick, range, calendar), "Sun, Mar 29 3:30 AM");
   pick = stepped(pick, "hour", -1, range, calendar);
   EXPECT_EQ(told(pick, range, calendar), "Sun, Mar 29 1:30 AM") << "and back again";
-  pick = stepped(from, "day", 1, range, calendar);
+  pick = stepped({.at = from}, "day", 1, range, calendar);
   EXPECT_EQ(told(pick, range, calendar), "Sun, Mar 29 3:30 AM");
-  pick = typed(calendar.momentAt({day + 1, 9, 0}), "hour", 2, range, calendar);
+  pick = withNumber({.at = calendar.momentAt({day + 1, 9, 0})}, "hour", 2, range, calendar);
   EXPECT_EQ(told(pick, range, calendar), "Sun, Mar 29 3:00 AM");
 }
 
@@ -62,7 +63,7 @@ TEST(DatePicking, PassesTheHourThatComesTwice) {
   const int day = static_cast<int>(QDate(1970, 1, 1).daysTo(QDate(2026, 11, 1)));
   const Moment from = calendar.momentAt({day, 0, 30});
   const MomentRange range{from, from + std::chrono::hours{48}};
-  Moment pick = from;
+  DatePick pick{.at = from};
   std::vector<std::string> hours;
   for (int i = 0; i < 3; ++i) {
     pick = stepped(pick, "hour", 1, range, calendar);
@@ -70,7 +71,8 @@ TEST(DatePicking, PassesTheHourThatComesTwice) {
   }
   EXPECT_EQ(hours, (std::vector<std::string>{"Sun, Nov 1 1:30 AM", "Sun, Nov 1 1:30 AM",
                                              "Sun, Nov 1 2:30 AM"}));
-  EXPECT_EQ(told(stepped(from, "day", 1, range, calendar), range, calendar), "Mon, Nov 2 12:30 AM");
+  EXPECT_EQ(told(stepped({.at = from}, "day", 1, range, calendar), range, calendar),
+            "Mon, Nov 2 12:30 AM");
 }
 
 }  // namespace

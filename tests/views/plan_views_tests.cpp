@@ -183,6 +183,38 @@ TEST_F(PlanViews, SetTheDateThatIsPicked) {
   EXPECT_TRUE(dueCloses());
 }
 
+// Today at 11:30 PM, now being 10:13 PM: not every hour that is typed on the way is still to come.
+TEST_F(PlanViews, TakeATimeThatIsTyped) {
+  desk.calendar.to24 = true;
+  changeTicket([this](FileItem& file) { file.due = wireOf(desk.time.now()) + 77 * 60'000; });
+  open();
+  openDue();
+  EXPECT_EQ(picked(), "Tue, Nov 14 23 30");
+  tabTo("Hour: 23");
+  key(Qt::Key_2);
+  EXPECT_EQ(picked(), "Tue, Nov 14 2 30");
+  key(Qt::Key_2);
+  EXPECT_EQ(picked(), "Tue, Nov 14 22 30");
+  key(Qt::Key_1);
+  key(Qt::Key_Tab);
+  EXPECT_EQ(picked(), "Tue, Nov 14 22 13") << "which has passed";
+  key(Qt::Key_5);
+  EXPECT_EQ(picked(), "Tue, Nov 14 22 5");
+  key(Qt::Key_0);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  key(Qt::Key_2);
+  key(Qt::Key_3);
+  key(Qt::Key_Tab);
+  key(Qt::Key_4);
+  EXPECT_EQ(picked(), "Tue, Nov 14 23 4");
+  auto* set = qobject_cast<QQuickItem*>(reader().find("Set", QAccessible::Button)->object());
+  const QRectF place = set->mapRectToScene(set->boundingRect());
+  QTest::mouseClick(window(), Qt::LeftButton, {}, place.center().toPoint());
+  settle();
+  // 11:04 PM, though the minute was still waiting for its second digit.
+  EXPECT_EQ(posted(), Lines{R"(POST api/files/t1/due {"due":1700003040000})"});
+}
+
 TEST_F(PlanViews, OfferNoTimeOutOfTheRange) {
   changeTicket(
       [this](FileItem& file) { file.received = wireOf(desk.time.now()) - 47 * 3'600'000.0; });
