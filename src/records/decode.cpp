@@ -13,6 +13,14 @@ namespace {
 
 namespace dom = simdjson::dom;
 
+// A block of the heap costs its keeper, and the time to give it back, whatever it holds.
+constexpr std::size_t kBlock = 64;
+
+// What a text takes beside its own object: a short one lies inside.
+std::size_t costOf(std::string_view text) {
+  return text.size() <= std::string{}.capacity() ? 0 : text.size() + kBlock;
+}
+
 // Every reader returns an empty text, or why the value was refused; the path is put together only
 // on the way back from a refusal.
 class Walk {
@@ -43,6 +51,11 @@ class Walk {
   bool refuse(std::string reason) {
     why = std::move(reason);
     return false;
+  }
+  bool take(std::size_t bytes) {
+    if (bytes > left_) return refuse("the document is too large");
+    left_ -= bytes;
+    return true;
   }
   void under(std::string_view key) {
     where = where.empty() || where.front() == '[' ? std::string{key} + where
@@ -127,9 +140,9 @@ class Walk {
     dom::array array;
     if (from.get_array().get(array)) return refuse("a list was expected");
     to.clear();
-    // Two bytes of a hostile list must not claim a record's worth of memory each.
-    constexpr std::size_t kMostInAdvance = (std::size_t{64} << 20) / sizeof(T);
-    to.reserve(std::min(array.size(), kMostInAdvance));
+    // Two bytes of a hostile list would claim a record's worth of memory each.
+    if (!take(array.size() * sizeof(T) + kBlock)) return false;
+    to.reserve(array.size());
     for (const auto entry : array) {
       if (!read(entry, to.emplace_back())) {
         under("[" + std::to_string(to.size() - 1) + "]");
@@ -145,6 +158,10 @@ class Walk {
     if (from.get_object().get(object)) return refuse("an object was expected");
     to.clear();
     for (const auto field : object) {
+      if (!take(sizeof(typename std::map<std::string, T>::value_type) + costOf(field.key) +
+                kBlock)) {
+        return false;
+      }
       const auto [place, fresh] = to.try_emplace(std::string{field.key});
       if (!fresh) {
         under(field.key);
@@ -161,6 +178,7 @@ class Walk {
   bool readScalar(dom::element from, std::string& to) {
     std::string_view text;
     if (from.get_string().get(text)) return refuse("a text was expected");
+    if (!take(costOf(text))) return false;
     to.assign(text);
     return true;
   }
@@ -205,7 +223,24 @@ class Walk {
     }
     return refuse("no such kind of value");
   }
+
+  std::size_t left_ = kMostDecoded;
 };
+
+// At least as many as there are values: all but the first follow a comma or open something. Those
+// that stand in texts are counted too.
+std::size_t mostValues(std::string_view json) {
+  const auto counts = [](char c) -> std::uint8_t { return c == ',' || c == '[' || c == '{'; };
+  std::size_t count = 1;
+  // The compiler makes a few instructions of a run of known length.
+  constexpr std::size_t kRun = 64;
+  for (; json.size() >= kRun; json.remove_prefix(kRun)) {
+    std::uint8_t few = 0;
+    for (std::size_t i = 0; i < kRun; ++i) few += counts(json[i]);
+    count += few;
+  }
+  return count + static_cast<std::size_t>(std::ranges::count_if(json, counts));
+}
 
 }  // namespace
 
@@ -213,6 +248,9 @@ template <class T>
 std::expected<T, DecodeFailure> decode(std::string_view json) {
   // The parser would copy from the null address of a view of nothing.
   if (json.empty()) return std::unexpected(DecodeFailure{"", "the document is empty"});
+  // The parser takes up to 32 bytes a value before anything is refused.
+  if (mostValues(json) > kMostValues)
+    return std::unexpected(DecodeFailure{"", "it holds too many values"});
   dom::parser parser;
   dom::element root;
   if (const auto error = parser.parse(json.data(), json.size()).get(root)) {
@@ -228,6 +266,7 @@ std::expected<T, DecodeFailure> decode(std::string_view json) {
 
 std::expected<Json, DecodeFailure> decodeJson(std::string_view json) { return decode<Json>(json); }
 
+template std::expected<Json, DecodeFailure> decode(std::string_view);
 template std::expected<BoardState, DecodeFailure> decode(std::string_view);
 template std::expected<FileItem, DecodeFailure> decode(std::string_view);
 template std::expected<Job, DecodeFailure> decode(std::string_view);

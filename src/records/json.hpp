@@ -1,8 +1,9 @@
 // The JSON codec of described values. Keys are the fields' names; nothing is transformed.
 // Decoding: a required field missing, null or of the wrong type, an integer out of range, a
-// repeated key of a known field, or nesting beyond 1,024 levels fails the whole document; unknown
-// keys are skipped; an optional that is missing or null is none. Encoding: fields in declared
-// order, absent optionals left out; fails on numbers and text that JSON cannot hold.
+// repeated key of a known field, nesting beyond 1,024 levels, or more than the bounds below fails
+// the whole document; unknown keys are skipped; an optional that is missing or null is none.
+// Encoding: fields in declared order, absent optionals left out; fails on numbers and text that
+// JSON cannot hold.
 #pragma once
 
 #include <charconv>
@@ -28,6 +29,13 @@ struct Json {
   bool operator==(const Json&) const = default;
 };
 
+// A document may be a list of nothing much that decodes to hundreds of times its size, so what it
+// decodes to is bounded: in bytes, with each text, list and entry of a map on the heap counted for
+// 64 more, and in values, which bounds what parsing takes.
+// 10,000 tickets with all that is known of them take half of the one and an eighth of the other.
+inline constexpr std::size_t kMostDecoded = std::size_t{64} << 20;
+inline constexpr std::size_t kMostValues = 4'000'000;
+
 struct DecodeFailure {
   std::string where;  // the path to the value, such as "files[3].status"
   std::string why;
@@ -36,8 +44,8 @@ struct EncodeFailure {
   std::string why;
 };
 
-// Instantiated for BoardState, FileDetail, Stats, VersionInfo and SignInAnswer, and the records
-// below them. Any thread.
+// Instantiated for Json, BoardState, FileDetail, Stats, VersionInfo and SignInAnswer, and the
+// records below them. Any thread.
 template <class T>
 std::expected<T, DecodeFailure> decode(std::string_view json);
 
