@@ -9,6 +9,8 @@ namespace vellix {
 namespace {
 
 constexpr Milliseconds kTimeout{60'000};
+constexpr int kNotModified = 304;
+constexpr int kRefused = 400;  // and all above
 
 Failure failureOf(HttpError error) {
   switch (error) {
@@ -96,22 +98,31 @@ HttpRequest API::build(const Request& request) {
 }
 
 Task<API::Result<HttpResponse>> API::send(Request request) {
+  return sendFor(std::move(request), nullptr);
+}
+
+Task<API::Result<HttpResponse>> API::sendFor(Request request, Reader reader) {
   if (!request.json) co_return std::unexpected(request.json.error());
-  const auto pending = http_.send(build(request), request.stop);
+  HttpRequest http = build(request);
+  if (reader) {
+    http.reader = [reader](HttpResponse& response) {
+      if (response.status < kRefused && response.status != kNotModified) reader(response);
+    };
+  }
+  const auto pending = http_.send(std::move(http), request.stop);
   auto outcome = co_await pending;
   if (!outcome) co_return std::unexpected(failureOf(outcome.error()));
   if (outcome->status == 401) co_return std::unexpected(Failure::signedOut());
-  if (outcome->status >= 400) co_return std::unexpected(refusalOf(outcome->body));
+  if (outcome->status >= kRefused) co_return std::unexpected(refusalOf(outcome->body));
   co_return std::move(*outcome);
 }
 
 Task<API::Result<Json::Object>> API::postJson(std::string path, Result<std::string> body) {
-  auto call = send({.path = std::move(path), .method = "POST", .json = std::move(body)});
+  auto call = ask<Json>({.path = std::move(path), .method = "POST", .json = std::move(body)});
   auto answer = co_await std::move(call);
   if (!answer) co_return std::unexpected(answer.error());
-  auto json = decodeJson(answer->body);
-  if (!json || !json->object()) co_return Json::Object{};
-  co_return *json->object();
+  auto* object = answer->record ? std::get_if<Json::Object>(&answer->record->value) : nullptr;
+  co_return object ? std::move(*object) : Json::Object{};
 }
 
 }  // namespace vellix

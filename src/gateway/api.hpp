@@ -4,10 +4,13 @@
 #pragma once
 
 #include <expected>
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <utility>
 
 #include "gateway/failure.hpp"
 #include "platform/ports/defaults.hpp"
@@ -38,6 +41,13 @@ class API {
     std::stop_token stop;
   };
 
+  // An answer whose body was read as a record. What is not modified has none to read.
+  template <class T>
+  struct Answer {
+    HttpResponse response;  // without its body
+    std::expected<T, DecodeFailure> record;
+  };
+
   // The ports must outlive the API.
   API(Http& http, TokenStore& tokens, const Defaults& defaults)
       : http_(http), tokens_(tokens), defaults_(defaults) {}
@@ -53,6 +63,20 @@ class API {
   // Success is any status below 400, 304 among them: the caller looks at it.
   Task<Result<HttpResponse>> send(Request request);
 
+  // The same for an answer that is a record. It is decoded where it comes in, off the main thread.
+  template <class T>
+  Task<Result<Answer<T>>> ask(Request request) {
+    using Record = std::expected<T, DecodeFailure>;
+    const auto record = std::make_shared<Record>(std::unexpected(DecodeFailure{}));
+    const auto reader = [record](HttpResponse& response) {
+      *record = decode<T>(std::exchange(response.body, {}));
+    };
+    auto call = sendFor(std::move(request), reader);
+    auto response = co_await std::move(call);
+    if (!response) co_return std::unexpected(response.error());
+    co_return Answer<T>{std::move(*response), std::move(*record)};
+  }
+
   // POST of a described value. The answer's JSON object; an empty one when it is none.
   template <class Body>
   Task<Result<Json::Object>> post(std::string path, Body body) {
@@ -67,6 +91,10 @@ class API {
   }
 
  private:
+  using Reader = std::function<void(HttpResponse&)>;
+
+  // The reader is given what succeeded and has a body.
+  Task<Result<HttpResponse>> sendFor(Request request, Reader reader);
   Task<Result<Json::Object>> postJson(std::string path, Result<std::string> body);
   HttpRequest build(const Request& request);
 

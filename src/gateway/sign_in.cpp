@@ -58,15 +58,15 @@ Task<API::Result<Me>> SignIn::finish(std::string url) {
                                : "",
       .device = name.empty() ? "Mac" : name,
   };
-  auto call =
-      api_.send({.path = "api/login/exchange", .method = "POST", .json = API::jsonOf(body)});
-  const auto response = co_await std::move(call);
-  if (!response) co_return std::unexpected(response.error());
-  const auto answer = decode<SignInAnswer>(response->body);
-  if (!answer) co_return std::unexpected(Failure::unreadable(answer.error().why));
-  api_.setToken(answer->token);
-  ports_.defaults.setText("LastEmail", answer->me.email);
-  co_return answer->me;
+  auto call = api_.ask<SignInAnswer>(
+      {.path = "api/login/exchange", .method = "POST", .json = API::jsonOf(body)});
+  const auto answer = co_await std::move(call);
+  if (!answer) co_return std::unexpected(answer.error());
+  const auto& record = answer->record;
+  if (!record) co_return std::unexpected(Failure::unreadable(record.error().why));
+  api_.setToken(record->token);
+  ports_.defaults.setText("LastEmail", record->me.email);
+  co_return record->me;
 }
 
 }  // namespace vellix

@@ -41,44 +41,44 @@ Milliseconds Store::pause() const {
 }
 
 // A board that is unchanged has to be held: otherwise it is asked for once more, without a tag.
-Task<API::Result<HttpResponse>> Store::fetchBoard(std::stop_token stop) {
+Task<API::Result<API::Answer<BoardState>>> Store::fetchBoard(std::stop_token stop) {
   const auto session = session_;
   API::Request request{.path = "api/state", .etag = etag, .stop = stop};
-  auto call = api_.send(request);
-  auto response = co_await std::move(call);
-  if (session != session_ || !isUnchanged(response) || board()) co_return response;
+  auto call = api_.ask<BoardState>(request);
+  auto answer = co_await std::move(call);
+  if (session != session_ || !isUnchanged(answer) || board()) co_return answer;
   etag.reset();
   if (request.etag) {
     request.etag.reset();
-    auto again = api_.send(request);
-    response = co_await std::move(again);
+    auto again = api_.ask<BoardState>(request);
+    answer = co_await std::move(again);
   }
-  if (isUnchanged(response) && !board()) {
+  if (isUnchanged(answer) && !board()) {
     co_return std::unexpected(Failure::unreadable("no board is held"));
   }
-  co_return response;
+  co_return answer;
 }
 
 Task<> Store::refresh(std::stop_token stop) {
   if (!signedIn() || sample) co_return;
   const auto session = session_;
   auto call = fetchBoard(stop);
-  const auto response = co_await std::move(call);
+  auto answer = co_await std::move(call);
   // A session that has ended took its board away on purpose, and leaves the next one in peace.
-  if (session != session_ && (response || signedIn())) co_return;
-  if (!response) {
-    noteProblem(response.error(), session);
+  if (session != session_ && (answer || signedIn())) co_return;
+  if (!answer) {
+    noteProblem(answer.error(), session);
     co_return;
   }
-  if (!isUnchanged(response)) {
-    auto fresh = decode<BoardState>(response->body);
+  if (!isUnchanged(answer)) {
+    auto& fresh = answer->record;
     if (!fresh) {
       noteProblem(Failure::unreadable(fresh.error().where + ": " + fresh.error().why), session);
       co_return;
     }
     noticeNewEvents(*fresh);
     board.set(std::move(*fresh));
-    etag = response->header("etag");
+    etag = answer->response.header("etag");
     if (selection().empty()) reconcileSelection();
   }
   problem.set(std::nullopt);

@@ -113,25 +113,24 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   API::Request request{.path = "api/files/" + file.id, .etag = tag, .stop = stop};
   if (pinned) request.query.emplace("v", std::to_string(*pinned));
   const auto session = session_;
-  auto call = api_.send(request);
-  auto response = co_await std::move(call);
-  if (session == session_ && tag && isUnchanged(response) && !heldDetail(file.id, wanted)) {
+  auto call = api_.ask<FileDetail>(request);
+  auto answer = co_await std::move(call);
+  if (session == session_ && tag && isUnchanged(answer) && !heldDetail(file.id, wanted)) {
     // The tag has outlived what it came with: another session's detail, or another version.
     fileTags.erase(key);
     request.etag.reset();
-    auto again = api_.send(request);
-    response = co_await std::move(again);
+    auto again = api_.ask<FileDetail>(request);
+    answer = co_await std::move(again);
   }
   // Silence on purpose: the next poll repairs it, and it alone reports trouble.
-  if (!response || isUnchanged(response)) co_return;
-  auto decoded = decode<FileDetail>(response->body);
+  if (!answer || isUnchanged(answer)) co_return;
   // A sign-out in the meantime took the details away on purpose.
-  if (!decoded || session != session_) co_return;
-  const FileDetail detail = std::move(*decoded);
-  details.edit([&](auto& all) { all.insert_or_assign(file.id, detail); });
+  if (!answer->record || session != session_) co_return;
+  details.edit([&](auto& all) { all.insert_or_assign(file.id, std::move(*answer->record)); });
+  const FileDetail& detail = details().at(file.id);
   // An answer to what was asked before the doubt came up does not settle it.
   if (doubted) doubted_.erase(file.id);
-  if (const auto fresh = response->header("etag")) {
+  if (const auto fresh = answer->response.header("etag")) {
     fileTags[key] = *fresh;
   } else {
     fileTags.erase(key);

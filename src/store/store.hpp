@@ -169,11 +169,12 @@ class Store {
  private:
   using Session = std::uint64_t;  // counts sessions: an answer to one is not for the next
 
-  static bool isUnchanged(const API::Result<HttpResponse>& response) {
-    return response && response->status == 304;
+  template <class T>
+  static bool isUnchanged(const API::Result<API::Answer<T>>& answer) {
+    return answer && answer->response.status == 304;
   }
   Task<> runLoop(std::stop_token stop);
-  Task<API::Result<HttpResponse>> fetchBoard(std::stop_token stop);
+  Task<API::Result<API::Answer<BoardState>>> fetchBoard(std::stop_token stop);
   Milliseconds pause() const;
   void noticeNewEvents(const BoardState& fresh);
   void updateBadge();

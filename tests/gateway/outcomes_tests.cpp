@@ -127,6 +127,46 @@ TEST(Send, EndsAsCancelledWhenItIsStopped) {
   EXPECT_EQ(outcome->error(), Failure::offline(kUnreachable));
 }
 
+using Asked = API::Result<API::Answer<VersionInfo>>;
+
+Asked askedFor(HttpResult result) {
+  Desk desk;
+  std::optional<Asked> outcome;
+  desk.tasks.start(deliver(desk.api.ask<VersionInfo>({.path = "version.json"}), &outcome));
+  desk.http.answer(0, std::move(result));
+  desk.time.run();
+  return std::move(outcome.value());
+}
+
+TEST(Ask, BringsTheRecordWithStatusAndHeaders) {
+  const auto outcome = askedFor(answerOf(200, R"({"version":"2","build":7,"url":"u"})", "\"e\""));
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->record, (VersionInfo{.version = "2", .build = 7, .url = "u"}));
+  EXPECT_EQ(outcome->response.status, 200);
+  EXPECT_EQ(outcome->response.header("etag"), "\"e\"");
+  EXPECT_TRUE(outcome->response.body.empty());
+}
+
+TEST(Ask, SaysWhatIsWrongWithARecord) {
+  const auto outcome = askedFor(answerOf(200, R"({"version":"2","url":"u"})"));
+  ASSERT_TRUE(outcome);
+  ASSERT_FALSE(outcome->record);
+  EXPECT_EQ(outcome->record.error().where, "build");
+}
+
+TEST(Ask, ReadsNothingOfWhatIsNotModified) {
+  const auto outcome = askedFor(answerOf(304, R"({"version":"2","build":7,"url":"u"})"));
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->response.status, 304);
+  EXPECT_FALSE(outcome->record);
+}
+
+TEST(Ask, PassesTheCallsFailureOn) {
+  EXPECT_EQ(askedFor(answerOf(401)).error(), Failure::signedOut());
+  EXPECT_EQ(askedFor(answerOf(400, R"({"error":"No."})")).error(), Failure::server("No."));
+  EXPECT_EQ(askedFor(std::unexpected(HttpError::tooLarge)).error(), Failure::offline(kUnreachable));
+}
+
 API::Result<Json::Object> postedTo(HttpResult result) {
   Desk desk;
   std::optional<API::Result<Json::Object>> outcome;

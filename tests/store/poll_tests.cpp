@@ -78,6 +78,15 @@ TEST_F(Poll, WithoutAnEtagMakesTheNextOneUnconditional) {
   EXPECT_FALSE(desk.http.exchanges.back().has("If-None-Match"));
 }
 
+// Small on its way, and some hundred megabytes decoded.
+std::string tooManyTickets() {
+  std::string files = R"({"id":"t","status":"s"})";
+  for (int i = 0; i < 60'000; ++i) files += R"(,{"id":"","status":""})";
+  return R"({"rev":2,"me":{"email":"a","name":"b"},"users":[],"jobs":[],"reports":[],)"
+         R"("events":[],"files":[)" +
+         files + "]}";
+}
+
 struct TroubleCase {
   const char* name;
   HttpResult answer;
@@ -133,6 +142,7 @@ INSTANTIATE_TEST_SUITE_P(
         TroubleCase{"CutJson", answerOf(200, R"({"rev":2,"me":{"email")", "\"b9\""),
                     kUnreadableText},
         TroubleCase{"OtherRecord", answerOf(200, R"({"rev":2})", "\"b9\""), kUnreadableText},
+        TroubleCase{"TooMuch", answerOf(200, tooManyTickets(), "\"b9\""), kUnreadableText},
         TroubleCase{"Html", answerOf(500, "<html>"), kRefusedText},
         TroubleCase{"Refused", answerOf(403, R"({"error":"Not today."})"), "Not today."},
         TroubleCase{"Down", answerOf(503), kRefusedText}),

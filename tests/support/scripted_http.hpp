@@ -61,7 +61,10 @@ class ScriptedHttp : public Http {
   std::deque<Exchange> exchanges;  // all of them, in order; addresses stay
 
   void answer(const Exchange& exchange, HttpResult result) {
-    loop_.post([resolver = exchange.resolver, result] { resolver(result); });
+    loop_.post([resolver = exchange.resolver, reader = exchange.request.reader, result]() mutable {
+      if (result && reader) reader(*result);
+      resolver(std::move(result));
+    });
   }
   void answer(std::size_t index, HttpResult result) { answer(exchanges.at(index), result); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <expected>
+#include <functional>
 #include <map>
 #include <optional>
 #include <stop_token>
@@ -17,17 +18,6 @@ namespace vellix {
 // Traffic that must not starve one another travels in lanes of its own.
 enum class HttpLane { calls, pictures, transfers };
 
-struct HttpRequest {
-  std::string method;
-  std::string url;  // absolute, percent-encoded
-  std::vector<std::pair<std::string, std::string>> headers;
-  std::optional<std::string> body;
-  // The longest silence on the wire. In the lane of calls it is the whole exchange's limit too:
-  // an answer that trickles must not hold up the next poll.
-  Milliseconds timeout{60'000};
-  HttpLane lane = HttpLane::calls;
-};
-
 struct HttpResponse {
   int status = 0;
   std::map<std::string, std::string> headers;  // names in lower case
@@ -36,6 +26,20 @@ struct HttpResponse {
     const auto found = headers.find(lowerName);
     return found == headers.end() ? std::nullopt : std::optional{found->second};
   }
+};
+
+struct HttpRequest {
+  std::string method;
+  std::string url;  // absolute, percent-encoded
+  std::vector<std::pair<std::string, std::string>> headers;
+  std::optional<std::string> body;
+  // The longest silence on the wire, from when the request goes out: the time that it waits for
+  // its turn does not count.
+  Milliseconds timeout{60'000};
+  HttpLane lane = HttpLane::calls;
+  // Makes of an answer what it is asked for, on the thread that the answer came in by: a long one
+  // would hold up the main thread. It may take the body, and touches nothing that others know.
+  std::function<void(HttpResponse&)> reader;
 };
 
 enum class HttpError {
@@ -55,6 +59,8 @@ class Http {
   virtual ~Http() = default;
   // Callable from the main thread; resolves there. A POST or PUT reaches the service at most
   // once. Redirects stay within the origin of the URL. A stop ends the exchange as `cancelled`.
+  // An answer has a bound and fails as `tooLarge` beyond; of one that says what went wrong, with a
+  // status of 400 or more, the body ends where its own bound is.
   virtual Pending<HttpResult> send(HttpRequest request, std::stop_token stop) = 0;
 };
 

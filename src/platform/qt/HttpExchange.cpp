@@ -11,6 +11,9 @@ namespace vellix {
 namespace {
 
 constexpr double kLongestTimeout = 24.0 * 60 * 60 * 1000;
+// What the library may hold that has not been read. The connection fills up behind it, so that what
+// comes faster than it is read waits with its sender.
+constexpr qint64 kReadAhead = qint64{256} << 10;
 
 int timerMilliseconds(Milliseconds timeout) {
   const double count = timeout.count();
@@ -30,7 +33,7 @@ bool isSendable(const HttpRequest& request, const QUrl& url) {
   });
 }
 
-QNetworkRequest networkRequest(const HttpRequest& request, const QUrl& url) {
+QNetworkRequest networkRequest(const HttpRequest& request, const QUrl& url, qint64 mostBytes) {
   QNetworkRequest out(url);
   out.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                    QNetworkRequest::SameOriginRedirectPolicy);
@@ -41,6 +44,11 @@ QNetworkRequest networkRequest(const HttpRequest& request, const QUrl& url) {
   out.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
   out.setAttribute(QNetworkRequest::HttpPipeliningAllowedAttribute, false);
   out.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+  // Over HTTP/2 the library takes in all that comes, read or not.
+  out.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+  // Bombs are told by how much they unpack to. That much is read in any case, and text may well be
+  // packed as tightly.
+  out.setDecompressedSafetyCheckThreshold(mostBytes);
   // A raw download is compared with its announced length, so it comes as it is.
   if (request.lane == HttpLane::transfers) out.setRawHeader("Accept-Encoding", "identity");
   for (const auto& [name, value] : request.headers) {
@@ -51,12 +59,13 @@ QNetworkRequest networkRequest(const HttpRequest& request, const QUrl& url) {
 
 }  // namespace
 
-HttpExchange::HttpExchange(HttpRequest request, qint64 mostBytes,
+HttpExchange::HttpExchange(HttpRequest request, const ExchangeLimits& limits,
                            std::function<void(HttpResult)> done)
-    : request_(std::move(request)), mostBytes_(mostBytes), done_(std::move(done)) {
-  for (QTimer* timer : {&idle_, &deadline_}) {
+    : request_(std::move(request)), limits_(limits), done_(std::move(done)) {
+  idle_.setInterval(timerMilliseconds(request_.timeout));
+  if (limits_.whole) whole_.setInterval(timerMilliseconds(*limits_.whole));
+  for (QTimer* timer : {&idle_, &whole_}) {
     timer->setSingleShot(true);
-    timer->setInterval(timerMilliseconds(request_.timeout));
     connect(timer, &QTimer::timeout, this, [this] { abort(HttpError::timedOut); });
   }
 }
@@ -77,13 +86,13 @@ void HttpExchange::start(std::shared_ptr<QNetworkAccessManager> manager) {
   }
   followReply();
   idle_.start();
-  if (request_.lane == HttpLane::calls) deadline_.start();
+  if (limits_.whole) whole_.start();
 }
 
 QNetworkReply* HttpExchange::sendThrough(QNetworkAccessManager& manager) {
   const QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(request_.url), QUrl::StrictMode);
   if (!isSendable(request_, url)) return nullptr;
-  QNetworkRequest out = networkRequest(request_, url);
+  QNetworkRequest out = networkRequest(request_, url, limits_.answer);
   if (request_.method == "GET") return manager.get(out);
   if (request_.method == "HEAD") return manager.head(out);
   // An empty body is a body too: without a device the request would be sent twice.
@@ -99,9 +108,10 @@ void HttpExchange::followReply() {
   connect(reply, &QNetworkReply::encrypted, this, &HttpExchange::progressed);
   connect(reply, &QNetworkReply::requestSent, this, &HttpExchange::sent);
   connect(reply, &QNetworkReply::uploadProgress, this, &HttpExchange::progressed);
-  connect(reply, &QNetworkReply::metaDataChanged, this, &HttpExchange::progressed);
+  connect(reply, &QNetworkReply::metaDataChanged, this, &HttpExchange::judgeLength);
   connect(reply, &QNetworkReply::redirected, this, &HttpExchange::progressed);
   connect(reply, &QNetworkReply::readyRead, this, &HttpExchange::readSome);
+  reply->setReadBufferSize(kReadAhead);
   // An early failure is told inside the call that sends, so it is taken a turn later.
   connect(reply, &QNetworkReply::finished, this, &HttpExchange::finished, Qt::QueuedConnection);
   if (reply->isFinished()) {
@@ -118,14 +128,31 @@ void HttpExchange::sent() {
   progressed();
 }
 
+int HttpExchange::status() const {
+  return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+// What says beforehand that it is too long need not come.
+void HttpExchange::judgeLength() {
+  progressed();
+  const auto length = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+  const bool hasBody = request_.method != "HEAD" && !refuses();
+  if (hasBody && length > limits_.answer) abort(HttpError::tooLarge);
+}
+
 void HttpExchange::readSome() {
   if (!done_) return;
   progressed();
+  const qint64 most = refuses() ? limits_.refusal : limits_.answer;
   std::array<char, 65'536> chunk;
   qint64 count = 0;
   while ((count = reply_->read(chunk.data(), chunk.size())) > 0) {
     body_.append(chunk.data(), static_cast<std::size_t>(count));
-    if (static_cast<qint64>(body_.size()) > mostBytes_) return abort(HttpError::tooLarge);
+    if (static_cast<qint64>(body_.size()) <= most) continue;
+    if (!refuses()) return abort(HttpError::tooLarge);
+    body_.resize(static_cast<std::size_t>(most));
+    stopReply();
+    return concludeWith(responseOf(*reply_, std::move(body_)));
   }
 }
 
@@ -133,8 +160,7 @@ void HttpExchange::finished() {
   readSome();
   if (!done_) return;
   const auto error = reply_->error();
-  const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-  if (!isAnswer(status, error)) {
+  if (!isAnswer(status(), error)) {
     const HttpError reason = reasonOf(error);
     suspect_ = reason == HttpError::notHttp;
     return conclude(std::unexpected(reason));
@@ -143,7 +169,7 @@ void HttpExchange::finished() {
   if (isCutShort(response, request_.method)) {
     return conclude(std::unexpected(HttpError::connectionLost));
   }
-  conclude(std::move(response));
+  concludeWith(std::move(response));
 }
 
 HttpError HttpExchange::reasonOf(QNetworkReply::NetworkError error) const {
@@ -156,16 +182,25 @@ HttpError HttpExchange::reasonOf(QNetworkReply::NetworkError error) const {
 
 void HttpExchange::abort(HttpError reason) {
   if (!done_) return;
+  stopReply();
+  conclude(std::unexpected(reason));
+}
+
+void HttpExchange::stopReply() {
   suspect_ = true;
   // This may be told within a signal of the reply itself: the reply is stopped with the exchange.
   reply_->disconnect(this);
-  conclude(std::unexpected(reason));
+}
+
+void HttpExchange::concludeWith(HttpResponse response) {
+  if (request_.reader) request_.reader(response);
+  conclude(std::move(response));
 }
 
 void HttpExchange::conclude(HttpResult result) {
   if (!done_) return;
   idle_.stop();
-  deadline_.stop();
+  whole_.stop();
   const auto done = std::exchange(done_, nullptr);
   done(std::move(result));
 }

@@ -13,11 +13,19 @@
 
 namespace vellix {
 
+struct ExchangeLimits {
+  std::int64_t answer;  // bytes of the body, as they are handed on
+  // Bytes of the body of a status of 400 or more, which holds a sentence at best.
+  std::int64_t refusal = std::int64_t{64} << 10;
+  std::optional<Milliseconds> whole;  // from when the request goes out to the end of its answer
+};
+
 class HttpExchange : public QObject {
  public:
   // `done` is called exactly once, not before `start` has returned, unless the exchange is
-  // deleted first; it may only ask for a later deletion. `mostBytes` bounds the answer's body.
-  HttpExchange(HttpRequest request, qint64 mostBytes, std::function<void(HttpResult)> done);
+  // deleted first; it may only ask for a later deletion.
+  HttpExchange(HttpRequest request, const ExchangeLimits& limits,
+               std::function<void(HttpResult)> done);
   ~HttpExchange() override;
 
   void start(std::shared_ptr<QNetworkAccessManager> manager);
@@ -31,20 +39,25 @@ class HttpExchange : public QObject {
   void progressed();
   void sent();
   HttpError reasonOf(QNetworkReply::NetworkError error) const;
+  int status() const;
+  bool refuses() const { return status() >= 400; }
+  void judgeLength();
   void readSome();
   void finished();
   void abort(HttpError reason);
+  void stopReply();
+  void concludeWith(HttpResponse response);
   void conclude(HttpResult result);
 
   HttpRequest request_;
-  const qint64 mostBytes_;
+  const ExchangeLimits limits_;
   std::function<void(HttpResult)> done_;
   std::shared_ptr<QNetworkAccessManager> manager_;
   std::unique_ptr<UploadDevice> upload_;
   std::unique_ptr<QNetworkReply> reply_;
   std::string body_;
   QTimer idle_;
-  QTimer deadline_;
+  QTimer whole_;
   bool connected_ = false;
   bool suspect_ = false;
 };

@@ -42,8 +42,8 @@ class HttpLaneQueue::Manager {
   bool retired_ = false;
 };
 
-HttpLaneQueue::HttpLaneQueue(std::int64_t mostBytes, Answer answer)
-    : mostBytes_(mostBytes), answer_(std::move(answer)) {}
+HttpLaneQueue::HttpLaneQueue(const ExchangeLimits& limits, Answer answer)
+    : limits_(limits), answer_(std::move(answer)) {}
 
 HttpLaneQueue::~HttpLaneQueue() {
   for (const auto& [id, exchange] : running_) delete exchange;
@@ -70,7 +70,7 @@ void HttpLaneQueue::startNext() {
     waiting_.pop_front();
     const auto id = next.id;
     auto* exchange =
-        new HttpExchange(std::move(next.request), mostBytes_,
+        new HttpExchange(std::move(next.request), limits_,
                          [this, id](HttpResult result) { ended(id, std::move(result)); });
     running_[id] = exchange;
     if (!manager_) manager_ = std::make_shared<Manager>();

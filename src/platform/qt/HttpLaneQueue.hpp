@@ -17,7 +17,7 @@ class HttpLaneQueue {
  public:
   using Answer = std::function<void(std::uint64_t id, HttpResult)>;
 
-  HttpLaneQueue(std::int64_t mostBytes, Answer answer);
+  HttpLaneQueue(const ExchangeLimits& limits, Answer answer);
   ~HttpLaneQueue();
   HttpLaneQueue(const HttpLaneQueue&) = delete;
   HttpLaneQueue& operator=(const HttpLaneQueue&) = delete;
@@ -37,7 +37,7 @@ class HttpLaneQueue {
   void ended(std::uint64_t id, HttpResult result);
   void retireManager();
 
-  const std::int64_t mostBytes_;
+  const ExchangeLimits limits_;
   const Answer answer_;
   std::shared_ptr<Manager> manager_;
   std::deque<Waiting> waiting_;

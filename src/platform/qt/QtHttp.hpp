@@ -7,17 +7,20 @@
 #include <map>
 #include <optional>
 
-#include "platform/ports/http.hpp"
+#include "platform/qt/HttpExchange.hpp"
 
 class QThread;
 
 namespace vellix {
 
-// The longest answer that each lane takes, in bytes as they are handed on.
+// Calls and pictures wait for one another within their lanes, so none may trickle for ever. A board
+// of 10,000 tickets is a third of what a call takes.
 struct HttpLimits {
-  std::int64_t calls = std::int64_t{64} << 20;
-  std::int64_t pictures = std::int64_t{64} << 20;
-  std::int64_t transfers = std::int64_t{512} << 20;
+  ExchangeLimits calls{.answer = std::int64_t{32} << 20, .whole = kLongestExchange};
+  ExchangeLimits pictures{.answer = std::int64_t{64} << 20, .whole = kLongestExchange};
+  ExchangeLimits transfers{.answer = std::int64_t{512} << 20};
+
+  static constexpr Milliseconds kLongestExchange{10 * 60'000};
 };
 
 // Made, used and ended on the main thread, while the QCoreApplication lives. Its end is quick:
