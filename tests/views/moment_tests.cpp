@@ -30,10 +30,12 @@ class Moments : public StoreTest, public testing::WithParamInterface<bool> {
     finding.state_at = almostTwoMinutes;
     Note note;
     note.id = "n1";
+    note.page = 0;
     note.by = "jorvas@tessarine.example";
     note.at = almostTwoMinutes;
     FileDetail detail = detailOf(file, {finding});
     detail.file.pages = pagesOf(1);
+    detail.file.pages->front().refs = {{"submitted", RefPage{}}};
     detail.comments = {note};
     BoardState board = boardOf({file, reviewed});
     board.events = {{.id = 1, .at = almostTwoMinutes, .kind = "synced"}};
@@ -79,6 +81,7 @@ TEST_P(Moments, AgeTheFeed) {
 TEST_P(Moments, AgeTheNotes) {
   NotesModel model{store(), desk.time, desk.calendar};
   const auto told = [&] { return model.rows()[0].toMap()["when"].toString(); };
+  ASSERT_EQ(model.rows().size(), 1);
   ASSERT_EQ(told(), "1 min ago");
   passFiveSeconds();
   EXPECT_EQ(told(), "2 min ago");
