@@ -9,6 +9,8 @@ namespace vellix {
 namespace {
 
 constexpr Milliseconds kTimeout{60'000};
+constexpr const char* kServer = "ServerURL";
+constexpr const char* kLastServer = "LastServer";
 constexpr int kNotModified = 304;
 constexpr int kRefused = 400;  // and all above
 
@@ -50,14 +52,25 @@ bool sameHeader(std::string_view one, std::string_view other) {
 }  // namespace
 
 std::string API::base() const {
-  const auto chosen = defaults_.text("ServerURL");
+  const auto chosen = defaults_.text(kServer);
   return chosen && isWebUrl(*chosen) ? *chosen : std::string{build::kDefaultServerURL};
+}
+
+std::optional<std::string> API::unusableServer() const {
+  const auto chosen = defaults_.text(kServer);
+  return chosen && !isWebUrl(*chosen) ? chosen : std::nullopt;
+}
+
+bool API::isLastService() const {
+  const auto last = defaults_.text(kLastServer);
+  return last ? *last == originOf(base()) : !unusableServer();
 }
 
 std::string API::shortVersion() { return std::string{build::kShortVersion}; }
 Int API::buildNumber() { return build::kBuildNumber; }
 
 std::optional<std::string> API::token() {
+  if (!isLastService()) return std::nullopt;
   if (!token_) token_ = tokens_.read();
   return token_;
 }
@@ -65,7 +78,9 @@ std::optional<std::string> API::token() {
 void API::setToken(std::optional<std::string> value) {
   token_ = value;
   tokens_.remove();
-  if (value) tokens_.add(*value);
+  if (!value) return;
+  defaults_.setText(kLastServer, originOf(base()));
+  tokens_.add(*value);
 }
 
 HttpRequest API::build(const Request& request) {

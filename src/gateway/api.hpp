@@ -49,14 +49,20 @@ class API {
   };
 
   // The ports must outlive the API.
-  API(Http& http, TokenStore& tokens, const Defaults& defaults)
+  API(Http& http, TokenStore& tokens, Defaults& defaults)
       : http_(http), tokens_(tokens), defaults_(defaults) {}
 
   // The user's "ServerURL" when it parses, else the built-in one; read on every call.
   std::string base() const;
+  // A "ServerURL" that is there and does not parse, so that base() is the built-in one after all.
+  std::optional<std::string> unusableServer() const;
+  // Whether the last session was with the service at base(). Where nobody wrote down which it was
+  // with, it was, unless a "ServerURL" that does not parse says that another one was meant.
+  bool isLastService() const;
   static std::string shortVersion();
   static Int buildNumber();
 
+  // None as well when the token that is held is another service's: that is sent nowhere else.
   std::optional<std::string> token();
   void setToken(std::optional<std::string> value);
 
@@ -100,7 +106,7 @@ class API {
 
   Http& http_;
   TokenStore& tokens_;
-  const Defaults& defaults_;
+  Defaults& defaults_;
   std::optional<std::string> token_;  // in front of the token store
 };
 

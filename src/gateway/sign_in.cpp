@@ -32,11 +32,12 @@ Task<API::Result<Me>> SignIn::run() {
   co_return me;
 }
 
-// Only a company address is passed on as the hint.
+// Only a company address is passed on as the hint, and only to the service that it was told by.
 std::string SignIn::pageUrl() const {
   std::string url = withQuery(appendPath(api_.base(), "signin"), {{"state", state_}});
   const auto last = ports_.defaults.text("LastEmail");
-  if (last && last->ends_with("@" + std::string{build::kAllowedMailDomain})) {
+  if (last && api_.isLastService() &&
+      last->ends_with("@" + std::string{build::kAllowedMailDomain})) {
     url += "&hint=" + percentEncode(*last);
   }
   return url;

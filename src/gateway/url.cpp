@@ -147,6 +147,15 @@ bool isLinkTarget(std::string_view text) {
   return mail ? isCleanUrl(text) && colon + 1 < text.size() : isWebUrl(text);
 }
 
+std::string originOf(std::string_view webUrl) {
+  const auto colon = webUrl.find(':');
+  const std::string scheme = lower(webUrl.substr(0, colon));
+  const Authority authority = authorityOf(authorityIn(webUrl.substr(colon + 1)));
+  std::string_view port = authority.port;
+  if (port == ":" || port == (scheme == "https" ? ":443" : ":80")) port = {};
+  return scheme + "://" + lower(authority.host) + std::string{port};
+}
+
 std::string appendPath(std::string base, std::string_view path) {
   if (const auto tail = base.find_first_of("?#"); tail != std::string::npos) base.resize(tail);
   while (base.ends_with('/')) base.pop_back();

@@ -22,6 +22,9 @@ bool isWebUrl(std::string_view text);
 // True for what a link may lead to: a web URL, or a mail address with its scheme.
 bool isLinkTarget(std::string_view text);
 
+// Scheme, host and port of a web URL in one spelling, as "https://a.example:8443".
+std::string originOf(std::string_view webUrl);
+
 // The base with the path put behind it, one slash between; the path may have several components.
 std::string appendPath(std::string base, std::string_view path);
 

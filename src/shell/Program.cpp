@@ -32,7 +32,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       compare_(store_, loop_),
       inspector_(store_, loop_, calendar_),
       notes_(store_, loop_, calendar_),
-      signInScreen_(store_, browser_, loop_),
+      signInScreen_(store_, api_, browser_, loop_),
       commands_(store_),
       settings_(prefs_),
       root_(store_, loop_) {}

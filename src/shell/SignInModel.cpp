@@ -4,8 +4,9 @@
 
 namespace vellix {
 
-SignInModel::SignInModel(Store& store, WaitingBrowser& browser, MainLoop& loop)
-    : screen_(store, browser, loop), onChange_(screen_.changes.observe(1, [this] { update(); })) {
+SignInModel::SignInModel(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop)
+    : screen_(store, api, browser, loop),
+      onChange_(screen_.changes.observe(1, [this] { update(); })) {
   update();
 }
 

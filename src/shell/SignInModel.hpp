@@ -17,7 +17,7 @@ class SignInModel : public QObject {
 
  public:
   // What is passed must outlive the model.
-  SignInModel(Store& store, WaitingBrowser& browser, MainLoop& loop);
+  SignInModel(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop);
 
   QVariantMap view() const { return view_; }
 

@@ -116,6 +116,23 @@ FocusScope {
             }
 
             Item {
+                visible: service.visible
+                width: 1
+                height: Theme.gap12
+            }
+
+            Label {
+                id: service
+
+                width: parent.width
+                visible: text !== ""
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                size: Theme.body
+                text: view.shown.service
+            }
+
+            Item {
                 width: 1
                 height: Theme.gap24
             }

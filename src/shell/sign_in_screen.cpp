@@ -1,8 +1,25 @@
 #include "shell/sign_in_screen.hpp"
 
+#include <algorithm>
+
 #include "gateway/build_info.hpp"
+#include "gateway/url.hpp"
 
 namespace vellix {
+namespace {
+
+constexpr std::size_t kMostShown = 80;  // bytes
+
+// One line of it, cut between characters.
+std::string shownOf(std::string text) {
+  std::ranges::replace_if(text, [](char c) { return c >= 0 && c < 0x20; }, ' ');
+  if (text.size() <= kMostShown) return text;
+  std::size_t end = kMostShown;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) --end;
+  return text.substr(0, end) + "…";
+}
+
+}  // namespace
 
 SignInView signInView(bool working, bool waiting) {
   if (!working) return {.button = "Sign in with Google"};
@@ -13,14 +30,30 @@ SignInView signInView(bool working, bool waiting) {
                   std::string{build::kAllowedMailDomain} + " account there."};
 }
 
-SignInScreen::SignInScreen(Store& store, WaitingBrowser& browser, MainLoop& loop)
+std::string serviceNote(std::string unusable, std::string_view used) {
+  const std::string uses = "so Vellix uses " + std::string{used} + ".";
+  if (unusable.find_first_not_of(" \t") == std::string::npos) return "ServerURL is blank, " + uses;
+  return "ServerURL “" + shownOf(std::move(unusable)) + "” is not a full web address, " + uses +
+         " Write it in full, like https://proofs.example.";
+}
+
+SignInScreen::SignInScreen(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop)
     : changes(loop),
       store_(store),
+      api_(api),
       browser_(browser),
       onWaiting_(browser.changes.observe(1, [this] { changes.note(1); })),
       // A sign-in ends with its first board, which may be long in coming. Somebody who signs out
       // before need not wait for it.
       onSignedIn_(store.changes.observe(Store::kSignedIn, [this] { working_.set(false); })) {}
+
+SignInView SignInScreen::view() const {
+  SignInView view = signInView(working_(), browser_.waiting());
+  if (auto unusable = api_.unusableServer()) {
+    view.service = serviceNote(std::move(*unusable), parseUrl(api_.base())->host);
+  }
+  return view;
+}
 
 void SignInScreen::press() {
   if (working_() || store_.signedIn()) return;

@@ -13,22 +13,26 @@ struct SignInView {
   bool working = false;  // the button takes no presses
   bool waiting = false;  // for the browser: the sheet stands
   std::string button;
-  std::string note;  // under the button; empty for none
+  std::string note;     // under the button; empty for none
+  std::string service;  // which service it is, where that is not the one meant; empty otherwise
   bool operator==(const SignInView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(SignInView, (), (working, waiting, button, note))
+BOOST_DESCRIBE_STRUCT(SignInView, (), (working, waiting, button, note, service))
 
 SignInView signInView(bool working, bool waiting);
+
+// Which service is used in place of the one that this "ServerURL" was to name, and why.
+std::string serviceNote(std::string unusable, std::string_view used);
 
 // Main thread only.
 class SignInScreen {
  public:
   // What is passed must outlive the screen.
-  SignInScreen(Store& store, WaitingBrowser& browser, MainLoop& loop);
+  SignInScreen(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop);
 
   Changes changes;  // of the view
 
-  SignInView view() const { return signInView(working_(), browser_.waiting()); }
+  SignInView view() const;
   void press();  // starts a sign-in; while one is under way it does nothing
   void cancel() { browser_.cancel(); }
   void openAgain() { browser_.openAgain(); }
@@ -37,6 +41,7 @@ class SignInScreen {
   Task<> signIn(std::uint64_t run);
 
   Store& store_;
+  const API& api_;
   WaitingBrowser& browser_;
   Published<bool> working_{changes, 1, false};
   std::uint64_t run_ = 0;

@@ -38,7 +38,18 @@ TEST(BaseUrl, FallsBackWhenTheServerUrlDoesNotParse) {
                            "https://a:99999", "http://[::1", "http://a/%zz"}) {
     desk.defaults.texts["ServerURL"] = text;
     EXPECT_EQ(desk.api.base(), kBuiltIn) << text;
+    EXPECT_EQ(desk.api.unusableServer(), text);
   }
+}
+
+TEST(BaseUrl, TellsAServerUrlThatCannotBeUsedFromNone) {
+  Desk desk;
+  EXPECT_FALSE(desk.api.unusableServer());
+  desk.defaults.texts["ServerURL"] = "https://one.example";
+  EXPECT_FALSE(desk.api.unusableServer());
+  desk.defaults.texts["ServerURL"] = "127.0.0.1:9000";
+  EXPECT_EQ(desk.api.unusableServer(), "127.0.0.1:9000");
+  EXPECT_FALSE(sent(desk, {.path = "api/state"}).has("Authorization"));
 }
 
 TEST(BaseUrl, IsReadOnEveryCall) {

@@ -52,5 +52,43 @@ TEST(Token, WorksUntilTheEndOfTheProcessWhenItCannotBeKept) {
   EXPECT_FALSE(next.token());
 }
 
+TEST(Token, IsSentToNoOtherServiceThanItsOwn) {
+  Desk desk{std::nullopt};
+  desk.defaults.texts["ServerURL"] = "https://one.example/v";
+  desk.api.setToken("ones");
+  EXPECT_EQ(desk.api.token(), "ones");
+  // Another service, an unusable name of one, and none named: each is another one.
+  for (const char* other : {"https://two.example", "http://one.example", "https://one.example:8443",
+                            "one.example", ""}) {
+    desk.defaults.texts["ServerURL"] = other;
+    EXPECT_FALSE(desk.api.token()) << other;
+    API next{desk.http, desk.tokens, desk.defaults};
+    EXPECT_FALSE(next.token()) << other << " in the next process";
+  }
+  desk.defaults.texts.erase("ServerURL");
+  EXPECT_FALSE(desk.api.token());
+  EXPECT_EQ(desk.tokens.item, "ones") << "it waits for its own";
+  desk.defaults.texts["ServerURL"] = "HTTPS://One.Example:443/w";
+  EXPECT_EQ(desk.api.token(), "ones");
+}
+
+TEST(Token, OfAServiceThatNobodyWroteDownIsTheNamedOnes) {
+  Desk desk{"old"};
+  EXPECT_EQ(desk.api.token(), "old");
+  desk.defaults.texts["ServerURL"] = "https://one.example";
+  EXPECT_EQ(desk.api.token(), "old");
+  desk.defaults.texts["ServerURL"] = "127.0.0.1:9000";
+  EXPECT_FALSE(desk.api.token()) << "whichever was meant, it is not the built-in one";
+}
+
+TEST(Token, OfASignInWithTheServiceThatStandsInIsItsOwn) {
+  Desk desk{"old"};
+  desk.defaults.texts["ServerURL"] = "127.0.0.1:9000";
+  desk.api.setToken("new");
+  EXPECT_EQ(desk.api.token(), "new");
+  API next{desk.http, desk.tokens, desk.defaults};
+  EXPECT_EQ(next.token(), "new");
+}
+
 }  // namespace
 }  // namespace vellix

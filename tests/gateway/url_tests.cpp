@@ -208,6 +208,15 @@ TEST(ParsedUrls, KeepQueryItemsInOrderDecoded) {
   EXPECT_FALSE(parts->item("missing"));
 }
 
+TEST(Origins, AreSchemeHostAndPortInOneSpelling) {
+  EXPECT_EQ(originOf("https://a.example"), "https://a.example");
+  EXPECT_EQ(originOf("HTTPS://u:p@A.Example:443/x?y#z"), "https://a.example");
+  EXPECT_EQ(originOf("http://a.example:80"), "http://a.example");
+  EXPECT_EQ(originOf("http://a.example:"), "http://a.example");
+  EXPECT_EQ(originOf("http://a.example:443"), "http://a.example:443");
+  EXPECT_EQ(originOf("https://[::1]:8443/"), "https://[::1]:8443");
+}
+
 TEST(ParsedUrls, TakeHostileLengthsInStride) {
   std::string many = "sorel://h?";
   for (int i = 0; i < 20'000; ++i) many += "&a=%";

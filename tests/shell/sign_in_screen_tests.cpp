@@ -26,9 +26,30 @@ TEST(SignInView, TellsOfASignInUnderWay) {
   }
 }
 
+constexpr const char* kBuiltIn = "proofs.tessarine.example";
+
+TEST(ServiceNote, SaysWhichServiceIsUsedAndWhy) {
+  EXPECT_EQ(serviceNote("127.0.0.1:9000", kBuiltIn),
+            "ServerURL “127.0.0.1:9000” is not a full web address, so Vellix uses "
+            "proofs.tessarine.example. Write it in full, like https://proofs.example.");
+  for (const char* blank : {"", " ", "\t "}) {
+    EXPECT_EQ(serviceNote(blank, kBuiltIn),
+              "ServerURL is blank, so Vellix uses proofs.tessarine.example.");
+  }
+}
+
+TEST(ServiceNote, ShowsOneShortLineOfIt) {
+  std::string text = "a\nb";
+  for (int i = 0; i < 100'000; ++i) text += "é";
+  const auto note = serviceNote(text, kBuiltIn);
+  EXPECT_TRUE(note.starts_with("ServerURL “a bé")) << note;
+  EXPECT_NE(note.find("é…” is not"), std::string::npos) << note;
+  EXPECT_LT(note.size(), 300U);
+}
+
 class SignInScreens : public StoreTest {
  protected:
-  SignInScreens() : StoreTest(std::nullopt), screen(store(), desk.browser, desk.time) {
+  SignInScreens() : StoreTest(std::nullopt), screen(store(), desk.api, desk.browser, desk.time) {
     serveBoard(boardOf({}));
     routes.set(kExchangeLine, answerOf(200, R"({"token":"fresh","me":{"email":"a","name":"b"}})"));
   }
@@ -144,6 +165,25 @@ TEST_F(SignInScreens, AreFreeAgainAfterASignOutBeforeTheFirstBoard) {
   answer(1, std::unexpected(HttpError::notConnected));
   EXPECT_TRUE(working());
   EXPECT_TRUE(waiting());
+}
+
+TEST_F(SignInScreens, SayNothingOfTheServiceThatIsMeant) {
+  EXPECT_EQ(screen.view().service, "");
+  desk.defaults.texts["ServerURL"] = "http://127.0.0.1:9000";
+  EXPECT_EQ(screen.view().service, "");
+}
+
+TEST_F(SignInScreens, SayWhichServiceStandsInForOneThatCannotBeUsed) {
+  for (const char* text : {"127.0.0.1:9000", "proofs.example.com", "ftp://proofs.example.com",
+                           "https://", "https://a b", ""}) {
+    desk.defaults.texts["ServerURL"] = text;
+    EXPECT_EQ(screen.view().service, serviceNote(text, kBuiltIn));
+    press();
+    EXPECT_EQ(screen.view().service, serviceNote(text, kBuiltIn)) << "while it works too";
+    EXPECT_TRUE(desk.opener.opened.back().starts_with("https://proofs.tessarine.example/signin?"));
+    screen.cancel();
+    desk.time.run();
+  }
 }
 
 TEST_F(SignInScreens, DoNothingForSomebodySignedIn) {

@@ -91,6 +91,23 @@ TEST_F(SignInViews, InviteASignIn) {
   EXPECT_FALSE(ringed());
 }
 
+TEST_F(SignInViews, SayWhichServiceStandsIn) {
+  desk.defaults.texts["ServerURL"] = "127.0.0.1:9000";
+  begin({760, 540});
+  const QString note = QStringLiteral(
+      "ServerURL “127.0.0.1:9000” is not a full web address, so Vellix uses "
+      "proofs.tessarine.example. Write it in full, like https://proofs.example.");
+  EXPECT_TRUE(has(note, QAccessible::StaticText));
+  ASSERT_TRUE(press(kButton));
+  ASSERT_TRUE(sheetStands());
+  EXPECT_TRUE(has(note, QAccessible::StaticText));
+  const QRect sheet = reader().find(kSheet, QAccessible::Dialog)->rect();
+  const QRect foot = reader().find("For Renny and Jorvas", QAccessible::StaticText)->rect();
+  const QRect under = reader().find(kNote, QAccessible::StaticText)->rect();
+  EXPECT_LT(sheet.bottom(), foot.top());
+  EXPECT_LT(under.bottom(), sheet.top());
+}
+
 TEST_F(SignInViews, WaitForTheBrowserAfterAPress) {
   begin({760, 540});
   ASSERT_TRUE(press(kButton));

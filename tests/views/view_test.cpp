@@ -84,7 +84,7 @@ QVariantMap ViewTest::models() {
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     notes_.emplace(store(), desk.time, desk.calendar);
-    signIn_.emplace(store(), desk.browser, desk.time);
+    signIn_.emplace(store(), desk.api, desk.browser, desk.time);
     commands_.emplace(store());
     settings_.emplace(store().prefs);
     root_.emplace(store(), desk.time);
