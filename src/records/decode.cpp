@@ -242,6 +242,32 @@ std::size_t mostValues(std::string_view json) {
   return count + static_cast<std::size_t>(std::ranges::count_if(json, counts));
 }
 
+// The parser refuses whole numbers of more than 64 bits, which others may well write, if only under
+// a key that nobody reads here. With an exponent they are doubles. None when there are no such.
+std::optional<std::string> withExponents(std::string_view json) {
+  constexpr std::size_t kDigits = 20;  // of 2^64
+  constexpr std::string_view kNumber = "+-.0123456789eE";
+  std::string out;
+  std::size_t copied = 0;
+  for (std::size_t at = 0; at < json.size();) {
+    if (json[at] == '"') {
+      for (++at; at < json.size() && json[at] != '"'; ++at) at += json[at] == '\\' ? 1 : 0;
+      ++at;
+      continue;
+    }
+    const std::size_t end = std::min(json.find_first_not_of(kNumber, at), json.size());
+    const std::string_view number = json.substr(at, end - at);
+    if (number.size() >= kDigits + (number.starts_with('-') ? 1 : 0) &&
+        number.find_first_of(".eE") == std::string_view::npos) {
+      out.append(json.substr(copied, end - copied)).append("e0");
+      copied = end;
+    }
+    at = std::max(end, at + 1);
+  }
+  if (copied == 0) return std::nullopt;
+  return out.append(json.substr(copied));
+}
+
 }  // namespace
 
 template <class T>
@@ -253,7 +279,11 @@ std::expected<T, DecodeFailure> decode(std::string_view json) {
     return std::unexpected(DecodeFailure{"", "it holds too many values"});
   dom::parser parser;
   dom::element root;
-  if (const auto error = parser.parse(json.data(), json.size()).get(root)) {
+  auto error = parser.parse(json.data(), json.size()).get(root);
+  if (error == simdjson::NUMBER_ERROR) {
+    if (const auto other = withExponents(json)) error = parser.parse(*other).get(root);
+  }
+  if (error) {
     return std::unexpected(DecodeFailure{"", simdjson::error_message(error)});
   }
   T value;

@@ -45,7 +45,11 @@ void detail::Encoder::writeScalar(double value) {
     return;
   }
   std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  // A reader may take digits alone for a whole number, which beyond 64 bits it has no room for.
+  const auto end = std::abs(value) < 0x1p63
+                       ? std::to_chars(digits.data(), digits.data() + digits.size(), value)
+                       : std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                       std::chars_format::scientific);
   out.append(digits.data(), end.ptr);
 }
 

@@ -89,12 +89,31 @@ TEST(Numbers, ADoubleTakesAnyFiniteNumber) {
 }
 
 TEST(Numbers, EveryDoubleReadsBackTheSame) {
-  for (const double value : {0.1, 1.0 / 3, 1e308, -1e-300, 5e-324, 1700000000123.25, 1e21, 3.0,
-                             std::numeric_limits<double>::max()}) {
+  for (const double value :
+       {0x1p63, 0x1p64, -0x1p63, -0x1p64, 123456789012345680000.0, -1e20, -0.0, 0.1, 1.0 / 3, 1e308,
+        -1e-300, 5e-324, 1700000000123.25, 1e21, 3.0, std::numeric_limits<double>::max()}) {
     const auto text = encode(Stats{.at = value, .users = {}});
     ASSERT_TRUE(text);
     EXPECT_EQ(decoded<Stats>(*text).at, value) << *text;
   }
+}
+
+TEST(Numbers, AWholeNumberOfManyDigitsIsADouble) {
+  EXPECT_EQ(decoded<Stats>(stats("18446744073709551616")).at, 0x1p64);
+  EXPECT_EQ(decoded<Stats>(stats("-123456789012345678901234567890")).at,
+            -123456789012345678901234567890.0);
+  EXPECT_EQ(buildOf("123456789012345678901234567890"), std::nullopt);
+  EXPECT_FALSE(decode<Stats>(stats("0123456789012345678901")));
+  EXPECT_FALSE(decode<Stats>(stats("1234567890123456789012e400")));
+}
+
+TEST(Numbers, AWholeNumberOfManyDigitsUnderAnUnknownKeyDoesNoHarm) {
+  const auto info = decode<VersionInfo>(
+      feed("7", R"(,"odd":[18446744073709551616,{"a":-99999999999999999999999}],"notes":)"
+                R"("\"12345678901234567890123\\")"));
+  ASSERT_TRUE(info) << info.error().why;
+  EXPECT_EQ(info->build, 7);
+  EXPECT_EQ(info->notes, R"("12345678901234567890123\)") << "a text stays as it is";
 }
 
 TEST(Numbers, WhatIsNotFiniteCannotBeEncoded) {
