@@ -132,7 +132,7 @@ TEST_F(NoteRows, OfAPageAreNumberedByWhatIsOpen) {
                      noteOn("n4", 1), noteOn("n5"), noteOn("n6", std::nullopt)};
   detail.comments[0].at = 2'000;
   detail.comments[4].at = 1'000;
-  EXPECT_EQ(rows(), (Lines{"1 n1", "0 n2", "2 n5"})) << "in the service's order";
+  EXPECT_EQ(rows(), (Lines{"1 n1", "0 n2", "3 n5"})) << "in the service's order";
   EXPECT_EQ(rows(1), Lines{"1 n4"});
   EXPECT_EQ(rows(2), Lines{});
 }

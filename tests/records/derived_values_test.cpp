@@ -25,10 +25,10 @@ TEST(Heading, JoinsTitleAndComponentOrFallsBackToTheFile) {
   EXPECT_EQ(ticket(none, "Cover", "a.pdf").heading(), "Cover");
   EXPECT_EQ(ticket(none, none, "a.pdf").heading(), "a.pdf");
   EXPECT_EQ(ticket("", "", "a.pdf").heading(), "a.pdf");
-  EXPECT_EQ(ticket("", none, "").heading(), "") << "an empty file name stands";
+  EXPECT_EQ(ticket("", none, "").heading(), "Untitled file");
   EXPECT_EQ(ticket(none, none, none).heading(), "Untitled file");
   EXPECT_EQ(ticket("", "", none).heading(), "Untitled file");
-  EXPECT_EQ(ticket(" ", "Cover", none).heading(), "  Cover") << "a blank is not empty";
+  EXPECT_EQ(ticket(" ", "Cover", none).heading(), "Cover") << "blanks are no name";
 }
 
 TEST(RefOfARole, IsTheFirstThatMatches) {

@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Called{"Oneself", "renny@tessarine.example", "You"},
                     Called{"AColleague", "jorvas@tessarine.example", "Jorvas"},
                     Called{"AColleagueBeforeAGuest", "ada@b.c", "Ada"},
-                    Called{"ANameOfBlanks", "blank@b.c", " "},
+                    Called{"ANameOfBlanks", "blank@b.c", "Blank"},
                     Called{"ANameThatIsMissing", "unnamed@b.c", "Unnamed"},
                     Called{"AnApprover", "maren@out.c", "Maren"},
                     Called{"AnApproverWithoutName", "ivo@out.c", "ivo"},
