@@ -61,16 +61,15 @@ std::optional<std::string> API::unusableServer() const {
   return chosen && !isWebUrl(*chosen) ? chosen : std::nullopt;
 }
 
-bool API::isLastService() const {
-  const auto last = defaults_.text(kLastServer);
-  return last ? *last == originOf(base()) : !unusableServer();
+bool API::isMeantService() const {
+  return !unusableServer() || defaults_.text(kLastServer) == originOf(base());
 }
 
 std::string API::shortVersion() { return std::string{build::kShortVersion}; }
 Int API::buildNumber() { return build::kBuildNumber; }
 
 std::optional<std::string> API::token() {
-  if (!isLastService()) return std::nullopt;
+  if (!isMeantService()) return std::nullopt;
   if (!token_) token_ = tokens_.read();
   return token_;
 }

@@ -56,13 +56,13 @@ class API {
   std::string base() const;
   // A "ServerURL" that is there and does not parse, so that base() is the built-in one after all.
   std::optional<std::string> unusableServer() const;
-  // Whether the last session was with the service at base(). Where nobody wrote down which it was
-  // with, it was, unless a "ServerURL" that does not parse says that another one was meant.
-  bool isLastService() const;
+  // Whether base() may be told what is known from before. A service that stands in for an unusable
+  // "ServerURL" may only when the last session was with it already.
+  bool isMeantService() const;
   static std::string shortVersion();
   static Int buildNumber();
 
-  // None as well when the token that is held is another service's: that is sent nowhere else.
+  // None as well when base() stands in for the service that gave it.
   std::optional<std::string> token();
   void setToken(std::optional<std::string> value);
 

@@ -36,7 +36,7 @@ Task<API::Result<Me>> SignIn::run() {
 std::string SignIn::pageUrl() const {
   std::string url = withQuery(appendPath(api_.base(), "signin"), {{"state", state_}});
   const auto last = ports_.defaults.text("LastEmail");
-  if (last && api_.isLastService() &&
+  if (last && api_.isMeantService() &&
       last->ends_with("@" + std::string{build::kAllowedMailDomain})) {
     url += "&hint=" + percentEncode(*last);
   }

@@ -75,14 +75,6 @@ TEST_F(BrowserSignIn, MakesANonceForEachRun) {
   EXPECT_TRUE(desk.opener.opened[1].ends_with(kSecondNonce));
 }
 
-TEST_F(BrowserSignIn, TellsAnotherServiceNoAddress) {
-  desk.defaults.texts["LastEmail"] = "renny@tessarine.example";
-  desk.defaults.texts["LastServer"] = "https://two.example";
-  run();
-  EXPECT_THAT(desk.opener.opened,
-              ElementsAre(std::string{kServer} + "/signin?state=" + kFirstNonce));
-}
-
 TEST_F(BrowserSignIn, TellsNoAddressToTheServiceThatStandsIn) {
   desk.defaults.texts["LastEmail"] = "renny@tessarine.example";
   desk.defaults.texts["ServerURL"] = "127.0.0.1:9000";
