@@ -20,6 +20,10 @@ namespace vellix {
 namespace {
 
 constexpr std::int64_t kMega = 1 << 20;
+// Pixels of 400 by 200, of 800 by 400, and of an eighth of that.
+constexpr std::int64_t kSmall = 80'000;
+constexpr std::int64_t kLarge = 320'000;
+constexpr std::int64_t kEighth = 5'000;
 
 QByteArray progressive(const QImage& image) {
   QBuffer buffer;
@@ -78,6 +82,12 @@ TEST(JpegMarks, CountTheScansAndTheCoefficientsThatAreHeld) {
     EXPECT_EQ(marks.coefficientBytes, row.bytes) << row.why;
     EXPECT_TRUE(marks.whole) << row.why;
   }
+}
+
+TEST(JpegMarks, CountTheFrameThatIsHeldAndNotALaterOne) {
+  const QByteArray large = skeleton('\xC2', "\x11\x11\x11", {3});
+  const QByteArray small = skeleton('\xC2', "\x11", {1});
+  EXPECT_EQ(jpegMarks(large.chopped(2) + small.sliced(2)).coefficientBytes, 120'000);
 }
 
 TEST(JpegMarks, HoldUpUnderACutAnywhere) {
@@ -152,10 +162,10 @@ TEST_F(DecodingBounds, RefuseMorePixelsThanTheBudgetHas) {
   const QImage colour = testImage(400, 200);
   const auto as = [&](QImage::Format format) { return png(colour.convertToFormat(format)); };
   const Row rows[] = {
-      {"as we hold it", as(QImage::Format_RGB32), 80'000 * 4},
-      {"gray, and then as we hold it", as(QImage::Format_Grayscale8), 80'000 * 5},
-      {"16 bits a colour", as(QImage::Format_RGBA64), 80'000 * 12},
-      {"WebP", QByteArray::fromStdString(encodedAs("webp", colour)), 80'000 * 8},
+      {"as we hold it", as(QImage::Format_RGB32), kSmall * 4},
+      {"gray, and then as we hold it", as(QImage::Format_Grayscale8), kSmall * 5},
+      {"16 bits a colour", as(QImage::Format_RGBA64), kSmall * 12},
+      {"WebP", QByteArray::fromStdString(encodedAs("webp", colour)), kSmall * 8},
   };
   for (const auto& row : rows) {
     for (const int reduction : kReductions) {
@@ -167,18 +177,18 @@ TEST_F(DecodingBounds, RefuseMorePixelsThanTheBudgetHas) {
 
 TEST_F(DecodingBounds, GiveFewerPixelsOfAJpegThanWereAsked) {
   const QByteArray plain = jpeg(testImage(800, 400));
-  EXPECT_EQ(decoded(plain, 320'000 * 4), QSize(800, 400));
-  EXPECT_EQ(decoded(plain, 320'000 * 4 - 1), QSize(400, 200));
-  EXPECT_EQ(decoded(plain, 80'000), QSize(200, 100));
-  EXPECT_EQ(decoded(plain, 5'000 * 4, 4), QSize(100, 50));
-  EXPECT_TRUE(decoded(plain, 5'000 * 4 - 1).isEmpty());
+  EXPECT_EQ(decoded(plain, kLarge * 4), QSize(800, 400));
+  EXPECT_EQ(decoded(plain, kLarge * 4 - 1), QSize(400, 200));
+  EXPECT_EQ(decoded(plain, kSmall), QSize(200, 100));
+  EXPECT_EQ(decoded(plain, kEighth * 4, 4), QSize(100, 50));
+  EXPECT_TRUE(decoded(plain, kEighth * 4 - 1).isEmpty());
   // The coefficients are held whole at every scale.
   const QByteArray twice = progressive(testImage(800, 400));
   const std::int64_t held = jpegMarks(twice).coefficientBytes;
-  EXPECT_GE(held, 320'000 * 3);
-  EXPECT_EQ(decoded(twice, held + 320'000 * 4), QSize(800, 400));
-  EXPECT_EQ(decoded(twice, held + 5'000 * 4), QSize(100, 50));
-  EXPECT_TRUE(decoded(twice, held + 5'000 * 4 - 1).isEmpty());
+  EXPECT_GE(held, kLarge * 3);
+  EXPECT_EQ(decoded(twice, held + kLarge * 4), QSize(800, 400));
+  EXPECT_EQ(decoded(twice, held + kEighth * 4), QSize(100, 50));
+  EXPECT_TRUE(decoded(twice, held + kEighth * 4 - 1).isEmpty());
 }
 
 TEST_F(DecodingBounds, CountUntilThePixelsHaveBeenUsed) {
@@ -186,13 +196,13 @@ TEST_F(DecodingBounds, CountUntilThePixelsHaveBeenUsed) {
   {
     std::optional<DecodingBudget::Share> share;
     EXPECT_FALSE(decodePicture(jpeg(testImage(400, 200)), 2, budget, share).isNull());
-    EXPECT_EQ(budget.taken(), 200 * 100 * 4);
+    EXPECT_EQ(budget.taken(), kSmall);
   }
   EXPECT_EQ(budget.taken(), 0);
 }
 
 TEST_F(DecodingBounds, AViewIsGivenTheMostPixelsThatThereMayBe) {
-  PixelCache cache(16 * kMega, 80'000 * 4);
+  PixelCache cache(16 * kMega, kSmall * 4);
   const auto picture = pictureOf("a", jpeg(testImage(800, 400)));
   ASSERT_TRUE(picture);
   QObject view;
@@ -202,13 +212,14 @@ TEST_F(DecodingBounds, AViewIsGivenTheMostPixelsThatThereMayBe) {
   EXPECT_EQ(got->image.size(), QSize(400, 200));
   EXPECT_EQ(got->whole, QSize(800, 400));
   EXPECT_EQ(cache.cachedPixels(*picture, QSize(800, 400)).image.size(), QSize(400, 200));
-  EXPECT_EQ(cache.bytesHeld(), 80'000 * 4) << "once";
+  EXPECT_EQ(cache.bytesHeld(), kSmall * 4) << "once";
 }
 
 TEST_F(DecodingBounds, PicturesThatFitOnlyOneAtATimeAllCome) {
-  PixelCache cache(16 * kMega, 80'000 * 4);
+  PixelCache cache(16 * kMega, kSmall * 4);
   QtPictureDecoder decoder(cache);
   std::vector<Pending<PictureHandle>> all;
+  all.reserve(8);
   for (int i = 0; i < 8; ++i) {
     all.push_back(decoder.decode(
         vellix::pictureOf(std::to_string(i), png(testImage(400, 200)).toStdString())));

@@ -11,6 +11,8 @@ using Bytes = std::span<const unsigned char>;
 
 constexpr std::int64_t kCoefficient = 2;  // bytes
 
+unsigned wordAt(Bytes bytes, std::size_t at) { return bytes[at] * 256U + bytes[at + 1]; }
+
 bool standsAlone(unsigned char mark) {
   return mark == 0x00 || mark == 0x01 || (mark >= 0xD0 && mark <= 0xD8);
 }
@@ -31,8 +33,8 @@ Frame frameOf(unsigned char mark, Bytes segment) {
   Frame frame{.progressive = isProgressive(mark)};
   if (segment.size() < 6) return frame;
   frame.components = segment[5];
-  const std::int64_t pixels =
-      std::int64_t{segment[1] * 256 + segment[2]} * std::int64_t{segment[3] * 256 + segment[4]};
+  const std::int64_t high = wordAt(segment, 1);
+  const std::int64_t wide = wordAt(segment, 3);
   int across = 1;
   int down = 1;
   int samples = 0;
@@ -42,7 +44,7 @@ Frame frameOf(unsigned char mark, Bytes segment) {
     down = std::max(down, factors & 15);
     samples += (factors >> 4) * (factors & 15);
   }
-  frame.coefficients = pixels * samples / (across * down);
+  frame.coefficients = wide * high * samples / (across * down);
   return frame;
 }
 
@@ -68,13 +70,15 @@ JpegMarks jpegMarks(const QByteArray& bytes) {
     }
     if (standsAlone(mark)) continue;
     if (at + 1 >= all.size()) return marks;
-    const std::size_t length = all[at] * 256U + all[at + 1];
+    const std::size_t length = wordAt(all, at);
     const Bytes segment = all.subspan(std::min(at + 2, all.size()));
     if (isFrame(mark)) frame = frameOf(mark, segment);
     if (mark == 0xDA) {
       ++marks.scans;
       const bool some = !segment.empty() && segment[0] < frame.components;
-      if (frame.progressive || some) marks.coefficientBytes = frame.coefficients * kCoefficient;
+      const std::int64_t held = frame.progressive || some ? frame.coefficients * kCoefficient : 0;
+      // A later frame is false, but the decoder has begun with the first by then.
+      marks.coefficientBytes = std::max(marks.coefficientBytes, held);
     }
     at += length;
   }
