@@ -44,7 +44,7 @@ Frame frameOf(unsigned char mark, Bytes segment) {
     down = std::max(down, factors & 15);
     samples += (factors >> 4) * (factors & 15);
   }
-  frame.coefficients = wide * high * samples / (across * down);
+  frame.coefficients = wide * high * samples / across / down;
   return frame;
 }
 
