@@ -4,7 +4,7 @@ import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
 
-// One panel alone in the main window's place.
+// One panel alone in the main window's place, at whatever size is asked: panels have no least.
 Window {
     id: window
 
@@ -19,8 +19,6 @@ Window {
     title: "Vellix"
     width: 1500
     height: 940
-    minimumWidth: 760
-    minimumHeight: 540
     visible: true
     color: Theme.window
 

@@ -128,6 +128,7 @@ class Shots(unittest.TestCase):
             "bare folder": ("--sample", stage.folder / "empty folder", *small),
             "no board": ("--sample", stage.folder / "no board", *small),
             "panel": ("--panel", "lab", *small),
+            "small panel": ("--panel", "settings", "--size", "460x380"),
             "no panel": ("--panel", "attic", *good, *small),
             "from the screen": (*good, *small, "--grab"),
         }
@@ -169,6 +170,7 @@ class Shots(unittest.TestCase):
         self.assertEqual(self.size("no size"), "1500x940")
         self.assertEqual(self.size("least size"), "760x540")
         self.assertEqual(self.size("panel"), "800x600")
+        self.assertEqual(self.size("small panel"), "460x380")
 
     def test_has_the_pixels_of_the_device(self):
         self.assertEqual(self.size("twice"), "1600x1200")
