@@ -4,7 +4,7 @@ import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
 
-// One panel alone in the main window's place, at whatever size is asked: panels have no least.
+// One panel alone in the main window's place.
 Window {
     id: window
 
@@ -13,12 +13,16 @@ Window {
     required property string panel
     required property var lab
     required property var symbols
+    // For a picture, which has the size that is asked.
+    property bool staged: false
 
     readonly property var panels: ({ lab: lab, settings: settingsPanel })
 
     title: "Vellix"
     width: 1500
     height: 940
+    minimumWidth: staged ? 0 : 760
+    minimumHeight: staged ? 0 : 540
     visible: true
     color: Theme.window
 

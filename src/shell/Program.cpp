@@ -80,6 +80,7 @@ QVariantMap Program::panelOf(const std::string& panel) {
       {"panel", QString::fromStdString(panel)},
       {"lab", toQml(markLab())},
       {"symbols", Symbol::names()},
+      {"staged", stage_.on()},
   };
 }
 
