@@ -60,8 +60,8 @@ DatePickerView datePicker(const DatePick& pick, const MomentRange& range,
   const WallTime wall = calendar.wallTime(held);
   const bool halves = hasHalves(calendar);
   const int hour = halves ? onClock(wall.hour) : wall.hour;
-  const auto shown = [&](std::string_view part, std::string number) {
-    return pick.part == part ? pick.digits : std::move(number);
+  const auto shown = [&](std::string_view part, const std::string& number) {
+    return pick.part == part ? pick.digits : number;
   };
   return {.day = calendar.shortWeekday(held) + ", " + calendar.monthAndDay(held),
           .hour = shown("hour", halves ? std::to_string(hour) : twoDigits(hour)),
