@@ -14,7 +14,7 @@ Words {
     property bool tellsWhole: false
     property string help: ""
 
-    readonly property int most: Math.min(Theme.mostShown, Theme.mostOnALine * (wrapMode === Text.NoWrap ? 1 : maximumLineCount))
+    property int most: Math.min(Theme.mostShown, Theme.mostOnALine * (wrapMode === Text.NoWrap ? 1 : maximumLineCount))
 
     // An emoji is two characters, and is not cut in half.
     laidOut: text.length > most ? text.slice(0, most).replace(/[\ud800-\udbff]$/, "") + "…" : text

@@ -42,6 +42,8 @@ Rectangle {
         size: Theme.row
         wrapMode: implicitWidth > width ? Text.Wrap : Text.NoWrap
         maximumLineCount: 4
+        // Whether it wraps follows from how wide it is.
+        most: Theme.mostOnALine * maximumLineCount
         color: Theme.onToast
         text: toast.text
         Accessible.ignored: true

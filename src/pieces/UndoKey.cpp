@@ -14,8 +14,13 @@ void UndoKey::setText(QQuickItem* text) {
 
 bool UndoKey::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride) return false;
-  const bool undoes = static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo);
-  if (!undoes || watched->property("canUndo").toBool()) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  // Held down, the key ends with the text. What is being composed is undone where it is.
+  const bool passes = key->matches(QKeySequence::Undo) && !key->isAutoRepeat();
+  if (!passes || watched->property("canUndo").toBool() ||
+      watched->property("inputMethodComposing").toBool()) {
+    return false;
+  }
   event->ignore();
   return true;
 }

@@ -50,6 +50,8 @@ Item {
     // A toast is soon gone: there is no time to walk to its button.
     Shortcut {
         sequence: "Ctrl+Z"
+        // Held down in a text, it ends with the text.
+        autoRepeat: false
         enabled: layer.open && layer.toast.undoLabel !== ""
         onActivated: layer.takeBack()
     }

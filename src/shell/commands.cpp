@@ -14,7 +14,10 @@ bool always(const Store&) { return true; }
 bool whileSignedIn(const Store& store) { return store.signedIn(); }
 // Each as its button, which a shortcut must not outrun.
 bool whileReportable(const Store& store) { return store.currentFile() && canMakeReport(store); }
-bool whileReviewable(const Store& store) { return reviewButton(store).enabled; }
+bool whileReviewable(const Store& store) {
+  const ReviewButtonView button = reviewButton(store);
+  return button.enabled && button.ends;
+}
 
 void nothing(Store&) {}  // the window's own business
 void signOut(Store& store) { store.signOut(false); }

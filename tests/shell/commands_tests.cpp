@@ -127,6 +127,19 @@ TEST_F(Commands, DoNotMarkReviewedTwiceAtATime) {
   EXPECT_TRUE(enabled("markReviewed"));
 }
 
+// The last open ticket stays selected, and a second press may come after the answer.
+TEST_F(Commands, DoNotMarkReviewedWhatIs) {
+  serveOne();
+  FileItem reviewed = store().board()->files[0];
+  reviewed.status = "reviewed";
+  store().board.set(boardOf({reviewed}));
+  store().selection.set({"t1"});
+  EXPECT_FALSE(enabled("markReviewed"));
+  runCommand(store(), "markReviewed");
+  desk.time.run();
+  EXPECT_EQ(desk.http.count("POST api/files/t1/status"), 0U);
+}
+
 TEST_F(Commands, DoNotAskForASyncTwiceAtATime) {
   runCommand(store(), "sync");
   EXPECT_FALSE(enabled("sync"));

@@ -229,6 +229,10 @@ TEST_F(RootViews, UndoByAKeyFromAFieldThatHasNothingToUndo) {
     undo();
     EXPECT_EQ(undone, 1) << name << ": its own text comes first";
     EXPECT_EQ(field->property("text").toString(), before) << name;
+    QKeyEvent held{QEvent::KeyPress, Qt::Key_Z, Qt::ControlModifier, {}, true};
+    QGuiApplication::sendEvent(window(), &held);
+    settle();
+    EXPECT_EQ(undone, 1) << name << ": held down, the key ends with the text";
     undo();
     EXPECT_EQ(undone, 2) << name;
   };

@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 #include <QThread>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 #include "platform/qt/HttpLaneQueue.hpp"
@@ -39,11 +40,18 @@ class QtHttp::Lanes : public QObject {
   HttpLaneQueue transfers_;
 };
 
-QtHttp::QtHttp(HttpLimits limits) : thread_(new QThread) {
-  const auto answer = [this](std::uint64_t id, HttpResult result) {
+struct QtHttp::Desk {
+  std::mutex mutex;
+  QObject* context;  // none once the main thread has gone
+};
+
+QtHttp::QtHttp(HttpLimits limits) : desk_(std::make_shared<Desk>()), thread_(new QThread) {
+  desk_->context = &context_;
+  const auto answer = [this, desk = desk_](std::uint64_t id, HttpResult result) {
     const auto shared = std::make_shared<HttpResult>(std::move(result));
     const auto deliver = [this, id, shared] { finish(id, std::move(*shared)); };
-    QMetaObject::invokeMethod(&context_, deliver, Qt::QueuedConnection);
+    const std::scoped_lock lock(desk->mutex);
+    if (desk->context) QMetaObject::invokeMethod(desk->context, deliver, Qt::QueuedConnection);
   };
   lanes_ = new Lanes(limits, answer);
   lanes_->moveToThread(thread_);
@@ -55,8 +63,10 @@ QtHttp::QtHttp(HttpLimits limits) : thread_(new QThread) {
 QtHttp::~QtHttp() {
   running_.clear();
   thread_->quit();
-  // A thread that is held up inside the library is left behind: it answers to nobody any more.
+  // A thread that is held up is left behind: it answers to nobody any more.
   if (thread_->wait(QDeadlineTimer(kPatienceAtEnd))) delete thread_;
+  const std::scoped_lock lock(desk_->mutex);
+  desk_->context = nullptr;
 }
 
 Pending<HttpResult> QtHttp::send(HttpRequest request, std::stop_token stop) {

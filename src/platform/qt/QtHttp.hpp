@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 
 #include "platform/qt/HttpExchange.hpp"
@@ -45,7 +46,11 @@ class QtHttp : public Http {
   void cancel(std::uint64_t id);
   void finish(std::uint64_t id, HttpResult result);
 
+  // Where answers are handed over. What the thread still does when it is left behind finds nobody.
+  struct Desk;
+
   QObject context_;
+  std::shared_ptr<Desk> desk_;
   std::map<std::uint64_t, Running> running_;
   std::uint64_t lastId_ = 0;
   QThread* thread_;
