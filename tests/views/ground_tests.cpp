@@ -53,10 +53,10 @@ class Grounds : public NotesViewTest {
     }
     const QRectF place = placeOf(item).intersected(placeOf(stage())).adjusted(3, 3, -12, -3);
     QList<QPoint> spots;
-    for (int i = 0; i < 9; ++i) {
-      for (int j = 0; j < 9; ++j) {
+    for (int i = 0; i < 6; ++i) {
+      for (int j = 0; j < 6; ++j) {
         const QPoint at =
-            QPointF{place.x() + place.width() * i / 8.0, place.y() + place.height() * j / 8.0}
+            QPointF{place.x() + place.width() * i / 5.0, place.y() + place.height() * j / 5.0}
                 .toPoint();
         const bool free =
             std::ranges::none_of(taken, [&](const QRectF& each) { return each.contains(at); });
