@@ -11,12 +11,14 @@
 namespace vellix {
 
 class NotesViewTest : public ViewTest {
+ public:
+  ~NotesViewTest() override { QGuiApplication::styleHints()->setMouseDoubleClickInterval(400); }
+
  protected:
   static inline const QString kField = QStringLiteral("Write a note for the report");
   static inline const QString kCardField = QStringLiteral("What needs fixing here?");
 
   NotesViewTest() { QGuiApplication::styleHints()->setMouseDoubleClickInterval(0); }
-  ~NotesViewTest() override { QGuiApplication::styleHints()->setMouseDoubleClickInterval(400); }
 
   static Note noteBy(std::string id, std::string who, std::string text = "Too dark") {
     Note note;
