@@ -1,5 +1,5 @@
-// What tests may ask of the demo service beside the contract: its log, its state, faults, and the
-// colleague at a chosen moment.
+// What tests may ask of the demo service beside the contract: its log, its state, faults, the
+// colleague at a chosen moment, and pages with many findings.
 #include <vector>
 
 #include "body.hpp"
@@ -50,6 +50,14 @@ Reply Service::serveTests(const Request& request) {
     const auto done = state_.colleagueActs(textAt(*body, "file_id").value_or("salt-text"),
                                            textAt(*body, "text").value_or("Had a look at this."),
                                            textAt(*body, "by").value_or(kJorvas));
+    return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  if (request.path == "/demo/findings" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const auto done = state_.findMore(textAt(*body, "file_id").value_or("salt-text"),
+                                      static_cast<Int>(numberAt(*body, "page").value_or(0)),
+                                      static_cast<Int>(numberAt(*body, "count").value_or(1)));
     return done ? Reply{} : errorReply(done.error().status, done.error().text);
   }
   return errorReply(404, "There is nothing here.");

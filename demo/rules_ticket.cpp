@@ -35,6 +35,32 @@ Done State::setFinding(const std::string& id, const std::string& state, const st
   return {};
 }
 
+Done State::findMore(const std::string& fileId, Int page, Int count) {
+  Ticket* ticket = find(fileId);
+  if (ticket == nullptr) return refuse(404, "There is no such ticket.");
+  TicketVersion& version = ticket->newest();
+  if (page < 0 || page >= static_cast<Int>(version.pages.size())) {
+    return refuse(400, "There is no such page.");
+  }
+  if (count < 1 || count > 100) return refuse(400, "Between 1 and 100 more can be found.");
+  for (Int i = 0; i < count; ++i) {
+    Finding finding;
+    finding.id = nextId("more-");
+    finding.file_id = fileId;
+    finding.page = page;
+    finding.against = "submitted";
+    finding.kind = "words";
+    finding.severity = "high";
+    finding.title = "A word has changed in line " + std::to_string(i + 1);
+    const double top = 0.05 + 0.9 * static_cast<double>(i) / static_cast<double>(count);
+    finding.box = {0.2, top, 0.15, 0.02};
+    finding.state = "open";
+    version.findings.push_back(std::move(finding));
+  }
+  touch(ticket);
+  return {};
+}
+
 Done State::addNote(const Json& body, const std::string& by) {
   Ticket* ticket = find(textAt(body, "file_id").value_or(""));
   if (ticket == nullptr) return std::unexpected(kNoTicket);

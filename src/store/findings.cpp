@@ -39,26 +39,37 @@ void Store::focusNextOpen(const Finding& decided) {
   focus.set(next == detail->findings.end() ? std::nullopt : std::optional{next->id});
 }
 
-std::optional<std::string> Store::decideLocally(const Finding& finding, const std::string& state) {
+std::optional<Store::DecidedAhead> Store::decideLocally(const Finding& finding,
+                                                        const std::string& state) {
   const FileDetail* detail = currentDetail();
   if (!detail ||
       std::ranges::find(detail->findings, finding.id, &Finding::id) == detail->findings.end()) {
     return std::nullopt;
   }
-  std::string ticket = currentFile()->id;
-  details.edit([&](auto& all) {
-    Finding& held = *std::ranges::find(all.at(ticket).findings, finding.id, &Finding::id);
-    held.state = state;
-    held.state_by = myEmail();
-    held.state_at = wireOf(ports_.loop.now());
-  });
-  return ticket;
+  DecidedAhead ahead{.ticket = currentFile()->id, .since = order()};
+  decided_.show(finding.id, {state, myEmail(), wireOf(ports_.loop.now())}, ahead.since);
+  details.edit([&](auto& all) { layOver(all.at(ahead.ticket), ahead.since); });
+  return ahead;
+}
+
+// Without it a decision would be taken back, and shown again, by each answer from before it; and
+// the next press would fall on it.
+void Store::layOver(FileDetail& detail, Order asked) {
+  if (decided_.empty()) return;
+  for (Finding& finding : detail.findings) {
+    const Told* told = decided_.over(finding.id, asked);
+    if (!told) continue;
+    finding.state = told->state;
+    finding.state_by = told->by;
+    finding.state_at = told->at;
+  }
 }
 
 Task<> Store::sendFindingState(Finding finding, std::string state, std::string text,
-                               std::optional<std::string> ahead, Session session) {
-  Work post = [this, path = "api/findings/" + finding.id, state] {
-    return tell(path, StateBody{state});
+                               std::optional<DecidedAhead> ahead, Session session) {
+  Work post = [this, id = finding.id, since = ahead ? std::optional{ahead->since} : std::nullopt,
+               state] {
+    return tellAhead(decided_, id, since, "api/findings/" + id, StateBody{state});
   };
   Toast done{text, "Undo",
              undo([finding](Store& store) { store.setFindingState(finding, finding.state); })};
@@ -66,7 +77,7 @@ Task<> Store::sendFindingState(Finding finding, std::string state, std::string t
   const bool taken = co_await std::move(settling);
   if (session == session_) {
     // What was shown ahead of a refusal is false, and so is what was not shown and is taken.
-    if (ahead.has_value() != taken) doubted_.insert(ahead.value_or(finding.file_id));
+    if (ahead.has_value() != taken) doubted_.insert(ahead ? ahead->ticket : finding.file_id);
     // After a failure this fetch is the rollback.
     auto reload = reloadCurrentDetail();
     co_await std::move(reload);

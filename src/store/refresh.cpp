@@ -62,6 +62,7 @@ Task<API::Result<API::Answer<BoardState>>> Store::fetchBoard(std::stop_token sto
 Task<> Store::refresh(std::stop_token stop) {
   if (!signedIn() || sample) co_return;
   const auto session = session_;
+  const Order asked = order();
   auto call = fetchBoard(stop);
   auto answer = co_await std::move(call);
   // A session that has ended took its board away on purpose, and leaves the next one in peace.
@@ -77,6 +78,7 @@ Task<> Store::refresh(std::stop_token stop) {
       co_return;
     }
     noticeNewEvents(*fresh);
+    layOver(*fresh, asked);
     board.set(std::move(*fresh));
     etag = answer->response.header("etag");
     if (selection().empty()) reconcileSelection();

@@ -113,6 +113,7 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   API::Request request{.path = "api/files/" + file.id, .etag = tag, .stop = stop};
   if (pinned) request.query.emplace("v", std::to_string(*pinned));
   const auto session = session_;
+  const Order asked = order();
   auto call = api_.ask<FileDetail>(request);
   auto answer = co_await std::move(call);
   if (session == session_ && tag && isUnchanged(answer) && !heldDetail(file.id, wanted)) {
@@ -126,6 +127,7 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   if (!answer || isUnchanged(answer)) co_return;
   // A sign-out in the meantime took the details away on purpose.
   if (!answer->record || session != session_) co_return;
+  layOver(*answer->record, asked);
   details.edit([&](auto& all) { all.insert_or_assign(file.id, std::move(*answer->record)); });
   const FileDetail& detail = details().at(file.id);
   // An answer to what was asked before the doubt came up does not settle it.

@@ -72,6 +72,8 @@ void Store::endSession() {
   board.set(std::nullopt);
   details.set({});
   doubted_.clear();
+  decided_.clear();
+  reviewed_.clear();
   etag.reset();
   problem.set(std::nullopt);
   lastOK.set(std::nullopt);

@@ -18,6 +18,7 @@
 #include "platform/ports/main_loop.hpp"
 #include "platform/ports/windows.hpp"
 #include "records/records.hpp"
+#include "store/ahead.hpp"
 #include "store/prefs.hpp"
 #include "store/published.hpp"
 #include "store/toast.hpp"
@@ -168,6 +169,17 @@ class Store {
 
  private:
   using Session = std::uint64_t;  // counts sessions: an answer to one is not for the next
+  // What the service has been told of a finding, or of a ticket that is reviewed.
+  struct Told {
+    std::string state;
+    std::optional<std::string> by;
+    double at = 0;  // milliseconds since 1970
+  };
+  // The ticket that shows a decision ahead, and since when.
+  struct DecidedAhead {
+    std::string ticket;
+    Order since = 0;
+  };
 
   template <class T>
   static bool isUnchanged(const API::Result<API::Answer<T>>& answer) {
@@ -193,10 +205,23 @@ class Store {
   // Does nothing once the Store or the session has ended.
   std::function<void()> undo(std::function<void(Store&)> work) const;
   Task<> sendFindingState(Finding finding, std::string state, std::string text,
-                          std::optional<std::string> ahead, Session session);
+                          std::optional<DecidedAhead> ahead, Session session);
+  // Posts what is shown ahead as of `shown`, if it is, and notes whether the service took it.
+  template <class Body>
+  Task<API::Result<Done>> tellAhead(Ahead<Told>& ahead, std::string id, std::optional<Order> shown,
+                                    std::string path, Body body) {
+    auto call = tell(std::move(path), std::move(body));
+    auto outcome = co_await std::move(call);
+    if (shown && outcome) ahead.taken(id, *shown, order());
+    if (shown && !outcome) ahead.refused(id, *shown);
+    co_return outcome;
+  }
+  Order order() { return ++lastOrder_; }
   std::optional<std::string> myEmail() const;
-  // True when the board shows it from now on.
-  bool reviewLocally(const std::string& id);
+  // Since when the board shows it; none when it does not.
+  std::optional<Order> reviewLocally(const std::string& id);
+  void layOver(FileDetail& detail, Order asked);
+  void layOver(BoardState& fresh, Order asked);
   void advanceAfterReview(BoardState changed, const std::string& id);
   // The ticket to review first, other than `except`; null when none waits.
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
@@ -205,8 +230,8 @@ class Store {
   void focusNextOpen(const Finding& decided);
   const FileDetail* heldDetail(const std::string& id, Int version) const;  // null when none
   void prefetchAround(const std::string& id);
-  // The ticket that shows it from now on.
-  std::optional<std::string> decideLocally(const Finding& finding, const std::string& state);
+  // None when nothing shows it.
+  std::optional<DecidedAhead> decideLocally(const Finding& finding, const std::string& state);
   Task<> loadDoubted(std::stop_token stop = {});
   Task<> reloadCurrentDetail();
   // Posts; what the service says to it does not matter.
@@ -228,6 +253,9 @@ class Store {
   Session session_ = 0;
   std::map<std::string, Session> holders_;  // of the busy keys: who took each last
   std::set<std::string> doubted_;           // ids of tickets whose detail here is not the service's
+  Order lastOrder_ = 0;
+  Ahead<Told> decided_;                                            // by finding id
+  Ahead<Told> reviewed_;                                           // by ticket id
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks
   TaskScope tasks_;
 };

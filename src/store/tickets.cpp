@@ -48,7 +48,7 @@ std::optional<std::string> Store::myEmail() const {
 }
 
 void Store::setStatus(FileItem file, std::string status) {
-  const bool ahead = status == "reviewed" && reviewLocally(file.id);
+  const auto ahead = status == "reviewed" ? reviewLocally(file.id) : std::nullopt;
   hold("status");
   // The reviewer was carried on: taking it back leads back as well.
   Toast done{statusText(status), kUndo, undo([file](Store& store) {
@@ -57,22 +57,34 @@ void Store::setStatus(FileItem file, std::string status) {
              })};
   spawn(runUndoable(
       "status",
-      [this, path = "api/files/" + file.id + "/status", status] {
-        return tell(path, StatusBody{status});
+      [this, id = file.id, ahead, status] {
+        return tellAhead(reviewed_, id, ahead, "api/files/" + id + "/status", StatusBody{status});
       },
-      std::move(done), kNotSaved, ahead, session_));
+      std::move(done), kNotSaved, ahead.has_value(), session_));
 }
 
-bool Store::reviewLocally(const std::string& id) {
-  if (!board()) return false;
+std::optional<Order> Store::reviewLocally(const std::string& id) {
+  if (!board()) return std::nullopt;
   BoardState changed = *board();
-  const auto held = std::ranges::find(changed.files, id, &FileItem::id);
-  if (held == changed.files.end()) return false;
-  held->status = "reviewed";
-  held->status_by = myEmail();
-  held->status_at = wireOf(ports_.loop.now());
+  if (std::ranges::find(changed.files, id, &FileItem::id) == changed.files.end()) {
+    return std::nullopt;
+  }
+  const Order since = order();
+  reviewed_.show(id, {"reviewed", myEmail(), wireOf(ports_.loop.now())}, since);
+  layOver(changed, since);
   advanceAfterReview(std::move(changed), id);
-  return true;
+  return since;
+}
+
+void Store::layOver(BoardState& fresh, Order asked) {
+  if (reviewed_.empty()) return;
+  for (FileItem& file : fresh.files) {
+    const Told* told = reviewed_.over(file.id, asked);
+    if (!told) continue;
+    file.status = told->state;
+    file.status_by = told->by;
+    file.status_at = told->at;
+  }
 }
 
 void Store::advanceAfterReview(BoardState changed, const std::string& id) {

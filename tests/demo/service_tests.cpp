@@ -149,6 +149,22 @@ TEST_F(DemoService, SaysNotModifiedUntilSomethingChanges) {
   EXPECT_EQ(statusOf(get("/api/state", etag)), 200);
 }
 
+TEST_F(DemoService, FindsMoreWhenToldTo) {
+  const auto before = detail("carto-text");
+  ASSERT_EQ(statusOf(post("/demo/findings", R"({"file_id":"carto-text","page":2,"count":12})")),
+            200);
+  const auto after = detail("carto-text");
+  ASSERT_EQ(after.findings.size(), before.findings.size() + 12);
+  EXPECT_EQ(after.findings.back().page, 2);
+  EXPECT_EQ(after.findings.back().state, "open");
+  EXPECT_NE(after.file.rev, before.file.rev);
+  const std::string decision = "/api/findings/" + after.findings.back().id;
+  EXPECT_EQ(statusOf(post(decision, R"({"state":"fine"})")), 200);
+  EXPECT_EQ(statusOf(post("/demo/findings", R"({"file_id":"nowhere"})")), 404);
+  EXPECT_EQ(statusOf(post("/demo/findings", R"({"file_id":"carto-text","page":900})")), 400);
+  EXPECT_EQ(statusOf(post("/demo/findings", R"({"file_id":"carto-text","count":101})")), 400);
+}
+
 TEST_F(DemoService, ShowsABoardWorthLookingAt) {
   const BoardState now = board();
   EXPECT_EQ(now.users.size(), 2U);

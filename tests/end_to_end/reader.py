@@ -182,8 +182,9 @@ class Reader:
         """Clicks in the middle of the object with the mouse, perhaps with a key held."""
         x, y, width, height = wait_until("a place to click", lambda: self._box(node))
         before, after = (("keydown", held), ("keyup", held)) if held else ((), ())
-        self.session.run("xdotool", "mousemove", "--sync", str(x + width // 2),
-                         str(y + height // 2), *before, "click", "1", *after)
+        # Not --sync, which waits for ever for a pointer that is there already.
+        self.session.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), *before,
+                         "click", "1", *after)
 
     def _box(self, node):
         on_screen = self.glib.Variant("(u)", (0,))

@@ -46,6 +46,10 @@ class Service:
     def colleague_acts(self, **deed):
         self._ask("POST", "demo/colleague", deed)
 
+    def find_more(self, file_id, page, count):
+        """The check finds so many more things on that page, all of them open."""
+        self._ask("POST", "demo/findings", {"file_id": file_id, "page": page, "count": count})
+
     def requests(self, method, start):
         """The log's entries of one method whose path starts so, oldest first."""
         return [entry for entry in self.log()

@@ -71,15 +71,71 @@ TEST_F(DecidedFinding, KeepsToTheDecisionThroughAPollInBetween) {
   EXPECT_TRUE(store().busy().empty());
 }
 
-TEST_F(DecidedFinding, IsOverwrittenByAPollInBetweenAndSettledInTheEnd) {
+TEST_F(DecidedFinding, StandsThroughAPollFromBeforeThatBringsAnothersChange) {
   decide(findingOf("f1"), "issue");
-  serve({findingOf("f1")}, 2);
+  serve({findingOf("f1"), stateOf(findingOf("f2"), "fine")}, 2);
   poll();
-  EXPECT_EQ(held().state, "open")
-      << "a colleague's change brought the detail as the service has it";
+  EXPECT_EQ(held().state, "issue");
+  EXPECT_EQ(held().state_by, store().board()->me.email);
+  EXPECT_EQ(held("f2").state, "fine");
   serve({stateOf(findingOf("f1"), "issue")}, 3);
   answer(0, answerOf(200, "{}"));
   EXPECT_EQ(held().state, "issue");
+  EXPECT_EQ(store().currentDetail()->file.rev, 3);
+}
+
+TEST_F(DecidedFinding, StandsThroughAnAnswerFromBeforeThatComesOnceTheServiceTookIt) {
+  load(ticketAt("t1", 1), true);
+  decide(findingOf("f1"), "issue");
+  routes.set(kStateLine, answerOf(304));
+  answer(1, answerOf(200, "{}"));
+  answer(0, answerOf(200, jsonOf(detailOf(ticketAt("t1", 2), {findingOf("f1"), findingOf("f3")}))));
+  EXPECT_EQ(held("f3").id, "f3") << "it is news all the same";
+  EXPECT_EQ(held().state, "issue");
+  const auto* settling = desk.http.matching(kDetail).back();
+  desk.http.answer(*settling,
+                   answerOf(200, jsonOf(detailOf(ticketAt("t1", 3), {findingOf("f1")}))));
+  desk.time.run();
+  EXPECT_EQ(held().state, "open") << "the service has changed its mind";
+}
+
+TEST_F(DecidedFinding, IsNotOverwrittenByAnAnswerFromBeforeThatComesLast) {
+  load(ticketAt("t1", 1), true);
+  decide(findingOf("f1"), "issue");
+  serve({stateOf(findingOf("f1"), "issue")}, 3);
+  answer(1, answerOf(200, "{}"));
+  answer(0, answerOf(200, jsonOf(detailOf(ticketAt("t1", 2), {findingOf("f1")}))));
+  EXPECT_EQ(held().state, "issue");
+}
+
+TEST_F(DecidedFinding, LeadsOnToNoneThatIsDecidedButNotYetAtTheService) {
+  show({findingOf("f1"), findingOf("f2"), findingOf("f3")});
+  decide(findingOf("f1"), "issue");
+  decide(findingOf("f2"), "issue");
+  // The first is taken; its answer comes from before the second.
+  serve({stateOf(findingOf("f1"), "issue"), findingOf("f2"), findingOf("f3")}, 2);
+  answer(0, answerOf(200, "{}"));
+  EXPECT_EQ(store().focus(), "f3");
+  EXPECT_EQ(held("f2").state, "issue");
+  decide(findingOf("f3"), "issue");
+  EXPECT_EQ(store().focus(), std::nullopt);
+}
+
+TEST_F(DecidedFinding, IsTheServicesOnceItsAnswerKnowsOfIt) {
+  decide(findingOf("f1"), "issue");
+  // A colleague has decided otherwise since.
+  serve({stateOf(findingOf("f1"), "fine")}, 3);
+  answer(0, answerOf(200, "{}"));
+  EXPECT_EQ(held().state, "fine");
+}
+
+TEST_F(DecidedFinding, OfASessionThatHasEndedIsLaidOverNothing) {
+  decide(findingOf("f1"), "issue");
+  store().signOut(false);
+  store().signedIn.set(true);
+  serve({findingOf("f1")}, 2);
+  poll();
+  EXPECT_EQ(held().state, "open");
 }
 
 struct RefusalCase {
