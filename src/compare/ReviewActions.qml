@@ -27,6 +27,7 @@ Column {
             readonly property var review: actions.file.review
 
             height: 28
+            says: review.text
             enabled: review.enabled
             title: review.text
             icon: review.icon

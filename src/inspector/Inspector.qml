@@ -18,22 +18,22 @@ Item {
     readonly property string place: head.file + " " + head.title
 
     property bool showExpected: false
-    // The card that the keyboard goes on to, at the decision that led there.
-    property var next: ({ id: "", decision: "" })
 
-    // `following` is the finding that has come to the front, if any.
+    // The keyboard goes on to the finding that has come to the front, if any, at the same decision.
     function goOn(card: FindingCard, following: string, decision: string) {
-        next = { id: card.keyed ? following : "", decision: decision };
+        if (!card.keyed || following === "")
+            return;
+        for (let index = 0; index < cards.count; ++index) {
+            const other = cards.itemAt(index) as FindingCard;
+            if (other?.id === following)
+                other.takeKeyboard(decision);
+        }
     }
 
     function chosen(card: FindingCard) {
         showing.card = card;
         scroll.reveal(card);
         showing.restart();
-        if (card.id !== next.id)
-            return;
-        card.takeKeyboard(next.decision);
-        next = { id: "", decision: "" };
     }
 
     function step(list: Repeater, index: int, by: int) {

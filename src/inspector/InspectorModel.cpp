@@ -31,6 +31,8 @@ QString InspectorModel::nextBy(Press press, const QString& id) {
   const std::string decided = id.toStdString();
   const bool wasInFront = store_.focus() == decided;
   press(store_, decided);
+  // At once, so that a press that waits already falls on what comes next.
+  update();
   const auto next = store_.focus();
   return wasInFront && next && next != decided ? QString::fromStdString(*next) : QString{};
 }

@@ -11,6 +11,7 @@ Pressable {
     required property color color
 
     label: title
+    says: on
     implicitWidth: row.implicitWidth + 18
     implicitHeight: 26
 

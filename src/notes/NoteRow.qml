@@ -132,6 +132,7 @@ Rectangle {
                     help: row.note.resolveHelp
                     color: row.note.resolved ? Theme.fore["green"] : Theme.muted
                     opacity: row.note.busy ? 0.45 : 1
+                    says: row.note.resolved
                     onClicked: row.notes.resolve(row.note.id)
                 }
 

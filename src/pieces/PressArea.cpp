@@ -1,5 +1,8 @@
 #include "PressArea.hpp"
 
+#include <QGuiApplication>
+#include <QStyleHints>
+
 #include "HelpTip.hpp"
 
 namespace vellix {
@@ -17,19 +20,55 @@ void PressArea::setHelp(const QString& help) {
   emit helpChanged();
 }
 
+void PressArea::setSays(const QVariant& says) {
+  if (!sight_) sight_ = new Sight(this);
+  if (says == sight_->says()) return;
+  sight_->setSays(says);
+  emit saysChanged();
+}
+
+// Whether a press that is made is meant for what is here.
+bool PressArea::begin(quint64 stamp, std::optional<QPointF> at) {
+  begunOn_ = says();
+  return !sight_ || sight_->wasMeant(stamp, at);
+}
+
 void PressArea::click() {
   if (isEnabled() && isVisible()) emit clicked(Qt::NoModifier);
 }
 
 void PressArea::mousePressEvent(QMouseEvent* event) {
   HelpTip::hide(this);
+  isMeant_ = begin(event->timestamp(), event->scenePosition());
+  begunAt_ = event->scenePosition();
+  formerStamp_ = std::exchange(begunStamp_, event->timestamp());
+  if (!isMeant_) return;
   setKeepMouseGrab(holdsPointer_);
   setPressed(true);
   emit held(event->position());
 }
 
+// Comes right behind the second press of two, which was meant for what the first one fell on: that
+// may have made room for this.
+void PressArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  const auto most = static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+  if (sight_ && event->timestamp() - formerStamp_ > most) {
+    isMeant_ = false;
+    setPressed(false);
+  }
+  QQuickItem::mouseDoubleClickEvent(event);
+}
+
+// What moves away under a pointer that rests is held all the same.
+bool PressArea::isHeld(const QMouseEvent& event) const {
+  const QPointF moved = event.scenePosition() - begunAt_;
+  return contains(event.position()) ||
+         moved.manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
+}
+
 void PressArea::mouseMoveEvent(QMouseEvent* event) {
-  setPressed(holdsPointer_ || contains(event->position()));
+  if (!isMeant_) return;
+  setPressed(holdsPointer_ || isHeld(*event));
   emit held(event->position());
 }
 
@@ -37,7 +76,7 @@ void PressArea::mouseReleaseEvent(QMouseEvent* event) {
   setKeepMouseGrab(false);
   const bool was = pressed_;
   setPressed(false);
-  if (was && contains(event->position())) emit clicked(static_cast<int>(event->modifiers()));
+  if (was && isHeld(*event) && saysTheSame()) emit clicked(static_cast<int>(event->modifiers()));
 }
 
 void PressArea::mouseUngrabEvent() {
@@ -61,9 +100,9 @@ void PressArea::hoverLeaveEvent(QHoverEvent* event) {
 void PressArea::keyPressEvent(QKeyEvent* event) {
   const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
   if (plain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select)) {
-    if (!event->isAutoRepeat()) setPressed(true);
+    if (!event->isAutoRepeat() && begin(event->timestamp(), {})) setPressed(true);
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    if (!event->isAutoRepeat()) click();
+    if (!event->isAutoRepeat() && begin(event->timestamp(), {})) click();
   } else {
     event->ignore();
   }
@@ -76,7 +115,7 @@ void PressArea::keyReleaseEvent(QKeyEvent* event) {
     return;
   }
   setPressed(false);
-  click();
+  if (saysTheSame()) click();
 }
 
 void PressArea::focusInEvent(QFocusEvent* event) {

@@ -5,6 +5,10 @@
 #include <QtQml/qqmlregistration.h>
 #include <QPointF>
 #include <QQuickItem>
+#include <QVariant>
+#include <optional>
+
+#include "Sight.hpp"
 
 namespace vellix {
 
@@ -17,6 +21,10 @@ class PressArea : public QQuickItem {
   // with the focus where the area was disabled for a while, or the window was left.
   Q_PROPERTY(bool visualFocus READ visualFocus NOTIFY visualFocusChanged)
   Q_PROPERTY(QString help READ help WRITE setHelp NOTIFY helpChanged)
+  // What the area says that a press changes, where a press must not fall on what nobody has seen:
+  // one that was made before this was on show, here, does nothing. Nothing by default: all are
+  // taken.
+  Q_PROPERTY(QVariant says READ says WRITE setSays NOTIFY saysChanged)
   // Keeps the pointer from being taken by what scrolls around it, for sliders.
   Q_PROPERTY(bool holdsPointer MEMBER holdsPointer_ NOTIFY holdsPointerChanged)
 
@@ -28,6 +36,8 @@ class PressArea : public QQuickItem {
   bool visualFocus() const { return visualFocus_; }
   QString help() const { return help_; }
   void setHelp(const QString& help);
+  QVariant says() const { return sight_ ? sight_->says() : QVariant{}; }
+  void setSays(const QVariant& says);
 
   Q_INVOKABLE void click();
 
@@ -40,12 +50,14 @@ class PressArea : public QQuickItem {
   void hoveredChanged();
   void visualFocusChanged();
   void helpChanged();
+  void saysChanged();
   void holdsPointerChanged();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseUngrabEvent() override;
   void hoverEnterEvent(QHoverEvent* event) override;
   void hoverMoveEvent(QHoverEvent* event) override;
@@ -58,6 +70,9 @@ class PressArea : public QQuickItem {
 
  private:
   void setPressed(bool pressed);
+  bool begin(quint64 stamp, std::optional<QPointF> at);
+  bool isHeld(const QMouseEvent& event) const;
+  bool saysTheSame() const { return says() == begunOn_; }
   void setHovered(bool hovered);
   void setVisualFocus(bool visual);
 
@@ -67,6 +82,12 @@ class PressArea : public QQuickItem {
   bool ringWaits_ = false;
   bool holdsPointer_ = false;
   QString help_;
+  Sight* sight_ = nullptr;  // none unless `says` was set
+  QVariant begunOn_;        // what the area said when the press began
+  QPointF begunAt_;         // in the scene
+  quint64 begunStamp_ = 0;  // by the events' own clock
+  quint64 formerStamp_ = 0;
+  bool isMeant_ = false;  // the press of the pointer that goes on
 };
 
 }  // namespace vellix
