@@ -40,22 +40,48 @@ Item {
         (list.itemAt(index + by) as FindingCard)?.takeKeyboard("");
     }
 
-    onPlaceChanged: scroll.contentY = 0
+    onPlaceChanged: {
+        scroll.contentY = 0;
+        if (activeFocus)
+            handing.restart();
+    }
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Findings"
+    Accessible.focusable: true
+
+    Keys.forwardTo: [scroll]
 
     KeyboardHold {
         id: hold
 
         around: content
+        onLostChanged: {
+            if (lost && ringed)
+                handing.restart();
+        }
     }
 
-    // What had the keyboard is gone, with its page say: the first thing there is has it then.
+    // What had the keyboard is gone, with its page say: the first finding has it then. Where there is
+    // none the panel keeps it, and no field: the next key turns the page on.
     Timer {
-        running: hold.lost && hold.ringed
+        id: handing
+
         interval: 0
-        onTriggered: content.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+        onTriggered: {
+            const first = cards.itemAt(0) as FindingCard;
+            if (first && (hold.lost || panel.activeFocus))
+                first.takeKeyboard("");
+            else if (hold.lost)
+                panel.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    FocusRing {
+        visible: panel.activeFocus
+        anchors.margins: 0
+        around: -4
+        z: 1
     }
 
     // Once more when the cards have come to rest.

@@ -131,10 +131,10 @@ Item {
 
             onCursorRectangleChanged: area.showCaret()
 
-            // These keys lead about in the text and nowhere else.
+            // These keys lead about in the text, where there is one, and nowhere else.
             Keys.onShortcutOverride: event => {
                 const ends = event.key === Qt.Key_Up || event.key === Qt.Key_Down;
-                event.accepted = (ends && event.modifiers & Qt.ControlModifier)
+                event.accepted = (ends && length > 0 && event.modifiers & Qt.ControlModifier)
                     || (area.takesEscape && event.key === Qt.Key_Escape);
             }
             Keys.onTabPressed: event => area.leave(event, true)

@@ -174,6 +174,39 @@ TEST_F(InspectorViews, HandTheKeyboardOnWhenThePageIsTurned) {
   EXPECT_EQ(ring(), "Four");
 }
 
+TEST_F(InspectorViews, LetThePagesBeTurnedOnAndOnByKey) {
+  std::erase_if(detail.findings, [](const Finding& finding) { return finding.id == "f4"; });
+  detail.findings.push_back(named("f5", "Five", 2));
+  detail.file.rev = 2;
+  serve();
+  tabTo("Two");
+  key(Qt::Key_Down, Qt::ControlModifier);
+  ASSERT_EQ(store().page().at("t1"), 1);
+  EXPECT_TRUE(isOfType(keyed(), "Inspector")) << "there is no finding, and no field takes it";
+  key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(store().page().at("t1"), 2);
+  EXPECT_EQ(ring(), "Five");
+  key(Qt::Key_Up, Qt::ControlModifier);
+  key(Qt::Key_Up, Qt::ControlModifier);
+  EXPECT_EQ(ring(), "One");
+}
+
+TEST_F(InspectorViews, LetThePagesBeTurnedFromAnEmptyField) {
+  tabTo("Two");
+  QQuickItem* field = nullptr;
+  for (int i = 0; i < 80 && !field; ++i) {
+    key(Qt::Key_Tab);
+    if (keyed()->inherits("QQuickTextEdit")) field = keyed();
+  }
+  ASSERT_TRUE(field);
+  key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(store().page().at("t1"), 1);
+  field->setProperty("text", "Let it run on");
+  field->forceActiveFocus();
+  key(Qt::Key_Up, Qt::ControlModifier);
+  EXPECT_EQ(store().page().at("t1"), 1) << "within a text it leads about in that";
+}
+
 TEST_F(InspectorViews, KeepTheKeyboardThroughAPoll) {
   tabToDecision("Two", "Fine");
   detail.findings[0].title = "Another one";
