@@ -45,10 +45,13 @@ Popover {
         Keys.onDownPressed: popover.go(events.currentIndex)
         Keys.onUpPressed: popover.go(events.currentIndex)
 
-        // What opens it closes it: the window's own shortcuts rest while it is open.
+        // What opens it closes it, and opens it again while it fades: the window's own shortcuts rest
+        // as long as it can be seen. Afterwards this one would stand in their way.
         Shortcut {
             sequence: "Ctrl+Y"
-            onActivated: popover.close()
+            enabled: popover.visible
+            autoRepeat: false
+            onActivated: popover.activity.open = !popover.activity.open
         }
 
         Label {

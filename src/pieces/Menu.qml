@@ -121,8 +121,11 @@ Popover {
                         entry: menu.entries[index]
                         onClicked: {
                             const key = entry.key;
-                            if (!entry.stays)
+                            if (!entry.stays) {
                                 menu.close();
+                                // Before what is picked may open another float, which keeps it.
+                                menu.giveBack();
+                            }
                             menu.picked(key);
                         }
                         Keys.onDownPressed: menu.go(index, 1)

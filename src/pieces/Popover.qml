@@ -21,6 +21,13 @@ T.Popup {
         open();
     }
 
+    // The keyboard goes back to what had it.
+    function giveBack() {
+        if (cameFrom?.item?.visible)
+            cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        cameFrom = null;
+    }
+
     modal: true
     // Without it nothing would lie over the window. It darkens nothing.
     dim: true
@@ -50,11 +57,7 @@ T.Popup {
         for (const item of within)
             item.focus = false;
     }
-    onClosed: {
-        if (cameFrom?.item?.visible)
-            cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);
-        cameFrom = null;
-    }
+    onClosed: giveBack()
 
     T.Overlay.modal: Ground {}
 

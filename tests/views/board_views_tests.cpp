@@ -60,6 +60,21 @@ TEST_F(BoardViews, AddATicketByACommandClick) {
   EXPECT_EQ(store().selection(), Ids{"t2"});
 }
 
+TEST_F(BoardViews, AddATicketByTheKeysOfACommandClick) {
+  click("The Lighthouse", Qt::NoModifier);
+  const auto keyed = [this] { return window()->activeFocusItem()->property("label").toString(); };
+  for (int i = 0; i < 40 && keyed() != "Harbour Bread"; ++i) QTest::keyClick(window(), Qt::Key_Tab);
+  ASSERT_EQ(keyed(), "Harbour Bread");
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    QTest::keyClick(window(), key, Qt::ControlModifier);
+    EXPECT_EQ(store().selection(), (Ids{"t1", "t2"}));
+    QTest::keyClick(window(), key, Qt::ControlModifier);
+    EXPECT_EQ(store().selection(), Ids{"t1"});
+  }
+  QTest::keyClick(window(), Qt::Key_Space, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(store().selection(), Ids{"t1"});
+}
+
 TEST_F(BoardViews, TakeNoRangeByShift) {
   click("The Lighthouse", Qt::NoModifier);
   click("Harbour Bread", Qt::ShiftModifier);
