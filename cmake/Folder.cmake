@@ -26,8 +26,14 @@ function(vellix_folder)
       OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/Vellix/${initial}${rest}
       SOURCES ${arg_MODELS}
       QML_FILES ${arg_VIEWS})
+    # The views' byte code is compiled in one piece: each alone would spend its time on one header.
     set_target_properties(vellix_${name} PROPERTIES
-      QT_QMLCACHEGEN_ARGUMENTS "--only-bytecode")
+      QT_QMLCACHEGEN_ARGUMENTS "--only-bytecode"
+      UNITY_BUILD ON
+      UNITY_BUILD_BATCH_SIZE 0)
+    set_source_files_properties(${arg_MODELS}
+      ${CMAKE_CURRENT_BINARY_DIR}/vellix_${name}_qmltyperegistrations.cpp
+      PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     target_include_directories(vellix_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}
                                                      ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(vellix_${name} PUBLIC vellix_core Qt6::Quick ${arg_LINK})
