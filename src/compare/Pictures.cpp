@@ -1,6 +1,16 @@
 #include "compare/Pictures.hpp"
 
 namespace vellix {
+namespace {
+
+// What is shown larger is wanted more. It is wanted until the object goes.
+PictureWant wantOf(const PictureRoom& room, const QObject* context) {
+  std::stop_source stop;
+  QObject::connect(context, &QObject::destroyed, [stop]() mutable { stop.request_stop(); });
+  return {.urgency = double(room.size.width()) * room.size.height(), .stop = stop.get_token()};
+}
+
+}  // namespace
 
 Pictures::Pictures(Images& images, PixelCache& pixels, Store& store)
     : images_(images),
@@ -24,7 +34,8 @@ void Pictures::bring(const QString& key, const PictureRoom& room, QObject* conte
 
 Task<> Pictures::load(std::string key, PictureRoom room, QPointer<QObject> context,
                       std::function<void(Pixels)> done) {
-  auto loading = images_.image(key);
+  const PictureWant want = wantOf(room, context);
+  auto loading = images_.image(key, want);
   const PictureHandle picture = co_await std::move(loading);
   if (!context) co_return;
   auto decoding = pixelsOf(picture, room, context);
@@ -33,7 +44,7 @@ Task<> Pictures::load(std::string key, PictureRoom room, QPointer<QObject> conte
     // The disk lost or tore what it once took. The service still has it: one more try, no more.
     images_.forget(picture);
     if (!context) co_return;
-    auto loadingAnew = images_.image(std::move(key));
+    auto loadingAnew = images_.image(std::move(key), want);
     const PictureHandle anew = co_await std::move(loadingAnew);
     auto decodingAnew = pixelsOf(anew, room, context);
     pixels = co_await std::move(decodingAnew);

@@ -1,6 +1,7 @@
 // Which ticket, page and finding are in front, and how a ticket's detail comes in.
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "store/people.hpp"
@@ -8,6 +9,10 @@
 
 namespace vellix {
 namespace {
+
+// Fewer than a lane takes: polls and actions go beside them.
+constexpr std::size_t kMostDetails = 4;
+static_assert(kMostDetails < kMostInALane);
 
 constexpr std::string_view kReprint = "reprint";
 constexpr std::string_view kNewTitle = "new_title";
@@ -161,17 +166,32 @@ Task<> Store::loadDoubted(std::stop_token stop) {
   }
 }
 
-// The next step, either way, shall find its pictures at hand.
+// The next step, either way, shall find its pictures at hand. Of a ticket that is not on show
+// nobody takes one.
 void Store::prefetchAround(const std::string& id) {
-  const auto detail = details().find(id);
-  if (detail == details().end() || !detail->second.file.pages) return;
-  const Int current = page().at(id);
-  for (const auto& candidate : *detail->second.file.pages) {
-    if (isNeighbour(candidate.i, current)) ports_.pictures.prefetch(candidate);
+  const FileItem* shown = currentFile();
+  if (!shown || shown->id != id) return;
+  std::vector<Page> pages;
+  const FileDetail* detail = currentDetail();
+  if (detail && detail->file.pages) {
+    const auto entry = page().find(id);
+    const Int current = entry == page().end() ? 0 : entry->second;
+    std::ranges::copy_if(*detail->file.pages, std::back_inserter(pages),
+                         [&](const Page& one) { return isNeighbour(one.i, current); });
   }
+  ports_.pictures.prefetch(std::move(pages));
 }
 
-void Store::requestDetail(FileItem file) { spawn(loadDetail(std::move(file), false)); }
+// The details of tickets passed by are worth having, but not in the way of the one on show.
+void Store::requestDetail(FileItem file) {
+  if (asked_.size() == kMostDetails) {
+    asked_.front().request_stop();
+    asked_.pop_front();
+  }
+  prefetchAround(file.id);
+  const auto stop = asked_.emplace_back().get_token();
+  spawn(loadDetail(std::move(file), false, stop));
+}
 
 void Store::stepPage(const FileDetail& detail, Int delta) {
   const std::string id = detail.file.id;

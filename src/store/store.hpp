@@ -3,6 +3,7 @@
 // operations interleave only where they wait.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -27,11 +28,12 @@ namespace vellix {
 
 enum class CompareMode { side, overlay, blink };
 
-// Brings the pictures of a page into the cache before they are asked for. Nobody waits for it.
+// Brings the pictures of pages into the cache before they are asked for. Nobody waits for it.
 class PagePrefetch {
  public:
   virtual ~PagePrefetch() = default;
-  virtual void prefetch(const Page& page) = 0;
+  // These pages from now on: what is still to come of others is wanted no more.
+  virtual void prefetch(std::vector<Page> pages) = 0;
 };
 
 class Store {
@@ -132,7 +134,9 @@ class Store {
   void setMineOnly(bool flag);
   void reconcileSelection();
   Task<> loadDetail(FileItem file, bool force, std::stop_token stop = {});
-  void requestDetail(FileItem file);  // starts an unforced loadDetail
+  // The ticket comes on show: starts an unforced loadDetail. Of several in a row only the last few
+  // go on.
+  void requestDetail(FileItem file);
   void stepPage(const FileDetail& detail, Int delta);
   void goToPage(const std::string& id, Int index);
   static constexpr double kZoomIn = 1.25;
@@ -250,6 +254,7 @@ class Store {
   SignIn& signIn_;
   Ports ports_;
   std::optional<std::stop_source> loop_;
+  std::deque<std::stop_source> asked_;  // of the last details that were requested
   Session session_ = 0;
   std::map<std::string, Session> holders_;  // of the busy keys: who took each last
   std::set<std::string> doubted_;           // ids of tickets whose detail here is not the service's

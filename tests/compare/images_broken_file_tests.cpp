@@ -18,7 +18,7 @@ class BrokenFile : public ImagesTest {
   void prefetch(const std::string& key) {
     Page page;
     page.img = key;
-    images().prefetch(page);
+    images().prefetch({page});
     desk.time.run();
   }
 };

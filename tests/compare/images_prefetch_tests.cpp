@@ -21,7 +21,7 @@ class ImagesPrefetch : public ImagesTest {
     return page;
   }
   void prefetch(const Page& page) {
-    images().prefetch(page);
+    images().prefetch({page});
     desk.time.run();
   }
   std::vector<std::string> lines() {
@@ -36,7 +36,7 @@ class ImagesPrefetch : public ImagesTest {
 };
 
 TEST_F(ImagesPrefetch, BringsThePageThenEachReferenceInTurn) {
-  images().prefetch(page());
+  images().prefetch({page()});
   EXPECT_THAT(lines(), IsEmpty()) << "the page on show asks first";
   desk.time.run();
   EXPECT_THAT(lines(), ElementsAre(lineOf("own")));
@@ -98,8 +98,7 @@ TEST_F(ImagesPrefetch, SharesTheLoadOfAPaneThatAskedAlready) {
 TEST_F(ImagesPrefetch, OfSeveralPagesGoesOnBesideOneAnother) {
   Page other;
   other.img = "other";
-  images().prefetch(page());
-  images().prefetch(other);
+  images().prefetch({page(), other});
   desk.time.run();
   EXPECT_THAT(lines(), ElementsAre(lineOf("own"), lineOf("other")));
 }

@@ -30,10 +30,16 @@ class ImagesTest : public testing::Test {
   void serve(const std::string& key, const std::string& bytes) {
     routes.set(lineOf(key), answerOf(200, bytes));
   }
-  // Asks and goes on at once; the answer is none until it is in.
-  std::optional<PictureHandle>& ask(std::optional<std::string> key) {
+  // Asks; the answer is none until it is in.
+  std::optional<PictureHandle>& ask(std::optional<std::string> key, PictureWant want = {}) {
+    auto& place = begin(std::move(key), std::move(want));
+    desk.time.run();
+    return place;
+  }
+  // The same, within one turn with what follows.
+  std::optional<PictureHandle>& begin(std::optional<std::string> key, PictureWant want = {}) {
     auto& place = asked.emplace_back();
-    desk.tasks.start(deliver(images().image(std::move(key)), &place));
+    desk.tasks.start(deliver(images().image(std::move(key), std::move(want)), &place));
     return place;
   }
   PictureHandle fetched(const std::string& key) {

@@ -143,13 +143,40 @@ TEST_F(PicturesTest, ThatBreakAgainAreFetchedAnewAgain) {
 }
 
 TEST_F(PicturesTest, TellNobodyWhoHasGone) {
-  serve(whole);
   bring();
+  ASSERT_TRUE(settles([this] { return requests() == 1; }));
   view.reset();
-  ASSERT_TRUE(settles([this] { return images.heldInMemory() == 1; }));
+  desk.time.advance(Milliseconds{500});
+  EXPECT_TRUE(desk.http.exchanges[0].resolver.resolved()) << "it was given up";
   view.emplace();
+  serve(whole);
   EXPECT_FALSE(brought().isNull());
   EXPECT_EQ(answers.size(), 1U);
+}
+
+TEST_F(PicturesTest, AreAskedForByTheSizeThatTheyAreShownIn) {
+  for (std::size_t i = 0; i < kMostInALane; ++i) {
+    pictures->bring("b" + QString::number(i), {{500, 500}}, &*view, [](const Pixels&) {});
+  }
+  desk.time.run();
+  pictures->bring("thumb", {{40, 60}}, &*view, [](const Pixels&) {});
+  pictures->bring("page", {{400, 600}}, &*view, [](const Pixels&) {});
+  desk.time.run();
+  desk.http.answer(0, answerOf(404));
+  desk.time.run();
+  EXPECT_EQ(desk.http.exchanges.back().line(), "GET api/blob/page");
+}
+
+TEST_F(PicturesTest, ThatAnotherViewWaitsForAreNotGivenUp) {
+  QObject other;
+  pictures->bring("a", kWhole, &other, [this](const Pixels& one) { answers.push_back(one.image); });
+  bring();
+  ASSERT_TRUE(settles([this] { return requests() == 1; }));
+  view.reset();
+  desk.time.advance(Milliseconds{500});
+  desk.http.answer(0, answerOf(200, whole));
+  EXPECT_TRUE(settles([this] { return answers.size() == 1; }));
+  EXPECT_FALSE(answers.at(0).isNull());
 }
 
 TEST_F(PicturesTest, TellNobodyWhoWentWhileTheyWereFetchedAnew) {
@@ -157,9 +184,9 @@ TEST_F(PicturesTest, TellNobodyWhoWentWhileTheyWereFetchedAnew) {
   bring();
   ASSERT_TRUE(settles([this] { return requests() == 1; }));
   view.reset();
-  desk.http.answer(0, answerOf(200, whole));
-  ASSERT_TRUE(settles([this] { return images.heldInMemory() == 1; }));
+  desk.time.advance(Milliseconds{500});
   view.emplace();
+  serve(whole);
   EXPECT_FALSE(brought().isNull());
   EXPECT_EQ(answers.size(), 1U);
 }

@@ -57,6 +57,13 @@ TEST_F(OpeningPage, DoesNotMoveThePageAtALaterLoad) {
 
 class Prefetch : public StoreTest {
  protected:
+  Prefetch() {
+    serveBoard(boardOf({ticketAt("t1", 1), ticketAt("t2", 1)}));
+    show("t1");
+    poll();
+    desk.pictures.pages.clear();
+  }
+  void show(const std::string& id) { store().selection.set({id}); }
   std::vector<Int> prefetched(std::vector<Page> pages, Int current) {
     FileDetail detail = detailOf(ticketAt("t1", 1));
     detail.file.pages = std::move(pages);
@@ -100,6 +107,29 @@ TEST_F(Prefetch, BringsNothingForATicketWithoutPages) {
   serveDetail(detailOf(ticketAt("t1", 1)));
   load(ticketAt("t1", 1));
   EXPECT_THAT(desk.pictures.pages, IsEmpty());
+}
+
+TEST_F(Prefetch, BringsNothingForATicketPassedBy) {
+  FileDetail detail = detailOf(ticketAt("t1", 1));
+  detail.file.pages = pagesOf(3);
+  show("t2");
+  serveDetail(detail);
+  load(ticketAt("t1", 1), true);
+  EXPECT_TRUE(store().details().contains("t1"));
+  EXPECT_THAT(desk.pictures.pages, IsEmpty());
+}
+
+TEST_F(Prefetch, GoesOnWithATicketThatComesOnShowAgain) {
+  prefetched(pagesOf(9), 4);
+  desk.pictures.pages.clear();
+  const int before = desk.pictures.calls;
+  show("t2");
+  store().requestDetail(ticketAt("t2", 1));
+  EXPECT_THAT(desk.pictures.pages, IsEmpty());
+  EXPECT_EQ(desk.pictures.calls, before + 1) << "those of the ticket that was left are let go";
+  show("t1");
+  store().requestDetail(ticketAt("t1", 1));
+  EXPECT_THAT(desk.pictures.pages, UnorderedElementsAre(3, 4, 5));
 }
 
 TEST_F(Prefetch, TakesAnyPageNumberInStride) {

@@ -210,5 +210,20 @@ TEST_F(Detail, IsRequestedInTheBackground) {
   EXPECT_EQ(detailRequests(), 1U);
 }
 
+TEST_F(Detail, OfTicketsPassedByDoesNotPileUp) {
+  for (int i = 1; i <= 20; ++i) store().requestDetail(ticketAt("t" + std::to_string(i), 1));
+  desk.time.run();
+  std::vector<std::string> awaited;
+  for (const auto* exchange : desk.http.matching("GET api/files/")) {
+    if (!exchange->resolver.resolved()) awaited.push_back(exchange->line());
+  }
+  EXPECT_THAT(awaited, ElementsAre("GET api/files/t17", "GET api/files/t18", "GET api/files/t19",
+                                   "GET api/files/t20"));
+  serveDetail(detailOf(ticketAt("t1", 1)));
+  store().requestDetail(ticketAt("t1", 1));
+  desk.time.run();
+  EXPECT_TRUE(store().details().contains("t1")) << "it can be asked for again";
+}
+
 }  // namespace
 }  // namespace vellix

@@ -90,7 +90,11 @@ class FakeUuids : public Uuids {
 
 class FakePrefetch : public PagePrefetch {
  public:
-  void prefetch(const Page& page) override { pages.push_back(page.i); }
+  void prefetch(std::vector<Page> wanted) override {
+    ++calls;
+    for (const Page& page : wanted) pages.push_back(page.i);
+  }
+  int calls = 0;
   std::vector<Int> pages;
 };
 

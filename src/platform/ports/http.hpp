@@ -1,6 +1,7 @@
 // One HTTP exchange. The port knows nothing of the service: no token, no failures of its own.
 #pragma once
 
+#include <cstddef>
 #include <expected>
 #include <functional>
 #include <map>
@@ -17,6 +18,8 @@ namespace vellix {
 
 // Traffic that must not starve one another travels in lanes of its own.
 enum class HttpLane { calls, pictures, transfers };
+// So many requests of a lane are on their way at once; the rest wait in the order that they came.
+inline constexpr std::size_t kMostInALane = 6;
 
 struct HttpResponse {
   int status = 0;

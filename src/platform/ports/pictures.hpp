@@ -1,6 +1,7 @@
 // Decoding and keeping of pictures, as the picture cache sees them.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +9,10 @@
 #include "platform/ports/pending.hpp"
 
 namespace vellix {
+
+// Bytes of an encoded picture: what has more is not taken, and need not be fetched. A page of 2000
+// by 3000 pixels takes 1 to 4 MB, and 18 where nothing of it could be pressed.
+inline constexpr std::int64_t kMostEncoded = std::int64_t{32} << 20;
 
 // A picture that is known to decode: its pixel size and its encoded bytes, not its pixels.
 // The bytes lie in `file` when the disk took them, else in `bytes`. Immutable and shared.

@@ -6,11 +6,6 @@
 #include <utility>
 
 namespace vellix {
-namespace {
-
-constexpr std::size_t kMostAtOnce = 6;
-
-}  // namespace
 
 // A manager that choked on an answer, or was stopped in the middle of one, may fail or hold up what
 // follows, and its deletion waits seconds for its own inner thread: once retired it is deleted
@@ -65,7 +60,7 @@ void HttpLaneQueue::drop(std::uint64_t id) {
 }
 
 void HttpLaneQueue::startNext() {
-  while (!waiting_.empty() && running_.size() < kMostAtOnce) {
+  while (!waiting_.empty() && running_.size() < kMostInALane) {
     Waiting next = std::move(waiting_.front());
     waiting_.pop_front();
     const auto id = next.id;

@@ -11,8 +11,8 @@
 
 namespace vellix {
 
-// At most six run at once. The rest wait here and not inside the manager, so that their time-outs
-// count from when they are really on their way.
+// What is too many at once waits here and not inside the manager, so that its time-out counts from
+// when it is really on its way.
 class HttpLaneQueue {
  public:
   using Answer = std::function<void(std::uint64_t id, HttpResult)>;

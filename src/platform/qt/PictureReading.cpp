@@ -14,8 +14,6 @@ namespace {
 
 constexpr int kMostPerSide = 20'000;
 constexpr qint64 kMostPixels = 100'000'000;
-// A page of 2000 by 3000 pixels takes 1 to 4 MB, and 18 where nothing of it could be pressed.
-constexpr qint64 kMostEncoded = qint64{32} << 20;
 // Each scan goes over all pixels again. Encoders write 10 of a colour picture, 18 of one in four
 // inks, and hardly more when they look for the shortest form.
 constexpr int kMostScans = 32;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/ports/pictures.hpp"
 #include "platform/qt/HttpExchange.hpp"
 
 class QThread;
@@ -18,7 +19,7 @@ namespace vellix {
 // of 10,000 tickets is a third of what a call takes.
 struct HttpLimits {
   ExchangeLimits calls{.answer = std::int64_t{32} << 20, .whole = kLongestExchange};
-  ExchangeLimits pictures{.answer = std::int64_t{64} << 20, .whole = kLongestExchange};
+  ExchangeLimits pictures{.answer = kMostEncoded, .whole = kLongestExchange};
   ExchangeLimits transfers{.answer = std::int64_t{512} << 20};
 
   static constexpr Milliseconds kLongestExchange{10 * 60'000};
