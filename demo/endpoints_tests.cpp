@@ -42,6 +42,7 @@ Reply Service::serveTests(const Request& request) {
     const auto body = decodeJson(request.body);
     if (!body) return errorReply(400, "That is not JSON.");
     if (const auto wrong = faults_.replace(*body)) return errorReply(400, *wrong);
+    released_.notify_all();
     return {};
   }
   if (request.path == "/demo/colleague" && post) {

@@ -22,15 +22,18 @@ std::optional<std::string> Faults::replace(const Json& list) {
     }
     fault.body = textAt(entry, "body");
     fault.delayMs = static_cast<Int>(std::clamp(numberAt(entry, "delay_ms").value_or(0), 0.0, 6e5));
+    fault.held = flagAt(entry, "held").value_or(false);
     fault.cut = flagAt(entry, "cut").value_or(false);
     fault.garbage = flagAt(entry, "garbage").value_or(false);
     fault.after = flagAt(entry, "after").value_or(false);
-    if (!fault.status && !fault.cut && !fault.garbage && fault.delayMs == 0) {
-      return "A fault needs one of status, cut, garbage and delay_ms.";
+    const bool slow = fault.held || fault.delayMs > 0;
+    if (!fault.status && !fault.cut && !fault.garbage && !slow) {
+      return "A fault needs one of status, cut, garbage, held and delay_ms.";
     }
     faults.push_back(std::move(fault));
   }
   faults_ = std::move(faults);
+  ++replaced_;
   return std::nullopt;
 }
 

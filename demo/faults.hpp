@@ -16,6 +16,7 @@ struct Fault {
   std::optional<int> status;
   std::optional<std::string> body;
   Int delayMs = 0;
+  bool held = false;  // wait until other faults are asked for
   bool cut = false;
   bool garbage = false;
   bool after = false;  // let the request have its effect first
@@ -27,9 +28,11 @@ class Faults {
   std::optional<std::string> replace(const Json& list);
   // The fault for a request, counted as used; none when there is none.
   std::optional<Fault> take(const std::string& method, const std::string& path);
+  Int replaced() const { return replaced_; }  // how often
 
  private:
   std::vector<Fault> faults_;
+  Int replaced_ = 0;
 };
 
 }  // namespace vellix::demo

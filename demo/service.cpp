@@ -55,8 +55,12 @@ Reply Service::answer(const Request& request) {
   const std::size_t number = log(request);
   std::optional<Fault> fault;
   {
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
     fault = faults_.take(request.method, request.path);
+    if (fault && fault->held) {
+      released_.wait(lock,
+                     [this, since = faults_.replaced()] { return faults_.replaced() != since; });
+    }
   }
   if (fault && fault->delayMs > 0) {
     std::this_thread::sleep_for(std::chrono::milliseconds(fault->delayMs));

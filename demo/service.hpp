@@ -1,6 +1,7 @@
 // The service: requests in, answers out, with one lock around the state. Knows no sockets.
 #pragma once
 
+#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <map>
@@ -73,6 +74,7 @@ class Service {
   Pictures pictures_;
   State state_;
   Faults faults_;
+  std::condition_variable released_;  // other faults were asked for
   std::mutex logMutex_;
   std::deque<LogEntry> log_;
   std::size_t logStart_ = 0;  // the number of the log's first entry

@@ -38,7 +38,12 @@ Item {
 
             Accessible.role: Accessible.Graphic
             Accessible.name: cut.crop.label
-            Accessible.ignored: missing
+            Accessible.ignored: !ready
+        }
+
+        LateSpinner {
+            anchors.centerIn: parent
+            waits: cut.crop.img !== "" && !picture.ready && !picture.missing
         }
 
         Repeater {
@@ -50,7 +55,7 @@ Item {
         }
 
         Repeater {
-            model: picture.missing ? 0 : cut.lay.marks.length
+            model: picture.ready ? cut.lay.marks.length : 0
 
             MarkFrame {
                 required property int index

@@ -47,18 +47,26 @@ void DifferenceImage::setPictures(PictureSource* pictures) {
 void DifferenceImage::setKey(const QString& key) {
   if (key == sides_[0].key) return;
   sides_[0].key = key;
-  polish();
+  dropImage();
   emit keyChanged();
 }
 
 void DifferenceImage::setUnder(const QString& key) {
   if (key == sides_[1].key) return;
   sides_[1].key = key;
-  polish();
+  dropImage();
   emit underChanged();
 }
 
 void DifferenceImage::resized() { polish(); }
+
+// Of other pages than are named now, it would be taken for theirs.
+void DifferenceImage::dropImage() {
+  made_.reset();
+  making_.setFuture({});  // one that is under way is nobody's any more
+  image_ = {};
+  polish();
+}
 
 void DifferenceImage::framed() {
   for (Side& side : sides_) {
@@ -73,7 +81,7 @@ QRect DifferenceImage::place() const {
 }
 
 bool DifferenceImage::isHere(const Side& side) const {
-  return !side.key.isEmpty() && side.picture.isHere();
+  return !side.key.isEmpty() && !side.picture.pixels().isNull();
 }
 
 bool DifferenceImage::isMissing(const Side& side) const {
@@ -148,12 +156,13 @@ void DifferenceImage::updatePolish() {
   if (std::exchange(missing_, missing) != missing) emit missingChanged();
   if (const auto now = inputs()) make(*now);
   if (isMissing(sides_[0]) && isMissing(sides_[1])) {
-    made_.reset();
-    making_.setFuture({});
-    image_ = {};
+    if (made_ || !image_.isNull()) dropImage();
     return showGround(Qt::transparent);
   }
-  if (!image_.isNull()) showImage(image_, image_.rect(), QRect(QPoint(), size));
+  if (!image_.isNull()) return showImage(image_, image_.rect(), QRect(QPoint(), size));
+  // While it is made it is as dark as most of it will be: the page below would flash.
+  const bool making = made_ && isHere(sides_[0]) && isHere(sides_[1]);
+  showGround(making ? Qt::black : Qt::transparent);
 }
 
 }  // namespace vellix

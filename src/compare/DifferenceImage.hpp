@@ -67,6 +67,7 @@ class DifferenceImage : public vellix::PictureItem {
   bool isMissing(const Side& side) const;
   std::optional<Inputs> inputs() const;  // none while something better is on its way
   void make(const Inputs& inputs);
+  void dropImage();
 
   QPointer<PictureSource> pictures_;
   Side sides_[2]{Side{this}, Side{this}};

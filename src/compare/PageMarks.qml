@@ -14,6 +14,8 @@ Item {
     required property var notes
     required property var draft
     required property bool draws
+    // The last frame showed the page that these lie on: what was seen before takes no note.
+    required property bool seen
 
     // A mark that the keyboard has come to.
     signal sought(Item mark)
@@ -27,6 +29,7 @@ Item {
 
         DrawLayer {
             anchors.fill: parent
+            enabled: marks.seen
             page: marks.compare.bar.page
             onDrawingChanged: marks.compare.setDrawing(drawing)
             Component.onDestruction: marks.compare.setDrawing(false)

@@ -10,6 +10,7 @@ Item {
 
     required property int index
     required property string img
+    required property string thumb
     required property string label
     required property string tone
     required property string missing
@@ -131,12 +132,13 @@ Item {
             anchors.fill: parent
             pictures: pane.pictures
             key: pane.img
+            standIn: pane.thumb
             pageRoom: Qt.size(pane.compare.stage.room.width, pane.compare.stage.room.height)
             placeholder: missing ? Theme.well : Theme.paper
 
             Accessible.role: Accessible.Graphic
             Accessible.name: pane.label
-            Accessible.ignored: missing
+            Accessible.ignored: !ready
         }
 
         Repeater {
@@ -171,6 +173,12 @@ Item {
             }
         }
 
+        LateSpinner {
+            anchors.centerIn: parent
+            size: 18
+            waits: pane.onStage && pane.img !== "" && !own.ready && !own.missing
+        }
+
         Repeater {
             model: own.missing ? 1 : 0
 
@@ -181,13 +189,14 @@ Item {
 
         // Of a page that nobody can see they would tell nothing.
         PageMarks {
-            visible: !own.missing
+            visible: own.shown !== ""
             anchors.fill: parent
             compare: pane.compare
             boxes: pane.boxes
             notes: pane.notes
             draft: pane.draft
             draws: pane.compare.bar.draws
+            seen: own.shown === pane.img
             onSought: mark => pane.sought(mark)
             onDrawn: (from, to) => pane.compare.beginNote(pane.index, from, to, picture)
         }

@@ -59,6 +59,7 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
         version >= 2 ? "v" + std::to_string(version) : supplierOf(file) + " file";
     panes.push_back({.key = "supplier",
                      .img = page.img,
+                     .thumb = page.thumb,
                      .aspect = page.aspect(),
                      .label = name + " · p" + page.name(),
                      .tone = "purple"});

@@ -13,6 +13,7 @@ constexpr double kSmallestPinch = 0.01;  // change of scale
 PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   PaneView view{.key = file.id + " " + pane.key,
                 .img = pane.img.value_or(""),
+                .thumb = pane.thumb.value_or(""),
                 .aspect = pane.aspect,
                 .label = pane.label,
                 .tone = pane.tone,

@@ -21,8 +21,9 @@ struct CanvasState {
 };
 
 struct PaneView {
-  std::string key;  // of the ticket and the pane: another ticket's panes are others
-  std::string img;  // blob key; empty turns the pane into the words below
+  std::string key;    // of the ticket and the pane: another ticket's panes are others
+  std::string img;    // blob key; empty turns the pane into the words below
+  std::string thumb;  // blob key of the same, small; empty for none
   double aspect = 0;
   std::string label;
   std::string tone;
@@ -38,8 +39,8 @@ struct PaneView {
   bool operator==(const PaneView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(PaneView, (),
-                      (key, img, aspect, label, tone, missing, missingWhy, side, onStage, under,
-                       difference, boxes, notes, draft))
+                      (key, img, thumb, aspect, label, tone, missing, missingWhy, side, onStage,
+                       under, difference, boxes, notes, draft))
 
 struct PaneToggleView {
   std::string key;

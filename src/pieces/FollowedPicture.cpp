@@ -40,12 +40,10 @@ void FollowedPicture::follow(PictureSource* source, const QString& key, const Pi
     asking_ = std::make_unique<QObject>();
     awaited_ = 0;
     failed_ = false;
-    settled_ = false;
+    settled_ = key.isEmpty();
+    show({});  // what it was is seen under another name otherwise
   }
-  if (key.isEmpty()) {
-    settled_ = true;
-    return show({});
-  }
+  if (key.isEmpty()) return;
   look();
   if (hasAll()) return;
   if (turns) return ask();

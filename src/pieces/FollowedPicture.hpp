@@ -20,12 +20,11 @@ class FollowedPicture : public QObject {
   explicit FollowedPicture(QObject* parent);
 
   // What is to be shown now, and where; to be told before each frame. Another key or source asks
-  // at once; without a key there is nothing to show, and what was is dropped.
+  // at once, and what was is dropped; without a key there is nothing to show.
   void follow(PictureSource* source, const QString& key, const PictureRoom& room);
 
-  // Of the key before while the new one's are awaited; null when they cannot be had.
+  // Null while they are awaited, and when they cannot be had.
   const Pixels& pixels() const { return pixels_; }
-  bool isHere() const { return settled_ && !pixels_.isNull(); }  // they are the asked key's
   bool isMissing() const { return settled_ && pixels_.isNull(); }
   // They will not become better in this room, unless another try brings them.
   bool isFinal() const;
@@ -49,7 +48,7 @@ class FollowedPicture : public QObject {
   QString key_;
   PictureRoom room_;
   Pixels pixels_;
-  bool settled_ = false;             // pixels_ are the key's, or null because they cannot be had
+  bool settled_ = false;             // pixels_ are here, or null because they cannot be had
   quint64 turn_ = 0;                 // of keys and sources; answers of earlier ones are dropped
   int awaited_ = 0;                  // answers of this turn
   bool failed_ = false;              // the last of these was none

@@ -23,6 +23,13 @@ void RemoteImage::setKey(const QString& key) {
   emit keyChanged();
 }
 
+void RemoteImage::setStandIn(const QString& key) {
+  if (standIn_ == key) return;
+  standIn_ = key;
+  lookAgain();
+  emit standInChanged();
+}
+
 void RemoteImage::setFill(bool fill) {
   if (fill_ == fill) return;
   fill_ = fill;
@@ -99,7 +106,7 @@ void RemoteImage::notePainted(const QRect& place) {
 }
 
 // On the processor, since neither a mask nor a shader is to be had of every renderer.
-QImage RemoteImage::cutRound(const QRectF& part) const {
+QImage RemoteImage::cutRound(const QImage& image, const QRectF& part) const {
   QImage cut(deviceSize(), QImage::Format_ARGB32_Premultiplied);
   cut.fill(Qt::transparent);
   const QRectF whole(QPointF(), cut.size());
@@ -109,15 +116,21 @@ QImage RemoteImage::cutRound(const QRectF& part) const {
   painter.setBrush(Qt::black);
   painter.drawEllipse(whole);
   painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-  painter.drawImage(whole, picture_.pixels().image, part);
+  painter.drawImage(whole, image, part);
   return cut;
+}
+
+Pixels RemoteImage::toPaint(const PictureRoom& room) const {
+  const bool awaited = picture_.pixels().isNull() && !picture_.isMissing();
+  const bool stoodIn = awaited && pictures_ && !key_.isEmpty() && !standIn_.isEmpty();
+  return stoodIn ? pictures_->atHand(standIn_, room) : picture_.pixels();
 }
 
 // Runs once before the next frame, however much has changed.
 void RemoteImage::updatePolish() {
   const PictureRoom room = this->room();
   if (!waits_ || !picture_.pixels().isNull()) picture_.follow(pictures_, key_, room);
-  const Pixels& pixels = picture_.pixels();
+  const Pixels pixels = toPaint(room);
   if (pixels.isNull() || room.size.isEmpty()) {
     showGround(placeholder_);
     notePainted({QPoint(), room.size});
@@ -134,7 +147,7 @@ void RemoteImage::updatePolish() {
     } else {
       const qint64 from = pixels.image.cacheKey();
       if (from != cutFrom_ || cut_.size() != room.size) {
-        cut_ = cutRound(part);
+        cut_ = cutRound(pixels.image, part);
         cutFrom_ = from;
       }
       showImage(cut_, cut_.rect(), seen);
@@ -142,8 +155,10 @@ void RemoteImage::updatePolish() {
   }
   const bool missing = !key_.isEmpty() && picture_.isMissing();
   if (std::exchange(missing_, missing) != missing) emit missingChanged();
-  const bool ready = !pixels.isNull();
+  const bool ready = !picture_.pixels().isNull();
   if (std::exchange(ready_, ready) != ready) emit readyChanged();
+  const QString shown = pixels.isNull() ? QString() : key_;
+  if (std::exchange(shown_, shown) != shown) emit shownChanged();
 }
 
 }  // namespace vellix

@@ -1,7 +1,8 @@
-// Shows the picture of one blob key, with a plain ground until it is here. A new key's picture
-// takes the old one's place when it is ready, so stepping through pages never shows a gap; one
-// that cannot be had leaves the ground, as does no key. It is asked for again when the source says
-// that it is worth it, once it is in sight.
+// Shows the picture of one blob key, with a plain ground, or what stands in for it, until it is
+// here. A new key's picture that is at hand takes the old one's place in the next frame, so
+// stepping through pages shows no gap then; the old one never stays. One that cannot be had leaves
+// the ground, as does no key. It is asked for again when the source says that it is worth it, once
+// it is in sight.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -17,7 +18,9 @@ class RemoteImage : public vellix::PictureItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::PictureSource* pictures READ pictures WRITE setPictures NOTIFY picturesChanged)
-  Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)   // empty for none
+  Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)  // empty for none
+  // Of a small picture of the same, which is shown, if it is at hand, until the key's own is here.
+  Q_PROPERTY(QString standIn READ standIn WRITE setStandIn NOTIFY standInChanged)
   Q_PROPERTY(bool fill READ fill WRITE setFill NOTIFY fillChanged)  // fills and crops, or fits
   // The picture takes the item's own size, whatever its shape.
   Q_PROPERTY(bool stretched READ stretched WRITE setStretched NOTIFY stretchedChanged)
@@ -29,7 +32,10 @@ class RemoteImage : public vellix::PictureItem {
   // While set, a place that shows nothing asks for nothing; what is on show goes on as ever.
   Q_PROPERTY(bool waits READ waits WRITE setWaits NOTIFY waitsChanged)
   Q_PROPERTY(QColor placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
-  Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // a picture is on show
+  Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)  // the picture is on show
+  // The key whose picture, or what stands in for it, is on show; empty for none. Where it is not
+  // the key, the key's turn to be painted is still to come.
+  Q_PROPERTY(QString shown READ shown NOTIFY shownChanged)
   // The picture could not be had. Stays so until it is here.
   Q_PROPERTY(bool missing READ missing NOTIFY missingChanged)
   // Where the picture lies in the item, in logical pixels; all of it while there is none.
@@ -42,6 +48,8 @@ class RemoteImage : public vellix::PictureItem {
   void setPictures(PictureSource* pictures);
   QString key() const { return key_; }
   void setKey(const QString& key);
+  QString standIn() const { return standIn_; }
+  void setStandIn(const QString& key);
   bool fill() const { return fill_; }
   void setFill(bool fill);
   bool stretched() const { return stretched_; }
@@ -55,12 +63,14 @@ class RemoteImage : public vellix::PictureItem {
   QColor placeholder() const { return placeholder_; }
   void setPlaceholder(const QColor& colour);
   bool ready() const { return ready_; }
+  QString shown() const { return shown_; }
   bool missing() const { return missing_; }
   QRectF painted() const { return painted_; }
 
  signals:
   void picturesChanged();
   void keyChanged();
+  void standInChanged();
   void fillChanged();
   void stretchedChanged();
   void roundChanged();
@@ -68,6 +78,7 @@ class RemoteImage : public vellix::PictureItem {
   void waitsChanged();
   void placeholderChanged();
   void readyChanged();
+  void shownChanged();
   void missingChanged();
   void paintedChanged();
 
@@ -80,11 +91,13 @@ class RemoteImage : public vellix::PictureItem {
  private:
   void lookAgain();  // at the next polish
   PictureRoom room() const;
-  QImage cutRound(const QRectF& part) const;
+  Pixels toPaint(const PictureRoom& room) const;
+  QImage cutRound(const QImage& image, const QRectF& part) const;
   void notePainted(const QRect& place);  // in the device's pixels
 
   QPointer<PictureSource> pictures_;
   QString key_;
+  QString standIn_;
   bool fill_ = false;
   bool stretched_ = false;
   bool round_ = false;
@@ -93,6 +106,7 @@ class RemoteImage : public vellix::PictureItem {
   QColor placeholder_;
   FollowedPicture picture_{this};
   bool ready_ = false;
+  QString shown_;
   bool missing_ = false;
   QRectF painted_;
   QImage cut_;  // round, of the image with this key

@@ -402,6 +402,16 @@ TEST_F(DemoService, FaultsComeBeforeTheEffectUnlessAskedOtherwise) {
   EXPECT_EQ(statusOf(post("/demo/faults", R"([{"path":"/api/state"}])")), 400);
 }
 
+TEST_F(DemoService, HoldsAnAnswerUntilOtherFaultsAreAskedFor) {
+  (void)post("/demo/faults", R"([{"path":"/api/state","held":true}])");
+  client_.set_read_timeout(0, 100'000);
+  EXPECT_FALSE(get("/api/state"));
+  client_.set_read_timeout(20);
+  EXPECT_EQ(statusOf(get("/api/state")), 200) << "one was asked for";
+  (void)post("/demo/faults", "[]");
+  EXPECT_EQ(statusOf(get("/api/state")), 200);
+}
+
 TEST_F(DemoService, CutsOffWithoutAnAnswerAndLogsItOnce) {
   (void)client_.Delete("/demo/log");
   (void)post("/demo/faults", R"([{"method":"POST","path":"/api/comments","cut":true}])");
