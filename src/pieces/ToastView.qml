@@ -35,12 +35,14 @@ Rectangle {
     Label {
         id: words
 
+        readonly property real room: toast.widest - x - (toast.offers ? button.width + 24 : 20)
+
         x: 20
-        width: Math.min(Math.ceil(implicitWidth),
-                        toast.widest - x - (toast.offers ? button.width + 24 : 20))
+        width: Math.min(Math.ceil(implicitWidth), room)
         anchors.verticalCenter: parent.verticalCenter
         size: Theme.row
-        wrapMode: implicitWidth > width ? Text.Wrap : Text.NoWrap
+        // Not by its width, which is still that of the text before while another is laid out.
+        wrapMode: implicitWidth > room ? Text.Wrap : Text.NoWrap
         maximumLineCount: 4
         // Whether it wraps follows from how wide it is.
         most: Theme.mostOnALine * maximumLineCount

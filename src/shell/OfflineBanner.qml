@@ -16,6 +16,17 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: problem
 
+    onProblemChanged: {
+        if (problem !== "")
+            announcement.renew();
+    }
+
+    Announcement {
+        id: announcement
+
+        alert: banner
+    }
+
     Behavior on height {
         Glide {}
     }

@@ -15,7 +15,7 @@ Item {
     // What had the keyboard last, beside the toast.
     property Item from: null
 
-    readonly property bool open: toast.id !== ""
+    property bool open: false
     property string words: ""
     property string label: ""
 
@@ -40,11 +40,19 @@ Item {
     onToastChanged: {
         if (toast.undoLabel === "")
             giveBack();
-        // Not `open`, which may still hold the answer for the toast before.
-        if (toast.id === "")
-            return;
-        words = toast.text;
-        label = toast.undoLabel;
+        if (toast.id !== "") {
+            words = toast.text;
+            label = toast.undoLabel;
+            announcement.renew();
+        }
+        // Last, so that it comes into sight with its own words.
+        open = toast.id !== "";
+    }
+
+    Announcement {
+        id: announcement
+
+        alert: shown
     }
 
     // A toast is soon gone: there is no time to walk to its button.

@@ -72,6 +72,12 @@ Item {
         }
     }
 
+    Component {
+        id: freshToast
+
+        ToastView {}
+    }
+
     SignalSpy { id: spy }
 
     TestCase {
@@ -336,6 +342,28 @@ Item {
             verify(toast.implicitWidth < wide);
             probe.act(button, "Press");
             compare(spy.count, 2);
+        }
+
+        // Each text is laid out as it would be had none been there before.
+        function test_toastShowsEveryTextWhole() {
+            const wordsOf = view => childOf(view, child => child instanceof Label);
+            const lengthy = "Uploaded v4. The Mac mini is checking it against v3. ".repeat(3);
+            for (const [text, undoLabel] of [
+                ["Fine.", ""], ["Marked a real issue.", "Undo"], ["a", "Undo"], [lengthy, ""],
+                ["Up to date.", ""], ["You're signed out. Sign in again.", ""], [lengthy, "Undo"],
+                ["Moved to New.", "Undo"], ["That PDF is too big. Use one under 60 MB.", ""]
+            ]) {
+                toast.text = text;
+                toast.undoLabel = undoLabel;
+                const fresh = freshToast.createObject(scene, { text: text, undoLabel: undoLabel });
+                const words = wordsOf(toast), wanted = wordsOf(fresh);
+                compare(words.contentWidth, wanted.contentWidth, text);
+                compare(words.lineCount, wanted.lineCount, text);
+                compare(toast.implicitWidth, fresh.implicitWidth, text);
+                compare(toast.implicitHeight, fresh.implicitHeight, text);
+                verify(words.contentWidth + 1 > Math.min(words.implicitWidth, 400), text);
+                fresh.destroy();
+            }
         }
 
         function test_digitsHoldTheirPlace() {
