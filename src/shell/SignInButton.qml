@@ -7,6 +7,8 @@ Pressable {
 
     required property string title
     required property bool working
+    // A blank that is typed presses nothing, unless the keyboard was led here.
+    property bool wary: false
 
     signal action()
 
@@ -19,6 +21,16 @@ Pressable {
     onClicked: {
         if (!working)
             action();
+    }
+
+    Keys.onSpacePressed: event => event.accepted = wary && !visualFocus
+    // There may be nowhere else to go: it shows where the keyboard is.
+    Keys.onTabPressed: event => {
+        event.accepted = !visualFocus;
+        if (event.accepted) {
+            focus = false;
+            forceActiveFocus(Qt.TabFocusReason);
+        }
     }
 
     Shadow {

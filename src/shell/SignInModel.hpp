@@ -24,6 +24,7 @@ class SignInModel : public QObject {
   Q_INVOKABLE void signIn() { screen_.press(); }
   Q_INVOKABLE void cancel() { screen_.cancel(); }
   Q_INVOKABLE void openAgain() { screen_.openAgain(); }
+  Q_INVOKABLE void touch() { screen_.touch(); }
 
  signals:
   void viewChanged();
@@ -34,6 +35,7 @@ class SignInModel : public QObject {
   SignInScreen screen_;
   QVariantMap view_;
   Changes::Subscription onChange_;
+  Changes::Subscription onSignedIn_;
 };
 
 }  // namespace vellix

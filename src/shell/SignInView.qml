@@ -10,6 +10,7 @@ FocusScope {
 
     readonly property var shown: signIn.view
     readonly property bool waiting: shown.waiting
+    readonly property bool resting: shown.resting
     property bool appeared: false
     // From nothing to the whole picture.
     property real entrance: appeared ? 1 : 0
@@ -28,7 +29,19 @@ FocusScope {
             signIn.cancel();
     }
 
-    Component.onCompleted: appeared = true
+    // Of itself the keyboard is at the button, once the hands rest.
+    function settle() {
+        if (resting)
+            rest.focus = true;
+        else if (!waiting)
+            button.focus = true;
+    }
+
+    onRestingChanged: settle()
+    Component.onCompleted: {
+        appeared = true;
+        settle();
+    }
 
     Behavior on entrance {
         NumberAnimation {
@@ -141,9 +154,9 @@ FocusScope {
                 id: button
 
                 anchors.horizontalCenter: parent.horizontalCenter
-                focus: true
                 title: view.shown.button
                 working: view.shown.working
+                wary: view.shown.sudden
                 onAction: view.signIn.signIn()
             }
 
@@ -178,6 +191,21 @@ FocusScope {
             onAgain: view.signIn.openAgain()
             onCancel: view.signIn.cancel()
         }
+    }
+
+    // What somebody types or presses who has not seen yet that the screen is another one ends here.
+    Item {
+        id: rest
+
+        Keys.onPressed: event => {
+            event.accepted = true;
+            view.signIn.touch();
+        }
+    }
+
+    Ground {
+        visible: view.resting
+        anchors.fill: parent
     }
 
     Label {

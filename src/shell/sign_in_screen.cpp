@@ -10,6 +10,9 @@ namespace {
 
 constexpr std::size_t kMostShown = 80;  // bytes
 
+// Longer than the pause between two keys of somebody who types.
+constexpr Milliseconds kRest{700};
+
 // One line of it, cut between characters.
 std::string shownOf(std::string text) {
   std::ranges::replace_if(text, [](char c) { return c >= 0 && c < 0x20; }, ' ');
@@ -42,13 +45,36 @@ SignInScreen::SignInScreen(Store& store, const API& api, WaitingBrowser& browser
       store_(store),
       api_(api),
       browser_(browser),
+      loop_(loop),
       onWaiting_(browser.changes.observe(1, [this] { changes.note(1); })),
-      // A sign-in ends with its first board, which may be long in coming. Somebody who signs out
-      // before need not wait for it.
-      onSignedIn_(store.changes.observe(Store::kSignedIn, [this] { working_.set(false); })) {}
+      onSignedIn_(store.changes.observe(Store::kSignedIn, [this] { follow(); })) {}
+
+void SignInScreen::follow() {
+  // A sign-in ends with its first board, which may be long in coming. Somebody who signs out before
+  // need not wait for it.
+  working_.set(false);
+  const bool comes = !store_.signedIn();
+  sudden_.set(comes);
+  resting_.set(comes);
+  if (comes) rest();
+}
+
+void SignInScreen::touch() {
+  if (resting_()) rest();
+}
+
+void SignInScreen::rest() { tasks_.start(wake(++rest_)); }
+
+Task<> SignInScreen::wake(std::uint64_t rest) {
+  const auto pause = loop_.sleep(kRest, {});
+  co_await pause;
+  if (rest == rest_) resting_.set(false);
+}
 
 SignInView SignInScreen::view() const {
   SignInView view = signInView(working_(), browser_.waiting());
+  view.sudden = sudden_();
+  view.resting = resting_();
   if (auto unusable = api_.unusableServer()) {
     view.service = serviceNote(std::move(*unusable), parseUrl(api_.base())->host);
   }

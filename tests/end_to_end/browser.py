@@ -27,10 +27,13 @@ class Browser:
         stub.chmod(0o755)
         session.environment["PATH"] = f"{folder}:{session.environment['PATH']}"
 
+    def pages(self):
+        """The URLs of the pages that the program has opened, in order."""
+        return self.log.read_text().split()
+
     def wait_for_page(self, count=1):
         """The URL of the count-th page that the program has opened."""
-        return wait_until(f"page {count} in the browser",
-                          lambda: self.log.read_text().split()[count - 1:])[0]
+        return wait_until(f"page {count} in the browser", lambda: self.pages()[count - 1:])[0]
 
     @staticmethod
     def load(url):

@@ -202,8 +202,15 @@ class Reader:
             self.key(key)
         raise Trouble(f'no {key} came to "{name}"')
 
-    def type(self, text):
-        self.session.run("xdotool", "type", "--delay", "1", text)
+    def type(self, text, pause=1):
+        """With so many milliseconds between two keys."""
+        self.session.run("xdotool", "type", "--delay", str(pause), text)
+
+    def text(self, node):
+        """What is written in a field."""
+        whole = self.glib.Variant("(ii)", (0, -1))
+        answer = self._ask([((node.address, node.path), "Text", "GetText", whole)])[0]
+        return answer[0] if answer else None
 
     def outline(self):
         """What is on screen, for the report of a failure."""

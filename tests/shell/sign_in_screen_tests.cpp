@@ -186,6 +186,58 @@ TEST_F(SignInScreens, SayWhichServiceStandsInForOneThatCannotBeUsed) {
   }
 }
 
+TEST_F(SignInScreens, TakeKeysFromTheStart) {
+  EXPECT_FALSE(screen.view().resting);
+  EXPECT_FALSE(screen.view().sudden);
+}
+
+TEST_F(SignInScreens, RestWhenASessionEnds) {
+  for (const bool expired : {true, false}) {
+    press();
+    open();
+    ASSERT_TRUE(store().signedIn());
+    EXPECT_FALSE(screen.view().resting);
+    EXPECT_FALSE(screen.view().sudden);
+    store().signOut(expired);
+    desk.time.run();
+    EXPECT_TRUE(screen.view().resting);
+    desk.time.advance(Milliseconds{699});
+    EXPECT_TRUE(screen.view().resting);
+    desk.time.advance(Milliseconds{1});
+    EXPECT_FALSE(screen.view().resting);
+    EXPECT_TRUE(screen.view().sudden) << "until it goes";
+  }
+}
+
+TEST_F(SignInScreens, RestForAsLongAsSomebodyTypes) {
+  press();
+  open();
+  store().signOut(true);
+  desk.time.run();
+  for (int key = 0; key < 20; ++key) {
+    desk.time.advance(Milliseconds{600});
+    EXPECT_TRUE(screen.view().resting) << key;
+    screen.touch();
+  }
+  desk.time.advance(Milliseconds{700});
+  EXPECT_FALSE(screen.view().resting);
+  screen.touch();
+  desk.time.run();
+  EXPECT_FALSE(screen.view().resting) << "and not again";
+}
+
+TEST_F(SignInScreens, RestOnlyForTheSessionThatEnded) {
+  press();
+  open();
+  store().signOut(true);
+  desk.time.advance(Milliseconds{500});
+  open();
+  EXPECT_FALSE(screen.view().resting);
+  store().signOut(true);
+  desk.time.advance(Milliseconds{300});
+  EXPECT_TRUE(screen.view().resting) << "as long as any";
+}
+
 TEST_F(SignInScreens, DoNothingForSomebodySignedIn) {
   desk.tokens.item = "late";
   store().resume();

@@ -40,8 +40,10 @@ class MenuViews : public ViewTest {
       all.push_back(each->request.body.value_or(""));
     return all;
   }
-  // The sign-in screen, and the keyboard at its button.
+  // The sign-in screen, and the keyboard at its button once the hands rest.
   bool leadsOut() {
+    settle();
+    desk.time.advance(Milliseconds{700});
     return QTest::qWaitFor([this] { return focusedName() == "Sign in with Google"; });
   }
   QQuickItem* focused() { return window()->activeFocusItem(); }

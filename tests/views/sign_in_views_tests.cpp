@@ -72,6 +72,22 @@ class SignInViews : public ViewTest {
     QTest::keyClick(window(), which);
     settle();
   }
+  // The session of somebody who writes ends: the screen comes under the hands.
+  void endASessionInMidWord() {
+    desk.tokens.item = "late";
+    store().resume();
+    showMain({760, 540});
+    store().signOut(true);
+    settle();
+  }
+  void rest() {
+    desk.time.advance(Milliseconds{700});
+    settle();
+  }
+  QPoint middleOf(const QString& name) {
+    const auto rect = reader().find(name, QAccessible::Button)->rect();
+    return window()->mapFromGlobal(rect.center());
+  }
   // The name of what has the keyboard.
   std::string focused() {
     QAccessibleInterface* at = QAccessible::queryAccessibleInterface(window()->activeFocusItem());
@@ -156,6 +172,67 @@ TEST_F(SignInViews, WorkByKeyAlone) {
   EXPECT_TRUE(sheetStands());
   EXPECT_EQ(focused(), "Cancel");
   EXPECT_TRUE(ringed());
+}
+
+TEST_F(SignInViews, TakeNoKeyOfSomebodyWhoTypesOn) {
+  endASessionInMidWord();
+  for (const Qt::Key each :
+       {Qt::Key_Space, Qt::Key_A, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Enter}) {
+    key(each);
+    EXPECT_TRUE(desk.opener.opened.empty()) << each;
+    desk.time.advance(Milliseconds{500});
+  }
+  QTest::mouseClick(window(), Qt::LeftButton, {}, middleOf(kButton));
+  settle();
+  EXPECT_TRUE(desk.opener.opened.empty()) << "clicked";
+  ASSERT_TRUE(press(kButton)) << "a screen reader's press is meant";
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+}
+
+TEST_F(SignInViews, TakeReturnOnceTheHandsRest) {
+  endASessionInMidWord();
+  rest();
+  EXPECT_EQ(focused(), kButton.toStdString());
+  EXPECT_FALSE(ringed());
+  key(Qt::Key_Space);
+  key(Qt::Key_A);
+  EXPECT_TRUE(desk.opener.opened.empty()) << "a blank of a sentence";
+  key(Qt::Key_Return);
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+  EXPECT_EQ(focused(), "Cancel");
+}
+
+TEST_F(SignInViews, TakeABlankWhereTheKeyboardWasLed) {
+  endASessionInMidWord();
+  rest();
+  key(Qt::Key_Tab);
+  EXPECT_EQ(focused(), kButton.toStdString());
+  EXPECT_TRUE(ringed());
+  key(Qt::Key_Space);
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+}
+
+TEST_F(SignInViews, TakeAClickOnceTheHandsRest) {
+  endASessionInMidWord();
+  rest();
+  QTest::mouseClick(window(), Qt::LeftButton, {}, middleOf(kButton));
+  settle();
+  EXPECT_EQ(desk.opener.opened.size(), 1U);
+}
+
+TEST_F(SignInViews, HoldNoKeyThatWasDownWhenTheyCame) {
+  desk.tokens.item = "late";
+  store().resume();
+  showMain({760, 540});
+  QTest::keyPress(window(), Qt::Key_Space);
+  store().signOut(true);
+  settle();
+  QKeyEvent held{QEvent::KeyPress, Qt::Key_Space, {}, " ", true};
+  QGuiApplication::sendEvent(window(), &held);
+  rest();
+  QTest::keyRelease(window(), Qt::Key_Space);
+  settle();
+  EXPECT_TRUE(desk.opener.opened.empty());
 }
 
 TEST_F(SignInViews, GiveWayToTheBoard) {
