@@ -59,9 +59,11 @@ Task<API::Result<Me>> SignIn::finish(std::string url) {
                                : "",
       .device = name.empty() ? "Mac" : name,
   };
+  const auto calledOff = calledOff_;
   auto call = api_.ask<SignInAnswer>(
       {.path = "api/login/exchange", .method = "POST", .json = API::jsonOf(body)});
   const auto answer = co_await std::move(call);
+  if (calledOff != calledOff_) co_return std::unexpected(Failure::cancelled());
   if (!answer) co_return std::unexpected(answer.error());
   const auto& record = answer->record;
   if (!record) co_return std::unexpected(Failure::unreadable(record.error().why));

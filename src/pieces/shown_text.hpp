@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace vellix {
@@ -11,12 +12,21 @@ namespace vellix {
 inline constexpr int kMostShown = 20'000;
 inline constexpr int kMostOnALine = 1'000;
 
+inline bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }
+
 // Whether a text is short enough to be shown to its end.
 inline bool shownWhole(std::string_view text) {
-  const auto continues = [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
-  };
-  return std::ssize(text) - std::ranges::count_if(text, continues) <= kMostShown;
+  return std::ranges::count_if(text, beginsCharacter) <= kMostShown;
+}
+
+// At most so many characters of a text, and an ellipsis for the rest.
+inline std::string shownTo(std::string_view text, int most) {
+  int begun = 0;
+  const auto rest = std::ranges::find_if(
+      text, [&](char byte) { return beginsCharacter(byte) && ++begun > most; });
+  std::string shown{text.begin(), rest};
+  if (rest != text.end()) shown += "…";
+  return shown;
 }
 
 }  // namespace vellix

@@ -4,22 +4,20 @@
 
 #include "gateway/build_info.hpp"
 #include "gateway/url.hpp"
+#include "pieces/shown_text.hpp"
 
 namespace vellix {
 namespace {
 
-constexpr std::size_t kMostShown = 80;  // bytes
+constexpr int kMostOfAnAddress = 80;  // in characters
 
 // Longer than the pause between two keys of somebody who types.
 constexpr Milliseconds kRest{700};
 
-// One line of it, cut between characters.
+// One line of it.
 std::string shownOf(std::string text) {
   std::ranges::replace_if(text, [](char c) { return c >= 0 && c < 0x20; }, ' ');
-  if (text.size() <= kMostShown) return text;
-  std::size_t end = kMostShown;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) --end;
-  return text.substr(0, end) + "…";
+  return shownTo(text, kMostOfAnAddress);
 }
 
 }  // namespace

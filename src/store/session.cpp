@@ -54,8 +54,13 @@ void Store::resume() {
   startLoop();
 }
 
+// Somebody who goes does not come back by a link that was opened before. A session that ended by
+// itself may be followed by that one.
 void Store::signOut(bool expired) {
-  if (!expired) spawn(logOut());
+  if (!expired) {
+    signIn_.callOff();
+    spawn(logOut());
+  }
   api_.setToken(std::nullopt);
   signedIn.set(false);
   endSession();

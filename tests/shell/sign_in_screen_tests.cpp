@@ -44,7 +44,10 @@ TEST(ServiceNote, ShowsOneShortLineOfIt) {
   const auto note = serviceNote(text, kBuiltIn);
   EXPECT_TRUE(note.starts_with("ServerURL “a bé")) << note;
   EXPECT_NE(note.find("é…” is not"), std::string::npos) << note;
-  EXPECT_LT(note.size(), 300U);
+  EXPECT_LT(note.size(), 350U);
+  const std::string fits(80, 'a');
+  EXPECT_NE(serviceNote(fits, kBuiltIn).find("“" + fits + "”"), std::string::npos);
+  EXPECT_NE(serviceNote(fits + "b", kBuiltIn).find("“" + fits + "…”"), std::string::npos);
 }
 
 class SignInScreens : public StoreTest {

@@ -105,6 +105,34 @@ TEST_F(ByLink, ThatFailsOnceSomebodyElseIsInSaysNothing) {
   EXPECT_FALSE(store().toast());
 }
 
+TEST_F(ByLink, SignsNobodyInWhoHasGoneMeanwhile) {
+  complete();
+  ASSERT_TRUE(store().signedIn());
+  routes.leaveOpen(kExchangeLine);
+  complete();
+  const auto exchange = desk.http.exchanges.size() - 1;
+  store().signOut(false);
+  desk.time.run();
+  answer(exchange, answerOf(200, kExchangeAnswer));
+  EXPECT_FALSE(store().signedIn());
+  EXPECT_FALSE(desk.api.token());
+  EXPECT_FALSE(store().toast());
+  routes.set(kExchangeLine, answerOf(200, kExchangeAnswer));
+  complete();
+  EXPECT_TRUE(store().signedIn()) << "but by the next link";
+}
+
+TEST_F(ByLink, FollowsASessionThatEndedByItself) {
+  complete();
+  routes.leaveOpen(kExchangeLine);
+  complete();
+  const auto exchange = desk.http.exchanges.size() - 1;
+  store().signOut(true);
+  desk.time.run();
+  answer(exchange, answerOf(200, kExchangeAnswer));
+  EXPECT_TRUE(store().signedIn());
+}
+
 TEST_F(ByLink, SendsTheTagsOfTheLastSessionAgain) {
   serveBoard(boardOf({ticketAt("t1", 1)}));
   routes.set("GET api/files/t1", answerOf(304));
