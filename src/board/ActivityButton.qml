@@ -26,6 +26,8 @@ IconButton {
     symbol: "clock.arrow.circlepath"
     help: "Activity: who did what"
     checked: activity.open
+    expandable: true
+    expanded: checked
 
     onClicked: activity.open = !activity.open
     onWantedChanged: follow()

@@ -33,8 +33,8 @@ Item {
         anchors.topMargin: 4
         label: header.title
         Accessible.description: header.count
-        Accessible.checkable: true
-        Accessible.checked: header.open
+        expandable: true
+        expanded: header.open
         radius: Theme.radiusControl
         pressedScale: 1
         onClicked: header.toggled()

@@ -106,6 +106,8 @@ Item {
             symbol: "ellipsis"
             help: "Account"
             checked: menu.item?.visible ?? false
+            expandable: true
+            expanded: checked
             onClicked: {
                 if (!menu.item)
                     menu.setSource("AccountMenu.qml", { parent: account });

@@ -107,6 +107,7 @@ Item {
         help: card.foldedHelp
         count: card.noteCount
         countIcon: "text.bubble.fill"
+        expandable: true
         countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
         onClicked: card.expanded = true
     }

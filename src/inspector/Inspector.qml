@@ -188,8 +188,8 @@ Item {
                 icon: "checkmark.seal"
                 text: panel.head.passed
                 open: panel.showExpected
-                Accessible.checkable: true
-                Accessible.checked: open
+                expandable: true
+                expanded: open
                 onClicked: panel.showExpected = !panel.showExpected
             }
 

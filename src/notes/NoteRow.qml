@@ -143,6 +143,8 @@ Rectangle {
                     symbol: "ellipsis"
                     help: "Edit or delete"
                     checked: menu.item ? menu.item.visible : false
+                    expandable: true
+                    expanded: checked
                     onClicked: {
                         menu.active = true;
                         menu.item.openAt(visualFocus);

@@ -27,6 +27,8 @@ FlowRow {
         help: "Tag people"
         size: 13
         checked: menu.item ? menu.item.visible : false
+        expandable: true
+        expanded: checked
         onClicked: {
             menu.active = true;
             menu.item.openAt(visualFocus);

@@ -21,6 +21,7 @@ Pressable {
     implicitWidth: Math.ceil(row.implicitWidth) + 32
     implicitHeight: 36
     enabled: !disabled
+    idle: busy
     pressedScale: busy ? 1 : 0.97
 
     onClicked: {

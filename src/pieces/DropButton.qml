@@ -11,6 +11,8 @@ Pressable {
     property alias spacing: row.spacing
     default property alias content: row.data
 
+    expandable: true
+    expanded: open
     radius: height / 2
     implicitWidth: Math.ceil(row.implicitWidth) + 2 * padding
     implicitHeight: 28

@@ -25,6 +25,7 @@ Pressable {
     implicitWidth: Math.ceil(words.implicitWidth) + behind + 24
 
     Accessible.role: rule ? Accessible.Separator : Accessible.MenuItem
+    Accessible.focusable: !rule
     Accessible.description: told || keys.text
     Accessible.checkable: checks
     Accessible.checked: entry.checked ?? false

@@ -4,6 +4,7 @@
 #include <QStyleHints>
 
 #include "HelpTip.hpp"
+#include "PressAccess.hpp"
 
 namespace vellix {
 
@@ -11,6 +12,7 @@ PressArea::PressArea(QQuickItem* parent) : QQuickItem(parent) {
   setAcceptedMouseButtons(Qt::LeftButton);
   setAcceptHoverEvents(true);
   setActiveFocusOnTab(true);
+  tellStates();
 }
 
 void PressArea::setHelp(const QString& help) {

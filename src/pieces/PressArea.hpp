@@ -27,6 +27,11 @@ class PressArea : public QQuickItem {
   Q_PROPERTY(QVariant says READ says WRITE setSays NOTIFY saysChanged)
   // Keeps the pointer from being taken by what scrolls around it, for sliders.
   Q_PROPERTY(bool holdsPointer MEMBER holdsPointer_ NOTIFY holdsPointerChanged)
+  // Whether a press opens and closes something, and whether that is open: told to a screen reader.
+  Q_PROPERTY(bool expandable MEMBER expandable_ NOTIFY expandedChanged)
+  Q_PROPERTY(bool expanded MEMBER expanded_ NOTIFY expandedChanged)
+  // Takes the keyboard and does nothing for now: told as disabled, too.
+  Q_PROPERTY(bool idle MEMBER idle_ NOTIFY idleChanged)
 
  public:
   explicit PressArea(QQuickItem* parent = nullptr);
@@ -35,6 +40,9 @@ class PressArea : public QQuickItem {
   bool hovered() const { return hovered_; }
   bool visualFocus() const { return visualFocus_; }
   QString help() const { return help_; }
+  bool idle() const { return idle_; }
+  bool expandable() const { return expandable_; }
+  bool expanded() const { return expanded_; }
   void setHelp(const QString& help);
   QVariant says() const { return sight_ ? sight_->says() : QVariant{}; }
   void setSays(const QVariant& says);
@@ -52,6 +60,8 @@ class PressArea : public QQuickItem {
   void helpChanged();
   void saysChanged();
   void holdsPointerChanged();
+  void expandedChanged();
+  void idleChanged();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -81,6 +91,9 @@ class PressArea : public QQuickItem {
   bool visualFocus_ = false;
   bool ringWaits_ = false;
   bool holdsPointer_ = false;
+  bool idle_ = false;
+  bool expandable_ = false;
+  bool expanded_ = false;
   QString help_;
   Sight* sight_ = nullptr;  // none unless `says` was set
   QVariant begunOn_;        // what the area said when the press began

@@ -30,6 +30,8 @@ Pressable {
     }
 
     label: commands.menus[index].title
+    expandable: true
+    expanded: shown
     activeFocusOnTab: false
     pressedScale: 1
     width: Math.ceil(word.implicitWidth) + 2 * 9

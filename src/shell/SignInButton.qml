@@ -13,6 +13,7 @@ Pressable {
     signal action()
 
     label: title
+    idle: working
     radius: Theme.radiusRow
     implicitWidth: 264
     implicitHeight: 44

@@ -1,6 +1,5 @@
 """What a screen reader is told as it happens: the events of the accessibility bus."""
 
-from private_session import wait_until
 from reader import ATSPI, CALL_LIMIT, ROOT
 
 # What a screen reader speaks by itself, wherever the person is, once it shows.
@@ -57,11 +56,13 @@ class Hearing:
                 if (entry["signal"], entry["detail"], entry["value"]) == ("StateChanged", "showing", 1)
                 and entry["role"] in SPOKEN]
 
-    def changes(self, name, detail):
+    def changes(self, node, detail):
         """The values that a state of that object was told to have, in order."""
         return [entry["value"] for entry in self.all()
                 if entry["signal"] == "StateChanged" and entry["detail"] == detail
-                and entry["name"] == name]
+                and entry["path"] == node.path]
 
-    def wait_for(self, text):
-        wait_until(f'"{text}" to be spoken', lambda: text in self.spoken())
+    def focused(self):
+        """The names of what got the keyboard, in order."""
+        return [entry["name"] for entry in self.all()
+                if (entry["signal"], entry["detail"], entry["value"]) == ("StateChanged", "focused", 1)]

@@ -15,7 +15,8 @@ CALL_LIMIT = 10_000  # milliseconds
 
 # Roles and states by their numbers in the protocol.
 STATE_ENABLED, STATE_FOCUSED, STATE_CHECKED, STATE_SHOWING, STATE_VISIBLE = 8, 12, 4, 25, 30
-STATE_SELECTED = 23
+STATE_COLLAPSED, STATE_EXPANDED, STATE_FOCUSABLE = 5, 10, 11
+STATE_SELECTED, STATE_SENSITIVE = 23, 24
 
 PRESSABLE = ("push button", "button", "toggle button", "list item", "check box", "radio button",
              "page tab", "link", "menu item")
@@ -161,6 +162,14 @@ class Reader:
         answer = self._ask([((node.address, node.path), "org.freedesktop.DBus.Properties", "Get",
                              wanted)])[0]
         return answer[0] if answer else ""
+
+    def with_actions(self):
+        """All objects that show, each with the names of what it offers to do."""
+        nodes = self.everything()
+        answers = self._ask([((node.address, node.path), "Action", "GetActions", None)
+                             for node in nodes])
+        return [(node, [action[0].lower() for action in answer[0]] if answer else [])
+                for node, answer in zip(nodes, answers)]
 
     def press(self, node):
         """Presses through the object's own action, as assistive technology does."""

@@ -42,7 +42,7 @@ int ScreenReader::enabled(const QString& name, QAccessible::Role role) const {
   int count = 0;
   visit(QAccessible::queryAccessibleInterface(window_), [&](QAccessibleInterface* each) {
     const bool wanted = each->role() == role && each->text(QAccessible::Name) == name;
-    if (wanted && each->object()->property("enabled").toBool()) ++count;
+    if (wanted && !each->state().disabled) ++count;
     return false;
   });
   return count;

@@ -17,8 +17,7 @@ class ScreenReader {
   QAccessibleInterface* find(const QString& name, QAccessible::Role role) const;
   // Presses it, enabled or not. False when it is not there or cannot be pressed.
   bool press(const QString& name, QAccessible::Role role = QAccessible::Button) const;
-  // How many visible objects of this name and role are enabled. Qt 6.4 does not tell a screen
-  // reader, so the items are asked.
+  // How many visible objects of this name and role are enabled.
   int enabled(const QString& name, QAccessible::Role role = QAccessible::Button) const;
   // The names of all visible objects of the role, in order.
   QStringList names(QAccessible::Role role) const;
