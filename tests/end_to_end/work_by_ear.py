@@ -136,7 +136,7 @@ def write(reader):
     reader.tab_to(NOTE, roles=TEXT)
     walk(reader, "the notes")
     open_and_close(reader, "Tag people", "Jorvas Lind", "who can be tagged")
-    open_and_close(reader, "Edit or delete", "Delete", "what can be done with a note")
+    open_and_close(reader, "Edit or delete", "Delete…", "what can be done with a note")
 
 
 def go(desk, hearing):
