@@ -59,10 +59,10 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
         version >= 2 ? "v" + std::to_string(version) : supplierOf(file) + " file";
     panes.push_back({.key = "supplier",
                      .img = page.img,
-                     .thumb = page.thumb,
                      .aspect = page.aspect(),
                      .label = name + " · p" + page.name(),
-                     .tone = "purple"});
+                     .tone = "purple",
+                     .thumb = page.thumb});
   }
   if (version < 2 && shown.contains("submitted")) {
     panes.push_back(rolePane("submitted", page, version));

@@ -14,11 +14,11 @@ namespace vellix {
 struct PaneInfo {
   std::string key;
   std::optional<std::string> role;
-  std::optional<std::string> img;    // blob key; none when there is nothing to show
-  std::optional<std::string> thumb;  // blob key of the same, small
-  double aspect = 0;                 // width over height
+  std::optional<std::string> img;  // blob key; none when there is nothing to show
+  double aspect = 0;               // width over height
   std::string label;
   std::string tone;
+  std::optional<std::string> thumb;  // blob key of the same picture, small
   bool operator==(const PaneInfo&) const = default;
 };
 
