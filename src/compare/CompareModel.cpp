@@ -251,8 +251,13 @@ void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
 
 void CompareModel::beginNote(int pane, QPointF from, QPointF to, QSizeF picture) {
   const auto at = static_cast<std::size_t>(pane);
+  const std::string shown = at < panes_.rows().size() ? panes_.rows()[at].key : std::string{};
+  const QVariant page = bar_["page"];
+  // The page may have been turned in this very turn, and what was drawn on was the one before.
+  update();
   if (at >= panes_.rows().size()) return;
   const PaneView& view = panes_.rows()[at];
+  if (view.key != shown || bar_["page"] != page) return;
   state_.drawnOn = view.key;
   vellix::beginNote(store_, view.side, spotOf(from), spotOf(to), extentOf(picture));
   // It may be the same spot, of another pane.

@@ -194,6 +194,7 @@ Item {
                         title: "Real issue"
                         icon: "exclamationmark.triangle.fill"
                         on: card.issue
+                        decision: card.decision
                         color: Theme.fore["red"]
                         onClicked: card.realIssue()
                     }
@@ -204,6 +205,7 @@ Item {
                         title: "Fine"
                         icon: "checkmark"
                         on: card.fine
+                        decision: card.decision
                         color: Theme.fore["green"]
                         onClicked: card.markFine()
                     }

@@ -19,15 +19,22 @@ Item {
 
     property bool showExpected: false
 
-    // The keyboard goes on to the finding that has come to the front, if any, at the same decision.
+    // From a card that was decided by key the keyboard goes on, at the same decision, to the finding
+    // that has come to the front or else to the first that waits. The last one keeps it, but not at
+    // the button, where one press too many would take the decision back.
     function goOn(card: FindingCard, following: string, decision: string) {
-        if (!card.keyed || following === "")
+        if (!card.keyed || card.decision === "open")
             return;
-        for (let index = 0; index < cards.count; ++index) {
+        let next = null;
+        for (let index = cards.count - 1; index >= 0; --index) {
             const other = cards.itemAt(index) as FindingCard;
-            if (other?.id === following)
-                other.takeKeyboard(decision);
+            if (other.decision === "open" && (other.id === following || next?.id !== following))
+                next = other;
         }
+        if (next)
+            next.takeKeyboard(decision);
+        else
+            card.takeKeyboard("");
     }
 
     function chosen(card: FindingCard) {

@@ -9,9 +9,11 @@ Pressable {
     required property string icon
     required property bool on
     required property color color
+    // What is held of the finding, whichever button says it.
+    required property string decision
 
     label: title
-    says: on
+    says: decision
     implicitWidth: row.implicitWidth + 18
     implicitHeight: 26
 

@@ -22,6 +22,7 @@ bool GroundArea::event(QEvent* event) {
 void GroundArea::mousePressEvent(QMouseEvent* event) {
   setKeepMouseGrab(true);
   event->accept();
+  emit struck();
 }
 
 void GroundArea::touchEvent(QTouchEvent* event) {

@@ -13,6 +13,9 @@ class GroundArea : public QQuickItem {
  public:
   explicit GroundArea(QQuickItem* parent = nullptr);
 
+ signals:
+  void struck();  // by a press of the pointer
+
  protected:
   bool event(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

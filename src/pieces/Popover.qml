@@ -43,6 +43,9 @@ T.Popup {
             first.forceActiveFocus(Qt.TabFocusReason);
     }
     onAboutToShow: {
+        // Opened again while it fades, it has come from where it had come from.
+        if (cameFrom)
+            return;
         const item = parent?.Window.activeFocusItem ?? null;
         cameFrom = item ? { item: item, ring: (item as PressArea)?.visualFocus ?? false } : null;
     }

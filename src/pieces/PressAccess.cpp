@@ -1,6 +1,7 @@
 #include "PressAccess.hpp"
 
 #include <QAccessible>
+#include <QPointer>
 
 #include "PressArea.hpp"
 
@@ -15,8 +16,9 @@ class PressAccess : public QAccessibleInterface {
 
   QAccessible::State state() const override {
     QAccessible::State state = plain_->state();
+    if (!item_) return state;
     state.disabled = !item_->isEnabled();
-    if (const auto* area = qobject_cast<const PressArea*>(item_)) {
+    if (const auto* area = qobject_cast<const PressArea*>(item_.get())) {
       state.disabled |= area->idle();
       state.expandable = area->expandable();
       state.expanded = area->expandable() && area->expanded();
@@ -25,8 +27,8 @@ class PressAccess : public QAccessibleInterface {
     return state;
   }
 
-  bool isValid() const override { return plain_->isValid(); }
-  QObject* object() const override { return plain_->object(); }
+  bool isValid() const override { return item_ && plain_->isValid(); }
+  QObject* object() const override { return item_; }
   QWindow* window() const override { return plain_->window(); }
   QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(
       QAccessible::Relation match) const override {
@@ -53,7 +55,7 @@ class PressAccess : public QAccessibleInterface {
   }
 
  private:
-  QQuickItem* item_;
+  QPointer<QQuickItem> item_;
   QAccessibleInterface* plain_;
 };
 

@@ -9,6 +9,8 @@ namespace {
 
 // Whoever presses twice in a row has not seen yet what the first press did.
 constexpr qint64 kOnePress = 300;
+// Nor has a pointer that was on its way.
+constexpr qint64 kOnTheWay = 100;
 // A stamp that is further from now is of another clock.
 constexpr quint32 kLongest = 10'000;
 
@@ -64,7 +66,7 @@ bool Sight::wasMeant(quint64 stamp, std::optional<QPointF> at) const {
   const qint64 made = madeAt(stamp);
   if (seen_->saysSince > 0 && made < seen_->saysSince + kOnePress) return false;
   // Under the keyboard an area is the same wherever it is.
-  return !at || made >= seen_->placeSince || seen_->former.contains(*at);
+  return !at || made >= seen_->placeSince + kOnTheWay || seen_->former.contains(*at);
 }
 
 }  // namespace vellix

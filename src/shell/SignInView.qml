@@ -206,6 +206,7 @@ FocusScope {
     Ground {
         visible: view.resting
         anchors.fill: parent
+        onStruck: view.signIn.touch()
     }
 
     Label {

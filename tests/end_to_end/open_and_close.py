@@ -4,6 +4,7 @@ import sys
 import time
 
 from desk import Desk, run, wait_until
+from reader import STATE_FOCUSED
 
 HEADING = ("heading",)
 
@@ -18,6 +19,10 @@ def opened(desk):
 
 def closed(desk):
     wait_until("the activity to go", lambda: not is_open(desk))
+
+
+def row(desk):
+    return desk.reader.rows("Tickets")[1]
 
 
 def by_key(desk):
@@ -54,6 +59,7 @@ def in_a_hurry(desk):
         opened(desk)
         desk.reader.key("Escape")
         closed(desk)
+    wait_until("the keyboard where it was", lambda: desk.reader.has(row(desk), STATE_FOCUSED))
     for presses in (2, 3, 4, 5, 6, 7):
         desk.reader.key(*["ctrl+y"] * presses)
         time.sleep(1)
@@ -66,6 +72,9 @@ def in_a_hurry(desk):
 def open_and_close(build):
     with Desk(build) as desk:
         desk.reader.find("Tickets", roles=("list",))
+        desk.service.fail_with(*[{"path": path, "delay_ms": 400, "times": 100_000}
+                                 for path in ("/api/state", "/api/files/")])
+        desk.reader.tab_to(row(desk).name, ("list item",))
         by_key(desk)
         by_menu(desk)
         in_a_hurry(desk)

@@ -86,12 +86,26 @@ TEST_F(InspectorViews, CarryTheKeyboardNowhereWhenAnotherFindingIsInFront) {
   settle();
   tabToDecision("One", "Fine");
   key(Qt::Key_Return);
-  EXPECT_EQ(ring(), "One") << "folded, with the keyboard";
+  EXPECT_EQ(store().focus(), "f3") << "as it was";
+  EXPECT_EQ(card(), "Two") << "the first that waits";
+  EXPECT_EQ(ring(), "Fine");
   store().focus.set(std::nullopt);
   settle();
   store().focus.set("f3");
   settle();
-  EXPECT_EQ(ring(), "One");
+  EXPECT_EQ(card(), "Two");
+}
+
+TEST_F(InspectorViews, CarryTheKeyboardFromOneThatWasNeverInFront) {
+  tabToDecision("One", "Real issue");
+  for (const char* each : {"Two", "Three"}) {
+    key(Qt::Key_Space);
+    EXPECT_EQ(card(), each);
+    EXPECT_EQ(ring(), "Real issue");
+  }
+  key(Qt::Key_Space);
+  EXPECT_EQ(ring(), "Three") << "the last one has folded, with the keyboard";
+  EXPECT_FALSE(store().focus());
 }
 
 TEST_F(InspectorViews, FoldNothingInWhichSomebodyWrites) {
@@ -124,6 +138,9 @@ TEST_F(InspectorViews, FoldNothingInWhichSomebodyWrites) {
 }
 
 TEST_F(InspectorViews, KeepTheKeyboardOnACardThatFoldsAndOpens) {
+  detail.findings[0].state = detail.findings[2].state = "issue";
+  detail.file.rev = 2;
+  serve();
   tabToDecision("Two", "Fine");
   key(Qt::Key_Return);
   EXPECT_EQ(ring(), "Two") << "folded, and further down";
@@ -145,7 +162,16 @@ TEST_F(InspectorViews, KeepTheKeyboardWhereDecidedOnesDoNotFold) {
   tabToDecision("One", "Fine");
   key(Qt::Key_Return);
   EXPECT_EQ(ring(), "Fine");
-  EXPECT_EQ(card(), "One");
+  EXPECT_EQ(card(), "Two");
+  key(Qt::Key_Return);
+  key(Qt::Key_Return);
+  EXPECT_EQ(ring(), "Three") << "the card, not the button that would take it back";
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+  ASSERT_EQ(ring(), "Fine");
+  key(Qt::Key_Return);
+  EXPECT_EQ(ring(), "Fine") << "reopened";
+  EXPECT_EQ(card(), "Three");
 }
 
 TEST_F(InspectorViews, LeaveTheKeyboardAloneWhenThePointerDecides) {
