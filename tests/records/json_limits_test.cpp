@@ -262,7 +262,7 @@ TEST(Hostile, WhatIsMuchLargerDecodedIsRefused) {
   const auto texts = refusalOf<BoardState>(boardWith("approvers", 900'000, "\"sixteen letters.\""));
   EXPECT_TRUE(texts.where.starts_with("files[0].approvers[")) << texts.where;
   EXPECT_EQ(texts.why, kTooLarge);
-  const auto pages = refusalOf<BoardState>(boardWith("pages", 220'000, R"({"i":1,"px":[1,2]})"));
+  const auto pages = refusalOf<BoardState>(boardWith("pages", 150'000, R"({"i":1,"px":[1,2]})"));
   EXPECT_TRUE(pages.where.starts_with("files[0].pages[")) << pages.where;
   EXPECT_EQ(pages.why, kTooLarge);
   EXPECT_EQ(refusalOf<Json>("[" + times(1'000'000, "[],") + "0]").why, kTooLarge);

@@ -97,12 +97,13 @@ TEST_F(TicketStatus, ThatJsonCannotHoldDidNotSave) {
   EXPECT_EQ(posts(), 0U);
 }
 
-TEST_F(TicketStatus, IsOverwrittenByAPollInBetween) {
+TEST_F(TicketStatus, StandsThroughAPollFromBeforeTheServiceTookIt) {
   show({dueAt("t1", 5), dueAt("t2", 1)});
   mark();
-  serveBoard(boardOf({dueAt("t1", 5), dueAt("t2", 1)}));
+  serveBoard(boardOf({dueAt("t1", 5), dueAt("t2", 1), dueAt("t3", 9)}));
   poll();
-  EXPECT_EQ(held().status, "new") << "the service has the last word";
+  EXPECT_EQ(held().status, "reviewed");
+  EXPECT_EQ(store().board()->files.size(), 3U) << "what else it brings is news";
   serveBoard(boardOf({dueAt("t1", 5, "reviewed"), dueAt("t2", 1)}), "\"b2\"");
   answer(0, answerOf(200, "{}"));
   EXPECT_EQ(held().status, "reviewed");
