@@ -53,7 +53,10 @@ Done State::findMore(const std::string& fileId, Int page, Int count) {
     finding.severity = "high";
     finding.title = "A word has changed in line " + std::to_string(i + 1);
     const double top = 0.05 + 0.9 * static_cast<double>(i) / static_cast<double>(count);
+    finding.before = "there";
+    finding.after = "their";
     finding.box = {0.2, top, 0.15, 0.02};
+    finding.ref_box = finding.box;
     finding.state = "open";
     version.findings.push_back(std::move(finding));
   }

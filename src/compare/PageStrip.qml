@@ -23,9 +23,8 @@ Item {
         spacing: Theme.gap4
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        // Pages are made as they come into view: one that is made ahead bit by bit is in the way
-        // when the ticket is left.
-        cacheBuffer: 0
+        // A page ahead is made before it comes into view.
+        cacheBuffer: 160
         model: strip.file.pages
         keyNavigationEnabled: false
         highlightFollowsCurrentItem: false
