@@ -101,6 +101,7 @@ TEST_F(HttpLimited, NoCallTricklesForEver) {
 TEST_F(HttpLimited, HungPicturesHoldUpNeitherCallsNorTransfers) {
   QtHttp http;
   std::vector<Pending<HttpResult>> hung;
+  hung.reserve(8);
   for (int i = 0; i < 8; ++i) hung.push_back(http.send(to("/hang", HttpLane::pictures), {}));
   ASSERT_TRUE(waitUntil([this] { return server_.seen().size() == 6; }));
   EXPECT_TRUE(exchange(http, to("/ping", HttpLane::calls)).has_value());
@@ -114,6 +115,7 @@ TEST_F(HttpLimited, TheTimeSpentQueuedCountsForNothing) {
   QtHttp http(limits);
   for (const HttpLane lane : kLanes) {
     std::vector<Pending<HttpResult>> hung;
+    hung.reserve(6);
     for (int i = 0; i < 6; ++i) hung.push_back(http.send(to("/hang", lane, 500), {}));
     const auto last = http.send(to("/ping", lane, 400), {});
     const auto result = await(last);
@@ -155,6 +157,7 @@ TEST_F(HttpLimited, StopBeforeTheStartSendsNothing) {
 TEST_F(HttpLimited, StopOfAQueuedOneLeavesTheOthers) {
   QtHttp http;
   std::vector<Pending<HttpResult>> hung;
+  hung.reserve(6);
   std::stop_source stop;
   for (int i = 0; i < 6; ++i) {
     hung.push_back(http.send(to("/hang", HttpLane::pictures), stop.get_token()));
