@@ -26,11 +26,6 @@ class Pace:
         self.next += self.seconds
 
 
-def slow(milliseconds):
-    return [{"path": path, "delay_ms": milliseconds, "times": 100_000}
-            for path in ("/api/findings/", "/api/files/", "/api/state")]
-
-
 def decisions(desk):
     """Which finding was told what, in order."""
     return [(entry["path"].rsplit("/", 1)[1], json.loads(entry["body"])["state"])
@@ -129,12 +124,12 @@ def decide_fast(build):
     with Desk(build) as desk:
         title = desk.service.state()["files"][TICKET]["file"]
         desk.reader.press_named(f"{title['title']} {title['component']}", roles=("list item",))
-        desk.service.fail_with(*slow(150))
+        desk.service.take_time(150)
         by_space(desk, 1, in_front=True)
-        desk.service.fail_with(*slow(700))
+        desk.service.take_time(700)
         by_space(desk, 2, in_front=False)
         by_mouse(desk, 3)
-        desk.service.fail_with(*slow(150))
+        desk.service.take_time(150)
         while_the_window_is_busy(desk, 4)
         desk.close_window()
 

@@ -43,6 +43,11 @@ class Service:
         """From now on these faults and no others: dicts of path, times, status, cut and so on."""
         self._ask("POST", "demo/faults", list(faults))
 
+    def take_time(self, milliseconds):
+        """From now on answers about board, tickets and findings take so long; nothing fails."""
+        self.fail_with(*[{"path": path, "delay_ms": milliseconds, "times": 100_000}
+                         for path in ("/api/state", "/api/files/", "/api/findings/")])
+
     def colleague_acts(self, **deed):
         self._ask("POST", "demo/colleague", deed)
 
