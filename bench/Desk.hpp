@@ -5,7 +5,7 @@
 #include <QQuickWindow>
 
 #include "Scene.hpp"
-#include "pieces/RemoteImage.hpp"
+#include "pictures/RemoteImage.hpp"
 #include "platform/ports/token_store.hpp"
 #include "shell/Program.hpp"
 

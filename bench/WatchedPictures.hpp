@@ -1,7 +1,7 @@
 // The program's pictures, with a note of what the pages were given and when they had to wait.
 #pragma once
 
-#include "pieces/PictureSource.hpp"
+#include "pictures/PictureSource.hpp"
 
 namespace vellix::bench {
 

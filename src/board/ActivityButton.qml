@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // Opens the activity feed, which a command of the menus opens and closes as well.

@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Pictures
 import Vellix.Pieces
 
 // One event: who did what, when and where. It is pressed where it leads to a ticket.

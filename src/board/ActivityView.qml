@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // Who did what, the newest first. A poll that brings more leaves the scrolling and the focus alone.

@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // Who reviews the ticket; its popover changes that, or moves the ticket to the other queue.

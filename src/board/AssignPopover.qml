@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // Who reviews here, to choose from, and the way to the other queue. It closes before it asks for

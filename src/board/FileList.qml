@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The tickets of one queue, cut into status groups.

@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Pictures
 import Vellix.Pieces
 
 // One person to choose as the reviewer. `person` is a ReviewerView.

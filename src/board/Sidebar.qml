@@ -1,5 +1,6 @@
 import QtQuick
 import Vellix.Board
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The left column: the brand, the board of tickets, the sync and the people.

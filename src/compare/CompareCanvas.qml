@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Vellix.Compare
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The page of a ticket beside what it is compared with, the loupe over it and the bar under it.

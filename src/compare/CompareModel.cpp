@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "bridge/replaced.hpp"
+#include "compare/canvas.hpp"
 #include "compare/crop.hpp"
 #include "compare/marks.hpp"
 

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Compare
+import Vellix.Pictures
 import Vellix.Pieces
 
 // One cut-out of a page, enlarged: the whole picture laid out larger and clipped. `crop` is a

@@ -12,8 +12,8 @@
 #include <optional>
 
 #include "compare/Difference.hpp"
-#include "pieces/FollowedPicture.hpp"
-#include "pieces/PictureItem.hpp"
+#include "pictures/FollowedPicture.hpp"
+#include "pictures/PictureItem.hpp"
 
 namespace vellix {
 

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Compare
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The strip over the bottom of the stage that shows the selected finding's spot on every page. Its

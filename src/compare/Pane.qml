@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Compare
+import Vellix.Pictures
 import Vellix.Pieces
 
 // One shown picture under its caption, with its marks; or the words that take its place.

@@ -1,8 +1,6 @@
 #include "compare/canvas.hpp"
 
-#include <algorithm>
-#include <array>
-
+#include "records/finding_words.hpp"
 #include "records/words.hpp"
 
 namespace vellix {
@@ -32,13 +30,6 @@ const RefPage* refPage(const Page& page, const std::string& role) {
 double aspectOf(const RefPage* ref, const Page& page) {
   const bool sized = ref && ref->px && ref->px->size() == 2 && (*ref->px)[1] > 0;
   return sized ? (*ref->px)[0] / (*ref->px)[1] : page.aspect();
-}
-
-std::string roleLabel(const std::string& role) {
-  if (role == "submitted") return "What we sent";
-  if (role == "previous") return "Last version";
-  if (role == "fbc") return "FBC";
-  return "Last print";
 }
 
 std::string thirdRole(const Page& page, const FileItem& file, Int version) {
@@ -80,18 +71,6 @@ std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes) {
   }
   return roles;
 }
-
-bool standsAlone(const Finding& finding) {
-  static constexpr std::array<std::string_view, 5> kinds{"hidden", "barcode", "spots", "pass",
-                                                         "missing_page"};
-  return std::ranges::find(kinds, finding.kind) != kinds.end();
-}
-
-bool counts(const Finding& finding, const std::vector<std::string>& roles) {
-  return standsAlone(finding) || std::ranges::find(roles, finding.against) != roles.end();
-}
-
-std::string supplierOf(const FileItem& file) { return wordsOr(file.supplier, "Supplier"); }
 
 void togglePane(Store& store, const std::string& key) {
   if (key != "supplier" && key != "submitted" && key != "third") return;

@@ -25,18 +25,11 @@ struct PaneInfo {
 const RefPage* refPage(const Page& page, const std::string& role);  // owned by the page; or null
 // Width over height: the reference's own, else the page's.
 double aspectOf(const RefPage* ref, const Page& page);
-std::string roleLabel(const std::string& role);
 std::string thirdRole(const Page& page, const FileItem& file, Int version);
 std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int version,
                               const std::set<std::string>& shown);
 // The roles of these panes, in order.
 std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes);
-// A check of its own kind, with no reference to compare with: it stays whatever is hidden.
-bool standsAlone(const Finding& finding);
-// It is against one of these references, or against none.
-bool counts(const Finding& finding, const std::vector<std::string>& roles);
-// The supplier's name, or what stands for it.
-std::string supplierOf(const FileItem& file);
 
 // Shows a hidden pane, hides a shown one; the last one stays.
 void togglePane(Store& store, const std::string& key);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "compare/canvas.hpp"
+#include "records/finding_words.hpp"
 #include "records/words.hpp"
 
 namespace vellix {

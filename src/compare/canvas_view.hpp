@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "compare/canvas.hpp"
 #include "compare/loupe.hpp"
 #include "compare/page_marks.hpp"
 #include "compare/stage.hpp"

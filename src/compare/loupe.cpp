@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "compare/canvas.hpp"
 #include "compare/crop.hpp"
-#include "compare/finding_words.hpp"
 #include "compare/marks.hpp"
+#include "records/finding_words.hpp"
 #include "records/words.hpp"
 
 namespace vellix {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "compare/canvas.hpp"
 #include "compare/geometry.hpp"
+#include "store/store.hpp"
 
 namespace vellix {
 

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
-#include "compare/canvas.hpp"
-#include "compare/finding_words.hpp"
 #include "compare/marks.hpp"
 #include "notes/composer.hpp"
 #include "notes/note_numbers.hpp"
 #include "pieces/vocabulary.hpp"
+#include "records/finding_kinds.hpp"
+#include "records/finding_words.hpp"
+#include "store/open_page.hpp"
 #include "store/people.hpp"
 
 namespace vellix {

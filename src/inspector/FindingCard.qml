@@ -1,8 +1,9 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Vellix.Inspector
 import Vellix.Notes
+import Vellix.Inspector
+import Vellix.Pictures
 import Vellix.Pieces
 
 // One finding: open with its words and its decisions, folded to a line once it is decided, or, where

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Vellix.Inspector
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The panel beside the page: what was found on it, and what waits on other pages.

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "compare/canvas.hpp"
-#include "compare/finding_words.hpp"
 #include "compare/page_marks.hpp"
 #include "notes/note_numbers.hpp"
+#include "records/finding_kinds.hpp"
+#include "records/finding_words.hpp"
 #include "records/friendly_time.hpp"
 #include "records/words.hpp"
 #include "store/people.hpp"

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <map>
 
-#include "compare/canvas.hpp"
-#include "compare/finding_words.hpp"
+#include "records/finding_kinds.hpp"
+#include "records/finding_words.hpp"
+#include "store/open_page.hpp"
 
 namespace vellix {
 namespace {

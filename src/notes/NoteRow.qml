@@ -2,6 +2,7 @@
 // qmllint disable unqualified
 import QtQuick
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 
 // A note as it is read, and as its author changes it. `note` is a NoteRowView.

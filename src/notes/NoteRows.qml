@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 
 // Notes below one another. `rows` is a list of NoteRowViews.

@@ -1,5 +1,6 @@
 import QtQuick
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 
 // The notes of the page on show, and where to write one.

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Pictures
 import Vellix.Pieces
 
 // A person's letter in a circle of the person's colour, and over it the photo once it is here.

@@ -2,9 +2,12 @@ import QtQuick
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
+import Vellix.Jobs
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 import Vellix.Shell
+import Vellix.Ticket
 
 // The one main window, and the settings window beside it.
 Window {
@@ -18,6 +21,7 @@ Window {
     required property ActivityModel activity
     required property PlanModel plan
     required property FileModel file
+    required property ReportModel report
     required property CompareModel compare
     required property InspectorModel inspector
     required property NotesModel notes
@@ -60,6 +64,7 @@ Window {
         activity: window.activity
         plan: window.plan
         file: window.file
+        report: window.report
         compare: window.compare
         inspector: window.inspector
         notes: window.notes

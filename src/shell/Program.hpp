@@ -8,10 +8,11 @@
 #include "board/BoardModel.hpp"
 #include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
-#include "compare/FileModel.hpp"
-#include "compare/Pictures.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
+#include "pictures/CachedPictures.hpp"
+#include "pictures/QtPictureDecoder.hpp"
 #include "platform/linux/LauncherBadge.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
@@ -19,7 +20,6 @@
 #include "platform/qt/QtHttp.hpp"
 #include "platform/qt/QtMachine.hpp"
 #include "platform/qt/QtMainLoop.hpp"
-#include "platform/qt/QtPictureDecoder.hpp"
 #include "platform/qt/QtPictureFiles.hpp"
 #include "platform/qt/QtUrlOpener.hpp"
 #include "platform/qt/QtUuids.hpp"
@@ -30,6 +30,7 @@
 #include "shell/SignInModel.hpp"
 #include "shell/Stage.hpp"
 #include "shell/closed_http.hpp"
+#include "ticket/FileModel.hpp"
 
 namespace vellix {
 
@@ -73,11 +74,12 @@ class Program {
   Prefs prefs_;
   Store store_;
   Stage stage_{arguments_, store_, images_, decoder_, loop_};
-  Pictures pictures_{images_, pixels_, store_};
+  CachedPictures pictures_{images_, pixels_, store_};
   BoardModel board_;
   ActivityModel activity_;
   PlanModel plan_;
   FileModel file_;
+  ReportModel report_;
   CompareModel compare_;
   InspectorModel inspector_;
   NotesModel notes_;

@@ -4,9 +4,12 @@ import QtQuick
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
+import Vellix.Jobs
 import Vellix.Notes
+import Vellix.Pictures
 import Vellix.Pieces
 import Vellix.Shell
+import Vellix.Ticket
 
 // What fills the window: the sign-in screen, or the board beside what is on show; the toast over
 // all of it.
@@ -19,6 +22,7 @@ FocusScope {
     required property ActivityModel activity
     required property PlanModel plan
     required property FileModel file
+    required property ReportModel report
     required property CompareModel compare
     required property InspectorModel inspector
     required property NotesModel notes
@@ -115,6 +119,7 @@ FocusScope {
                     FileView {
                         anchors.fill: parent
                         file: view.file
+                        report: view.report
                         plan: view.plan
                         compare: view.compare
                         notes: view.notes
@@ -147,6 +152,7 @@ FocusScope {
 
         MultiView {
             file: view.file
+            report: view.report
         }
     }
 

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-#include "compare/images.hpp"
+#include "pictures/images.hpp"
 #include "shell/staging.hpp"
 #include "store/store.hpp"
 

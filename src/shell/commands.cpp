@@ -4,8 +4,8 @@
 #include <array>
 
 #include "board/sync_card.hpp"
-#include "compare/report_area.hpp"
-#include "compare/review_button.hpp"
+#include "jobs/report_area.hpp"
+#include "ticket/review_button.hpp"
 
 namespace vellix {
 namespace {

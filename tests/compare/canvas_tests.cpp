@@ -3,6 +3,8 @@
 
 #include <limits>
 
+#include "records/finding_kinds.hpp"
+#include "records/finding_words.hpp"
 #include "store/store_test.hpp"
 
 namespace vellix {

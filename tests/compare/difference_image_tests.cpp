@@ -6,10 +6,10 @@
 #include <QQuickWindow>
 #include <QtMath>
 
-#include "pieces/rest.hpp"
-#include "pieces/scripted_source.hpp"
-#include "platform/pictures.hpp"
-#include "platform/qt/PixelCache.hpp"
+#include "pictures/PixelCache.hpp"
+#include "pictures/pictures.hpp"
+#include "pictures/rest.hpp"
+#include "pictures/scripted_source.hpp"
 #include "platform/waiting.hpp"
 
 namespace vellix {

@@ -13,8 +13,9 @@ FLOORS = [
     ["platform", "records"],
     ["gateway", "bridge"],
     ["store"],
+    ["pictures"],
     ["pieces"],
-    ["board", "compare", "inspector", "notes", "approval", "jobs", "update", "profile"],
+    ["board", "compare", "ticket", "inspector", "notes", "approval", "jobs", "update", "profile"],
     ["shell"],
 ]
 FLOOR = {folder: number for number, line in enumerate(FLOORS) for folder in line}

@@ -7,13 +7,13 @@
 #include "board/file_row.hpp"
 #include "board/sync_card.hpp"
 #include "compare/canvas_view.hpp"
-#include "compare/file_header.hpp"
-#include "compare/multi_view.hpp"
-#include "compare/report_area.hpp"
 #include "inspector/findings_panel.hpp"
+#include "jobs/report_area.hpp"
 #include "notes/note_row.hpp"
 #include "store/people.hpp"
 #include "store/store_test.hpp"
+#include "ticket/file_header.hpp"
+#include "ticket/multi_view.hpp"
 
 namespace vellix {
 namespace {

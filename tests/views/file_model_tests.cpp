@@ -1,5 +1,5 @@
 // What the shell around the canvas tells its views.
-#include "compare/FileModel.hpp"
+#include "ticket/FileModel.hpp"
 
 #include <QSignalSpy>
 
@@ -41,7 +41,6 @@ class FileModels : public StoreTest {
     return *model_;
   }
   QString header(const char* field) { return model().header()[field].toString(); }
-  QVariant report(const char* field) { return model().report()[field]; }
 
   BoardState board;
 
@@ -171,42 +170,6 @@ TEST_F(FileModels, ReplaceTheStripAcrossTickets) {
   EXPECT_EQ(operations.take(), (Lines{"remove 0-2", "insert 0-1"}));
 }
 
-TEST_F(FileModels, FollowTheReport) {
-  EXPECT_EQ(report("button"), "Make report");
-  EXPECT_TRUE(report("canMake").toBool());
-  model().makeReport();
-  desk.time.run();
-  EXPECT_FALSE(report("canMake").toBool());
-  EXPECT_EQ(desk.http.exchanges.back().request.body, R"({"kind":"report","file_ids":["t1"]})");
-  Job job = jobOf("running");
-  job.started = wireOf(desk.time.now());
-  job.args = JobArgs{.file_ids = std::vector<std::string>{"t1"}};
-  board.jobs = {job};
-  showBoard();
-  EXPECT_TRUE(report("working").toBool());
-  EXPECT_EQ(report("progress"), "Ready in about 1 min");
-  model().stopReport();
-  desk.time.run();
-  EXPECT_TRUE(report("stopping").toBool());
-  EXPECT_EQ(desk.http.exchanges.back().line(), "POST api/jobs/j/stop");
-}
-
-TEST_F(FileModels, CountDownAtEachTick) {
-  Job job = jobOf("running");
-  job.started = wireOf(desk.time.now());
-  job.args = JobArgs{.file_ids = std::vector<std::string>{"t1"}};
-  board.jobs = {job};
-  showBoard();
-  const QSignalSpy reports{&model(), &FileModel::reportChanged};
-  model().tick();
-  EXPECT_EQ(reports.count(), 0) << "nothing to tell";
-  desk.time.advance(Milliseconds{30'000});
-  EXPECT_EQ(report("progress"), "Ready in about 1 min");
-  model().tick();
-  EXPECT_EQ(report("progress"), "Ready in about 45 sec");
-  EXPECT_EQ(reports.count(), 1);
-}
-
 TEST_F(FileModels, NameTheTicketsWhileSeveralAreSelected) {
   const auto multi = [this](const char* field) { return model().multi()[field].toString(); };
   EXPECT_EQ(multi("heading"), "");
@@ -214,7 +177,6 @@ TEST_F(FileModels, NameTheTicketsWhileSeveralAreSelected) {
   EXPECT_EQ(multi("heading"), "2 files");
   EXPECT_EQ(multi("titles"), "The Lighthouse · Harbour Bread");
   EXPECT_EQ(header("heading"), "");
-  EXPECT_EQ(report("button"), "Make one report");
 }
 
 TEST_F(FileModels, AreEmptiedBySigningOut) {

@@ -2,10 +2,10 @@
 #include "board/ActivityModel.hpp"
 #include "board/BoardModel.hpp"
 #include "board/PlanModel.hpp"
-#include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "store/store_test.hpp"
+#include "ticket/FileModel.hpp"
 #include "views/operations.hpp"
 
 namespace vellix {

@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "pieces/PictureSource.hpp"
+#include "pictures/PictureSource.hpp"
 
 namespace vellix {
 

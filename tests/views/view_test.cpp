@@ -81,6 +81,7 @@ QVariantMap ViewTest::models() {
     activity_.emplace(store(), desk.time, desk.calendar);
     plan_.emplace(store(), desk.time, desk.calendar);
     file_.emplace(store(), desk.time, desk.calendar);
+    report_.emplace(store(), desk.time, desk.calendar);
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     notes_.emplace(store(), desk.time, desk.calendar);
@@ -95,6 +96,7 @@ QVariantMap ViewTest::models() {
           {"activity", QVariant::fromValue(&*activity_)},
           {"plan", QVariant::fromValue(&*plan_)},
           {"file", QVariant::fromValue(&*file_)},
+          {"report", QVariant::fromValue(&*report_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
           {"notes", QVariant::fromValue(&*notes_)},

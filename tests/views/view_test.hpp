@@ -9,8 +9,8 @@
 #include "board/BoardModel.hpp"
 #include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
-#include "compare/FileModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "pieces/Theme.hpp"
 #include "shell/CommandsModel.hpp"
@@ -18,6 +18,7 @@
 #include "shell/SettingsModel.hpp"
 #include "shell/SignInModel.hpp"
 #include "store/store_test.hpp"
+#include "ticket/FileModel.hpp"
 #include "views/plain_pictures.hpp"
 #include "views/screen_reader.hpp"
 
@@ -62,6 +63,7 @@ class ViewTest : public StoreTest {
   std::optional<ActivityModel> activity_;
   std::optional<PlanModel> plan_;
   std::optional<FileModel> file_;
+  std::optional<ReportModel> report_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
   std::optional<NotesModel> notes_;

@@ -1,0 +1,41 @@
+// The report on what is selected, for its views. Main thread only.
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+
+#include "bridge/value.hpp"
+#include "jobs/report_area.hpp"
+
+namespace vellix {
+
+class ReportModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantMap area READ area NOTIFY areaChanged)
+
+ public:
+  // What is passed must outlive the model.
+  ReportModel(Store& store, const MainLoop& clock, const Calendar& calendar);
+
+  QVariantMap area() const { return area_; }
+
+  Q_INVOKABLE void make();
+  Q_INVOKABLE void stop();
+  Q_INVOKABLE void tick();  // the estimate moves with the time
+
+ signals:
+  void areaChanged();
+
+ private:
+  void update();
+
+  Store& store_;
+  const MainLoop& clock_;
+  const Calendar& calendar_;
+  QVariantMap area_ = toQml(ReportAreaView{}).toMap();
+  Changes::Subscription onChange_;
+};
+
+}  // namespace vellix

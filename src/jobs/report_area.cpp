@@ -1,0 +1,111 @@
+#include "jobs/report_area.hpp"
+
+#include <algorithm>
+
+#include "gateway/url.hpp"
+#include "records/words.hpp"
+#include "store/people.hpp"
+
+namespace vellix {
+namespace {
+
+using Ids = std::set<std::string>;
+
+Ids idsOf(const std::vector<const FileItem*>& files) {
+  Ids ids;
+  for (const FileItem* file : files) ids.insert(file->id);
+  return ids;
+}
+
+// The first job on just these tickets, whatever became of it.
+const Job* reportJob(const Store& store, const Ids& ids) {
+  if (!store.board() || ids.empty()) return nullptr;
+  for (const Job& job : store.board()->jobs) {
+    if (!job.args || !job.args->file_ids) continue;
+    const auto& asked = *job.args->file_ids;
+    if (Ids(asked.begin(), asked.end()) == ids) return &job;
+  }
+  return nullptr;
+}
+
+bool isBeingStopped(const Store& store, const Job& job) {
+  return store.busy().contains("stop-" + job.id);
+}
+
+std::string warningOf(const Job* job) {
+  if (!job || (job->status != "failed" && job->status != "stuck")) return {};
+  if (job->summary && job->summary->check && !job->summary->check->empty() &&
+      hasWords(job->summary->check->front())) {
+    return job->summary->check->front();
+  }
+  return "The last report didn't finish.";
+}
+
+const Report* newestReport(const Store& store, const std::string& id) {
+  if (!store.board()) return nullptr;
+  const auto found = std::ranges::find_if(store.board()->reports, [&](const Report& report) {
+    return std::ranges::find(report.file_ids, id) != report.file_ids.end();
+  });
+  return found == store.board()->reports.end() ? nullptr : &*found;
+}
+
+std::string madeBy(const Store& store, const Report& report, const Calendar& calendar) {
+  std::string text = "Report by " + displayName(store, report.by);
+  if (report.at) text += " · " + calendar.monthAndDay(momentOf(*report.at));
+  return text;
+}
+
+}  // namespace
+
+std::vector<const FileItem*> selectedFiles(const Store& store) {
+  std::vector<const FileItem*> files;
+  if (!store.board()) return files;
+  Ids wanted = store.selection();
+  for (const FileItem& file : store.board()->files) {
+    if (wanted.erase(file.id) > 0) files.push_back(&file);
+  }
+  return files;
+}
+
+ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calendar) {
+  const auto files = selectedFiles(store);
+  ReportAreaView view;
+  view.canMake = canMakeReport(store);
+  const Job* job = reportJob(store, idsOf(files));
+  if (job && job->active()) {
+    view.working = true;
+    view.progress = store.reportEstimate(*job, now);
+    view.stopping = isBeingStopped(store, *job);
+  }
+  view.warning = warningOf(job);
+  if (store.selection().size() > 1) {
+    view.button = "Make one report";
+    return view;
+  }
+  const Report* report = files.empty() ? nullptr : newestReport(store, files.front()->id);
+  view.button = report ? "New report" : "Make report";
+  if (!report) return view;
+  view.made = madeBy(store, *report, calendar);
+  if (report->drive_link && isLinkTarget(*report->drive_link)) view.driveLink = *report->drive_link;
+  return view;
+}
+
+bool canMakeReport(const Store& store) {
+  const auto files = selectedFiles(store);
+  const Job* job = reportJob(store, idsOf(files));
+  return !files.empty() && !store.busy().contains("report") && !(job && job->active());
+}
+
+void makeReport(Store& store) {
+  if (!canMakeReport(store)) return;
+  std::vector<std::string> ids;
+  for (const FileItem* file : selectedFiles(store)) ids.push_back(file->id);
+  store.requestReport(std::move(ids));
+}
+
+void stopReport(Store& store) {
+  const Job* job = reportJob(store, idsOf(selectedFiles(store)));
+  if (job && job->active() && !isBeingStopped(store, *job)) store.stopJob(*job);
+}
+
+}  // namespace vellix

@@ -1,0 +1,171 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Board
+import Vellix.Jobs
+import Vellix.Pictures
+import Vellix.Pieces
+import Vellix.Ticket
+
+// Which ticket this is, what is known of it, where it lies and what can be done with it. The actions
+// stand at the right of the title where there is room, else below it. Tab goes the way of the eye.
+Item {
+    id: head
+
+    required property FileModel file
+    required property ReportModel report
+    required property PlanModel plan
+    required property PictureSource pictures
+
+    readonly property var header: file.header
+    readonly property real inner: width - 2 * Theme.gap24
+    readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
+                                 + actions.wanted <= inner
+    readonly property real room: wide ? inner - actions.width - Theme.gap24 : inner
+    readonly property real under: title.y + title.height
+                                  + (wide ? 0 : Theme.gap8 + actions.height)
+
+    // At the title, where no key does anything by mistake.
+    function takeKeyboard() {
+        name.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    implicitHeight: Math.max(words.height > 0 ? words.y + words.height : under,
+                             wide ? actions.y + actions.height : 0) + Theme.gap12
+
+    FlowRow {
+        id: title
+
+        x: Theme.gap24
+        y: Theme.gap12
+        width: head.room
+        height: implicitHeight
+        spacing: Theme.gap8
+
+        Label {
+            id: name
+
+            width: Math.min(implicitWidth, head.room)
+            size: Theme.title
+            weight: Font.Bold
+            tellsWhole: true
+            text: head.header.heading
+            Accessible.role: Accessible.Heading
+            Accessible.focusable: activeFocus
+            // No stop of Tab's, so that Tab would begin anew at the window.
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            FocusRing {
+                visible: name.activeFocus
+            }
+        }
+
+        Row {
+            id: pills
+
+            spacing: Theme.gap8
+
+            StatusPill {
+                small: true
+                pill: head.header.status
+            }
+
+            TrackPill {
+                small: true
+                pill: head.header.track
+            }
+        }
+
+        DueButton {
+            width: implicitWidth
+            height: implicitHeight
+            plan: head.plan
+        }
+
+        AssignButton {
+            width: implicitWidth
+            height: implicitHeight
+            plan: head.plan
+            pictures: head.pictures
+        }
+    }
+
+    ReviewActions {
+        id: actions
+
+        x: head.wide ? head.width - width - Theme.gap24 : Theme.gap24
+        y: head.wide ? Theme.gap12 : title.y + title.height + Theme.gap8
+        width: head.wide ? wanted : head.inner
+        leading: !head.wide
+        file: head.file
+        report: head.report
+    }
+
+    Column {
+        id: words
+
+        x: Theme.gap24
+        y: head.under + Theme.gap8
+        width: head.room
+        spacing: Theme.gap8
+
+        Label {
+            visible: text !== ""
+            width: parent.width
+            wrapMode: Text.Wrap
+            size: Theme.row
+            color: Theme.muted
+            text: head.header.summary
+        }
+
+        FlowRow {
+            visible: facts.count > 0
+            width: parent.width
+            height: implicitHeight
+            spacing: Theme.gap24
+
+            Repeater {
+                id: facts
+
+                model: KeyedRows {
+                    by: "label"
+                    rows: head.header.facts
+                }
+
+                FactTile {
+                    required property var model
+
+                    label: model.value.label
+                    value: model.value.value
+                    widest: words.width
+                }
+            }
+        }
+
+        FlowRow {
+            visible: links.count > 0
+            width: parent.width
+            height: implicitHeight
+            spacing: Theme.gap8
+
+            Repeater {
+                id: links
+
+                model: KeyedRows {
+                    by: "label"
+                    rows: head.header.links
+                }
+
+                LinkPill {
+                    required property var value
+
+                    title: value.label
+                    icon: value.icon
+                    url: value.url
+                    widest: Math.min(240, words.width)
+                }
+            }
+        }
+    }
+}

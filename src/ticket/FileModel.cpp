@@ -1,0 +1,79 @@
+#include "ticket/FileModel.hpp"
+
+#include "bridge/replaced.hpp"
+#include "store/open_page.hpp"
+
+namespace vellix {
+
+FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calendar)
+    : store_(store),
+      clock_(clock),
+      calendar_(calendar),
+      onTicket_(store.changes.observe(
+          Store::kBoard | Store::kDetails | Store::kSelection | Store::kPolled,
+          [this] { updateHeader(); })),
+      onReview_(store.changes.observe(Store::kBoard | Store::kSelection | Store::kBusy,
+                                      [this] { updateReview(); })),
+      onPages_(
+          store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
+                                [this] { updateStrip(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { turnStrip(); })) {
+  updateHeader();
+  updateReview();
+}
+
+void FileModel::updateHeader() {
+  const FileItem* file = store_.currentFile();
+  const auto header =
+      file ? fileHeader(store_, *file, store_.currentDetail(), clock_.now(), calendar_)
+           : FileHeaderView{};
+  if (replaced(header_, header)) emit headerChanged();
+  const bool several = store_.selection().size() > 1;
+  if (replaced(multi_, several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
+}
+
+void FileModel::updateReview() {
+  if (replaced(review_, reviewButton(store_))) emit reviewChanged();
+}
+
+void FileModel::updateStrip() {
+  const FileDetail* detail = store_.currentDetail();
+  const bool shows = wantsStrip();
+  // A strip that goes keeps its pages while it slides out.
+  if (shows || !store_.currentFile()) {
+    pages_.setRows(shows ? pageStrip(store_, *detail) : std::vector<PageCellView>{});
+    const int open = shows ? static_cast<int>(pageIndex(store_, detail->file)) : 0;
+    if (openPage_ != open) {
+      openPage_ = open;
+      emit openPageChanged();
+    }
+  }
+  if (showsStrip_ != shows) {
+    showsStrip_ = shows;
+    emit showsStripChanged();
+  }
+}
+
+bool FileModel::wantsStrip() const {
+  return vellix::showsPageStrip(store_, store_.currentDetail(), width_);
+}
+
+// What is no news of the pages moves nothing but the strip as a whole.
+void FileModel::turnStrip() {
+  if (showsStrip_ != wantsStrip()) updateStrip();
+}
+
+void FileModel::layStrip(double width) {
+  if (!(width > 0)) return;  // a view that is not laid out yet
+  width_ = width;
+  turnStrip();
+}
+
+void FileModel::selectPage(int row) {
+  const FileItem* file = store_.currentFile();
+  if (file && showsStrip_) store_.goToPage(file->id, row);
+}
+
+void FileModel::pressReview() { pressReviewButton(store_); }
+
+}  // namespace vellix

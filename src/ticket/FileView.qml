@@ -1,0 +1,218 @@
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
+import QtQuick
+import Vellix.Board
+import Vellix.Compare
+import Vellix.Jobs
+import Vellix.Notes
+import Vellix.Pictures
+import Vellix.Pieces
+import Vellix.Ticket
+
+// One ticket: its header, the strip of its pages, the canvas, and the panel beside it or, where it is
+// narrow, over it.
+Item {
+    id: ticket
+
+    required property FileModel file
+    required property ReportModel report
+    required property PlanModel plan
+    required property CompareModel compare
+    required property NotesModel notes
+    required property PictureSource pictures
+    // What stands in the panel.
+    required property Component panel
+
+    readonly property var side: compare.notes
+    readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
+    // What is there from the start comes without a show; from then on it is seen to move.
+    property bool settled: false
+
+    function lay() {
+        compare.layNotes(width);
+        file.layStrip(width);
+    }
+
+    // For who was at the ticket before.
+    function takeKeyboard() {
+        header.takeKeyboard();
+    }
+
+    onWidthChanged: lay()
+    Component.onCompleted: lay()
+
+    Timer {
+        running: ticket.compare.loaded && !ticket.settled
+        interval: 50
+        onTriggered: ticket.settled = true
+    }
+
+    ScrollArea {
+        id: top
+
+        // A low window keeps most of its room for the page.
+        readonly property real highest: Math.max(96, ticket.height * 0.3)
+
+        width: parent.width
+        // Whole, so that what lies below stands on whole pixels.
+        height: Math.ceil(Math.min(header.implicitHeight, highest))
+        label: "Ticket"
+        contentHeight: header.implicitHeight
+
+        FileHeader {
+            id: header
+
+            width: top.width
+            file: ticket.file
+            report: ticket.report
+            plan: ticket.plan
+            pictures: ticket.pictures
+        }
+    }
+
+    ScrollBar {
+        view: top
+    }
+
+    Hairline {
+        id: rule
+
+        anchors.top: top.bottom
+        width: parent.width
+    }
+
+    Item {
+        id: body
+
+        anchors.top: rule.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        Item {
+            id: strip
+
+            height: parent.height
+            width: ticket.file.showsStrip ? pages.width : 0
+            clip: true
+
+            Behavior on width {
+                enabled: ticket.settled
+                Glide {}
+            }
+
+            Loader {
+                id: pages
+
+                active: ticket.file.showsStrip || strip.width > 0
+                anchors.right: parent.right
+                height: parent.height
+
+                sourceComponent: PageStrip {
+                    file: ticket.file
+                    pictures: ticket.pictures
+                }
+            }
+
+            Hairline {
+                anchors.right: parent.right
+                vertical: true
+                height: parent.height
+            }
+        }
+
+        Loader {
+            id: canvas
+
+            anchors.left: strip.right
+            anchors.right: dock.left
+            height: parent.height
+            active: ticket.compare.loaded
+
+            sourceComponent: CompareCanvas {
+                compare: ticket.compare
+                notes: ticket.notes
+                pictures: ticket.pictures
+            }
+        }
+
+        Rectangle {
+            visible: !ticket.compare.loaded
+            anchors.fill: parent
+            color: Theme.canvas
+
+            Spinner {
+                anchors.centerIn: parent
+                size: 18
+            }
+        }
+
+        Item {
+            id: dock
+
+            readonly property bool open: ticket.side.open && !ticket.side.floats
+
+            anchors.right: parent.right
+            height: parent.height
+            width: open ? ticket.side.width : 0
+            clip: true
+
+            Behavior on width {
+                enabled: ticket.settled
+                Glide {}
+            }
+
+            Loader {
+                active: dock.width > 0 && ticket.compare.loaded
+                width: ticket.side.width
+                height: parent.height
+                sourceComponent: ticket.panel
+            }
+
+            Hairline {
+                vertical: true
+                height: parent.height
+            }
+        }
+
+        Loader {
+            id: floating
+
+            // How far it has come in from the trailing edge.
+            property real part: ticket.side.open && ticket.side.floats ? 1 : 0
+
+            active: part > 0 && ticket.compare.loaded
+            x: parent.width - part * (width + Theme.gap16)
+            y: Theme.gap16
+            height: parent.height - ticket.barHeight - 2 * Theme.gap16
+            width: ticket.side.width
+            opacity: part
+
+            Behavior on part {
+                enabled: ticket.settled
+                Glide {}
+            }
+
+            sourceComponent: Rectangle {
+                radius: Theme.radiusCard
+                color: Theme.window
+
+                Shadow {
+                    anchors.fill: parent
+                    z: -1
+                    radius: Theme.radiusCard
+                    color: Theme.shadow
+                }
+
+                Ground {
+                    anchors.fill: parent
+                }
+
+                Loader {
+                    anchors.fill: parent
+                    anchors.margins: 4
+                    sourceComponent: ticket.panel
+                }
+            }
+        }
+    }
+}

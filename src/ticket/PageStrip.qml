@@ -1,0 +1,180 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Pictures
+import Vellix.Pieces
+import Vellix.Ticket
+
+// The pages of a ticket, one below the other. One Tab stop: the arrow keys go from page to page, and
+// Return opens the one that has the keyboard.
+Item {
+    id: strip
+
+    required property FileModel file
+    required property PictureSource pictures
+
+    implicitWidth: 92
+
+    ListView {
+        id: cells
+
+        anchors.fill: parent
+        topMargin: Theme.gap8
+        bottomMargin: Theme.gap8
+        spacing: Theme.gap4
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        // A page ahead is made before it comes into view.
+        cacheBuffer: 160
+        model: strip.file.pages
+        keyNavigationEnabled: false
+        highlightFollowsCurrentItem: false
+        currentIndex: -1
+
+        // Where the strip has just been: far from there, it is rushing past.
+        property real before: 0
+        property bool rushing: false
+        // It is being put somewhere, past nothing.
+        property bool placing: false
+        property real heightBefore: 0
+
+        function openRow(): int {
+            return Math.min(strip.file.openPage, count - 1);
+        }
+        // Whether the current page is wholly in sight of a strip of that height.
+        function showsCurrent(tall: real): bool {
+            return currentItem !== null && currentItem.y > contentY - 1
+                && currentItem.y + currentItem.height < contentY + tall + 1;
+        }
+        // Puts the strip where a page is in sight with its neighbours.
+        function place(index: int) {
+            for (const row of [index - 1, index + 1, index])
+                positionViewAtIndex(Math.max(0, Math.min(row, count - 1)), ListView.Contain);
+        }
+        // Makes a page the current one and brings it into view with its neighbours, gliding there
+        // when it is near. With `keyed` it gets the keyboard, and the ring, before the list makes it
+        // the current one: the list would give it the keyboard without.
+        function show(index: int, gliding: bool, keyed: bool) {
+            if (index < 0 || index >= count)
+                return;
+            glide.stop();
+            const from = contentY;
+            placing = true;
+            place(index);
+            const to = contentY;
+            if (keyed)
+                itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
+            currentIndex = index;
+            const glides = gliding && Math.abs(to - from) <= height;
+            if (glides)
+                contentY = from;
+            placing = false;
+            if (!glides)
+                return laid.restart();
+            glide.from = from;
+            glide.to = to;
+            glide.start();
+        }
+        function moveTo(index: int) {
+            show(Math.max(0, Math.min(index, count - 1)), false, true);
+        }
+        // As many pages as there is room for.
+        function page(): int {
+            return Math.max(1, Math.floor(height / ((currentItem?.height ?? height) + spacing)));
+        }
+
+        Accessible.role: Accessible.List
+        Accessible.name: "Pages"
+
+        onCountChanged: show(openRow(), false, false)
+        onHeightChanged: {
+            // Whoever has scrolled away stays there.
+            if (!glide.running && (heightBefore <= 0 || showsCurrent(heightBefore)))
+                laid.restart();
+            heightBefore = height;
+        }
+        onActiveFocusChanged: {
+            // A window that others cover for a while comes back as it was.
+            if (!activeFocus && Window.active)
+                currentIndex = openRow();
+        }
+        onMovementStarted: glide.stop()
+        onContentYChanged: {
+            if (!placing && Math.abs(contentY - before) > height / 2)
+                rushing = true;
+            before = contentY;
+            if (rushing)
+                rest.restart();
+        }
+
+        Keys.onPressed: event => {
+            if (event.modifiers & ~Qt.KeypadModifier)
+                return;
+            const targets = {
+                [Qt.Key_Up]: currentIndex - 1,
+                [Qt.Key_Down]: currentIndex + 1,
+                [Qt.Key_PageUp]: currentIndex - page(),
+                [Qt.Key_PageDown]: currentIndex + page(),
+                [Qt.Key_Home]: 0,
+                [Qt.Key_End]: count - 1
+            };
+            if (!(event.key in targets))
+                return;
+            moveTo(targets[event.key]);
+            event.accepted = true;
+        }
+
+        // Once the pages have their true heights.
+        Timer {
+            id: laid
+
+            interval: 0
+            onTriggered: {
+                cells.placing = true;
+                cells.place(cells.currentIndex);
+                cells.placing = false;
+            }
+        }
+
+        Timer {
+            id: rest
+
+            interval: 80
+            onTriggered: cells.rushing = false
+        }
+
+        Glide {
+            id: glide
+
+            target: cells
+            property: "contentY"
+            // The pages on the way may have grown meanwhile.
+            onFinished: laid.restart()
+        }
+
+        Connections {
+            target: strip.file
+
+            function onOpenPageChanged() {
+                cells.show(cells.openRow(), true, cells.activeFocus);
+            }
+        }
+
+        delegate: PageCell {
+            required property int index
+            required property real tall
+
+            width: 80
+            x: 6
+            thumbHeight: tall
+            pictures: strip.pictures
+            passing: cells.rushing
+            activeFocusOnTab: index === cells.currentIndex
+            onClicked: strip.file.selectPage(index)
+        }
+    }
+
+    ScrollBar {
+        view: cells
+    }
+}
