@@ -7,7 +7,7 @@ ListRow {
     id: line
 
     required property string key
-    required property var avatar
+    required property avatarView avatar
     required property string who
     required property string said
     required property string when

@@ -12,7 +12,7 @@ DropButton {
     required property PlanModel plan
     required property PictureSource pictures
 
-    readonly property var reviewer: plan.reviewer
+    readonly property assignButtonView reviewer: plan.reviewer
 
     label: reviewer.text
     help: "Who reviews this"

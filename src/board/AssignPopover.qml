@@ -87,7 +87,7 @@ Popover {
                         id: row
 
                         required property string key
-                        required property var value
+                        required property reviewerView value
 
                         width: rows.width
                         person: value

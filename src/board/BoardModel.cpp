@@ -1,7 +1,5 @@
 #include "board/BoardModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 namespace {
 
@@ -28,15 +26,15 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
 void BoardModel::update() {
   auto view = fileList(store_, showReviewed_, clock_.now(), calendar_);
   rows_.setRows(std::move(view.rows));
-  if (replaced(head_, view.head)) emit headChanged();
+  if (head_.show(std::move(view.head))) emit headChanged();
 }
 
 // Whether the board is fresh and who is here is asked anew at every change: the steady polling is
 // the only clock.
 void BoardModel::updateColumn() {
   const Moment now = clock_.now();
-  if (replaced(liveDot_, vellix::liveDot(store_, now, calendar_))) emit liveDotChanged();
-  if (replaced(syncCard_, vellix::syncCard(store_))) emit syncCardChanged();
+  if (liveDot_.show(vellix::liveDot(store_, now, calendar_))) emit liveDotChanged();
+  if (syncCard_.show(vellix::syncCard(store_))) emit syncCardChanged();
   people_.setRows(peopleBar(store_, now));
 }
 

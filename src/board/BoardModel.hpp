@@ -9,6 +9,7 @@
 #include "board/people_bar.hpp"
 #include "board/sync_card.hpp"
 #include "bridge/RowsModel.hpp"
+#include "bridge/Shown.hpp"
 
 namespace vellix {
 
@@ -16,20 +17,20 @@ class BoardModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
+  Q_PROPERTY(Qml<FileListHead> head READ head NOTIFY headChanged)
   Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
-  Q_PROPERTY(QVariantMap liveDot READ liveDot NOTIFY liveDotChanged)
-  Q_PROPERTY(QVariantMap syncCard READ syncCard NOTIFY syncCardChanged)
+  Q_PROPERTY(Qml<LiveDotView> liveDot READ liveDot NOTIFY liveDotChanged)
+  Q_PROPERTY(Qml<SyncCardView> syncCard READ syncCard NOTIFY syncCardChanged)
   Q_PROPERTY(QAbstractItemModel* people READ people CONSTANT)
 
  public:
   // What is passed must outlive the model.
   BoardModel(Store& store, Defaults& defaults, const MainLoop& clock, const Calendar& calendar);
 
-  QVariantMap head() const { return head_; }
+  Qml<FileListHead> head() const { return head_.qml(); }
   QAbstractItemModel* rows() { return &rows_; }
-  QVariantMap liveDot() const { return liveDot_; }
-  QVariantMap syncCard() const { return syncCard_; }
+  Qml<LiveDotView> liveDot() const { return liveDot_.qml(); }
+  Qml<SyncCardView> syncCard() const { return syncCard_.qml(); }
   QAbstractItemModel* people() { return &people_; }
 
   // `command` tells whether the Command key was held.
@@ -55,10 +56,10 @@ class BoardModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   bool showReviewed_;
-  QVariantMap head_;
+  Shown<FileListHead> head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
-  QVariantMap liveDot_;
-  QVariantMap syncCard_;
+  Shown<LiveDotView> liveDot_;
+  Shown<SyncCardView> syncCard_;
   RowsModel<PersonView, &PersonView::email> people_;
   Changes::Subscription onChange_;
   Changes::Subscription onPrefs_;

@@ -10,7 +10,7 @@ DropButton {
 
     required property PlanModel plan
 
-    readonly property var due: plan.due
+    readonly property dueButtonView due: plan.due
 
     label: due.text
     help: "When the review is due"

@@ -1,11 +1,12 @@
 import QtQuick
+import Vellix.Board
 import Vellix.Pieces
 
-// When the review is due; where it is `compact` in the longest words that fit. `due` is a DueChipView.
+// When the review is due; where it is `compact` in the longest words that fit.
 Item {
     id: chip
 
-    required property var due
+    required property dueChipView due
     property bool compact: false
 
     implicitWidth: pill.implicitWidth

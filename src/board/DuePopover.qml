@@ -9,7 +9,7 @@ Popover {
 
     required property PlanModel plan
 
-    readonly property var due: plan.due
+    readonly property dueButtonView due: plan.due
     readonly property bool late: due.late !== ""
 
     function toggle(byKey: bool) {
@@ -128,7 +128,7 @@ Popover {
                 visible: popover.late
                 width: parent.width
                 wrapMode: Text.Wrap
-                color: Theme.fore["red"]
+                color: Theme.fore.red
                 text: popover.due.late
             }
 

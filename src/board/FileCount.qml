@@ -1,11 +1,12 @@
 import QtQuick
+import Vellix.Board
 import Vellix.Pieces
 
-// How much of a ticket waits to be looked at. `count` is a FileCountView.
+// How much of a ticket waits to be looked at.
 Item {
     id: mark
 
-    required property var count
+    required property fileCountView count
 
     readonly property bool counts: count.text !== ""
     readonly property color colour: count.tone === "accent" ? Theme.accent

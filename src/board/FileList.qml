@@ -41,7 +41,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             size: Theme.tiny
             weight: Font.DemiBold
-            color: Theme.fore["red"]
+            color: Theme.fore.red
             text: list.board.head.overdue
         }
     }
@@ -127,7 +127,7 @@ Item {
             required property bool folds
             required property bool open
             required property string count
-            required property var ticket
+            required property fileRowView ticket
 
             width: rows.width - rows.leftMargin - rows.rightMargin
             sourceComponent: header ? groupHeader : ticketRow

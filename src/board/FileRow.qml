@@ -5,11 +5,11 @@ import Vellix.Board
 import Vellix.Pictures
 import Vellix.Pieces
 
-// One ticket. `ticket` is a FileRowView.
+// One ticket.
 Pressable {
     id: row
 
-    required property var ticket
+    required property fileRowView ticket
     required property PictureSource pictures
 
     signal chosen(bool command)

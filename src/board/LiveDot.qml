@@ -10,7 +10,7 @@ Pressable {
     required property BoardModel board
     required property real room
 
-    readonly property var shown: board.liveDot
+    readonly property liveDotView shown: board.liveDot
     readonly property bool narrow: words.implicitWidth > room
 
     label: shown.text

@@ -35,7 +35,7 @@ Item {
             id: person
 
             required property int index
-            required property var avatar
+            required property avatarView avatar
             required property bool ring
             required property bool here
 
@@ -77,7 +77,7 @@ Item {
                     width: 8
                     height: 8
                     radius: 4
-                    color: Theme.fore["green"]
+                    color: Theme.fore.green
                 }
             }
         }

@@ -1,7 +1,5 @@
 #include "board/PlanModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 
 PlanModel::PlanModel(Store& store, const MainLoop& clock, const Calendar& calendar)
@@ -17,23 +15,22 @@ PlanModel::PlanModel(Store& store, const MainLoop& clock, const Calendar& calend
 void PlanModel::update() {
   const Moment now = clock_.now();
   const FileItem* file = store_.currentFile();
-  const auto due = file ? dueButton(store_, *file, now, calendar_) : DueButtonView{};
-  if (replaced(due_, due)) emit dueChanged();
-  if (replaced(reviewer_, file ? assignButton(store_, *file) : AssignButtonView{})) {
+  if (due_.show(file ? dueButton(store_, *file, now, calendar_) : DueButtonView{})) {
+    emit dueChanged();
+  }
+  if (reviewer_.show(file ? assignButton(store_, *file) : AssignButtonView{})) {
     emit reviewerChanged();
   }
   // Its range moves with the time.
   pick(pick_);
 }
 
-MomentRange PlanModel::range() const {
-  return {momentOf(due_["earliest"].toDouble()), momentOf(due_["latest"].toDouble())};
-}
+MomentRange PlanModel::range() const { return {momentOf(due_->earliest), momentOf(due_->latest)}; }
 
 void PlanModel::pick(DatePick pick) {
   pick_ = std::move(pick);
-  const bool any = due_["late"].toString().isEmpty();
-  if (replaced(picker_, any ? datePicker(pick_, range(), calendar_) : DatePickerView{})) {
+  const bool any = due_->late.empty();
+  if (picker_.show(any ? datePicker(pick_, range(), calendar_) : DatePickerView{})) {
     emit pickerChanged();
   }
 }

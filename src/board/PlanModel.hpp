@@ -7,7 +7,7 @@
 
 #include "board/assign_button.hpp"
 #include "board/due_button.hpp"
-#include "bridge/value.hpp"
+#include "bridge/Shown.hpp"
 
 namespace vellix {
 
@@ -15,17 +15,17 @@ class PlanModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap due READ due NOTIFY dueChanged)                 // a DueButtonView
-  Q_PROPERTY(QVariantMap reviewer READ reviewer NOTIFY reviewerChanged)  // an AssignButtonView
-  Q_PROPERTY(QVariantMap picker READ picker NOTIFY pickerChanged)        // a DatePickerView
+  Q_PROPERTY(Qml<DueButtonView> due READ due NOTIFY dueChanged)
+  Q_PROPERTY(Qml<AssignButtonView> reviewer READ reviewer NOTIFY reviewerChanged)
+  Q_PROPERTY(Qml<DatePickerView> picker READ picker NOTIFY pickerChanged)
 
  public:
   // What is passed must outlive the model.
   PlanModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
-  QVariantMap due() const { return due_; }
-  QVariantMap reviewer() const { return reviewer_; }
-  QVariantMap picker() const { return picker_; }
+  Qml<DueButtonView> due() const { return due_.qml(); }
+  Qml<AssignButtonView> reviewer() const { return reviewer_.qml(); }
+  Qml<DatePickerView> picker() const { return picker_.qml(); }
 
   // What is picked holds until it begins anew, whatever a poll brings. It keeps within what `due`
   // tells of the earliest and the latest.
@@ -54,10 +54,10 @@ class PlanModel : public QObject {
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  QVariantMap due_ = toQml(DueButtonView{}).toMap();
+  Shown<DueButtonView> due_;
   DatePick pick_;
-  QVariantMap reviewer_ = toQml(AssignButtonView{}).toMap();
-  QVariantMap picker_ = toQml(DatePickerView{}).toMap();
+  Shown<AssignButtonView> reviewer_;
+  Shown<DatePickerView> picker_;
   Changes::Subscription onChange_;
 };
 

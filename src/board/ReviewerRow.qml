@@ -1,12 +1,13 @@
 import QtQuick
+import Vellix.Board
 import Vellix.Pictures
 import Vellix.Pieces
 
-// One person to choose as the reviewer. `person` is a ReviewerView.
+// One person to choose as the reviewer.
 ListRow {
     id: row
 
-    required property var person
+    required property reviewerView person
     required property PictureSource pictures
 
     label: person.name

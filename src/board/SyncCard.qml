@@ -8,7 +8,7 @@ Item {
 
     required property BoardModel board
 
-    readonly property var shown: board.syncCard
+    readonly property syncCardView shown: board.syncCard
 
     implicitHeight: 36
 
@@ -43,7 +43,7 @@ Item {
         anchors.rightMargin: Theme.gap4
         anchors.verticalCenter: parent.verticalCenter
         text: "Stop"
-        color: Theme.fore["red"]
+        color: Theme.fore.red
         onClicked: card.board.stopSync()
     }
 }

@@ -1,15 +1,23 @@
 // A described value as a QML value: structs become maps by field name, vectors lists, an empty
-// optional undefined.
+// optional undefined; rectangles, points and sizes become QML's own.
 #pragma once
 
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
 #include <QString>
 #include <QVariant>
 #include <string>
 
 #include "records/described.hpp"
+#include "records/geometry.hpp"
 #include "records/records.hpp"
 
 namespace vellix {
+
+inline QVariant toQml(const Box& box) { return QRectF{box.x, box.y, box.width, box.height}; }
+inline QVariant toQml(Spot spot) { return QPointF{spot.x, spot.y}; }
+inline QVariant toQml(Extent extent) { return QSizeF{extent.width, extent.height}; }
 
 template <class T>
 QVariant toQml(const T& value) {
@@ -33,5 +41,14 @@ QVariant toQml(const T& value) {
     return QVariant{value};
   }
 }
+
+// What a described value, or a vector of them, is in QML. Properties are declared as this, so that
+// lint knows which value it is.
+template <class T>
+using Qml = std::conditional_t<isA<T, std::vector>, QVariantList, QVariantMap>;
+
+inline Box boxOf(const QRectF& rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
+inline Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
+inline Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
 
 }  // namespace vellix

@@ -1,11 +1,12 @@
 import QtQuick
+import Vellix.Compare
 import Vellix.Pieces
 
-// The rectangle of a finding on a page. `mark` is a BoxMarkView, `place` where it is drawn.
+// The rectangle of a finding on a page. `place` is where it is drawn.
 Pressable {
     id: box
 
-    required property var mark
+    required property boxMarkView mark
     required property rect place
 
     x: place.x

@@ -10,11 +10,14 @@ Rectangle {
     id: bar
 
     required property CompareModel compare
+    required property bool notesOpen
+    required property string notesHelp
 
     // A pane is about to be shown or hidden.
     signal toggled()
+    signal notesToggled()
 
-    readonly property var view: compare.bar
+    readonly property canvasBarView view: compare.bar
     readonly property real line: 32
     readonly property real room: width - 2 * Theme.gap12
     readonly property real gap: Theme.gap12
@@ -240,9 +243,9 @@ Rectangle {
         IconButton {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "sidebar.right"
-            help: bar.compare.notes.help
-            checked: bar.compare.notes.open
-            onClicked: bar.compare.toggleNotes()
+            help: bar.notesHelp
+            checked: bar.notesOpen
+            onClicked: bar.notesToggled()
         }
     }
 

@@ -14,7 +14,15 @@ Rectangle {
     required property NotesModel notes
     required property PictureSource pictures
 
-    readonly property var view: compare.bar
+    // The notes panel beside it, and what its button says.
+    required property bool notesOpen
+    required property string notesHelp
+
+    // The notes panel is wanted, or turned on and off.
+    signal notesWanted()
+    signal notesToggled()
+
+    readonly property canvasBarView view: compare.bar
     readonly property real barHeight: bar.height
     property real zoom: view.zoom
     // The spot of the stage that stays where it is while a hand zooms.
@@ -37,8 +45,8 @@ Rectangle {
 
     function relay() {
         reveal.stop();
-        const anchor = compare.glides ? Qt.point(stage.width / 2, stage.height / 2) : hand;
-        const to = compare.layStage(Qt.size(stage.width, stage.height), zoom,
+        const anchor = compare.stage.glides ? Qt.point(stage.width / 2, stage.height / 2) : hand;
+        const to = compare.stage.lay(Qt.size(stage.width, stage.height), zoom,
                                     Qt.point(stage.contentX, stage.contentY), anchor);
         stage.contentX = to.x;
         stage.contentY = to.y;
@@ -62,7 +70,7 @@ Rectangle {
     }
 
     Behavior on zoom {
-        enabled: canvas.compare.glides
+        enabled: canvas.compare.stage.glides
         Glide {}
     }
 
@@ -70,7 +78,7 @@ Rectangle {
         target: canvas.compare
 
         function onSelected() {
-            canvas.scrollTo(canvas.compare.revealSelected(Qt.point(stage.contentX, stage.contentY),
+            canvas.scrollTo(canvas.compare.stage.revealSelected(Qt.point(stage.contentX, stage.contentY),
                                                           canvas.covered));
         }
         function onDrafted() {
@@ -102,9 +110,9 @@ Rectangle {
         clip: true
         pixelAligned: true
         boundsBehavior: Flickable.StopAtBounds
-        interactive: canvas.compare.stage.scrolls
-        contentWidth: canvas.compare.stage.width
-        contentHeight: canvas.compare.stage.height
+        interactive: canvas.compare.stage.layout.scrolls
+        contentWidth: canvas.compare.stage.layout.width
+        contentHeight: canvas.compare.stage.layout.height
         activeFocusOnTab: interactive
 
         Accessible.role: Accessible.Pane
@@ -137,7 +145,7 @@ Rectangle {
             target: null
             onWheel: event => {
                 canvas.hand = stage.mapFromItem(stage.contentItem, event.x, event.y);
-                canvas.compare.wheel(event.angleDelta.y / 120);
+                canvas.compare.stage.wheel(event.angleDelta.y / 120);
             }
         }
 
@@ -154,13 +162,13 @@ Rectangle {
             target: null
             onActiveChanged: {
                 if (!active)
-                    canvas.compare.endPinch();
+                    canvas.compare.stage.endPinch();
             }
             onActiveScaleChanged: {
                 if (!active)
                     return;
                 canvas.hand = stage.mapFromItem(stage.contentItem, centroid.position.x, centroid.position.y);
-                canvas.compare.pinch(activeScale);
+                canvas.compare.stage.pinch(activeScale);
             }
         }
 
@@ -171,9 +179,10 @@ Rectangle {
                 compare: canvas.compare
                 pictures: canvas.pictures
                 shifting: canvas.shifting
+                onNoteAsked: canvas.notesWanted()
                 onSought: mark => {
                     const place = mark.mapToItem(stage.contentItem, 0, 0, mark.width, mark.height);
-                    canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
+                    canvas.scrollTo(canvas.compare.stage.reveal(place, Qt.point(stage.contentX, stage.contentY),
                                                           canvas.covered));
                 }
             }
@@ -267,14 +276,14 @@ Rectangle {
         DraftCard {
             id: card
 
-            x: canvas.compare.card.x - stage.contentX
-            y: canvas.compare.card.y - stage.contentY
+            x: canvas.compare.stage.card.x - stage.contentX
+            y: canvas.compare.stage.card.y - stage.contentY
             notes: canvas.notes
-            open: canvas.compare.card.here
+            open: canvas.compare.stage.card.here
             onKeptOut: stage.forceActiveFocus(Qt.OtherFocusReason)
             onBegun: {
-                const place = Qt.rect(canvas.compare.card.x, canvas.compare.card.y, width, height);
-                canvas.scrollTo(canvas.compare.reveal(place, Qt.point(stage.contentX, stage.contentY),
+                const place = Qt.rect(canvas.compare.stage.card.x, canvas.compare.stage.card.y, width, height);
+                canvas.scrollTo(canvas.compare.stage.reveal(place, Qt.point(stage.contentX, stage.contentY),
                                                       canvas.covered));
             }
         }
@@ -287,6 +296,9 @@ Rectangle {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         compare: canvas.compare
+        notesOpen: canvas.notesOpen
+        notesHelp: canvas.notesHelp
+        onNotesToggled: canvas.notesToggled()
         onToggled: {
             canvas.shifting = Theme.standard > 0;
             shift.restart();

@@ -3,26 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bridge/replaced.hpp"
 #include "compare/canvas.hpp"
-#include "compare/crop.hpp"
 #include "compare/marks.hpp"
 
 namespace vellix {
 namespace {
 
-Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
-Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
-QPointF pointOf(Spot spot) { return {spot.x, spot.y}; }
-// What is not covered from below.
-Extent seenPart(Extent stage, double covered) {
-  return {stage.width, std::max(stage.height - std::max(covered, 0.0), 1.0)};
-}
-QRectF rectOf(const Box& box) { return {box.x, box.y, box.width, box.height}; }
-
-Box boxFrom(const QVariantMap& map) {
-  return {map["x"].toDouble(), map["y"].toDouble(), map["width"].toDouble(),
-          map["height"].toDouble()};
+QRectF markOn(Box (*mark)(const Box&, Extent), QRectF box, QSizeF picture) {
+  const Extent size = extentOf(picture);
+  return toQml(inSight(mark(boxOf(box), size), size)).toRectF();
 }
 
 }  // namespace
@@ -34,18 +23,14 @@ CompareModel::CompareModel(Store& store, MainLoop& loop)
                ++state_.blink;
                update();
              }),
+      stage_(store, panes_.rows()),
       onChange_(store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection |
                                           Store::kPage | Store::kCanvas | Store::kSignedIn |
                                           Store::kFocus | Store::kDraft,
                                       [this] { update(); })),
       onFocus_(store.changes.observe(Store::kFocus, [this] { emit selected(); })),
-      onPanels_(store.changes.observe(Store::kPanels, [this] { updateNotes(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] {
-        update();
-        updateNotes();
-      })) {
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
   update();
-  updateNotes();
 }
 
 void CompareModel::update() {
@@ -64,51 +49,35 @@ void CompareModel::update() {
 void CompareModel::updateCanvas(const FileDetail* detail) {
   // Another ticket's canvas is another one: it begins anew.
   const std::string canvas = detail ? detail->file.id : std::string{};
-  if (canvas != canvas_) {
+  const bool anew = canvas != canvas_;
+  if (anew) {
     blink_.follow(false);
+    stage_.endPinch();
     state_ = {};
-    shownLoupe_ = {};
     canvas_ = canvas;
   }
   followBlink();
   auto view = detail ? canvasView(store_, *detail, state_) : CanvasView{};
-  alone_ = takesTurns(store_);
   // First the places, so that a pane that comes knows its own.
-  layOut(view.panes);
+  stage_.layOut(view.panes, takesTurns(store_));
   panes_.setRows(std::move(view.panes));
   toggles_.setRows(std::move(view.toggles));
-  if (handZoom_ != store_.zoom()) handZoom_.reset();
-  if (glides_ == handZoom_.has_value()) {
-    glides_ = !glides_;
-    emit glidesChanged();
-  }
-  if (replaced(bar_, view.bar)) emit barChanged();
-  const bool opens = view.loupe.open;
-  if (opens) shownLoupe_ = std::move(view.loupe);
-  shownLoupe_.open = opens;
-  if (replaced(loupe_, shownLoupe_)) emit loupeChanged();
-  draftPane_ = view.draftPane;
-  placeCard();
-  const auto draft = draftPane_ < 0 ? std::nullopt : store_.draft();
+  stage_.followZoom();
+  if (bar_.show(std::move(view.bar))) emit barChanged();
+  showLoupe(std::move(view.loupe), anew);
+  stage_.placeCard(view.draftPane);
+  const auto draft = view.draftPane < 0 ? std::nullopt : store_.draft();
   if (draft_ == draft) return;
   draft_ = draft;
   if (draft_) emit drafted();
 }
 
-void CompareModel::placeCard() {
-  const auto pane = static_cast<std::size_t>(draftPane_);
-  if (draftPane_ >= 0 && pane < layout_.panes.size()) {
-    const Spot at = draftCardCorner(panes_.rows()[pane].draft.box, layout_.panes[pane].page,
-                                    {layout_.width, layout_.height});
-    cardPlace_ = {.here = true, .x = at.x, .y = at.y};
-  } else {
-    cardPlace_.here = false;
+void CompareModel::showLoupe(LoupeView loupe, bool anew) {
+  if (!loupe.open && !anew) {
+    loupe = *loupe_;
+    loupe.open = false;
   }
-  if (replaced(card_, cardPlace_)) emit cardChanged();
-}
-
-void CompareModel::updateNotes() {
-  if (replaced(notes_, notesPanel(store_, width_))) emit notesChanged();
+  if (loupe_.show(std::move(loupe))) emit loupeChanged();
 }
 
 void CompareModel::followBlink() {
@@ -125,74 +94,23 @@ void CompareModel::setSeen(bool seen) {
   followBlink();
 }
 
-void CompareModel::layOut(const std::vector<PaneView>& views) {
-  std::vector<StagePane> panes;
-  panes.reserve(views.size());
-  for (const auto& view : views) panes.push_back({view.aspect, !view.img.empty()});
-  auto layout = stageLayout(size_, panes, zoom_, alone_);
-  if (layout == layout_) return;
-  layout_ = std::move(layout);
-  anchor_.reset();
-  stage_ = toQml(layout_).toMap();
-  emit stageChanged();
-  placeCard();
+QRectF CompareModel::boxMark(QRectF box, QSizeF picture) {
+  return markOn(&vellix::boxMark, box, picture);
 }
 
-QPointF CompareModel::layStage(QSizeF size, double zoom, QPointF scroll, QPointF anchor) {
-  const Spot at = spotOf(scroll);
-  // Scrolled by other means, or held elsewhere: another place is meant.
-  const bool same = anchor_ && anchor_->spot == spotOf(anchor) && std::abs(at.x - scroll_.x) <= 1 &&
-                    std::abs(at.y - scroll_.y) <= 1;
-  const auto about = same ? anchor_ : anchorAt(layout_, at, spotOf(anchor));
-  size_ = extentOf(size);
-  zoom_ = zoom;
-  layOut(panes_.rows());
-  anchor_ = about;
-  scroll_ = anchored(about, at, layout_, size_);
-  return pointOf(scroll_);
+QRectF CompareModel::areaMark(QRectF box, QSizeF picture) {
+  return markOn(&vellix::areaMark, box, picture);
 }
 
-QPointF CompareModel::revealSelected(QPointF scroll, double covered) const {
-  std::vector<Box> marks;
-  for (std::size_t i = 0; i < panes_.rows().size() && i < layout_.panes.size(); ++i) {
-    const PaneView& pane = panes_.rows()[i];
-    if (!pane.onStage) continue;
-    const Box& page = layout_.panes[i].page;
-    for (const auto& view : pane.boxes) {
-      if (!view.selected) continue;
-      const Box mark = vellix::boxMark(view.box, {page.width, page.height});
-      marks.push_back({page.x + mark.x, page.y + mark.y, mark.width, mark.height});
-    }
-  }
-  return pointOf(revealed(layout_, spotOf(scroll), marks, seenPart(size_, covered)));
-}
-
-QPointF CompareModel::reveal(QRectF place, QPointF scroll, double covered) const {
-  const Box box{place.x(), place.y(), place.width(), place.height()};
-  return pointOf(revealed(layout_, spotOf(scroll), {box}, seenPart(size_, covered)));
-}
-
-QRectF CompareModel::boxMark(const QVariantMap& box, QSizeF picture) {
-  const Extent size = extentOf(picture);
-  return rectOf(inSight(vellix::boxMark(boxFrom(box), size), size));
-}
-
-QRectF CompareModel::areaMark(const QVariantMap& box, QSizeF picture) {
-  const Extent size = extentOf(picture);
-  return rectOf(inSight(vellix::areaMark(boxFrom(box), size), size));
-}
-
-QVariantMap CompareModel::cropLayout(const QVariantMap& crop, QSizeF place) {
-  std::vector<Box> boxes;
-  for (const QVariant& box : crop["boxes"].toList()) boxes.push_back(boxFrom(box.toMap()));
-  const auto layout = vellix::cropLayout(boxFrom(crop["part"].toMap()), boxes,
-                                         crop["aspect"].toDouble(), extentOf(place));
-  return toQml(layout).toMap();
+Qml<CropLayout> CompareModel::cropLayout(QRectF part, const QVariantList& boxes, double aspect,
+                                         QSizeF place) {
+  std::vector<Box> marked;
+  for (const QVariant& box : boxes) marked.push_back(boxOf(box.toRectF()));
+  return toQml(vellix::cropLayout(boxOf(part), marked, aspect, extentOf(place))).toMap();
 }
 
 QSizeF CompareModel::cropPlace(double width, int crops) {
-  const auto place = vellix::cropPlace(width, static_cast<std::size_t>(std::max(crops, 0)));
-  return {place.width, place.height};
+  return toQml(vellix::cropPlace(width, static_cast<std::size_t>(std::max(crops, 0)))).toSizeF();
 }
 
 void CompareModel::stepPage(int delta) {
@@ -221,31 +139,6 @@ void CompareModel::zoomOut() { store_.stepZoom(Store::kZoomOut); }
 void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
 
-void CompareModel::pinch(double magnification) {
-  vellix::pinch(store_, state_, magnification);
-  handZoom_ = store_.zoom();
-}
-
-void CompareModel::endPinch() { state_.pinchStart.reset(); }
-
-void CompareModel::wheel(double notches) {
-  store_.zoomTo(store_.zoom() * std::pow(Store::kZoomIn, notches));
-  handZoom_ = store_.zoom();
-}
-
-void CompareModel::toggleNotes() { store_.toggleNotes(); }
-
-void CompareModel::openNotes() {
-  if (!notes_["open"].toBool()) store_.toggleNotes();
-}
-
-void CompareModel::layNotes(double width) {
-  if (!(width > 0)) return;  // a view that is not laid out yet
-  width_ = width;
-  store_.notesFloat.set(notesFloat(width));
-  updateNotes();
-}
-
 void CompareModel::pressBox(const QString& finding) { toggleFocus(store_, finding.toStdString()); }
 
 void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
@@ -253,12 +146,12 @@ void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
 void CompareModel::beginNote(int pane, QPointF from, QPointF to, QSizeF picture) {
   const auto at = static_cast<std::size_t>(pane);
   const std::string shown = at < panes_.rows().size() ? panes_.rows()[at].key : std::string{};
-  const QVariant page = bar_["page"];
+  const Int page = bar_->page;
   // The page may have been turned in this very turn, and what was drawn on was the one before.
   update();
   if (at >= panes_.rows().size()) return;
   const PaneView& view = panes_.rows()[at];
-  if (view.key != shown || bar_["page"] != page) return;
+  if (view.key != shown || bar_->page != page) return;
   state_.drawnOn = view.key;
   vellix::beginNote(store_, view.side, spotOf(from), spotOf(to), extentOf(picture));
   // It may be the same spot, of another pane.

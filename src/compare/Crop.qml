@@ -5,17 +5,16 @@ import Vellix.Compare
 import Vellix.Pictures
 import Vellix.Pieces
 
-// One cut-out of a page, enlarged: the whole picture laid out larger and clipped. `crop` is a
-// CropView.
+// One cut-out of a page, enlarged: the whole picture laid out larger and clipped.
 Item {
     id: cut
 
     required property CompareModel compare
     required property PictureSource pictures
-    required property var crop
+    required property cropView crop
     required property color ground
 
-    readonly property var lay: compare.cropLayout(crop, Qt.size(width, height))
+    readonly property cropLayout lay: compare.cropLayout(crop.part, crop.boxes, crop.aspect, Qt.size(width, height))
     readonly property color colour: Theme.onPaper[crop.colour]
 
     Item {
@@ -60,7 +59,7 @@ Item {
 
             MarkFrame {
                 required property int index
-                readonly property var place: cut.lay.marks[index] ?? Qt.rect(0, 0, 0, 0)
+                readonly property rect place: cut.lay.marks[index] ?? Qt.rect(0, 0, 0, 0)
 
                 x: place.x
                 y: place.y
@@ -88,7 +87,7 @@ Item {
         horizontalAlignment: Text.AlignHCenter
         size: 9.5
         font.letterSpacing: 0.6
-        color: cut.crop.colour === "accent" ? Theme.accent : Theme.fore["blue"]
+        color: cut.crop.colour === "accent" ? Theme.accent : Theme.fore.blue
         tellsWhole: true
         text: cut.crop.label
     }

@@ -1,11 +1,12 @@
 import QtQuick
+import Vellix.Compare
 import Vellix.Pieces
 
-// The place of the note that is being written. `mark` is a DraftMarkView.
+// The place of the note that is being written.
 Item {
     id: draft
 
-    required property var mark
+    required property draftMarkView mark
     required property size picture
 
     property bool pulse: false
@@ -27,7 +28,7 @@ Item {
     MarkFrame {
         visible: draft.mark.area
         anchors.fill: parent
-        color: Theme.onPaper["accent"]
+        color: Theme.onPaper.accent
         line: 2
         dash: 6
         fill: 0.08
@@ -41,7 +42,7 @@ Item {
         width: 18
         height: 18
         radius: 9
-        color: Theme.onPaper["accent"]
+        color: Theme.onPaper.accent
         opacity: 0.4
 
         SequentialAnimation {
@@ -64,7 +65,7 @@ Item {
         visible: !draft.mark.area
         anchors.fill: parent
         radius: 9
-        color: Theme.onPaper["accent"]
+        color: Theme.onPaper.accent
         border.width: 2
         border.color: Theme.onAccent
     }

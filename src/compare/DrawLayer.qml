@@ -64,7 +64,7 @@ MouseArea {
         y: Math.min(from.y, to.y)
         width: Math.abs(from.x - to.x)
         height: Math.abs(from.y - to.y)
-        color: Theme.onPaper["accent"]
+        color: Theme.onPaper.accent
         line: 1.6
         dash: 5
         fill: 0.08

@@ -15,7 +15,7 @@ Item {
     // Esc is this strip's only while nothing above it wants it.
     required property bool takesEscape
 
-    readonly property var view: compare.loupe
+    readonly property loupeView view: compare.loupe
     readonly property bool shown: view.open
     readonly property size place: compare.cropPlace(strip.width, view.crops.length)
     property real open: shown ? 1 : 0
@@ -115,7 +115,7 @@ Item {
             }
 
             Crop {
-                required property var value
+                required property cropView value
 
                 width: loupe.place.width
                 height: loupe.place.height

@@ -3,11 +3,11 @@ import Vellix.Compare
 import Vellix.Pieces
 
 // A note on a page: an area with its number at the corner, or the number alone. It takes no clicks;
-// notes are worked with in their panel. `mark` is a NoteMarkView.
+// notes are worked with in their panel.
 Item {
     id: note
 
-    required property var mark
+    required property noteMarkView mark
     required property rect place  // of an area
     required property size picture
 
@@ -26,7 +26,7 @@ Item {
     MarkFrame {
         visible: note.mark.area
         anchors.fill: parent
-        color: Theme.onPaper["accent"]
+        color: Theme.onPaper.accent
         line: 1.8
         halo: 4
         haloOpacity: 0.85

@@ -12,13 +12,15 @@ Item {
     required property CompareModel compare
     required property var boxes
     required property var notes
-    required property var draft
+    required property draftMarkView draft
     required property bool draws
     // The last frame showed the page that these lie on: what was seen before takes no note.
     required property bool seen
 
     // A mark that the keyboard has come to.
     signal sought(Item mark)
+    // A note was pressed.
+    signal noteAsked()
     // A note's place was drawn.
     signal drawn(point from, point to)
 
@@ -56,7 +58,7 @@ Item {
                 }
 
                 BoxMark {
-                    required property var value
+                    required property boxMarkView value
 
                     mark: value
                     place: marks.compare.boxMark(mark.box, marks.picture)
@@ -79,12 +81,12 @@ Item {
                 }
 
                 NoteMark {
-                    required property var value
+                    required property noteMarkView value
 
                     mark: value
                     picture: marks.picture
                     place: marks.compare.areaMark(mark.box, marks.picture)
-                    onAsked: marks.compare.openNotes()
+                    onAsked: marks.noteAsked()
                 }
             }
 

@@ -21,20 +21,20 @@ Item {
     required property bool difference
     required property var boxes
     required property var notes
-    required property var draft
+    required property draftMarkView draft
     required property CompareModel compare
     required property PictureSource pictures
     required property bool shifting  // its place changes by what was shown or hidden
 
     readonly property bool underMissing: overlaid.count > 0 && (overlaid.itemAt(0) as RemoteImage).missing
                                          || compared.count > 0 && (compared.itemAt(0) as DifferenceImage).missing
-    readonly property var blank: ({ x: 0, y: 0, width: 0, height: 0, page: { x: 0, y: 0, width: 0, height: 0 } })
-    readonly property var told: compare.stage.panes[index]
+    readonly property var told: compare.stage.layout.panes[index]
     // The last that was told: while panes change there may be none for a moment.
-    property var place: blank
+    property panePlace place: ({ x: 0, y: 0, width: 0, height: 0, page: Qt.rect(0, 0, 0, 0) })
     property bool settled: false
 
     signal sought(Item mark)
+    signal noteAsked()
 
     x: place.x
     y: place.y
@@ -134,7 +134,7 @@ Item {
             pictures: pane.pictures
             key: pane.img
             standIn: pane.thumb
-            pageRoom: Qt.size(pane.compare.stage.room.width, pane.compare.stage.room.height)
+            pageRoom: pane.compare.stage.layout.room
             placeholder: missing ? Theme.well : Theme.paper
 
             Accessible.role: Accessible.Graphic
@@ -199,6 +199,7 @@ Item {
             draws: pane.compare.bar.draws
             seen: own.shown === pane.img
             onSought: mark => pane.sought(mark)
+            onNoteAsked: pane.noteAsked()
             onDrawn: (from, to) => pane.compare.beginNote(pane.index, from, to, picture)
         }
     }

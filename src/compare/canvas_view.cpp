@@ -10,8 +10,6 @@
 namespace vellix {
 namespace {
 
-constexpr double kSmallestPinch = 0.01;  // change of scale
-
 PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   PaneView view{.key = file.id + " " + pane.key,
                 .img = pane.img.value_or(""),
@@ -150,25 +148,5 @@ CanvasView canvasView(const Store& store, const FileDetail& detail, const Canvas
 }
 
 bool takesTurns(const Store& store) { return store.mode() == CompareMode::blink; }
-
-void pinch(Store& store, CanvasState& state, double magnification) {
-  if (!std::isfinite(magnification) || magnification <= 0) return;
-  if (!state.pinchStart) {
-    if (std::abs(magnification - 1) < kSmallestPinch) return;
-    state.pinchStart = store.zoom();
-  }
-  store.zoomTo(*state.pinchStart * magnification);
-}
-
-bool notesFloat(double width) { return width < 900; }
-
-NotesPanelView notesPanel(const Store& store, double width) {
-  NotesPanelView view;
-  view.floats = store.notesFloat();
-  view.open = store.notesFloat() ? store.notesDrawer() : store.prefs.showNotes();
-  view.width = view.floats ? std::min(width - 40, 320.0) : width < 1100 ? 290 : 330;
-  view.help = view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
-  return view;
-}
 
 }  // namespace vellix

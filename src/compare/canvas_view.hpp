@@ -14,9 +14,8 @@ namespace vellix {
 struct CanvasState {
   double opacity = 0.5;  // of what lies over
   bool difference = false;
-  Int blink = 0;                     // counts the swaps
-  std::optional<double> pinchStart;  // zoom
-  std::string drawnOn;               // key of the pane that a note was last begun on
+  Int blink = 0;        // counts the swaps
+  std::string drawnOn;  // key of the pane that a note was last begun on
 };
 
 struct PaneView {
@@ -84,16 +83,6 @@ BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
                       (empty, mode, overlay, opacity, difference, draws, drafting, page, place,
                        first, last, zoom, percent, canZoomIn, canZoomOut))
 
-// The notes panel beside the page: known before the ticket's detail is here.
-struct NotesPanelView {
-  bool open = true;
-  bool floats = false;  // over the page, where there is no room beside it
-  double width = 0;     // logical pixels
-  std::string help;     // of its button
-  bool operator==(const NotesPanelView&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(NotesPanelView, (), (open, floats, width, help))
-
 struct CanvasView {
   CanvasBarView bar;
   std::vector<PaneView> panes;
@@ -105,11 +94,5 @@ struct CanvasView {
 CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state = {});
 // The panes take turns on the stage instead of standing beside one another.
 bool takesTurns(const Store& store);
-// A magnification since the pinch began; the smallest ones are no pinch yet.
-void pinch(Store& store, CanvasState& state, double magnification);
-
-// `width` is that of the view which the panel stands in, in logical pixels.
-bool notesFloat(double width);
-NotesPanelView notesPanel(const Store& store, double width);
 
 }  // namespace vellix

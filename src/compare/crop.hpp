@@ -2,10 +2,11 @@
 // larger and clipped.
 #pragma once
 
+#include <boost/describe.hpp>
 #include <optional>
 #include <vector>
 
-#include "compare/geometry.hpp"
+#include "records/geometry.hpp"
 
 namespace vellix {
 

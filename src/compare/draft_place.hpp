@@ -1,7 +1,9 @@
 // Where the card stands in which a note at a place of a page is written.
 #pragma once
 
-#include "compare/geometry.hpp"
+#include <boost/describe.hpp>
+
+#include "records/geometry.hpp"
 
 namespace vellix {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "compare/geometry.hpp"
+#include "records/geometry.hpp"
 #include "records/records.hpp"
 
 namespace vellix {

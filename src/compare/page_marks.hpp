@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "compare/geometry.hpp"
+#include "records/geometry.hpp"
 #include "store/store.hpp"
 
 namespace vellix {

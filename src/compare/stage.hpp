@@ -1,10 +1,11 @@
 // Where the panes stand on the stage, and how it is scrolled. Logical pixels.
 #pragma once
 
+#include <boost/describe.hpp>
 #include <optional>
 #include <vector>
 
-#include "compare/geometry.hpp"
+#include "records/geometry.hpp"
 
 namespace vellix {
 

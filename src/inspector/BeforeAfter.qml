@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Inspector
 import Vellix.Pieces
 
 // The two wordings of a finding below one another. `wordings` is a list of WordingView.
@@ -18,7 +19,7 @@ Column {
             id: block
 
             required property int index
-            readonly property var wording: both.wordings[index] ?? ({ caption: "", text: "" })
+            readonly property wordingView wording: both.wordings[index] ?? ({ caption: "", text: "" })
 
             width: both.width
             height: words.height + 16

@@ -196,7 +196,7 @@ Item {
                         icon: "exclamationmark.triangle.fill"
                         on: card.issue
                         decision: card.decision
-                        color: Theme.fore["red"]
+                        color: Theme.fore.red
                         onClicked: card.realIssue()
                     }
 
@@ -207,7 +207,7 @@ Item {
                         icon: "checkmark"
                         on: card.fine
                         decision: card.decision
-                        color: Theme.fore["green"]
+                        color: Theme.fore.green
                         onClicked: card.markFine()
                     }
                 }

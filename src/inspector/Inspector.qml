@@ -14,7 +14,7 @@ Item {
     required property NotesModel notes
     required property PictureSource pictures
 
-    readonly property var head: inspector.head
+    readonly property findingsHead head: inspector.head
     // Another page's findings begin at their top.
     readonly property string place: head.file + " " + head.title
 
@@ -142,7 +142,7 @@ Item {
                 width: parent.width
                 wrapMode: Text.Wrap
                 size: Theme.note
-                color: Theme.fore["amber"]
+                color: Theme.fore.amber
                 text: panel.head.notice
             }
 

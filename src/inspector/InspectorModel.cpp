@@ -1,7 +1,5 @@
 #include "inspector/InspectorModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 
 InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calendar& calendar)
@@ -23,7 +21,7 @@ void InspectorModel::update() {
   cards_.setRows(std::move(view.cards));
   passed_.setRows(std::move(view.passed));
   others_.setRows(std::move(view.others));
-  if (replaced(head_, view.head)) emit headChanged();
+  if (head_.show(std::move(view.head))) emit headChanged();
 }
 
 template <class Press>

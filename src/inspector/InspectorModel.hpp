@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include "bridge/RowsModel.hpp"
+#include "bridge/Shown.hpp"
 #include "inspector/findings_panel.hpp"
 
 namespace vellix {
@@ -13,7 +14,7 @@ class InspectorModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap head READ head NOTIFY headChanged)
+  Q_PROPERTY(Qml<FindingsHead> head READ head NOTIFY headChanged)
   Q_PROPERTY(QAbstractItemModel* cards READ cards CONSTANT)
   Q_PROPERTY(QAbstractItemModel* passed READ passed CONSTANT)
   Q_PROPERTY(QAbstractItemModel* others READ others CONSTANT)
@@ -22,7 +23,7 @@ class InspectorModel : public QObject {
   // What is passed must outlive the model.
   InspectorModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
-  QVariantMap head() const { return head_; }
+  Qml<FindingsHead> head() const { return head_.qml(); }
   QAbstractItemModel* cards() { return &cards_; }
   QAbstractItemModel* passed() { return &passed_; }
   QAbstractItemModel* others() { return &others_; }
@@ -45,7 +46,7 @@ class InspectorModel : public QObject {
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  QVariantMap head_ = toQml(FindingsHead{}).toMap();
+  Shown<FindingsHead> head_;
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
   RowsModel<FindingCardView, &FindingCardView::id> passed_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;

@@ -73,7 +73,7 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !buttons.report.area.stopping
                 text: "Stop"
-                color: Theme.fore["red"]
+                color: Theme.fore.red
                 onClicked: buttons.report.stop()
             }
         }

@@ -1,7 +1,5 @@
 #include "jobs/ReportModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 
 ReportModel::ReportModel(Store& store, const MainLoop& clock, const Calendar& calendar)
@@ -14,7 +12,7 @@ ReportModel::ReportModel(Store& store, const MainLoop& clock, const Calendar& ca
 }
 
 void ReportModel::update() {
-  if (replaced(area_, reportArea(store_, clock_.now(), calendar_))) emit areaChanged();
+  if (area_.show(reportArea(store_, clock_.now(), calendar_))) emit areaChanged();
 }
 
 void ReportModel::make() { makeReport(store_); }

@@ -4,7 +4,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
-#include "bridge/value.hpp"
+#include "bridge/Shown.hpp"
 #include "jobs/report_area.hpp"
 
 namespace vellix {
@@ -13,13 +13,13 @@ class ReportModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap area READ area NOTIFY areaChanged)
+  Q_PROPERTY(Qml<ReportAreaView> area READ area NOTIFY areaChanged)
 
  public:
   // What is passed must outlive the model.
   ReportModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
-  QVariantMap area() const { return area_; }
+  Qml<ReportAreaView> area() const { return area_.qml(); }
 
   Q_INVOKABLE void make();
   Q_INVOKABLE void stop();
@@ -34,7 +34,7 @@ class ReportModel : public QObject {
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  QVariantMap area_ = toQml(ReportAreaView{}).toMap();
+  Shown<ReportAreaView> area_;
   Changes::Subscription onChange_;
 };
 

@@ -8,7 +8,7 @@ Writing {
 
     required property NotesModel notes
 
-    readonly property var view: notes.composer
+    readonly property composerView view: notes.composer
     readonly property bool focused: activeFocus || picker.open
     readonly property bool open: focused || field.length > 0 || !tags.empty
     readonly property bool canPost: !view.posting && !notes.blank(field.text)
@@ -18,7 +18,7 @@ Writing {
     }
 
     function post() {
-        Qt.inputMethod.commit();
+        InputMethod.commit();
         if (!canPost || !notes.post(field.text, tags))
             return;
         field.text = "";

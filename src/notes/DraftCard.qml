@@ -41,7 +41,7 @@ Writing {
     }
 
     function post() {
-        Qt.inputMethod.commit();
+        InputMethod.commit();
         if (open && canPost)
             notes.postDraft();
     }

@@ -21,7 +21,7 @@ Writing {
     }
 
     function save(byKey: bool) {
-        Qt.inputMethod.commit();
+        InputMethod.commit();
         if (canSave)
             saved(field.text, byKey);
     }

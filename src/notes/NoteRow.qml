@@ -5,11 +5,11 @@ import Vellix.Notes
 import Vellix.Pictures
 import Vellix.Pieces
 
-// A note as it is read, and as its author changes it. `note` is a NoteRowView.
+// A note as it is read, and as its author changes it.
 Rectangle {
     id: row
 
-    required property var note
+    required property noteRowView note
     required property NotesModel notes
     required property PictureSource pictures
 
@@ -50,7 +50,7 @@ Rectangle {
 
     implicitHeight: body.implicitHeight + 2 * pad
     radius: Theme.radiusRow
-    color: note.tagged ? Theme.tint["amber"] : "transparent"
+    color: note.tagged ? Theme.tint.amber : "transparent"
 
     Accessible.role: Accessible.ListItem
     Accessible.name: note.spoken
@@ -59,7 +59,7 @@ Rectangle {
     Timer {
         id: hurry
 
-        interval: Qt.styleHints.mouseDoubleClickInterval
+        interval: Application.styleHints.mouseDoubleClickInterval
     }
 
     Column {
@@ -131,7 +131,7 @@ Rectangle {
 
                     symbol: row.note.resolved ? "checkmark.circle.fill" : "circle"
                     help: row.note.resolveHelp
-                    color: row.note.resolved ? Theme.fore["green"] : Theme.muted
+                    color: row.note.resolved ? Theme.fore.green : Theme.muted
                     opacity: row.note.busy ? 0.45 : 1
                     says: row.note.resolved
                     onClicked: row.notes.resolve(row.note.id)

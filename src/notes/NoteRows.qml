@@ -30,7 +30,7 @@ Column {
         }
 
         NoteRow {
-            required property var value
+            required property noteRowView value
 
             width: list.width
             note: value

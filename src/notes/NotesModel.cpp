@@ -1,6 +1,5 @@
 #include "notes/NotesModel.hpp"
 
-#include "bridge/replaced.hpp"
 #include "store/open_page.hpp"
 
 namespace vellix {
@@ -26,17 +25,15 @@ void NotesModel::update() {
   const FileDetail* detail = store_.currentDetail();
   const Int page = detail ? pageIndex(store_, detail->file) : 0;
   auto rows =
-      detail ? toQml(pageNotes(store_, *detail, page, now, calendar_)).toList() : QVariantList{};
-  if (rows != rows_) {
-    rows_ = std::move(rows);
-    emit rowsChanged();
+      detail ? pageNotes(store_, *detail, page, now, calendar_) : std::vector<NoteRowView>{};
+  if (rows_.show(std::move(rows))) emit rowsChanged();
+  if (composer_.show(detail ? vellix::composer(store_, *detail) : ComposerView{})) {
+    emit composerChanged();
   }
-  const auto writes = detail ? vellix::composer(store_, *detail) : ComposerView{};
-  if (replaced(composer_, writes)) emit composerChanged();
   auto card = detail ? draftCard(store_, *detail) : DraftCardView{};
   // The card keeps its words while it leaves.
-  if (!card.here) card.title = draft_["title"].toString().toStdString();
-  if (replaced(draft_, card)) emit draftChanged();
+  if (!card.here) card.title = draft_->title;
+  if (draft_.show(std::move(card))) emit draftChanged();
 }
 
 void NotesModel::followDraft() {

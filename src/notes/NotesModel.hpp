@@ -4,7 +4,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
-#include "bridge/RowsModel.hpp"
+#include "bridge/Shown.hpp"
 #include "notes/Tags.hpp"
 #include "notes/composer.hpp"
 #include "notes/note_row.hpp"
@@ -15,9 +15,9 @@ class NotesModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantList rows READ rows NOTIFY rowsChanged)  // NoteRowViews of the open page
-  Q_PROPERTY(QVariantMap composer READ composer NOTIFY composerChanged)  // a ComposerView
-  Q_PROPERTY(QVariantMap draft READ draft NOTIFY draftChanged)           // a DraftCardView
+  Q_PROPERTY(Qml<std::vector<NoteRowView>> rows READ rows NOTIFY rowsChanged)  // of the open page
+  Q_PROPERTY(Qml<ComposerView> composer READ composer NOTIFY composerChanged)
+  Q_PROPERTY(Qml<DraftCardView> draft READ draft NOTIFY draftChanged)
   // What is written at the draft's place lasts as long as the draft on its page.
   Q_PROPERTY(QString draftText READ draftText WRITE setDraftText NOTIFY draftTextChanged)
   Q_PROPERTY(vellix::Tags* draftTags READ draftTags CONSTANT)
@@ -27,9 +27,9 @@ class NotesModel : public QObject {
   NotesModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
   const Store& store() const { return store_; }
-  QVariantList rows() const { return rows_; }
-  QVariantMap composer() const { return composer_; }
-  QVariantMap draft() const { return draft_; }
+  Qml<std::vector<NoteRowView>> rows() const { return rows_.qml(); }
+  Qml<ComposerView> composer() const { return composer_.qml(); }
+  Qml<DraftCardView> draft() const { return draft_.qml(); }
   QString draftText() const { return draftText_; }
   void setDraftText(const QString& text);
   Tags* draftTags() { return &draftTags_; }
@@ -58,9 +58,9 @@ class NotesModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   std::optional<DraftNote> writing_;
-  QVariantList rows_;
-  QVariantMap composer_ = toQml(ComposerView{}).toMap();
-  QVariantMap draft_ = toQml(DraftCardView{}).toMap();
+  Shown<std::vector<NoteRowView>> rows_;
+  Shown<ComposerView> composer_;
+  Shown<DraftCardView> draft_;
   QString draftText_;
   Tags draftTags_;
   Changes::Subscription onChange_;

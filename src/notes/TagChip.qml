@@ -1,11 +1,12 @@
 import QtQuick
+import Vellix.Notes
 import Vellix.Pieces
 
-// Who is tagged, as a small capsule in the person's colour. `chip` is a TagChipView.
+// Who is tagged, as a small capsule in the person's colour.
 Rectangle {
     id: capsule
 
-    required property var chip
+    required property tagChipView chip
     property real room: Infinity
 
     readonly property color ink: chip.color === "" ? Theme.muted : chip.color

@@ -19,7 +19,7 @@ FlowRow {
         }
 
         TagChip {
-            required property var value
+            required property tagChipView value
 
             chip: value
             room: chips.width

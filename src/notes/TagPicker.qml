@@ -55,7 +55,7 @@ FlowRow {
         }
 
         TagChip {
-            required property var value
+            required property tagChipView value
 
             chip: value
             room: picker.width

@@ -1,8 +1,6 @@
 #include "notes/Tags.hpp"
 
-#include "bridge/value.hpp"
 #include "notes/NotesModel.hpp"
-#include "notes/note_tags.hpp"
 
 namespace vellix {
 
@@ -28,16 +26,8 @@ void Tags::setList(std::vector<std::string> list) {
 
 void Tags::update() {
   if (!notes_) return;
-  auto entries = toQml(tagEntries(notes_->store(), list_)).toList();
-  auto chips = toQml(tagChips(notes_->store(), list_)).toList();
-  if (entries != entries_) {
-    entries_ = std::move(entries);
-    emit entriesChanged();
-  }
-  if (chips != chips_) {
-    chips_ = std::move(chips);
-    emit chipsChanged();
-  }
+  if (entries_.show(tagEntries(notes_->store(), list_))) emit entriesChanged();
+  if (chips_.show(tagChips(notes_->store(), list_))) emit chipsChanged();
 }
 
 }  // namespace vellix

@@ -5,9 +5,11 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 #include <QPointer>
-#include <QVariantList>
 #include <string>
 #include <vector>
+
+#include "bridge/Shown.hpp"
+#include "notes/note_tags.hpp"
 
 namespace vellix {
 
@@ -18,8 +20,8 @@ class Tags : public QObject {
   QML_ELEMENT
   Q_PROPERTY(vellix::NotesModel* notes READ notes WRITE setNotes NOTIFY notesChanged REQUIRED)
   Q_PROPERTY(bool empty READ empty NOTIFY listChanged)
-  Q_PROPERTY(QVariantList entries READ entries NOTIFY entriesChanged)  // TagEntryViews
-  Q_PROPERTY(QVariantList chips READ chips NOTIFY chipsChanged)        // TagChipViews
+  Q_PROPERTY(Qml<std::vector<TagEntryView>> entries READ entries NOTIFY entriesChanged)
+  Q_PROPERTY(Qml<std::vector<TagChipView>> chips READ chips NOTIFY chipsChanged)
 
  public:
   using QObject::QObject;
@@ -27,8 +29,8 @@ class Tags : public QObject {
   NotesModel* notes() const { return notes_; }
   void setNotes(NotesModel* notes);
   bool empty() const { return list_.empty(); }
-  QVariantList entries() const { return entries_; }
-  QVariantList chips() const { return chips_; }
+  Qml<std::vector<TagEntryView>> entries() const { return entries_.qml(); }
+  Qml<std::vector<TagChipView>> chips() const { return chips_.qml(); }
   const std::vector<std::string>& list() const { return list_; }  // addresses
 
   Q_INVOKABLE void press(const QString& email);
@@ -46,8 +48,8 @@ class Tags : public QObject {
 
   QPointer<NotesModel> notes_;
   std::vector<std::string> list_;
-  QVariantList entries_;
-  QVariantList chips_;
+  Shown<std::vector<TagEntryView>> entries_;
+  Shown<std::vector<TagChipView>> chips_;
 };
 
 }  // namespace vellix

@@ -5,11 +5,10 @@ import Vellix.Pictures
 import Vellix.Pieces
 
 // A person's letter in a circle of the person's colour, and over it the photo once it is here.
-// `who` is an AvatarView.
 Item {
     id: avatar
 
-    required property var who
+    required property avatarView who
     required property PictureSource pictures
     property real size: 20
     property bool ring: false

@@ -1,11 +1,11 @@
 import QtQuick
 import Vellix.Pieces
 
-// A date with hour and minute. `shown` is a DatePickerView; it tells what is asked for part by part.
+// A date with hour and minute. It tells what is asked for part by part.
 Row {
     id: picker
 
-    required property var shown
+    required property datePickerView shown
     property string label: ""
     readonly property Item first: day
 

@@ -5,9 +5,9 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QObject>
-#include <QQmlPropertyMap>
 #include <QVariantList>
 
+#include "pieces/Tones.hpp"
 #include "pieces/shown_text.hpp"
 #include "platform/ports/look.hpp"
 
@@ -69,12 +69,10 @@ class Theme : public QObject {
   VELLIX_CONSTANT(QColor, shadow, QColor("#2e000000"))
   VELLIX_COLOUR(scrim, "#47000000", "#80000000")
 
-  // By the tone's name: Theme.fore["red"] is its foreground, Theme.tint["red"] its tinted ground.
-  Q_PROPERTY(QObject* fore READ fore CONSTANT)
-  Q_PROPERTY(QObject* tint READ tint CONSTANT)
-  // What lies on paper, which is as light in the dark look: "accent", "green", "muted" and
-  // "reference".
-  Q_PROPERTY(QObject* onPaper READ onPaper CONSTANT)
+  // By the tone's name: Theme.fore.red is its foreground, Theme.tint.red its tinted ground.
+  Q_PROPERTY(vellix::Tones* fore READ fore CONSTANT)
+  Q_PROPERTY(vellix::Tones* tint READ tint CONSTANT)
+  Q_PROPERTY(vellix::PaperTones* onPaper READ onPaper CONSTANT)
 
   // Faces. `pointsPerPixel` turns a size in logical pixels into font.pointSize, which keeps halves
   // where the platform draws them.
@@ -120,9 +118,9 @@ class Theme : public QObject {
   // What the desktop says counts where the person has chosen nothing else here. While it says
   // nothing, the lightness of its palette does.
   void followSystem(const Look& look);
-  QObject* fore() { return &fore_; }
-  QObject* tint() { return &tint_; }
-  QObject* onPaper() { return &onPaper_; }
+  Tones* fore() { return &fore_; }
+  Tones* tint() { return &tint_; }
+  PaperTones* onPaper() { return &onPaper_; }
   QString family() const { return family_; }
   QString serif() const { return serif_; }
   qreal pointsPerPixel() const;
@@ -141,15 +139,15 @@ class Theme : public QObject {
  private:
   bool systemIsDark() const;
   void follow();
-  void fillTones();
+  void takeDark(bool dark);
 
   QString appearance_ = QStringLiteral("system");
   Scheme system_ = Scheme::unset;
   bool dark_ = false;
   bool reducedMotion_ = false;
-  QQmlPropertyMap fore_;
-  QQmlPropertyMap tint_;
-  QQmlPropertyMap onPaper_;
+  Tones fore_{Tones::foregrounds};
+  Tones tint_{Tones::grounds};
+  PaperTones onPaper_;
   QString family_;
   QString serif_;
 };

@@ -1,9 +1,9 @@
 import QtQuick
 import Vellix.Pieces
 
-// The pill of one of a record's values. `pill` is a PillView.
+// The pill of one of a record's values.
 Pillbox {
-    required property var pill
+    required property pillView pill
 
     text: pill.text
     icon: pill.icon

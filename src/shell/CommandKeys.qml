@@ -23,7 +23,7 @@ Item {
 
         Shortcut {
             required property int index
-            readonly property var command: keys.all[index]
+            readonly property commandView command: keys.all[index]
 
             // Zooming in is "+" to everybody, whatever key it shares.
             sequences: command.shortcut === "Ctrl+=" ? ["Ctrl+=", "Ctrl++"]

@@ -2,8 +2,6 @@
 
 #include <QKeySequence>
 
-#include "bridge/value.hpp"
-
 namespace vellix {
 
 CommandsModel::CommandsModel(Store& store)
@@ -26,10 +24,7 @@ void CommandsModel::run(const QString& key) {
 }
 
 void CommandsModel::update() {
-  QVariantList menus = toQml(menuBar(store_)).toList();
-  if (menus == menus_) return;
-  menus_ = std::move(menus);
-  emit menusChanged();
+  if (menus_.show(menuBar(store_))) emit menusChanged();
 }
 
 QString CommandsModel::written(const QString& shortcut) {

@@ -3,8 +3,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
-#include <QVariantList>
 
+#include "bridge/Shown.hpp"
 #include "shell/commands.hpp"
 
 namespace vellix {
@@ -13,14 +13,13 @@ class CommandsModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  // Maps of `title` and `entries`; of these each has `key`, `text`, `shortcut`, `enabled`.
-  Q_PROPERTY(QVariantList menus READ menus NOTIFY menusChanged)
+  Q_PROPERTY(Qml<std::vector<MenuView>> menus READ menus NOTIFY menusChanged)
 
  public:
   // The Store must outlive the model.
   explicit CommandsModel(Store& store);
 
-  QVariantList menus() const { return menus_; }
+  Qml<std::vector<MenuView>> menus() const { return menus_.qml(); }
 
   Q_INVOKABLE void run(const QString& key);
   // A shortcut as this platform writes it.
@@ -35,7 +34,7 @@ class CommandsModel : public QObject {
   void update();
 
   Store& store_;
-  QVariantList menus_;
+  Shown<std::vector<MenuView>> menus_;
   Changes::Subscription onChange_;
   Changes::Subscription onPrefs_;
 };

@@ -4,12 +4,12 @@ import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
 
-// The bare marks of the developer's sheet, its colours and its symbols. `lab` is a MarkLabView,
+// The bare marks of the developer's sheet, its colours and its symbols.
 // `symbols` the names of all symbols.
 Column {
     id: marks
 
-    required property var lab
+    required property markLabView lab
     required property var symbols
 
     spacing: Theme.gap16
@@ -28,10 +28,10 @@ Column {
         Spinner { size: 24 }
         Spinner { size: 18; color: Theme.accent }
         Spinner {}
-        DashedRing { color: Theme.fore["purple"] }
-        DashedRing { color: Theme.fore["blue"]; spinning: true }
+        DashedRing { color: Theme.fore.purple }
+        DashedRing { color: Theme.fore.blue; spinning: true }
         CountBadge { text: "7" }
-        CountBadge { text: "12"; filled: true; colour: Theme.fore["red"] }
+        CountBadge { text: "12"; filled: true; colour: Theme.fore.red }
         Avatar {
             who: ({ letter: "R", color: "#7442e8", photo: "", help: "Renny" })
             pictures: null

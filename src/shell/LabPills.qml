@@ -4,11 +4,11 @@ import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
 
-// The pills of the developer's sheet. `lab` is a MarkLabView.
+// The pills of the developer's sheet.
 Column {
     id: pills
 
-    required property var lab
+    required property markLabView lab
 
     spacing: Theme.gap16
 

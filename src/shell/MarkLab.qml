@@ -2,11 +2,11 @@ import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
 
-// A developer's sheet: every mark in its states. `lab` is a MarkLabView.
+// A developer's sheet: every mark in its states.
 Rectangle {
     id: sheet
 
-    required property var lab
+    required property markLabView lab
     required property var symbols
 
     readonly property int columns: Math.max(1, Math.min(3, Math.floor(width / 420)))

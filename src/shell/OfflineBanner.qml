@@ -11,7 +11,7 @@ Rectangle {
     height: open ? words.implicitHeight + 2 * Theme.gap8 : 0
     visible: height > 0
     clip: true
-    color: Theme.tint["amber"]
+    color: Theme.tint.amber
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: problem

@@ -11,7 +11,7 @@ Window {
     required property RootModel root
     required property SettingsModel settings
     required property string panel
-    required property var lab
+    required property markLabView lab
     required property var symbols
     // For a picture, which has the size that is asked.
     property bool staged: false

@@ -1,6 +1,5 @@
 #include "shell/RootModel.hpp"
 
-#include "bridge/replaced.hpp"
 #include "shell/settings.hpp"
 
 namespace vellix {
@@ -9,12 +8,10 @@ RootModel::RootModel(Store& store, MainLoop& loop)
     : store_(store),
       timer_(store, loop),
       onChange_(store.changes.observe(
-          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kProblem,
+          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kProblem | Store::kToast,
           [this] { update(); })),
-      onToast_(store.changes.observe(Store::kToast, [this] { updateToast(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { emit appearanceChanged(); })) {
   update();
-  updateToast();
 }
 
 void RootModel::start() {
@@ -22,20 +19,8 @@ void RootModel::start() {
 }
 
 void RootModel::update() {
-  if (replaced(view_, rootView(store_))) emit viewChanged();
-}
-
-void RootModel::updateToast() {
-  QVariantMap toast{{"id", QString{}}, {"text", QString{}}, {"undoLabel", QString{}}};
-  if (const auto& shown = store_.toast()) {
-    toast["id"] = QString::number(shown->id);
-    toast["text"] = QString::fromStdString(shown->text);
-    const bool undoable = shown->undoLabel && shown->undo;
-    toast["undoLabel"] = undoable ? QString::fromStdString(*shown->undoLabel) : QString{};
-  }
-  if (toast == toast_) return;
-  toast_ = std::move(toast);
-  emit toastChanged();
+  if (view_.show(rootView(store_))) emit viewChanged();
+  if (toast_.show(toastShown(store_))) emit toastChanged();
 }
 
 void RootModel::undo() { undoToast(store_); }

@@ -4,7 +4,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
-#include "bridge/value.hpp"
+#include "bridge/Shown.hpp"
 #include "shell/root_view.hpp"
 #include "shell/toast_timer.hpp"
 
@@ -14,17 +14,16 @@ class RootModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap view READ view NOTIFY viewChanged)
-  // `id` (empty when there is none), `text` and `undoLabel`.
-  Q_PROPERTY(QVariantMap toast READ toast NOTIFY toastChanged)
+  Q_PROPERTY(Qml<RootViewValue> view READ view NOTIFY viewChanged)
+  Q_PROPERTY(Qml<ToastShown> toast READ toast NOTIFY toastChanged)
   Q_PROPERTY(QString appearance READ appearance NOTIFY appearanceChanged)
 
  public:
   // What is passed must outlive the model.
   RootModel(Store& store, MainLoop& loop);
 
-  QVariantMap view() const { return view_; }
-  QVariantMap toast() const { return toast_; }
+  Qml<RootViewValue> view() const { return view_.qml(); }
+  Qml<ToastShown> toast() const { return toast_.qml(); }
   QString appearance() const;
   // Shows this one whatever the preferences say.
   void forceAppearance(const QString& appearance);
@@ -40,15 +39,13 @@ class RootModel : public QObject {
 
  private:
   void update();
-  void updateToast();
 
   Store& store_;
   ToastTimer timer_;
-  QVariantMap view_;
-  QVariantMap toast_;
+  Shown<RootViewValue> view_;
+  Shown<ToastShown> toast_;
   QString forcedAppearance_;
   Changes::Subscription onChange_;
-  Changes::Subscription onToast_;
   Changes::Subscription onPrefs_;
 };
 

@@ -31,7 +31,7 @@ FocusScope {
     // A command of the menus' was chosen in the view, by its key.
     signal commanded(string key)
 
-    readonly property var shown: root.view
+    readonly property rootViewValue shown: root.view
     readonly property string openFile: shown.content === "file" ? shown.file : ""
     // The view of that ticket.
     property FileView ticket: null

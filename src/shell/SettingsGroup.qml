@@ -2,12 +2,13 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vellix.Pieces
+import Vellix.Shell
 
 // A heading and the switches under it. `section` is a SettingsSection.
 Column {
     id: group
 
-    required property var section
+    required property settingsSection section
 
     signal toggled(string key, bool on)
 
@@ -36,7 +37,7 @@ Column {
                 id: line
 
                 required property int index
-                readonly property var toggle: group.section.toggles[index]
+                readonly property toggleView toggle: group.section.toggles[index]
 
                 width: card.width
                 height: 42

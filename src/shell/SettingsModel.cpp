@@ -1,7 +1,5 @@
 #include "shell/SettingsModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 
 SettingsModel::SettingsModel(Prefs& prefs)
@@ -16,7 +14,7 @@ void SettingsModel::setAppearance(const QString& value) {
 }
 
 void SettingsModel::update() {
-  if (replaced(view_, settingsView(prefs_))) emit viewChanged();
+  if (view_.show(settingsView(prefs_))) emit viewChanged();
 }
 
 }  // namespace vellix

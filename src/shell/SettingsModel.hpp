@@ -3,8 +3,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
-#include <QVariantMap>
 
+#include "bridge/Shown.hpp"
 #include "shell/settings.hpp"
 
 namespace vellix {
@@ -13,13 +13,13 @@ class SettingsModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap view READ view NOTIFY viewChanged)
+  Q_PROPERTY(Qml<SettingsViewValue> view READ view NOTIFY viewChanged)
 
  public:
   // The preferences must outlive the model.
   explicit SettingsModel(Prefs& prefs);
 
-  QVariantMap view() const { return view_; }
+  Qml<SettingsViewValue> view() const { return view_.qml(); }
 
   // Looks again whether what is set can be kept.
   Q_INVOKABLE void update();
@@ -31,7 +31,7 @@ class SettingsModel : public QObject {
 
  private:
   Prefs& prefs_;
-  QVariantMap view_;
+  Shown<SettingsViewValue> view_;
   Changes::Subscription onPrefs_;
 };
 

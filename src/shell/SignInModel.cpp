@@ -1,7 +1,5 @@
 #include "shell/SignInModel.hpp"
 
-#include "bridge/replaced.hpp"
-
 namespace vellix {
 
 SignInModel::SignInModel(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop)
@@ -13,7 +11,7 @@ SignInModel::SignInModel(Store& store, const API& api, WaitingBrowser& browser, 
 }
 
 void SignInModel::update() {
-  if (replaced(view_, screen_.view())) emit viewChanged();
+  if (view_.show(screen_.view())) emit viewChanged();
 }
 
 }  // namespace vellix

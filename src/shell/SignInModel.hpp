@@ -3,8 +3,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
-#include <QVariantMap>
 
+#include "bridge/Shown.hpp"
 #include "shell/sign_in_screen.hpp"
 
 namespace vellix {
@@ -13,13 +13,13 @@ class SignInModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap view READ view NOTIFY viewChanged)
+  Q_PROPERTY(Qml<SignInView> view READ view NOTIFY viewChanged)
 
  public:
   // What is passed must outlive the model.
   SignInModel(Store& store, const API& api, WaitingBrowser& browser, MainLoop& loop);
 
-  QVariantMap view() const { return view_; }
+  Qml<SignInView> view() const { return view_.qml(); }
 
   Q_INVOKABLE void signIn() { screen_.press(); }
   Q_INVOKABLE void cancel() { screen_.cancel(); }
@@ -33,7 +33,7 @@ class SignInModel : public QObject {
   void update();
 
   SignInScreen screen_;
-  QVariantMap view_;
+  Shown<SignInView> view_;
   Changes::Subscription onChange_;
   Changes::Subscription onSignedIn_;
 };

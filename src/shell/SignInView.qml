@@ -8,7 +8,7 @@ FocusScope {
 
     required property SignInModel signIn
 
-    readonly property var shown: signIn.view
+    readonly property signInView shown: signIn.view
     readonly property bool waiting: shown.waiting
     readonly property bool resting: shown.resting
     property bool appeared: false

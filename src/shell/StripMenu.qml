@@ -10,7 +10,7 @@ Menu {
     required property CommandsModel commands
     required property int number
 
-    readonly property var view: commands.menus[number]
+    readonly property menuView view: commands.menus[number]
 
     // The pointer moved over the strip, in the title's coordinates, while the menu is open.
     signal pointed(real x, real y)

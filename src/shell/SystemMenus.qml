@@ -25,7 +25,7 @@ Platform.MenuBar {
             id: menu
 
             required property int index
-            readonly property var view: bar.commands.menus[index]
+            readonly property menuView view: bar.commands.menus[index]
 
             title: view.title
 
@@ -37,7 +37,7 @@ Platform.MenuBar {
 
                 Platform.MenuItem {
                     required property int index
-                    readonly property var entry: menu.view.entries[index]
+                    readonly property commandView entry: menu.view.entries[index]
 
                     text: entry.text
                     shortcut: entry.shortcut

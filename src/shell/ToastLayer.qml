@@ -1,11 +1,12 @@
 import QtQuick
 import Vellix.Pieces
+import Vellix.Shell
 
 // Shows the toast at the foot of the window, and keeps its words while it goes.
 Item {
     id: layer
 
-    required property var toast
+    required property toastShown toast
 
     signal undo()
     // The toast goes with the keyboard, and what had that before has gone.

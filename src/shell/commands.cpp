@@ -5,6 +5,7 @@
 
 #include "board/sync_card.hpp"
 #include "jobs/report_area.hpp"
+#include "ticket/notes_panel.hpp"
 #include "ticket/review_button.hpp"
 
 namespace vellix {
@@ -64,13 +65,9 @@ constexpr std::array kView{
     Command{"pageStrip", "Show the page strip", "", always, pageStrip},
 };
 
-bool notesAreOut(const Store& store) {
-  return store.notesFloat() ? store.notesDrawer() : store.prefs.showNotes();
-}
-
 std::string textOf(const Command& command, const Store& store) {
   const std::string_view key = command.key;
-  if (key == "notes" && notesAreOut(store)) return "Hide notes";
+  if (key == "notes" && showsNotes(store)) return "Hide notes";
   if (key == "pageStrip" && store.prefs.showPageStrip()) return "Hide the page strip";
   return command.text;
 }

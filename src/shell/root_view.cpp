@@ -29,4 +29,12 @@ double sidebarWidth(double windowWidth) {
   return windowWidth < 1280 ? 260 : 284;
 }
 
+ToastShown toastShown(const Store& store) {
+  const auto& toast = store.toast();
+  if (!toast) return {};
+  return {.id = std::to_string(toast->id),
+          .text = toast->text,
+          .undoLabel = toast->undo ? toast->undoLabel.value_or("") : std::string{}};
+}
+
 }  // namespace vellix

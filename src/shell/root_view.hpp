@@ -22,6 +22,16 @@ BOOST_DESCRIBE_STRUCT(RootViewValue, (),
 
 RootViewValue rootView(const Store& store);
 
+// The toast over the window; without an id when there is none.
+struct ToastShown {
+  std::string id;
+  std::string text;
+  std::string undoLabel;  // empty where nothing can be undone
+  bool operator==(const ToastShown&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ToastShown, (), (id, text, undoLabel))
+ToastShown toastShown(const Store& store);
+
 // Logical pixels, by the width of the window.
 double sidebarWidth(double windowWidth);
 

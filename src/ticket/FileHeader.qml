@@ -17,7 +17,7 @@ Item {
     required property PlanModel plan
     required property PictureSource pictures
 
-    readonly property var header: file.header
+    readonly property fileHeaderView header: file.header
     readonly property real inner: width - 2 * Theme.gap24
     readonly property bool wide: name.implicitWidth + Theme.gap8 + pills.width + Theme.gap24
                                  + actions.wanted <= inner
@@ -158,7 +158,7 @@ Item {
                 }
 
                 LinkPill {
-                    required property var value
+                    required property linkView value
 
                     title: value.label
                     icon: value.icon

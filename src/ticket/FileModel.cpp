@@ -1,6 +1,5 @@
 #include "ticket/FileModel.hpp"
 
-#include "bridge/replaced.hpp"
 #include "store/open_page.hpp"
 
 namespace vellix {
@@ -17,23 +16,27 @@ FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calend
       onPages_(
           store.changes.observe(Store::kBoard | Store::kDetails | Store::kSelection | Store::kPage,
                                 [this] { updateStrip(); })),
-      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { turnStrip(); })) {
+      onPanels_(store.changes.observe(Store::kPanels, [this] { updateNotesPanel(); })),
+      onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] {
+        turnStrip();
+        updateNotesPanel();
+      })) {
   updateHeader();
   updateReview();
+  updateNotesPanel();
 }
 
 void FileModel::updateHeader() {
   const FileItem* file = store_.currentFile();
-  const auto header =
-      file ? fileHeader(store_, *file, store_.currentDetail(), clock_.now(), calendar_)
-           : FileHeaderView{};
-  if (replaced(header_, header)) emit headerChanged();
+  auto header = file ? fileHeader(store_, *file, store_.currentDetail(), clock_.now(), calendar_)
+                     : FileHeaderView{};
+  if (header_.show(std::move(header))) emit headerChanged();
   const bool several = store_.selection().size() > 1;
-  if (replaced(multi_, several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
+  if (multi_.show(several ? multiFiles(store_) : MultiFilesView{})) emit multiChanged();
 }
 
 void FileModel::updateReview() {
-  if (replaced(review_, reviewButton(store_))) emit reviewChanged();
+  if (review_.show(reviewButton(store_))) emit reviewChanged();
 }
 
 void FileModel::updateStrip() {
@@ -63,15 +66,27 @@ void FileModel::turnStrip() {
   if (showsStrip_ != wantsStrip()) updateStrip();
 }
 
-void FileModel::layStrip(double width) {
+void FileModel::updateNotesPanel() {
+  if (notesPanel_.show(vellix::notesPanel(store_, width_))) emit notesPanelChanged();
+}
+
+void FileModel::lay(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
   width_ = width;
+  store_.notesFloat.set(notesFloat(width));
+  updateNotesPanel();
   turnStrip();
 }
 
 void FileModel::selectPage(int row) {
   const FileItem* file = store_.currentFile();
   if (file && showsStrip_) store_.goToPage(file->id, row);
+}
+
+void FileModel::toggleNotes() { store_.toggleNotes(); }
+
+void FileModel::openNotes() {
+  if (!showsNotes(store_)) store_.toggleNotes();
 }
 
 void FileModel::pressReview() { pressReviewButton(store_); }

@@ -1,13 +1,15 @@
-// What stands around the canvas: the ticket's header, its pages beside it, or the names of several
-// tickets. Main thread only.
+// What stands around the canvas: the ticket's header, its pages and the notes panel beside it, or
+// the names of several tickets. Main thread only.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
 #include "bridge/RowsModel.hpp"
+#include "bridge/Shown.hpp"
 #include "ticket/file_header.hpp"
 #include "ticket/multi_view.hpp"
+#include "ticket/notes_panel.hpp"
 #include "ticket/page_strip.hpp"
 #include "ticket/review_button.hpp"
 
@@ -17,9 +19,10 @@ class FileModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantMap header READ header NOTIFY headerChanged)
-  Q_PROPERTY(QVariantMap review READ review NOTIFY reviewChanged)
-  Q_PROPERTY(QVariantMap multi READ multi NOTIFY multiChanged)
+  Q_PROPERTY(Qml<FileHeaderView> header READ header NOTIFY headerChanged)
+  Q_PROPERTY(Qml<ReviewButtonView> review READ review NOTIFY reviewChanged)
+  Q_PROPERTY(Qml<MultiFilesView> multi READ multi NOTIFY multiChanged)
+  Q_PROPERTY(Qml<NotesPanelView> notesPanel READ notesPanel NOTIFY notesPanelChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
   Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)  // of the strip on show, or of the last
@@ -28,22 +31,27 @@ class FileModel : public QObject {
   // What is passed must outlive the model.
   FileModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
-  QVariantMap header() const { return header_; }
-  QVariantMap review() const { return review_; }
-  QVariantMap multi() const { return multi_; }
+  Qml<FileHeaderView> header() const { return header_.qml(); }
+  Qml<ReviewButtonView> review() const { return review_.qml(); }
+  Qml<MultiFilesView> multi() const { return multi_.qml(); }
+  Qml<NotesPanelView> notesPanel() const { return notesPanel_.qml(); }
   bool showsStrip() const { return showsStrip_; }
   int openPage() const { return openPage_; }
   QAbstractItemModel* pages() { return &pages_; }
 
-  // Tells how wide the view is, in logical pixels: where it is narrow there is no strip.
-  Q_INVOKABLE void layStrip(double width);
+  // Tells how wide the view is, in logical pixels: where it is narrow there is no strip, and the
+  // notes panel floats.
+  Q_INVOKABLE void lay(double width);
   Q_INVOKABLE void selectPage(int row);
   Q_INVOKABLE void pressReview();
+  Q_INVOKABLE void toggleNotes();
+  Q_INVOKABLE void openNotes();
 
  signals:
   void headerChanged();
   void reviewChanged();
   void multiChanged();
+  void notesPanelChanged();
   void showsStripChanged();
   void openPageChanged();
 
@@ -51,6 +59,7 @@ class FileModel : public QObject {
   void updateHeader();
   void updateReview();
   void updateStrip();
+  void updateNotesPanel();
   bool wantsStrip() const;
   void turnStrip();
 
@@ -60,13 +69,15 @@ class FileModel : public QObject {
   double width_ = 0;
   bool showsStrip_ = false;
   int openPage_ = 0;
-  QVariantMap header_ = toQml(FileHeaderView{}).toMap();
-  QVariantMap review_ = toQml(ReviewButtonView{}).toMap();
-  QVariantMap multi_ = toQml(MultiFilesView{}).toMap();
+  Shown<FileHeaderView> header_;
+  Shown<ReviewButtonView> review_;
+  Shown<MultiFilesView> multi_;
+  Shown<NotesPanelView> notesPanel_;
   RowsModel<PageCellView, &PageCellView::key> pages_;
   Changes::Subscription onTicket_;
   Changes::Subscription onReview_;
   Changes::Subscription onPages_;
+  Changes::Subscription onPanels_;
   Changes::Subscription onPrefs_;
 };
 

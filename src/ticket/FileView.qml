@@ -23,23 +23,18 @@ Item {
     // What stands in the panel.
     required property Component panel
 
-    readonly property var side: compare.notes
+    readonly property notesPanelView side: file.notesPanel
     readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
     // What is there from the start comes without a show; from then on it is seen to move.
     property bool settled: false
-
-    function lay() {
-        compare.layNotes(width);
-        file.layStrip(width);
-    }
 
     // For who was at the ticket before.
     function takeKeyboard() {
         header.takeKeyboard();
     }
 
-    onWidthChanged: lay()
-    Component.onCompleted: lay()
+    onWidthChanged: file.lay(width)
+    Component.onCompleted: file.lay(width)
 
     Timer {
         running: ticket.compare.loaded && !ticket.settled
@@ -132,6 +127,10 @@ Item {
                 compare: ticket.compare
                 notes: ticket.notes
                 pictures: ticket.pictures
+                notesOpen: ticket.side.open
+                notesHelp: ticket.side.help
+                onNotesWanted: ticket.file.openNotes()
+                onNotesToggled: ticket.file.toggleNotes()
             }
         }
 

@@ -146,7 +146,7 @@ Pressable {
             visible: text !== ""
             small: true
             filled: true
-            colour: Theme.fore["red"]
+            colour: Theme.fore.red
             text: cell.issues
             Accessible.ignored: true
         }

@@ -26,7 +26,7 @@ Column {
         spacing: Theme.gap8
 
         Pill {
-            readonly property var review: actions.file.review
+            readonly property reviewButtonView review: actions.file.review
 
             height: 28
             says: review.text
@@ -36,7 +36,7 @@ Column {
             filled: review.ends
             raised: !review.ends
             // White is read on this green, in the dark as well.
-            color: review.ends ? Theme.onPaper["green"] : Theme.text
+            color: review.ends ? Theme.onPaper.green : Theme.text
             onClicked: actions.file.pressReview()
         }
 

@@ -133,34 +133,6 @@ INSTANTIATE_TEST_SUITE_P(All, CanvasZooms,
                                          Zoom{"TheMost", 4, "400%", true, false}),
                          [](const auto& each) { return each.param.name; });
 
-struct Notes {
-  const char* name;
-  bool floats;
-  bool drawer;
-  bool pref;
-  bool open;
-};
-
-class CanvasNotes : public Canvas, public testing::WithParamInterface<Notes> {};
-
-TEST_P(CanvasNotes, AreOpenByTheDrawerOrThePreference) {
-  const auto& each = GetParam();
-  store().notesFloat.set(each.floats);
-  store().notesDrawer.set(each.drawer);
-  store().prefs.showNotes.set(each.pref);
-  const auto notes = notesPanel(store(), 1'000);
-  EXPECT_EQ(notes.open, each.open);
-  EXPECT_EQ(notes.floats, each.floats);
-  EXPECT_EQ(notes.help, each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
-}
-
-INSTANTIATE_TEST_SUITE_P(All, CanvasNotes,
-                         testing::Values(Notes{"DockedAndOn", false, false, true, true},
-                                         Notes{"DockedAndOff", false, true, false, false},
-                                         Notes{"FloatingAndOut", true, true, false, true},
-                                         Notes{"FloatingAndIn", true, false, true, false}),
-                         [](const auto& each) { return each.param.name; });
-
 struct Missing {
   const char* name;
   Int version;
@@ -235,25 +207,6 @@ TEST_F(Canvas, GivesPanesOfAnotherTicketOtherKeys) {
   detail.file.id = "t2";
   EXPECT_NE(view().panes.at(0).key, here);
 }
-
-struct Room {
-  double width;
-  bool floats;
-  double panel;
-};
-
-class NotesRooms : public Canvas, public testing::WithParamInterface<Room> {};
-
-TEST_P(NotesRooms, SetTheWidthOfThePanel) {
-  store().notesFloat.set(notesFloat(GetParam().width));
-  EXPECT_EQ(store().notesFloat(), GetParam().floats);
-  EXPECT_EQ(notesPanel(store(), GetParam().width).width, GetParam().panel);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, NotesRooms,
-                         testing::Values(Room{300, true, 260}, Room{360, true, 320},
-                                         Room{899, true, 320}, Room{900, false, 290},
-                                         Room{1'099, false, 290}, Room{1'100, false, 330}));
 
 }  // namespace
 }  // namespace vellix

@@ -27,7 +27,7 @@ class CanvasModels : public StoreTest {
     store().details.set(std::move(details));
     store().shown.set({"supplier", "submitted"});
     select("t1");
-    model.layStage({1'000, 700}, 1, {}, {});
+    model.stage()->lay({1'000, 700}, 1, {}, {});
   }
   void select(const std::string& id) {
     store().selection.set({id});
@@ -46,7 +46,9 @@ class CanvasModels : public StoreTest {
     }
     return keys;
   }
-  double left(int pane) { return model.stage()["panes"].toList().at(pane).toMap()["x"].toDouble(); }
+  double left(int pane) {
+    return model.stage()->layout()["panes"].toList().at(pane).toMap()["x"].toDouble();
+  }
 
   CompareModel model{store(), desk.time};
 };
@@ -120,47 +122,47 @@ TEST_F(CanvasModels, TakeNoOtherWordForAMode) {
 }
 
 TEST_F(CanvasModels, GlideByStepsAndNotByHand) {
-  EXPECT_TRUE(model.glides());
-  model.wheel(1);
+  EXPECT_TRUE(model.stage()->glides());
+  model.stage()->wheel(1);
   desk.time.run();
   EXPECT_DOUBLE_EQ(store().zoom(), 1.25);
-  EXPECT_FALSE(model.glides());
+  EXPECT_FALSE(model.stage()->glides());
   model.zoomIn();
   desk.time.run();
-  EXPECT_TRUE(model.glides());
-  model.pinch(1.3);
+  EXPECT_TRUE(model.stage()->glides());
+  model.stage()->pinch(1.3);
   desk.time.run();
-  EXPECT_FALSE(model.glides());
+  EXPECT_FALSE(model.stage()->glides());
   model.zoomTo(2);
   desk.time.run();
-  EXPECT_TRUE(model.glides());
+  EXPECT_TRUE(model.stage()->glides());
 }
 
 TEST_F(CanvasModels, TellHowTheyGlideBeforeTheZoom) {
   bool gliding = true;
-  QObject::connect(&model, &CompareModel::barChanged, [&] { gliding = model.glides(); });
-  model.wheel(2);
+  QObject::connect(&model, &CompareModel::barChanged, [&] { gliding = model.stage()->glides(); });
+  model.stage()->wheel(2);
   desk.time.run();
   EXPECT_FALSE(gliding);
 }
 
 TEST_F(CanvasModels, BeginEachPinchAnew) {
-  model.pinch(2);
-  model.endPinch();
-  model.pinch(1.5);
+  model.stage()->pinch(2);
+  model.stage()->endPinch();
+  model.stage()->pinch(1.5);
   EXPECT_DOUBLE_EQ(store().zoom(), 3);
 }
 
 TEST_F(CanvasModels, WheelWithinBounds) {
-  model.wheel(50);
+  model.stage()->wheel(50);
   EXPECT_EQ(store().zoom(), 4);
-  model.wheel(-50);
+  model.stage()->wheel(-50);
   EXPECT_EQ(store().zoom(), 1);
 }
 
 TEST_F(CanvasModels, LayTheStageOutAnewForOtherPanes) {
   EXPECT_EQ(left(1), 18 + 474 + 16);
-  const QSignalSpy stages{&model, &CompareModel::stageChanged};
+  const QSignalSpy stages{model.stage(), &StageModel::layoutChanged};
   model.togglePane("third");
   desk.time.run();
   EXPECT_EQ(stages.count(), 1);
@@ -171,62 +173,63 @@ TEST_F(CanvasModels, LayTheStageOutAnewForOtherPanes) {
 }
 
 TEST_F(CanvasModels, KeepThePlaceUnderTheAnchor) {
-  const QPointF to = model.layStage({1'000, 700}, 2, {0, 0}, {255, 273});
-  EXPECT_EQ(model.stage()["width"].toDouble(), 2 * 948 + 16 + 36);
+  const QPointF to = model.stage()->lay({1'000, 700}, 2, {0, 0}, {255, 273});
+  EXPECT_EQ(model.stage()->layout()["width"].toDouble(), 2 * 948 + 16 + 36);
   EXPECT_EQ(to, QPointF(18 + 474 - 255, 36 + 474 - 273));
-  EXPECT_EQ(model.layStage({1'000, 700}, 1, to, {500, 350}), QPointF(0, 0));
+  EXPECT_EQ(model.stage()->lay({1'000, 700}, 1, to, {500, 350}), QPointF(0, 0));
 }
 
 TEST_F(CanvasModels, BringTheSelectedFindingInSight) {
-  model.layStage({1'000, 700}, 4, {0, 0}, {0, 0});
-  EXPECT_EQ(model.revealSelected({900, 900}, 0), QPointF(900, 900)) << "nothing is selected";
+  model.stage()->lay({1'000, 700}, 4, {0, 0}, {0, 0});
+  EXPECT_EQ(model.stage()->revealSelected({900, 900}, 0), QPointF(900, 900))
+      << "nothing is selected";
   const QSignalSpy selections{&model, &CompareModel::selected};
   model.pressBox("f-t1");
   desk.time.run();
   EXPECT_EQ(selections.count(), 1);
-  EXPECT_EQ(model.revealSelected({0, 0}, 0), QPointF(0, 0)) << "it is in sight";
+  EXPECT_EQ(model.stage()->revealSelected({0, 0}, 0), QPointF(0, 0)) << "it is in sight";
   // It lies on ours as well, and there it is nearer.
-  const double ours = model.stage()["panes"].toList().at(1).toMap()["page"].toMap()["x"].toDouble();
-  EXPECT_EQ(model.revealSelected({ours, 100}, 0), QPointF(ours, 100));
-  EXPECT_NE(model.revealSelected({ours, 100}, 600), QPointF(ours, 100)) << "it is covered";
+  const double ours = model.stage()->layout()["panes"].toList().at(1).toMap()["page"].toRectF().x();
+  EXPECT_EQ(model.stage()->revealSelected({ours, 100}, 0), QPointF(ours, 100));
+  EXPECT_NE(model.stage()->revealSelected({ours, 100}, 600), QPointF(ours, 100)) << "it is covered";
 }
 
 TEST_F(CanvasModels, BringAPlaceInSight) {
-  model.layStage({1'000, 700}, 4, {0, 0}, {0, 0});
-  EXPECT_EQ(model.reveal({100, 100, 50, 50}, {0, 0}, 0), QPointF(0, 0));
-  EXPECT_EQ(model.reveal({1'500, 100, 50, 50}, {0, 0}, 0), QPointF(1'025, 0));
+  model.stage()->lay({1'000, 700}, 4, {0, 0}, {0, 0});
+  EXPECT_EQ(model.stage()->reveal({100, 100, 50, 50}, {0, 0}, 0), QPointF(0, 0));
+  EXPECT_EQ(model.stage()->reveal({1'500, 100, 50, 50}, {0, 0}, 0), QPointF(1'025, 0));
 }
 
 TEST_F(CanvasModels, GlideBackToWhereAHandWas) {
-  model.wheel(1);
+  model.stage()->wheel(1);
   desk.time.run();
   model.zoomIn();
   desk.time.run();
   model.zoomOut();
   desk.time.run();
   EXPECT_DOUBLE_EQ(store().zoom(), 1.25);
-  EXPECT_TRUE(model.glides());
-  model.wheel(-3);
+  EXPECT_TRUE(model.stage()->glides());
+  model.stage()->wheel(-3);
   desk.time.run();
   store().stepZoom(Store::kZoomIn);
   desk.time.run();
   store().fitZoom();
   desk.time.run();
-  EXPECT_TRUE(model.glides()) << "also by the menu's commands";
+  EXPECT_TRUE(model.stage()->glides()) << "also by the menu's commands";
 }
 
 TEST_F(CanvasModels, TakeAnotherAnchorOnceThePanesAreOthers) {
   const QPointF spot{100, 100};
-  QPointF scroll = model.layStage({1'000, 700}, 2, {0, 0}, spot);
+  QPointF scroll = model.stage()->lay({1'000, 700}, 2, {0, 0}, spot);
   model.togglePane("supplier");
   desk.time.run();
   const double before =
-      model.stage()["panes"].toList().at(0).toMap()["page"].toMap()["width"].toDouble();
-  const double left = model.stage()["panes"].toList().at(0).toMap()["page"].toMap()["x"].toDouble();
+      model.stage()->layout()["panes"].toList().at(0).toMap()["page"].toRectF().width();
+  const double left = model.stage()->layout()["panes"].toList().at(0).toMap()["page"].toRectF().x();
   const double place = (spot.x() + scroll.x() - left) / before;
-  scroll = model.layStage({1'000, 700}, 3, scroll, spot);
-  const QVariantMap page = model.stage()["panes"].toList().at(0).toMap()["page"].toMap();
-  const double now = page["x"].toDouble() + place * page["width"].toDouble() - scroll.x();
+  scroll = model.stage()->lay({1'000, 700}, 3, scroll, spot);
+  const QRectF page = model.stage()->layout()["panes"].toList().at(0).toMap()["page"].toRectF();
+  const double now = page.x() + place * page.width() - scroll.x();
   EXPECT_NEAR(now, spot.x(), 1e-6);
 }
 
@@ -261,16 +264,6 @@ TEST_F(CanvasModels, BeginToBlinkAnewWithAnotherTicket) {
   EXPECT_EQ(onStage(), "ours-0;");
 }
 
-TEST_F(CanvasModels, OpenTheNotesForAPin) {
-  store().prefs.showNotes.set(false);
-  desk.time.run();
-  model.openNotes();
-  EXPECT_TRUE(store().prefs.showNotes());
-  desk.time.run();
-  model.openNotes();
-  EXPECT_TRUE(store().prefs.showNotes());
-}
-
 TEST_F(CanvasModels, OpenAndCloseTheLoupe) {
   EXPECT_FALSE(model.loupe()["open"].toBool());
   model.pressBox("f-t1");
@@ -283,15 +276,14 @@ TEST_F(CanvasModels, OpenAndCloseTheLoupe) {
 }
 
 TEST_F(CanvasModels, CutAndMarkForTheirViews) {
-  const QVariantMap box = toQml(Box{0.25, 0.5, 0.5, 0.25}).toMap();
+  const QRectF box{0.25, 0.5, 0.5, 0.25};
   EXPECT_EQ(CompareModel::boxMark(box, {400, 600}), QRectF(97, 297, 206, 156));
   EXPECT_EQ(CompareModel::areaMark(box, {400, 600}), QRectF(100, 300, 200, 150));
   EXPECT_EQ(CompareModel::cropPlace(900, 2), QSizeF(444, 205));
   EXPECT_EQ(CompareModel::cropPlace(480, -1), QSizeF(480, 220));
-  const CropView crop{
-      .aspect = 0.5, .part = {0.2, 0.4, 0.5, 0.1}, .boxes = {{0.3, 0.42, 0.1, 0.05}}};
-  const QVariantMap cut = CompareModel::cropLayout(toQml(crop).toMap(), {300, 218});
-  EXPECT_EQ(cut["frame"].toMap()["width"].toDouble(), 300);
+  const QVariantMap cut = CompareModel::cropLayout({0.2, 0.4, 0.5, 0.1},
+                                                   {QRectF{0.3, 0.42, 0.1, 0.05}}, 0.5, {300, 218});
+  EXPECT_EQ(cut["frame"].toRectF().width(), 300);
   EXPECT_EQ(cut["marks"].toList().size(), 1);
 }
 

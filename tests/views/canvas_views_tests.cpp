@@ -33,8 +33,8 @@ class CanvasViews : public ViewTest {
   // Zooms at once, as a hand does.
   void zoomTo(double zoom) {
     auto* compare = models()["compare"].value<CompareModel*>();
-    compare->endPinch();
-    compare->pinch(zoom / store().zoom());
+    compare->stage()->endPinch();
+    compare->stage()->pinch(zoom / store().zoom());
     settle();
   }
   QRectF page(const QString& key = "supplier-0") {

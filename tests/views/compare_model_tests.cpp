@@ -173,44 +173,6 @@ TEST_F(CompareModels, ZoomWithinBounds) {
   EXPECT_EQ(store().zoom(), 1);
 }
 
-TEST_F(CompareModels, FloatTheNotesWhereTheViewIsNarrow) {
-  serve({ticket("t1")});
-  poll();
-  ASSERT_TRUE(model().notes()["open"].toBool());
-  model().layNotes(899);
-  EXPECT_TRUE(model().notes()["floats"].toBool());
-  EXPECT_FALSE(model().notes()["open"].toBool());
-  model().toggleNotes();
-  desk.time.run();
-  EXPECT_TRUE(model().notes()["open"].toBool());
-  EXPECT_TRUE(store().prefs.showNotes());
-  model().layNotes(900);
-  EXPECT_FALSE(model().notes()["floats"].toBool());
-  model().toggleNotes();
-  desk.time.run();
-  EXPECT_FALSE(model().notes()["open"].toBool());
-  EXPECT_FALSE(store().prefs.showNotes());
-}
-
-TEST_F(CompareModels, KnowTheNotesPanelBeforeTheDetailIsHere) {
-  store().prefs.showNotes.set(false);
-  FileItem file = ticketOf("t1");
-  store().board.set(boardOf({file}));
-  store().selection.set({"t1"});
-  model().layNotes(1'000);
-  desk.time.run();
-  EXPECT_FALSE(model().loaded());
-  EXPECT_FALSE(model().notes()["open"].toBool());
-  EXPECT_EQ(model().notes()["width"].toDouble(), 290);
-}
-
-TEST_F(CompareModels, IgnoreAWidthThatIsNone) {
-  model().layNotes(1'200);
-  for (const double width : {0.0, -5.0, std::nan("")}) model().layNotes(width);
-  EXPECT_EQ(model().notes()["width"].toDouble(), 330);
-  EXPECT_FALSE(store().notesFloat());
-}
-
 TEST_F(CompareModels, AreEmptiedBySigningOut) {
   serve({ticket("t1")});
   poll();

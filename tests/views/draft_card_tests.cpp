@@ -107,7 +107,7 @@ TEST_F(DraftCards, StandWholeInANarrowWindow) {
 TEST_F(DraftCards, StandByTheMarkWhileTheyZoom) {
   begin(0.5, 0.3);
   auto* compare = models()["compare"].value<CompareModel*>();
-  compare->pinch(2);
+  compare->stage()->pinch(2);
   settle();
   const QRectF rect = page();
   const auto& draft = *store().draft();
@@ -116,8 +116,8 @@ TEST_F(DraftCards, StandByTheMarkWhileTheyZoom) {
 
 TEST_F(DraftCards, ComeIntoSightWhereThePageIsZoomed) {
   auto* compare = models()["compare"].value<CompareModel*>();
-  compare->pinch(4);
-  compare->endPinch();
+  compare->stage()->pinch(4);
+  compare->stage()->endPinch();
   settle();
   store().draft.set(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.9, .y = 0.9});
   ASSERT_TRUE(comes([this] {
@@ -354,8 +354,8 @@ TEST_F(DraftCards, BeginAnewOnAnotherTicket) {
 
 TEST_F(DraftCards, ComeBackWithTheirTicket) {
   auto* compare = models()["compare"].value<CompareModel*>();
-  compare->pinch(4);
-  compare->endPinch();
+  compare->stage()->pinch(4);
+  compare->stage()->endPinch();
   settle();
   store().draft.set(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.9, .y = 0.9});
   ASSERT_TRUE(writes());

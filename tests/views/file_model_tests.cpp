@@ -40,6 +40,7 @@ class FileModels : public StoreTest {
     if (!model_) model_.emplace(store(), desk.time, desk.calendar);
     return *model_;
   }
+  QVariant notes(const char* field) { return model().notesPanel()[field]; }
   QString header(const char* field) { return model().header()[field].toString(); }
 
   BoardState board;
@@ -90,12 +91,12 @@ TEST_F(FileModels, ShowAStripWhereThereIsRoom) {
   bringDetail();
   const QSignalSpy shows{&model(), &FileModel::showsStripChanged};
   EXPECT_FALSE(model().showsStrip()) << "not laid out yet";
-  for (const double width : {0.0, -5.0, std::nan("")}) model().layStrip(width);
+  for (const double width : {0.0, -5.0, std::nan("")}) model().lay(width);
   EXPECT_FALSE(model().showsStrip());
-  model().layStrip(860);
+  model().lay(860);
   EXPECT_TRUE(model().showsStrip());
   EXPECT_EQ(model().pages()->rowCount(), 3);
-  model().layStrip(859);
+  model().lay(859);
   EXPECT_FALSE(model().showsStrip());
   EXPECT_EQ(model().pages()->rowCount(), 3) << "it slides out with them";
   model().selectPage(2);
@@ -105,7 +106,7 @@ TEST_F(FileModels, ShowAStripWhereThereIsRoom) {
 
 TEST_F(FileModels, ShowAStripWhileItIsWanted) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   store().prefs.showPageStrip.set(false);
   desk.time.run();
   EXPECT_FALSE(model().showsStrip());
@@ -116,7 +117,7 @@ TEST_F(FileModels, ShowAStripWhileItIsWanted) {
 
 TEST_F(FileModels, ChangeNoMoreOfTheStripThanTheOpenPage) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   const QSignalSpy opens{&model(), &FileModel::openPageChanged};
   Operations operations{model().pages()};
   model().selectPage(2);
@@ -130,24 +131,24 @@ TEST_F(FileModels, ChangeNoMoreOfTheStripThanTheOpenPage) {
 
 TEST_F(FileModels, MakeNoPagesAnewForAnotherWidth) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   Operations operations{model().pages()};
   store().page.set({{"t1", 2}});
-  model().layStrip(1'001);
+  model().lay(1'001);
   EXPECT_EQ(operations.take(), Lines{}) << "that is told when the Store tells it";
   desk.time.run();
   EXPECT_EQ(operations.take(), (Lines{"change 0-0 open", "change 2-2 open"}));
-  model().layStrip(500);
+  model().lay(500);
   store().page.set({{"t1", 1}});
   desk.time.run();
   EXPECT_EQ(operations.take(), Lines{}) << "nor for a strip that is not there";
-  model().layStrip(1'000);
+  model().lay(1'000);
   EXPECT_EQ(operations.take(), (Lines{"change 1-1 open", "change 2-2 open"}));
 }
 
 TEST_F(FileModels, SelectAPageAndLetGoOfTheFinding) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   store().focus.set("f1");
   store().draft.set(DraftNote{.fileID = "t1"});
   model().selectPage(1);
@@ -161,7 +162,7 @@ TEST_F(FileModels, SelectAPageAndLetGoOfTheFinding) {
 
 TEST_F(FileModels, ReplaceTheStripAcrossTickets) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   Operations operations{model().pages()};
   FileDetail other = detailOf(board.files[1]);
   other.file.pages = pagesOf(2);
@@ -179,9 +180,51 @@ TEST_F(FileModels, NameTheTicketsWhileSeveralAreSelected) {
   EXPECT_EQ(header("heading"), "");
 }
 
+TEST_F(FileModels, FloatTheNotesWhereTheViewIsNarrow) {
+  ASSERT_TRUE(notes("open").toBool());
+  model().lay(899);
+  EXPECT_TRUE(notes("floats").toBool());
+  EXPECT_FALSE(notes("open").toBool());
+  model().toggleNotes();
+  desk.time.run();
+  EXPECT_TRUE(notes("open").toBool());
+  EXPECT_TRUE(store().prefs.showNotes());
+  model().lay(900);
+  EXPECT_FALSE(notes("floats").toBool());
+  model().toggleNotes();
+  desk.time.run();
+  EXPECT_FALSE(notes("open").toBool());
+  EXPECT_FALSE(store().prefs.showNotes());
+}
+
+TEST_F(FileModels, KnowTheNotesPanelBeforeTheDetailIsHere) {
+  store().prefs.showNotes.set(false);
+  model().lay(1'000);
+  desk.time.run();
+  EXPECT_FALSE(notes("open").toBool());
+  EXPECT_EQ(notes("width").toDouble(), 290);
+}
+
+TEST_F(FileModels, IgnoreAWidthThatIsNone) {
+  model().lay(1'200);
+  for (const double width : {0.0, -5.0, std::nan("")}) model().lay(width);
+  EXPECT_EQ(notes("width").toDouble(), 330);
+  EXPECT_FALSE(store().notesFloat());
+}
+
+TEST_F(FileModels, OpenTheNotesForAPin) {
+  store().prefs.showNotes.set(false);
+  desk.time.run();
+  model().openNotes();
+  EXPECT_TRUE(store().prefs.showNotes());
+  desk.time.run();
+  model().openNotes();
+  EXPECT_TRUE(store().prefs.showNotes());
+}
+
 TEST_F(FileModels, AreEmptiedBySigningOut) {
   bringDetail();
-  model().layStrip(1'000);
+  model().lay(1'000);
   ASSERT_EQ(model().pages()->rowCount(), 3);
   store().signOut(false);
   desk.time.run();

@@ -25,8 +25,8 @@ class Grounds : public NotesViewTest {
     showMain(size);
     calm();
     settle();
-    compare()->pinch(2);
-    compare()->endPinch();
+    compare()->stage()->pinch(2);
+    compare()->stage()->endPinch();
     settle();
   }
   CompareModel* compare() { return models()["compare"].value<CompareModel*>(); }

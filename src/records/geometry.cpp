@@ -1,4 +1,4 @@
-#include "compare/geometry.hpp"
+#include "records/geometry.hpp"
 
 #include <algorithm>
 #include <cmath>

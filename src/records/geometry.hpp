@@ -1,7 +1,6 @@
-// Rectangles and points of the canvas.
+// Rectangles, points and sizes.
 #pragma once
 
-#include <boost/describe.hpp>
 #include <optional>
 #include <vector>
 
@@ -13,7 +12,6 @@ struct Extent {
   double height = 0;
   bool operator==(const Extent&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(Extent, (), (width, height))
 
 // Logical pixels.
 struct Spot {
@@ -30,7 +28,6 @@ struct Box {
   double height = 0;
   bool operator==(const Box&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(Box, (), (x, y, width, height))
 
 // The wire's rectangle: x, y, w, h as fractions of the page. None unless it is four finite numbers.
 std::optional<Box> boxOf(const std::optional<std::vector<double>>& numbers);

@@ -1,0 +1,22 @@
+#include "ticket/notes_panel.hpp"
+
+#include <algorithm>
+
+namespace vellix {
+
+bool notesFloat(double width) { return width < 900; }
+
+NotesPanelView notesPanel(const Store& store, double width) {
+  NotesPanelView view;
+  view.floats = store.notesFloat();
+  view.open = showsNotes(store);
+  view.width = view.floats ? std::min(width - 40, 320.0) : width < 1100 ? 290 : 330;
+  view.help = view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
+  return view;
+}
+
+bool showsNotes(const Store& store) {
+  return store.notesFloat() ? store.notesDrawer() : store.prefs.showNotes();
+}
+
+}  // namespace vellix
