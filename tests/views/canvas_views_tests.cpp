@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "compare/canvas.hpp"
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
 
