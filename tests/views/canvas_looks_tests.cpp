@@ -272,20 +272,18 @@ TEST_F(CanvasLooks, ACropShowsItsPartOfThePageAndMarksIt) {
   const auto crops = seen(window()->contentItem(), "Crop");
   ASSERT_EQ(crops.size(), 2);
   const auto lay = crops[0]->property("lay").toMap();
-  const auto frame = lay["frame"].toMap();
+  const QRectF frame = lay["frame"].toRectF();
   const auto at1 = [&](double fx, double fy) {
-    return at(crops[0]->mapToScene(
-        {frame["x"].toDouble() + fx * frame["width"].toDouble(), fy * frame["height"].toDouble()}));
+    return at(crops[0]->mapToScene({frame.x() + fx * frame.width(), fy * frame.height()}));
   };
   // The page's middle is the crop's.
   expectColour(at1(0.9, 0.9), {0x20, 0x20, 0x20}, 8);
   expectColour(at1(0.1, 0.9), Qt::white, 8);
   expectColour(at1(0.9, 0.1), Qt::white, 8);
-  const auto mark = lay["marks"].toList().at(0).toMap();
+  const QRectF mark = lay["marks"].toList().at(0).toRectF();
   int least = 255;
   for (const double off : {-1.5, -1.0, -0.5, 0.0, 0.5, 1.0, 1.5}) {
-    const QPointF spot{frame["x"].toDouble() + mark["x"].toDouble() + off,
-                       mark["y"].toDouble() + 20};
+    const QPointF spot{frame.x() + mark.x() + off, mark.y() + 20};
     least = std::min(least, at(crops[0]->mapToScene(spot)).blue());
   }
   EXPECT_LT(least, 110) << "the accent's";
