@@ -25,7 +25,7 @@ void ActivityModel::followStore() {
 }
 
 void ActivityModel::setOpen(bool open) {
-  store_.showActivity.set(open);
+  store_.setShowActivity(open);
   followStore();
 }
 

@@ -39,7 +39,11 @@ void BoardModel::updateColumn() {
 }
 
 void BoardModel::select(const QString& id, bool command) {
-  selectTicket(store_, id.toStdString(), command);
+  if (command) {
+    store_.toggleSelected(id.toStdString());
+  } else {
+    store_.select({id.toStdString()});
+  }
 }
 
 void BoardModel::setMineOnly(bool on) { store_.setMineOnly(on); }

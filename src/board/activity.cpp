@@ -71,7 +71,7 @@ bool openEvent(Store& store, const std::string& key) {
   const std::string id = *event->file_id;
   const auto page = event->page;
   if (std::ranges::find(files, id, &FileItem::id) == files.end()) return false;
-  selectTicket(store, id, false);
+  store.select({id});
   if (page) store.goToPage(id, heldPage(*page));
   return true;
 }

@@ -111,11 +111,4 @@ FileListView fileList(const Store& store, bool showReviewed, Moment now, const C
   return view;
 }
 
-void selectTicket(Store& store, const std::string& id, bool command) {
-  auto selection = command ? store.selection() : std::set<std::string>{};
-  if (!selection.insert(id).second) selection.erase(id);
-  store.selection.set(std::move(selection));
-  store.focus.set(std::nullopt);
-}
-
 }  // namespace vellix

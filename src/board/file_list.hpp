@@ -54,7 +54,4 @@ struct FileListView {
 
 FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar);
 
-// A click on a row: with Command it joins or leaves the selection, without it stands alone.
-void selectTicket(Store& store, const std::string& id, bool command);
-
 }  // namespace vellix

@@ -117,10 +117,10 @@ void CompareModel::stepPage(int delta) {
   if (const FileDetail* detail = store_.currentDetail()) store_.stepPage(*detail, delta);
 }
 
-void CompareModel::togglePane(const QString& key) { vellix::togglePane(store_, key.toStdString()); }
+void CompareModel::togglePane(const QString& key) { store_.togglePane(key.toStdString()); }
 
 void CompareModel::setMode(const QString& key) {
-  if (const auto mode = modeOf(key.toStdString())) store_.mode.set(*mode);
+  if (const auto mode = modeOf(key.toStdString())) store_.setMode(*mode);
 }
 
 void CompareModel::setOpacity(double opacity) {
@@ -139,9 +139,9 @@ void CompareModel::zoomOut() { store_.stepZoom(Store::kZoomOut); }
 void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
 
-void CompareModel::pressBox(const QString& finding) { toggleFocus(store_, finding.toStdString()); }
+void CompareModel::pressBox(const QString& finding) { store_.toggleFocus(finding.toStdString()); }
 
-void CompareModel::closeLoupe() { store_.focus.set(std::nullopt); }
+void CompareModel::closeLoupe() { store_.clearFocus(); }
 
 void CompareModel::beginNote(int pane, QPointF from, QPointF to, QSizeF picture) {
   const auto at = static_cast<std::size_t>(pane);

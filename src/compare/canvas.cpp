@@ -72,16 +72,4 @@ std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes) {
   return roles;
 }
 
-void togglePane(Store& store, const std::string& key) {
-  if (key != "supplier" && key != "submitted" && key != "third") return;
-  auto shown = store.shown();
-  if (!shown.contains(key)) {
-    shown.insert(key);
-  } else if (shown.size() > 1) {
-    shown.erase(key);
-  }
-  store.shown.set(std::move(shown));
-  store.focus.set(std::nullopt);
-}
-
 }  // namespace vellix

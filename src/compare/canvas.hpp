@@ -31,7 +31,4 @@ std::vector<PaneInfo> panesOf(const Page& page, const FileItem& file, Int versio
 // The roles of these panes, in order.
 std::vector<std::string> rolesOf(const std::vector<PaneInfo>& panes);
 
-// Shows a hidden pane, hides a shown one; the last one stays.
-void togglePane(Store& store, const std::string& key);
-
 }  // namespace vellix

@@ -106,10 +106,6 @@ PaneMarks marksOf(const Store& store, const FileDetail& detail, const Page& page
   return marks;
 }
 
-void toggleFocus(Store& store, const std::string& finding) {
-  store.focus.set(store.focus() == finding ? std::nullopt : std::optional{finding});
-}
-
 void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent picture) {
   const FileDetail* detail = store.currentDetail();
   if (!detail) return;
@@ -117,7 +113,7 @@ void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent
   note.fileID = detail->file.id;
   note.page = pageIndex(store, detail->file);
   note.side = side;
-  store.draft.set(std::move(note));
+  store.beginDraft(std::move(note));
 }
 
 }  // namespace vellix

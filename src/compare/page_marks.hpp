@@ -55,8 +55,6 @@ std::string sideOf(const std::optional<std::string>& role);
 PaneMarks marksOf(const Store& store, const FileDetail& detail, const Page& page, Int index,
                   const std::optional<std::string>& role, const std::vector<std::string>& roles);
 
-// Selects a finding, or no longer.
-void toggleFocus(Store& store, const std::string& finding);
 // Begins a note on the page that is open. Spots and size are those of the pane's picture.
 void beginNote(Store& store, const std::string& side, Spot from, Spot to, Extent picture);
 

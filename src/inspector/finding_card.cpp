@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "compare/page_marks.hpp"
 #include "notes/note_numbers.hpp"
 #include "records/finding_kinds.hpp"
 #include "records/finding_words.hpp"
@@ -101,23 +100,19 @@ void pressNote(Store& store, const std::string& id) {
   const Finding* finding = findingOf(store, id);
   if (!file || !finding || !hasPlace(*finding)) return;
   const auto& box = *finding->box;
-  // The note is written on the supplier's page: that has to be seen.
-  if (!store.shown().contains("supplier")) {
-    store.shown.edit([](auto& shown) { shown.insert("supplier"); });
-  }
-  store.draft.set(DraftNote{.fileID = file->id,
-                            .page = finding->page,
-                            .side = "supplier",
-                            .x = box[0],
-                            .y = box[1],
-                            .w = box[2],
-                            .h = box[3],
-                            .findingID = finding->id});
+  store.beginDraft({.fileID = file->id,
+                    .page = finding->page,
+                    .side = "supplier",
+                    .x = box[0],
+                    .y = box[1],
+                    .w = box[2],
+                    .h = box[3],
+                    .findingID = finding->id});
 }
 
 void pressCard(Store& store, const std::string& id) {
   const Finding* finding = findingOf(store, id);
-  if (finding && finding->box) toggleFocus(store, id);
+  if (finding && finding->box) store.toggleFocus(id);
 }
 
 }  // namespace vellix

@@ -68,7 +68,7 @@ void NotesModel::postDraft() {
   vellix::postDraft(store_, draftText_.toStdString(), draftTags_.list());
 }
 
-void NotesModel::dropDraft() { store_.draft.set(std::nullopt); }
+void NotesModel::dropDraft() { store_.dropDraft(); }
 
 bool NotesModel::blank(const QString& text) { return isBlank(text.toStdString()); }
 

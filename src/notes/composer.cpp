@@ -34,11 +34,7 @@ bool postNote(Store& store, const std::string& text, std::vector<std::string> ta
   const FileDetail* detail = store.currentDetail();
   if (!detail || isBlank(text) || store.busy().contains("note")) return false;
   const FileItem file = detail->file;
-  // A draft would lend its place to this note and end.
-  const auto draft = store.draft();
-  store.draft.set(std::nullopt);
-  store.addNote(text, file, pageIndex(store, file), std::move(tags));
-  store.draft.set(draft);
+  store.addPageNote(text, file, pageIndex(store, file), std::move(tags));
   return true;
 }
 

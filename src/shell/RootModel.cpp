@@ -23,7 +23,7 @@ void RootModel::update() {
   if (toast_.show(toastShown(store_))) emit toastChanged();
 }
 
-void RootModel::undo() { undoToast(store_); }
+void RootModel::undo() { store_.undoToast(); }
 
 QString RootModel::appearance() const {
   if (!forcedAppearance_.isEmpty()) return forcedAppearance_;

@@ -24,9 +24,9 @@ QString Stage::appearance() const {
 }
 
 void Stage::setUp() {
-  store_.sample = true;
+  store_.pollNothing();
   if (hasFlag(arguments_, "--signin")) {
-    store_.signedIn.set(false);
+    store_.stage({});
   } else if (const auto folder = argument(arguments_, "--sample")) {
     loadSample(QString::fromStdString(*folder));
   }

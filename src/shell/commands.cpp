@@ -5,7 +5,6 @@
 
 #include "board/sync_card.hpp"
 #include "jobs/report_area.hpp"
-#include "ticket/notes_panel.hpp"
 #include "ticket/review_button.hpp"
 
 namespace vellix {
@@ -28,7 +27,7 @@ void zoomIn(Store& store) { store.stepZoom(Store::kZoomIn); }
 void zoomOut(Store& store) { store.stepZoom(Store::kZoomOut); }
 void fitPage(Store& store) { store.fitZoom(); }
 void notes(Store& store) { store.toggleNotes(); }
-void activity(Store& store) { store.showActivity.set(!store.showActivity()); }
+void activity(Store& store) { store.setShowActivity(!store.showActivity()); }
 void pageStrip(Store& store) { store.prefs.showPageStrip.set(!store.prefs.showPageStrip()); }
 
 struct Command {
@@ -67,7 +66,7 @@ constexpr std::array kView{
 
 std::string textOf(const Command& command, const Store& store) {
   const std::string_view key = command.key;
-  if (key == "notes" && showsNotes(store)) return "Hide notes";
+  if (key == "notes" && store.notesOpen()) return "Hide notes";
   if (key == "pageStrip" && store.prefs.showPageStrip()) return "Hide the page strip";
   return command.text;
 }

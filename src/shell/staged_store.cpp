@@ -7,12 +7,10 @@ namespace {
 
 const std::string kReprint = "reprint";
 
-void selectFirstTwo(Store& store) {
-  std::set<std::string> ids;
-  for (const auto& file : store.board()->files) {
-    if (ids.size() < 2) ids.insert(file.id);
+void selectFirstTwo(Staged& staged) {
+  for (const auto& file : staged.sample->board.files) {
+    if (staged.selection.size() < 2) staged.selection.insert(file.id);
   }
-  store.selection.set(std::move(ids));
 }
 
 const FileItem* askedTicket(const std::vector<FileItem>& files, const Arguments& arguments) {
@@ -27,60 +25,56 @@ const FileItem* askedTicket(const std::vector<FileItem>& files, const Arguments&
   return files.empty() ? nullptr : &files.front();
 }
 
-void selectTicket(Store& store, const Arguments& arguments) {
-  const FileItem* ticket = askedTicket(store.board()->files, arguments);
+void selectTicket(Staged& staged, const Arguments& arguments) {
+  const FileItem* ticket = askedTicket(staged.sample->board.files, arguments);
   if (!ticket) return;
-  const std::string id = ticket->id;
-  store.selection.set({id});
+  staged.selection = {ticket->id};
   const Finding* grave = nullptr;
-  if (const auto detail = store.details().find(id); detail != store.details().end()) {
+  const auto& details = staged.sample->details;
+  if (const auto detail = details.find(ticket->id); detail != details.end()) {
     const auto& findings = detail->second.findings;
     const auto high = std::ranges::find(findings, "high", &Finding::severity);
     if (high != findings.end()) grave = &*high;
   }
-  store.page.edit([&](auto& pages) { pages[id] = grave ? grave->page : 0; });
-  if (grave && hasFlag(arguments, "--focus")) store.focus.set(grave->id);
+  staged.page[ticket->id] = grave ? grave->page : 0;
+  if (grave && hasFlag(arguments, "--focus")) staged.focus = grave->id;
 }
 
-void stageDraft(Store& store) {
-  const FileItem* file = store.currentFile();
-  if (!file) return;
-  const auto page = store.page().find(file->id);
-  store.draft.set(DraftNote{.fileID = file->id,
-                            .page = page == store.page().end() ? 0 : page->second,
-                            .side = "supplier",
-                            .x = 0.3,
-                            .y = 0.35,
-                            .w = 0.35,
-                            .h = 0.1});
+void stageDraft(Staged& staged) {
+  if (staged.selection.size() != 1) return;
+  const std::string& ticket = *staged.selection.begin();
+  const auto page = staged.page.find(ticket);
+  staged.draft = DraftNote{.fileID = ticket,
+                           .page = page == staged.page.end() ? 0 : page->second,
+                           .side = "supplier",
+                           .x = 0.3,
+                           .y = 0.35,
+                           .w = 0.35,
+                           .h = 0.1};
 }
 
 }  // namespace
 
 void stageSample(Store& store, Sample sample, const Arguments& arguments, Moment now) {
   const auto asked = [&](std::string_view flag) { return hasFlag(arguments, flag); };
-  store.signedIn.set(true);
-  store.board.set(std::move(sample.board));
-  store.details.set(std::move(sample.details));
-  store.lastOK.set(now);
-  if (asked("--reprints")) store.setQueue(kReprint);
+  Staged staged{.sample = std::move(sample), .lastOK = now};
   if (asked("--multi")) {
-    selectFirstTwo(store);
+    selectFirstTwo(staged);
   } else {
-    selectTicket(store, arguments);
+    selectTicket(staged, arguments);
   }
-  if (asked("--activity")) store.showActivity.set(true);
-  if (asked("--draft")) stageDraft(store);
+  staged.showActivity = asked("--activity");
+  if (asked("--draft")) stageDraft(staged);
   if (asked("--profile")) {
-    const std::string me = store.board()->me.email;
-    store.profile.set(me);
-    store.stats.set(madeUpStats(*store.board(), me, now));
+    const BoardState& board = staged.sample->board;
+    staged.profile = board.me.email;
+    staged.stats = madeUpStats(board, board.me.email, now);
   }
-  if (const auto zoom = argument(arguments, "--zoom")) {
-    if (const auto value = numberIn(*zoom)) store.zoom.set(*value);
-  }
-  if (asked("--narrow")) store.notesDrawer.set(true);
-  if (asked("--history")) store.sideTab.set("history");
+  if (const auto zoom = argument(arguments, "--zoom")) staged.zoom = numberIn(*zoom);
+  staged.notesDrawer = asked("--narrow");
+  if (asked("--history")) staged.sideTab = "history";
+  if (asked("--reprints")) store.setQueue(kReprint);
+  store.stage(std::move(staged));
   if (asked("--follow")) store.reconcileSelection();
 }
 

@@ -1,9 +1,8 @@
 // Puts a sample on show as the flags of the command line ask.
 #pragma once
 
-#include "records/sample.hpp"
 #include "shell/staging.hpp"
-#include "store/store.hpp"
+#include "store/staged.hpp"
 
 namespace vellix {
 

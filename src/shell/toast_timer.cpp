@@ -24,14 +24,7 @@ void ToastTimer::watch() {
 Task<> ToastTimer::expire(std::uint64_t id) {
   const auto sleep = loop_.sleep(kToastTime, {});
   co_await sleep;
-  if (store_.toast() && store_.toast()->id == id) store_.toast.set(std::nullopt);
-}
-
-void undoToast(Store& store) {
-  if (!store.toast()) return;
-  const Toast toast = *store.toast();
-  if (toast.undo) toast.undo();
-  if (store.toast() == toast) store.toast.set(std::nullopt);
+  store_.dismissToast(id);
 }
 
 }  // namespace vellix

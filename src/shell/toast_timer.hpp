@@ -21,7 +21,4 @@ class ToastTimer {
   Changes::Subscription subscription_;
 };
 
-// Runs the toast's undo and takes the toast away at once.
-void undoToast(Store& store);
-
 }  // namespace vellix

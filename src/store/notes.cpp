@@ -3,7 +3,6 @@
 #include "store/store.hpp"
 
 namespace vellix {
-namespace {
 
 struct NoteBody {
   std::string file_id;
@@ -20,6 +19,8 @@ struct NoteBody {
 };
 BOOST_DESCRIBE_STRUCT(NoteBody, (),
                       (file_id, page, text, tags, version, x, y, w, h, side, finding_id))
+
+namespace {
 
 struct NoteChange {
   std::optional<std::string> text;
@@ -39,33 +40,60 @@ void place(NoteBody& body, const DraftNote& draft) {
   body.finding_id = draft.findingID;
 }
 
+// Without a place. None for a text of blanks.
+std::optional<NoteBody> noteOn(const Store& store, const std::string& text, const FileItem& file,
+                               Int index, std::vector<std::string> tags) {
+  const std::string_view words = trimmed(text);
+  if (words.empty()) return std::nullopt;
+  NoteBody body{
+      .file_id = file.id, .page = index, .text = std::string{words}, .tags = std::move(tags)};
+  if (const auto detail = store.details().find(file.id); detail != store.details().end()) {
+    body.version = detail->second.versionNumber();
+  }
+  return body;
+}
+
 }  // namespace
 
 void Store::addNote(std::string text, FileItem file, Int index, std::vector<std::string> tags,
                     std::optional<std::string> findingID) {
-  const std::string_view words = trimmed(text);
-  if (words.empty()) return;
-  NoteBody body{
-      .file_id = file.id, .page = index, .text = std::string{words}, .tags = std::move(tags)};
-  if (const auto detail = details().find(file.id); detail != details().end()) {
-    body.version = detail->second.versionNumber();
-  }
+  auto body = noteOn(*this, text, file, index, std::move(tags));
+  if (!body) return;
   if (draft() && draft()->fileID == file.id) {
-    place(body, *draft());
+    place(*body, *draft());
   } else if (draftPin()) {
-    body.x = draftPin()->first;
-    body.y = draftPin()->second;
+    body->x = draftPin()->first;
+    body->y = draftPin()->second;
   }
-  if (findingID) body.finding_id = std::move(findingID);
+  if (findingID) body->finding_id = std::move(findingID);
   endDraft();
+  sendNote(*std::move(body), std::move(file));
+}
+
+void Store::addPageNote(std::string text, FileItem file, Int index, std::vector<std::string> tags) {
+  auto body = noteOn(*this, text, file, index, std::move(tags));
+  if (body) sendNote(*std::move(body), std::move(file));
+}
+
+void Store::sendNote(NoteBody body, FileItem file) {
   action("note", "Note added.", [this, body = std::move(body), file = std::move(file)] {
     return thenReload(tell("api/comments", body), file);
   });
 }
 
+void Store::beginDraft(DraftNote note) {
+  // It is written on its page, which has to be seen.
+  if (note.side == "supplier" && !shown().contains("supplier")) {
+    shown.edit([](auto& panes) { panes.insert("supplier"); });
+  }
+  draft.set(std::move(note));
+}
+
+void Store::dropDraft() { draft.set(std::nullopt); }
+
 void Store::endDraft() {
   draftPin.set(std::nullopt);
-  draft.set(std::nullopt);
+  dropDraft();
   pinning.set(false);
   draftFinding.set(std::nullopt);
 }

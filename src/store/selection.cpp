@@ -1,6 +1,5 @@
 // Which ticket, page and finding are in front, and how a ticket's detail comes in.
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <limits>
 
@@ -98,9 +97,25 @@ void Store::reconcileSelection() {
   if (stays) return;
   const FileItem* chosen = firstDue(list);
   if (!chosen && !list.empty()) chosen = list.front();
-  selection.set(chosen ? std::set{chosen->id} : std::set<std::string>{});
-  focus.set(std::nullopt);
+  select(chosen ? std::set{chosen->id} : std::set<std::string>{});
 }
+
+void Store::select(std::set<std::string> tickets) {
+  selection.set(std::move(tickets));
+  clearFocus();
+}
+
+void Store::toggleSelected(const std::string& ticket) {
+  auto tickets = selection();
+  if (!tickets.insert(ticket).second) tickets.erase(ticket);
+  select(std::move(tickets));
+}
+
+void Store::toggleFocus(const std::string& finding) {
+  focus.set(focus() == finding ? std::nullopt : std::optional{finding});
+}
+
+void Store::clearFocus() { focus.set(std::nullopt); }
 
 Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   const auto pin = viewVersion().find(file.id);
@@ -201,29 +216,13 @@ void Store::stepPage(const FileDetail& detail, Int delta) {
   const Int present =
       std::min(entry == page().end() ? 0 : entry->second, std::max<Int>(count - 1, 0));
   goToPage(id, std::max<Int>(std::min(sumHeld(present, delta), count - 1), 0));
-  draft.set(std::nullopt);
+  dropDraft();
 }
 
 void Store::goToPage(const std::string& id, Int index) {
   page.edit([&](auto& pages) { pages[id] = index; });
-  focus.set(std::nullopt);
+  clearFocus();
   prefetchAround(id);
-}
-
-void Store::stepZoom(double factor) { zoomTo(std::round(zoom() * factor * 4) / 4); }
-
-void Store::zoomTo(double value) {
-  if (!std::isnan(value)) zoom.set(std::clamp(value, 1.0, 4.0));
-}
-
-void Store::fitZoom() { zoom.set(1.0); }
-
-void Store::toggleNotes() {
-  if (notesFloat()) {
-    notesDrawer.set(!notesDrawer());
-  } else {
-    prefs.showNotes.set(!prefs.showNotes());
-  }
 }
 
 }  // namespace vellix

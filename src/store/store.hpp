@@ -27,6 +27,8 @@
 namespace vellix {
 
 enum class CompareMode { side, overlay, blink };
+struct NoteBody;
+struct Staged;
 
 // Brings the pictures of pages into the cache before they are asked for. Nobody waits for it.
 class PagePrefetch {
@@ -80,29 +82,30 @@ class Store {
   Published<std::set<std::string>> selection{changes, kSelection};
   Published<std::map<std::string, Int>> page{changes, kPage};  // ticket id to 0-based page
   Published<std::optional<std::string>> focus{changes, kFocus};
-  Published<std::string> against{changes, kCanvas, "submitted"};
   Published<CompareMode> mode{changes, kCanvas, CompareMode::side};
   Published<std::optional<std::string>> problem{changes, kProblem};
   Published<std::optional<Moment>> lastOK{changes, kLastOK};
   Published<std::optional<Toast>> toast{changes, kToast};
-  Published<bool> pinning{changes, kDraft, false};
-  Published<std::optional<std::pair<double, double>>> draftPin{changes, kDraft};
-  Published<std::optional<std::string>> draftFinding{changes, kDraft};
   Published<std::optional<DraftNote>> draft{changes, kDraft};
   Published<double> zoom{changes, kCanvas, 1.0};
   Published<bool> notesDrawer{changes, kPanels, false};
-  Published<bool> notesFloat{changes, kPanels, false};  // written by the file view's layout
+  Published<bool> notesFloat{changes, kPanels, false};
   Published<std::set<std::string>> shown{changes, kCanvas, {"supplier", "submitted", "third"}};
-  Published<std::optional<std::string>> profile{changes, kPanels};
-  Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};
-  Published<std::string> sideTab{changes, kPanels, "page"};
-  Published<std::optional<Stats>> stats{changes, kStats};
   Prefs& prefs;
   Published<std::set<std::string>> busy{changes, kBusy};
   Published<bool> refreshing{changes, kRefreshing, false};
   Published<bool> showActivity{changes, kPanels, false};
   Published<std::string> queue;  // "reprint", "new_title", or none chosen yet
   Published<bool> mineOnly;
+  // For what is still to come: no screen reads these, and nothing but staging sets one.
+  Published<std::string> against{changes, kCanvas, "submitted"};
+  Published<bool> pinning{changes, kDraft, false};
+  Published<std::optional<std::pair<double, double>>> draftPin{changes, kDraft};
+  Published<std::optional<std::string>> draftFinding{changes, kDraft};
+  Published<std::optional<std::string>> profile{changes, kPanels};
+  Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};
+  Published<std::string> sideTab{changes, kPanels, "page"};
+  Published<std::optional<Stats>> stats{changes, kStats};
   bool sample = false;  // staged without a server: all polling is off
   std::optional<std::string> etag;
   std::map<std::string, std::string> fileTags;  // "{id}#{version}" to Etag
@@ -133,6 +136,10 @@ class Store {
   void setQueue(std::string value);
   void setMineOnly(bool flag);
   void reconcileSelection();
+  void select(std::set<std::string> tickets);  // these alone, and no finding
+  void toggleSelected(const std::string& ticket);
+  void toggleFocus(const std::string& finding);
+  void clearFocus();
   Task<> loadDetail(FileItem file, bool force, std::stop_token stop = {});
   // The ticket comes on show: starts an unforced loadDetail. Of several in a row only the last few
   // go on.
@@ -144,7 +151,18 @@ class Store {
   void stepZoom(double factor);
   void zoomTo(double value);  // held to 1.0 and 4.0; what is no number changes nothing
   void fitZoom();
+  void setMode(CompareMode value);
+  // Shows a hidden pane, hides a shown one. The last one stays.
+  void togglePane(const std::string& key);
+  bool notesOpen() const;
   void toggleNotes();
+  void setNotesFloat(bool flag);  // told by the layout
+  void setShowActivity(bool flag);
+  void dismissToast(std::uint64_t id);  // nothing once another has come
+  void undoToast();                     // runs its undo and takes it away at once
+  // Without a service, for a picture of the window.
+  void pollNothing() { sample = true; }
+  void stage(Staged staged);
 
   // Actions on the service.
   using Work = std::function<Task<API::Result<Done>>()>;
@@ -154,6 +172,11 @@ class Store {
   // blanks does nothing.
   void addNote(std::string text, FileItem file, Int page, std::vector<std::string> tags,
                std::optional<std::string> findingID = std::nullopt);
+  // On the page as a whole: a draft goes on.
+  void addPageNote(std::string text, FileItem file, Int page, std::vector<std::string> tags);
+  // In place of the draft there was. Written on the supplier's page, it shows that pane.
+  void beginDraft(DraftNote note);
+  void dropDraft();
   // What is none stays as it is.
   void updateNote(Note note, std::optional<std::string> text, std::optional<bool> resolved,
                   bool remove = false);
@@ -231,6 +254,7 @@ class Store {
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
                                   std::string_view except = {});
   void endDraft();
+  void sendNote(NoteBody body, FileItem file);
   void focusNextOpen(const Finding& decided);
   const FileDetail* heldDetail(const std::string& id, Int version) const;  // null when none
   void prefetchAround(const std::string& id);

@@ -53,7 +53,7 @@ void Store::setStatus(FileItem file, std::string status) {
   // The reviewer was carried on: taking it back leads back as well.
   Toast done{statusText(status), kUndo, undo([file](Store& store) {
                store.setStatus(file, file.status);
-               store.selection.set({file.id});
+               if (store.selection() != std::set{file.id}) store.select({file.id});
              })};
   spawn(runUndoable(
       "status",
@@ -91,8 +91,7 @@ void Store::advanceAfterReview(BoardState changed, const std::string& id) {
   board.set(std::move(changed));
   if (selection() != std::set{id} || !prefs.autoAdvance()) return;
   const FileItem* next = firstDue(filesInQueue(effectiveQueue()), id);
-  selection.set({next ? next->id : id});
-  focus.set(std::nullopt);
+  select({next ? next->id : id});
 }
 
 void Store::assign(FileItem file, std::string email) {

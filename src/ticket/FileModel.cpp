@@ -73,7 +73,7 @@ void FileModel::updateNotesPanel() {
 void FileModel::lay(double width) {
   if (!(width > 0)) return;  // a view that is not laid out yet
   width_ = width;
-  store_.notesFloat.set(notesFloat(width));
+  store_.setNotesFloat(notesFloat(width));
   updateNotesPanel();
   turnStrip();
 }
@@ -86,7 +86,7 @@ void FileModel::selectPage(int row) {
 void FileModel::toggleNotes() { store_.toggleNotes(); }
 
 void FileModel::openNotes() {
-  if (!showsNotes(store_)) store_.toggleNotes();
+  if (!store_.notesOpen()) store_.toggleNotes();
 }
 
 void FileModel::pressReview() { pressReviewButton(store_); }

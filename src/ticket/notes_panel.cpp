@@ -9,14 +9,10 @@ bool notesFloat(double width) { return width < 900; }
 NotesPanelView notesPanel(const Store& store, double width) {
   NotesPanelView view;
   view.floats = store.notesFloat();
-  view.open = showsNotes(store);
+  view.open = store.notesOpen();
   view.width = view.floats ? std::min(width - 40, 320.0) : width < 1100 ? 290 : 330;
   view.help = view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
   return view;
-}
-
-bool showsNotes(const Store& store) {
-  return store.notesFloat() ? store.notesDrawer() : store.prefs.showNotes();
 }
 
 }  // namespace vellix

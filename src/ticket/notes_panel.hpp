@@ -20,6 +20,5 @@ BOOST_DESCRIBE_STRUCT(NotesPanelView, (), (open, floats, width, help))
 // `width` is that of the view which the panel stands in, in logical pixels.
 bool notesFloat(double width);
 NotesPanelView notesPanel(const Store& store, double width);
-bool showsNotes(const Store& store);
 
 }  // namespace vellix

@@ -105,42 +105,6 @@ TEST(ThirdRole, StandsWithoutAnyReferencesTold) {
   EXPECT_EQ(thirdRole(Page{}, ticketOf("t1"), 1), "fbc");
 }
 
-struct Toggle {
-  const char* name;
-  Keys before;
-  const char* key;
-  Keys after;
-};
-
-class PaneToggles : public StoreTest, public testing::WithParamInterface<Toggle> {};
-
-TEST_P(PaneToggles, LeaveAtLeastOnePane) {
-  store().shown.set(GetParam().before);
-  store().focus.set("f1");
-  togglePane(store(), GetParam().key);
-  EXPECT_EQ(store().shown(), GetParam().after);
-  EXPECT_FALSE(store().focus());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, PaneToggles,
-    testing::Values(
-        Toggle{"Hides", {"submitted", "supplier", "third"}, "third", {"submitted", "supplier"}},
-        Toggle{"Shows", {"supplier"}, "third", {"supplier", "third"}},
-        Toggle{"KeepsTheLast", {"supplier"}, "supplier", {"supplier"}},
-        Toggle{"CountsAKeyLeftOver", {"submitted", "supplier"}, "supplier", {"submitted"}}),
-    [](const auto& each) { return each.param.name; });
-
-TEST_F(StoreTest, IgnoresAPaneThatThereIsNone) {
-  store().shown.set({"supplier"});
-  for (const char* key : {"latest", "fbc", ""}) togglePane(store(), key);
-  EXPECT_EQ(store().shown(), Keys{"supplier"});
-}
-
-TEST_F(StoreTest, StartsWithAllThreePanesShown) {
-  EXPECT_EQ(store().shown(), (Keys{"submitted", "supplier", "third"}));
-}
-
 TEST(StandsAlone, HoldsForTheFiveKindsWithoutAReference) {
   Finding finding;
   for (const char* kind : {"hidden", "barcode", "spots", "pass", "missing_page"}) {

@@ -194,15 +194,6 @@ TEST_F(PageMarks, OfTheDraftStandOnItsTicketPageAndSide) {
   EXPECT_EQ(on(std::nullopt).draft.name, "Note on this area, piv");
 }
 
-TEST_F(PageMarks, ArePressedOnAndOff) {
-  toggleFocus(store(), "f1");
-  EXPECT_EQ(store().focus(), "f1");
-  toggleFocus(store(), "f2");
-  EXPECT_EQ(store().focus(), "f2");
-  toggleFocus(store(), "f2");
-  EXPECT_FALSE(store().focus());
-}
-
 class Drafts : public PageMarks {
  protected:
   Drafts() {

@@ -1,4 +1,4 @@
-// How long a toast stays, and its Undo.
+// How long a toast stays.
 #include "shell/toast_timer.hpp"
 
 #include "store/store_test.hpp"
@@ -86,35 +86,12 @@ TEST_F(ToastTimers, LeaveTheToastWhenTheyEndFirst) {
 TEST_F(ToastTimers, WaitForAToastThatCameBackAfterAnother) {
   const ToastTimer timer{store(), desk.time};
   say("First.");
-  undoToast(store());
+  store().undoToast();
   desk.time.run();
   wait(1'000);
   say("Second.");
   wait(3'999);
   EXPECT_EQ(shown(), "Second.") << "the first one's time is over meanwhile";
-}
-
-TEST_F(ToastTimers, UndoRunsOnceAndTakesTheToastAwayAtOnce) {
-  int undone = 0;
-  store().toast.set(Toast{"Marked fine.", "Undo", [&] { ++undone; }});
-  undoToast(store());
-  EXPECT_EQ(undone, 1);
-  EXPECT_FALSE(store().toast());
-  undoToast(store());
-  EXPECT_EQ(undone, 1);
-}
-
-TEST_F(ToastTimers, UndoOfAToastWithoutOneTakesItAway) {
-  store().toast.set(Toast{"Up to date."});
-  undoToast(store());
-  EXPECT_FALSE(store().toast());
-}
-
-TEST_F(ToastTimers, UndoKeepsTheToastItBrings) {
-  store().toast.set(
-      Toast{"Marked fine.", "Undo", [this] { store().toast.set(Toast{"Reopened."}); }});
-  undoToast(store());
-  EXPECT_EQ(desk.toastText(), "Reopened.");
 }
 
 }  // namespace

@@ -70,6 +70,32 @@ TEST_F(WrittenNote, EndsTheDraftAheadOfTheRequest) {
   EXPECT_FALSE(store().pinning());
 }
 
+TEST_F(WrittenNote, OnThePageAsAWholeLeavesTheDraftAndItsPlace) {
+  store().shown.set({"submitted"});
+  store().draft.set(draftAt(0.1, 0.1));
+  store().addPageNote(" Move it. ", file, 2, {});
+  EXPECT_EQ(store().draft(), draftAt(0.1, 0.1));
+  desk.time.run();
+  EXPECT_EQ(body(), R"({"file_id":"t1","page":2,"text":"Move it.","tags":[]})");
+  store().addPageNote(" \n", file, 2, {});
+  desk.time.run();
+  EXPECT_EQ(desk.http.count(kPost), 1U) << "blanks";
+}
+
+TEST_F(WrittenNote, BegunOnTheSuppliersPageShowsThatPane) {
+  store().shown.set({"third"});
+  store().beginDraft(draftAt(0.1, 0.1));
+  EXPECT_EQ(store().draft(), draftAt(0.1, 0.1));
+  EXPECT_THAT(store().shown(), ElementsAre("third"));
+  auto draft = draftAt(0.2, 0.2);
+  draft.side = "supplier";
+  store().beginDraft(draft);
+  EXPECT_EQ(store().draft(), draft);
+  EXPECT_THAT(store().shown(), ElementsAre("supplier", "third"));
+  store().dropDraft();
+  EXPECT_FALSE(store().draft());
+}
+
 struct PlaceCase {
   const char* name;
   std::optional<DraftNote> draft;

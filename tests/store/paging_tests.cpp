@@ -1,4 +1,4 @@
-// Moving over pages, zooming, and the notes panel.
+// Moving over pages.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -67,57 +67,6 @@ TEST_F(Paging, ToAPageClearsTheFocusAndKeepsTheDraft) {
   EXPECT_FALSE(store().focus());
   ASSERT_TRUE(store().draft());
   EXPECT_EQ(store().draft()->page, 2);
-}
-
-struct ZoomCase {
-  double from;
-  double factor;
-  double to;
-};
-
-class ZoomSteps : public StoreTest, public testing::WithParamInterface<ZoomCase> {};
-
-TEST_P(ZoomSteps, AreRoundedToQuartersBetweenOneAndFour) {
-  store().zoom.set(GetParam().from);
-  store().stepZoom(GetParam().factor);
-  EXPECT_EQ(store().zoom(), GetParam().to);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, ZoomSteps,
-    testing::Values(ZoomCase{1.0, 1.25, 1.25}, ZoomCase{1.25, 1.25, 1.5},  // 1.5625
-                    ZoomCase{1.5, 1.25, 2.0},                              // 1.875, half a quarter
-                    ZoomCase{2.0, 1.25, 2.5}, ZoomCase{2.5, 1.25, 3.25},   // 3.125, half a quarter
-                    ZoomCase{3.25, 1.25, 4.0}, ZoomCase{3.75, 1.25, 4.0}, ZoomCase{4.0, 1.25, 4.0},
-                    ZoomCase{4.0, 0.8, 3.25}, ZoomCase{3.25, 0.8, 2.5}, ZoomCase{2.5, 0.8, 2.0},
-                    ZoomCase{1.25, 0.8, 1.0}, ZoomCase{1.0, 0.8, 1.0}, ZoomCase{1.0, 0.0, 1.0},
-                    ZoomCase{1.0, 100.0, 4.0}, ZoomCase{1.0, -3.0, 1.0}, ZoomCase{1.0, 1.125, 1.25},
-                    ZoomCase{1.0, 1.124, 1.0}));
-
-TEST_F(Paging, FitsTheZoom) {
-  store().zoom.set(3.25);
-  store().fitZoom();
-  EXPECT_EQ(store().zoom(), 1.0);
-}
-
-TEST_F(Paging, FlipsAndKeepsTheDockedNotesPanel) {
-  store().toggleNotes();
-  EXPECT_FALSE(store().prefs.showNotes());
-  EXPECT_FALSE(desk.defaults.flags.at("ShowNotes"));
-  EXPECT_FALSE(store().notesDrawer());
-  store().toggleNotes();
-  EXPECT_TRUE(store().prefs.showNotes());
-  EXPECT_TRUE(desk.defaults.flags.at("ShowNotes"));
-}
-
-TEST_F(Paging, FlipsTheDrawerWhereNotesFloat) {
-  store().notesFloat.set(true);
-  store().toggleNotes();
-  EXPECT_TRUE(store().notesDrawer());
-  EXPECT_TRUE(store().prefs.showNotes());
-  EXPECT_FALSE(desk.defaults.flags.contains("ShowNotes"));
-  store().toggleNotes();
-  EXPECT_FALSE(store().notesDrawer());
 }
 
 }  // namespace

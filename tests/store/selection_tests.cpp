@@ -189,6 +189,18 @@ TEST_F(Selection, TakesMineOnlyIntoAccount) {
   EXPECT_THAT(store().selection(), ElementsAre("t2"));
 }
 
+TEST_F(Selection, HasAFindingThatIsPressedOnAndOff) {
+  store().toggleFocus("f1");
+  EXPECT_EQ(store().focus(), "f1");
+  store().toggleFocus("f2");
+  EXPECT_EQ(store().focus(), "f2");
+  store().toggleFocus("f2");
+  EXPECT_FALSE(store().focus());
+  store().toggleFocus("f1");
+  store().clearFocus();
+  EXPECT_FALSE(store().focus());
+}
+
 struct ChoiceCase {
   const char* name;
   std::vector<FileItem> files;

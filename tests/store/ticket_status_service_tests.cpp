@@ -42,6 +42,20 @@ TEST_F(TicketStatus, TakenBackToReviewedIsMarkedAtOnceAgain) {
   EXPECT_EQ(lastBody(), R"({"status":"reviewed"})");
 }
 
+TEST_F(TicketStatus, TakenBackKeepsTheFindingOnlyWhereTheTicketStayed) {
+  for (const bool advances : {false, true}) {
+    desk.prefs.autoAdvance.set(advances);
+    show({dueAt("t1", 5, "in_review"), dueAt("t2", 1)});
+    routes.set(kPost, answerOf(200, "{}"));
+    serveBoard(boardOf({dueAt("t1", 5, "reviewed"), dueAt("t2", 1)}));
+    mark();
+    store().focus.set("f2");
+    desk.toast()->undo();
+    EXPECT_EQ(store().focus().has_value(), !advances);
+    desk.time.run();
+  }
+}
+
 TEST_F(TicketStatus, IsTakenBackByNobodyOnceTheStoreIsGone) {
   show({ticketOf("t1")});
   serveBoard(boardOf({ticketOf("t1", "reviewed")}));
