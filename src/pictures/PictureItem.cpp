@@ -3,7 +3,6 @@
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGRectangleNode>
-#include <cmath>
 
 namespace vellix {
 namespace {
@@ -30,11 +29,7 @@ class RootNode : public QSGTransformNode {
 
 }  // namespace
 
-PictureItem::PictureItem(QQuickItem* parent) : QQuickItem(parent) { setFlag(ItemHasContents); }
-
-qreal PictureItem::deviceScale() const {
-  return window() ? window()->effectiveDevicePixelRatio() : 1;
-}
+PictureItem::PictureItem(QQuickItem* parent) : GridItem(parent) {}
 
 QSize PictureItem::deviceSize() const { return (size() * deviceScale()).toSize(); }
 
@@ -47,7 +42,6 @@ void PictureItem::showImage(const QImage& image, const QRectF& part, const QRect
   }
   part_ = part;
   place_ = place;
-  noteOrigin();
   update();
 }
 
@@ -57,30 +51,7 @@ void PictureItem::showGround(const QColor& colour) {
   image_ = {};
   ground_ = colour;
   place_ = place;
-  noteOrigin();
   update();
-}
-
-void PictureItem::geometryChange(const QRectF& now, const QRectF& before) {
-  QQuickItem::geometryChange(now, before);
-  if (now.size() == before.size()) return realign();
-  resized();
-  update();
-}
-
-void PictureItem::itemChange(ItemChange change, const ItemChangeData& data) {
-  QQuickItem::itemChange(change, data);
-  if (change != ItemDevicePixelRatioHasChanged && change != ItemSceneChange) return;
-  resized();
-  update();
-  if (change != ItemSceneChange) return;
-  disconnect(aligning_);
-  if (data.window) {
-    aligning_ = connect(data.window, &QQuickWindow::afterAnimating, this, [this] {
-      realign();
-      framed();
-    });
-  }
 }
 
 bool PictureItem::isInSight() const {
@@ -92,25 +63,9 @@ bool PictureItem::isInSight() const {
   return !seen.isEmpty();
 }
 
-void PictureItem::noteOrigin() {
-  const QTransform toScene = itemTransform(nullptr, nullptr);
-  if (toScene.type() <= QTransform::TxTranslate) origin_ = toScene.map(QPointF(0, 0));
-}
-
-// What moves an item's parent does not tell the item, but may put it between two pixels.
-void PictureItem::realign() {
-  if (!isVisible() || size().isEmpty()) return;
-  noteOrigin();
-  const QPointF moved = (origin_ - painted_) * deviceScale();
-  const auto whole = [](qreal by) { return std::abs(by - std::round(by)) < 1e-6; };
-  if (!whole(moved.x()) || !whole(moved.y())) update();
-}
-
-QRectF PictureItem::onGrid(const QRect& place) const {
+QRectF PictureItem::inItem(const QRect& place) const {
   const qreal scale = deviceScale();
-  const QPointF corner(std::round(origin_.x() * scale) / scale - origin_.x(),
-                       std::round(origin_.y() * scale) / scale - origin_.y());
-  return {corner + QPointF(place.topLeft()) / scale, QSizeF(place.size()) / scale};
+  return {onGrid({}) + QPointF(place.topLeft()) / scale, QSizeF(place.size()) / scale};
 }
 
 QSGNode* PictureItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
@@ -120,14 +75,13 @@ QSGNode* PictureItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     return nullptr;
   }
   if (!root) root = new RootNode;
-  painted_ = origin_;
   if (image_.isNull()) {
     if (root->picture) root->clear();
     if (!root->ground) {
       root->ground = window()->createRectangleNode();
       root->appendChildNode(root->ground);
     }
-    root->ground->setRect(onGrid(place_));
+    root->ground->setRect(inItem(place_));
     root->ground->setColor(ground_);
     return root;
   }
@@ -149,7 +103,7 @@ QSGNode* PictureItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
   const bool exact = part_.size() == QSizeF(place_.size());
   root->picture->setFiltering(exact ? QSGTexture::Nearest : QSGTexture::Linear);
   root->picture->setSourceRect(part_);
-  root->picture->setRect(onGrid(place_));
+  root->picture->setRect(inItem(place_));
   // The software renderer looks at the texture the moment a node joins the scene.
   if (!root->picture->parent()) root->appendChildNode(root->picture);
   return root;

@@ -6,12 +6,13 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QImage>
-#include <QQuickItem>
 #include <vector>
+
+#include "pictures/GridItem.hpp"
 
 namespace vellix {
 
-class MarkFrame : public QQuickItem {
+class MarkFrame : public vellix::GridItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QColor color MEMBER color_ NOTIFY looksChanged)
@@ -30,22 +31,13 @@ class MarkFrame : public QQuickItem {
   void looksChanged();
 
  protected:
-  void updatePolish() override;
-  void geometryChange(const QRectF& now, const QRectF& before) override;
-  void itemChange(ItemChange change, const ItemChangeData& data) override;
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  // A part of the frame, in device pixels from the item's corner as it lies on the device's grid.
-  struct Strip {
-    QRect place;
-    QImage image;
-  };
-
-  QPointF offGrid() const;
-  std::vector<QRect> stripsOf(const QRect& whole) const;
-  QImage drawn(const QRect& strip) const;
-  void realign();
+  // Strips are parts of the frame, in device pixels from the item's corner as it lies on the
+  // device's grid, from which the corner itself is off by so much.
+  std::vector<QRect> strips() const;
+  QImage drawn(const QRect& strip, QPointF off) const;
 
   QColor color_ = Qt::black;
   qreal line_ = 1.6;
@@ -54,10 +46,6 @@ class MarkFrame : public QQuickItem {
   qreal haloOpacity_ = 0.9;
   qreal radius_ = 3;
   qreal fill_ = 0;
-  QPointF off_;  // of the item's corner from the device's grid, in device pixels
-  std::vector<Strip> strips_;
-  bool fresh_ = false;  // the strips are not in the textures yet
-  QMetaObject::Connection aligning_;
 };
 
 }  // namespace vellix

@@ -23,9 +23,7 @@ QCache<QString, QImage>& drawings() {
 
 }  // namespace
 
-RasterItem::RasterItem(QQuickItem* parent) : QQuickItem(parent), color_(Qt::black) {
-  setFlag(ItemHasContents);
-}
+RasterItem::RasterItem(QQuickItem* parent) : GridItem(parent), color_(Qt::black) {}
 
 void RasterItem::setColor(const QColor& color) {
   if (color == color_) return;
@@ -42,7 +40,7 @@ void RasterItem::updatePolish() {
     update();
     return;
   }
-  const qreal dpr = window()->effectiveDevicePixelRatio();
+  const qreal dpr = deviceScale();
   const QSize pixels(static_cast<int>(std::ceil(rect.width() * dpr - 0.01)),
                      static_cast<int>(std::ceil(rect.height() * dpr - 0.01)));
   const QSizeF shown(pixels.width() / dpr, pixels.height() / dpr);
@@ -68,54 +66,14 @@ void RasterItem::updatePolish() {
     painter.end();
     drawings().insert(key, new QImage(image_), static_cast<int>(image_.sizeInBytes()));
   }
-  noteOrigin();
-  imageRect_ = onGrid();
   update();
 }
 
-void RasterItem::noteOrigin() {
-  const QTransform toScene = itemTransform(nullptr, nullptr);
-  if (toScene.type() <= QTransform::TxTranslate) origin_ = toScene.map(QPointF(0, 0));
-}
-
-// Where the image lies: in the middle of its drawing's place, but on the device's own pixels. What
-// is drawn between two of them is blurred.
-QRectF RasterItem::onGrid() const {
-  const qreal dpr = window()->effectiveDevicePixelRatio();
-  const QSizeF shown = QSizeF(image_.size()) / dpr;
+// In the middle of its drawing's place, but on the device's own pixels.
+QRectF RasterItem::imageRect() const {
+  const QSizeF shown = QSizeF(image_.size()) / deviceScale();
   const QPointF centre = drawingRect().center();
-  const auto snapped = [dpr](qreal offset, qreal at) {
-    return std::round((offset + at) * dpr) / dpr - offset;
-  };
-  return {QPointF(snapped(origin_.x(), centre.x() - shown.width() / 2),
-                  snapped(origin_.y(), centre.y() - shown.height() / 2)),
-          shown};
-}
-
-// What moves an item's parent does not tell the item, but may put it between two pixels.
-void RasterItem::realign() {
-  if (image_.isNull() || !isVisible()) return;
-  constexpr qreal kNoise = 1e-6;
-  noteOrigin();
-  const QRectF now = onGrid();
-  if ((now.topLeft() - imageRect_.topLeft()).manhattanLength() < kNoise) return;
-  imageRect_ = now;
-  update();
-}
-
-void RasterItem::geometryChange(const QRectF& now, const QRectF& before) {
-  QQuickItem::geometryChange(now, before);
-  polish();
-}
-
-void RasterItem::itemChange(ItemChange change, const ItemChangeData& data) {
-  QQuickItem::itemChange(change, data);
-  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) polish();
-  if (change != ItemSceneChange) return;
-  disconnect(aligning_);
-  if (data.window) {
-    aligning_ = connect(data.window, &QQuickWindow::afterAnimating, this, &RasterItem::realign);
-  }
+  return {onGrid(centre - QPointF(shown.width() / 2, shown.height() / 2)), shown};
 }
 
 QSGNode* RasterItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
@@ -137,7 +95,7 @@ QSGNode* RasterItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
         window()->createTextureFromImage(image_, QQuickWindow::TextureCanUseAtlas));
     node->imageKey = image_.cacheKey();
   }
-  node->picture->setRect(imageRect_);
+  node->picture->setRect(imageRect());
   return node;
 }
 

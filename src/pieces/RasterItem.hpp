@@ -5,13 +5,14 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QImage>
-#include <QQuickItem>
+
+#include "pictures/GridItem.hpp"
 
 class QPainter;
 
 namespace vellix {
 
-class RasterItem : public QQuickItem {
+class RasterItem : public vellix::GridItem {
   Q_OBJECT
   QML_ANONYMOUS
   Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
@@ -33,21 +34,15 @@ class RasterItem : public QQuickItem {
   // Paints into `rect`, in logical pixels.
   virtual void draw(QPainter& painter, const QRectF& rect) const = 0;
 
+  void resized() override { polish(); }
   void updatePolish() override;
-  void geometryChange(const QRectF& now, const QRectF& before) override;
-  void itemChange(ItemChange change, const ItemChangeData& data) override;
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  void noteOrigin();
-  QRectF onGrid() const;
-  void realign();
+  QRectF imageRect() const;
 
   QColor color_;
   QImage image_;
-  QPointF origin_;  // in the scene, when last it was neither turned nor scaled
-  QRectF imageRect_;
-  QMetaObject::Connection aligning_;
 };
 
 }  // namespace vellix

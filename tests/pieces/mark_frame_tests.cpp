@@ -10,11 +10,23 @@
 namespace vellix {
 namespace {
 
+// A frame that tells how often it was drawn.
+class SeenFrame : public MarkFrame {
+ public:
+  int updates = 0;
+
+ protected:
+  QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override {
+    ++updates;
+    return MarkFrame::updatePaintNode(old, data);
+  }
+};
+
 class MarkFrames : public testing::Test {
  protected:
   QQuickWindow window;
   QQuickItem holder;
-  MarkFrame frame;
+  SeenFrame frame;
 
   MarkFrames() {
     window.resize(400, 300);
@@ -113,6 +125,27 @@ TEST_F(MarkFrames, FollowTheirPlaceToAPartOfAPixel) {
     }
     ASSERT_GT(weight, 0);
     EXPECT_NEAR(sum / weight / scale, 30 + off, 0.1) << off;
+  }
+}
+
+TEST_F(MarkFrames, AreDrawnAnewOnlyWhereTheyLieElsewhereBetweenThePixels) {
+  window.grabWindow();
+  const int before = frame.updates;
+  holder.setPosition({8, 4});
+  window.grabWindow();
+  EXPECT_EQ(frame.updates, before) << "whole pixels at every scale";
+  holder.setPosition({8.3, 4});
+  window.grabWindow();
+  EXPECT_EQ(frame.updates, before + 1);
+}
+
+TEST_F(MarkFrames, AreNotDrawnAnewWhileAParentIsScaled) {
+  window.grabWindow();
+  const int before = frame.updates;
+  for (const qreal scale : {0.9, 0.97, 1.013, 1.2, 1.0}) {
+    holder.setScale(scale);
+    window.grabWindow();
+    EXPECT_EQ(frame.updates, before) << scale;
   }
 }
 
