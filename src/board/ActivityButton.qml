@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -16,12 +16,10 @@ IconButton {
     readonly property bool wanted: activity.open && Window.window !== null
 
     function follow() {
-        if (!wanted)
-            return place.item?.close();
-        if (place.item)
-            place.item.openAt(visualFocus);
+        if (wanted)
+            (feed.made() as ActivityView)?.openAt(visualFocus);
         else
-            place.setSource("ActivityView.qml", { parent: button, activity: activity, pictures: pictures });
+            (feed.object as ActivityView)?.close();
     }
 
     symbol: "clock.arrow.circlepath"
@@ -35,18 +33,15 @@ IconButton {
     Component.onCompleted: follow()
     Component.onDestruction: activity.open = false
 
-    Loader {
-        id: place
+    OnDemand {
+        id: feed
 
-        onLoaded: button.follow()
-    }
-
-    // Closed by whatever means.
-    Connections {
-        target: place.item
-
-        function onAboutToHide() {
-            button.activity.open = false;
+        ActivityView {
+            parent: button
+            activity: button.activity
+            pictures: button.pictures
+            // Closed by whatever means.
+            onAboutToHide: button.activity.open = false
         }
     }
 }

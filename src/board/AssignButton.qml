@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -17,23 +17,17 @@ DropButton {
     label: reviewer.text
     help: "Who reviews this"
     enabled: !reviewer.busy
-    open: place.item?.visible ?? false
+    open: (popover.object as AssignPopover)?.visible ?? false
     padding: reviewer.avatar ? 8 : 12
 
-    onClicked: {
-        if (!place.item)
-            place.setSource("AssignPopover.qml", { parent: button, plan: plan, pictures: pictures });
-        place.item.toggle(visualFocus);
-    }
+    onClicked: (popover.made() as AssignPopover).toggle(visualFocus)
 
-    Loader {
-        id: face
-
-        visible: active
+    Optional {
+        visible: wanted
         anchors.verticalCenter: parent.verticalCenter
-        active: button.reviewer.avatar !== undefined
+        wanted: button.reviewer.avatar !== undefined
 
-        sourceComponent: Avatar {
+        Avatar {
             who: button.reviewer.avatar
             pictures: button.pictures
             size: 18
@@ -57,7 +51,13 @@ DropButton {
         color: Theme.muted
     }
 
-    Loader {
-        id: place
+    OnDemand {
+        id: popover
+
+        AssignPopover {
+            parent: button
+            plan: button.plan
+            pictures: button.pictures
+        }
     }
 }

@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures

@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pieces
@@ -15,21 +15,17 @@ DropButton {
     label: due.text
     help: "When the review is due"
     enabled: !due.busy
-    open: place.item?.visible ?? false
+    open: (popover.object as DuePopover)?.visible ?? false
     padding: due.chip ? 4 : 12
 
-    onClicked: {
-        if (!place.item)
-            place.setSource("DuePopover.qml", { parent: button, plan: plan });
-        place.item.toggle(visualFocus);
-    }
+    onClicked: (popover.made() as DuePopover).toggle(visualFocus)
 
-    Loader {
-        visible: active
+    Optional {
+        visible: wanted
         anchors.verticalCenter: parent.verticalCenter
-        active: button.due.chip !== undefined
+        wanted: button.due.chip !== undefined
 
-        sourceComponent: DueChip {
+        DueChip {
             due: button.due.chip
             Accessible.ignored: true
         }
@@ -44,7 +40,12 @@ DropButton {
         Accessible.ignored: true
     }
 
-    Loader {
-        id: place
+    OnDemand {
+        id: popover
+
+        DuePopover {
+            parent: button
+            plan: button.plan
+        }
     }
 }

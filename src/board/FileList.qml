@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -101,10 +101,6 @@ Item {
             onTriggered: rows.settled = true
         }
 
-        function sortRows() {
-            order.sort(contentItem);
-        }
-
         // Its neighbours come into view too, so that they are there to go to.
         function reveal(index: int) {
             for (const row of [index - 1, index + 1, index])
@@ -118,7 +114,7 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: "Tickets"
 
-        delegate: Loader {
+        delegate: Optional {
             id: line
 
             required property int index
@@ -130,35 +126,27 @@ Item {
             required property fileRowView ticket
 
             width: rows.width - rows.leftMargin - rows.rightMargin
-            sourceComponent: header ? groupHeader : ticketRow
+            content: header ? groupHeader : ticketRow
 
-            Component.onCompleted: Qt.callLater(rows.sortRows)
-            onIndexChanged: Qt.callLater(rows.sortRows)
+            Component.onCompleted: order.sort(rows.contentItem)
+            onIndexChanged: order.sort(rows.contentItem)
             onActiveFocusChanged: {
                 if (activeFocus)
                     rows.reveal(index);
             }
 
-            Component {
-                id: groupHeader
-
-                GroupHeader {
-                    title: line.title
-                    folds: line.folds
-                    open: line.open
-                    count: line.count
-                    onToggled: list.board.toggleReviewed()
-                }
+            readonly property Component groupHeader: GroupHeader {
+                title: line.title
+                folds: line.folds
+                open: line.open
+                count: line.count
+                onToggled: list.board.toggleReviewed()
             }
 
-            Component {
-                id: ticketRow
-
-                FileRow {
-                    ticket: line.ticket
-                    pictures: list.pictures
-                    onChosen: command => list.board.select(line.ticket.id, command)
-                }
+            readonly property Component ticketRow: FileRow {
+                ticket: line.ticket
+                pictures: list.pictures
+                onChosen: command => list.board.select(line.ticket.id, command)
             }
         }
 

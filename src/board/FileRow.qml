@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -110,13 +110,13 @@ Pressable {
             text: row.ticket.subline
         }
 
-        Loader {
+        Optional {
             width: parent.width
-            active: row.ticket.due !== undefined
-            visible: active
-            height: active ? 24 : 0
+            wanted: row.ticket.due !== undefined
+            visible: wanted
+            height: wanted ? 24 : 0
 
-            sourceComponent: DueChip {
+            DueChip {
                 compact: true
                 due: row.ticket.due
             }
@@ -139,14 +139,14 @@ Pressable {
             count: row.ticket.count
         }
 
-        Loader {
+        Optional {
             anchors.right: parent.right
             anchors.rightMargin: 1
             anchors.bottom: parent.bottom
             anchors.bottomMargin: 3
-            active: row.ticket.assignee !== undefined
+            wanted: row.ticket.assignee !== undefined
 
-            sourceComponent: Avatar {
+            Avatar {
                 who: row.ticket.assignee
                 pictures: row.pictures
                 size: 16

@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -106,24 +106,21 @@ Item {
 
             symbol: "ellipsis"
             help: "Account"
-            checked: menu.item?.visible ?? false
+            checked: (menu.object as Menu)?.visible ?? false
             expandable: true
             expanded: checked
-            onClicked: {
-                if (!menu.item)
-                    menu.setSource("AccountMenu.qml", { parent: account });
-                menu.item.openAt(visualFocus);
-            }
+            onClicked: (menu.made() as Menu).openAt(visualFocus)
 
-            Loader {
+            OnDemand {
                 id: menu
-            }
 
-            Connections {
-                target: menu.item
-
-                function onPicked(key: string) {
-                    bar.commanded(key);
+                Menu {
+                    parent: account
+                    x: account.width - width
+                    y: -height - Theme.gap4
+                    label: "Account"
+                    entries: [{ key: "signOut", text: "Sign out", enabled: true, shortcut: "" }]
+                    onPicked: key => bar.commanded(key)
                 }
             }
         }

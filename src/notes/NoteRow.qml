@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Notes
 import Vellix.Pictures
@@ -16,6 +16,7 @@ Rectangle {
     property bool editing: false
     property bool confirmDelete: false
 
+    readonly property Menu menu: place.object as Menu
     readonly property real pad: note.tagged ? Theme.gap8 : 0
 
     // Gives the keyboard to the row, as after a row beside it has gone.
@@ -24,8 +25,7 @@ Rectangle {
     }
 
     function stopEditing(byKey: bool) {
-        const had = editor.item.activeFocus;
-        if (had)
+        if (editor.item.activeFocus)
             more.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
         // What is around the row may fold now.
         editing = false;
@@ -35,15 +35,16 @@ Rectangle {
         if (key === "edit") {
             editing = true;
             // Once: what others make of the note meanwhile does not change what is being written.
-            editor.item.text = note.text;
-            editor.item.begin();
+            const written = editor.item as NoteEditor;
+            written.text = note.text;
+            written.begin();
             // The menu gives the keyboard back when it has gone.
-            menu.item.cameFrom = { item: editor.item, ring: false };
+            menu.cameFrom = { item: written, ring: false };
         } else if (!confirmDelete) {
             confirmDelete = true;
             hurry.restart();
-        } else if (!hurry.running || !menu.item.pointed) {
-            menu.item.close();
+        } else if (!hurry.running || !menu.pointed) {
+            menu.close();
             notes.remove(note.id);
         }
     }
@@ -143,20 +144,15 @@ Rectangle {
                     visible: row.note.mine
                     symbol: "ellipsis"
                     help: "Edit or delete"
-                    checked: menu.item ? menu.item.visible : false
+                    checked: row.menu?.visible ?? false
                     expandable: true
                     expanded: checked
-                    onClicked: {
-                        menu.active = true;
-                        menu.item.openAt(visualFocus);
-                    }
+                    onClicked: (place.made() as Menu).openAt(visualFocus)
 
-                    Loader {
-                        id: menu
+                    OnDemand {
+                        id: place
 
-                        active: false
-
-                        sourceComponent: Menu {
+                        Menu {
                             parent: more
                             x: more.width - width
                             y: more.height + Theme.gap4
@@ -185,14 +181,14 @@ Rectangle {
             text: row.note.text
         }
 
-        Loader {
+        Optional {
             id: editor
 
-            active: row.editing
-            visible: active
+            wanted: row.editing
+            visible: wanted
             width: parent.width
 
-            sourceComponent: NoteEditor {
+            NoteEditor {
                 notes: row.notes
                 onCancelled: byKey => row.stopEditing(byKey)
                 onSaved: (text, byKey) => {

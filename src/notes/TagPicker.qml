@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Notes
 import Vellix.Pieces
@@ -10,12 +10,12 @@ FlowRow {
 
     required property Tags tags
 
+    readonly property Menu menu: place.object as Menu
     // The menu has the keyboard, or is about to give it back.
-    readonly property bool open: menu.item ? menu.item.visible || menu.item.cameFrom !== null : false
+    readonly property bool open: menu ? menu.visible || menu.cameFrom !== null : false
 
     function close() {
-        if (menu.item)
-            menu.item.close();
+        menu?.close();
     }
 
     spacing: Theme.gap4
@@ -26,20 +26,15 @@ FlowRow {
         symbol: "at"
         help: "Tag people"
         size: 13
-        checked: menu.item ? menu.item.visible : false
+        checked: picker.menu?.visible ?? false
         expandable: true
         expanded: checked
-        onClicked: {
-            menu.active = true;
-            menu.item.openAt(visualFocus);
-        }
+        onClicked: (place.made() as Menu).openAt(visualFocus)
 
-        Loader {
-            id: menu
+        OnDemand {
+            id: place
 
-            active: false
-
-            sourceComponent: Menu {
+            Menu {
                 parent: at
                 y: at.height + Theme.gap4
                 label: "Tag people"

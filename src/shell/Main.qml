@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Compare
@@ -41,6 +43,7 @@ Window {
     // The Mac has a menu bar of its own, which knows the shortcuts as well.
     readonly property bool systemMenus: Qt.platform.os === "osx"
 
+    // By its name, since it is compiled on the Mac alone.
     Loader {
         Component.onCompleted: if (window.systemMenus)
             setSource("SystemMenus.qml", { commands: window.commands })
@@ -77,11 +80,14 @@ Window {
         commands: window.commands
     }
 
-    Loader {
+    OnDemand {
         id: preferences
 
-        active: false
-        source: "SettingsWindow.qml"
+        SettingsWindow {
+            settings: window.settings
+            commands: window.commands
+            transientParent: window
+        }
     }
 
     Connections {
@@ -91,16 +97,10 @@ Window {
             window.close();
         }
         function onSettingsWanted() {
-            if (!preferences.item)
-                preferences.setSource("SettingsWindow.qml", {
-                    settings: window.settings,
-                    commands: window.commands,
-                    transientParent: window
-                });
             window.settings.update();
-            preferences.active = true;
-            preferences.item.show();
-            preferences.item.requestActivate();
+            const made = preferences.made() as SettingsWindow;
+            made.show();
+            made.requestActivate();
         }
     }
 

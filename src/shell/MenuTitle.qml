@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
@@ -9,23 +11,21 @@ Pressable {
     required property int index
     required property CommandsModel commands
 
-    readonly property alias menu: place.item
+    readonly property StripMenu menu: place.object as StripMenu
     property bool shown: false
 
     // Another menu is wanted: an arrow led to it, or the pointer is over its title.
     signal asked(int number, bool byKey)
 
     function open(byKey: bool) {
-        if (!place.item)
-            place.setSource("StripMenu.qml", { parent: title, commands: commands, number: index });
-        place.item.openAt(byKey);
+        (place.made() as StripMenu).openAt(byKey);
     }
 
     // Closes without giving the focus back; returns what had it.
     function leave(): var {
-        const from = place.item.cameFrom;
-        place.item.cameFrom = null;
-        place.item.close();
+        const from = menu.cameFrom;
+        menu.cameFrom = null;
+        menu.close();
         return from;
     }
 
@@ -57,29 +57,22 @@ Pressable {
         Accessible.ignored: true
     }
 
-    Loader {
+    OnDemand {
         id: place
-    }
 
-    Connections {
-        target: place.item
-
-        function onAboutToShow() {
-            title.shown = true;
-        }
-        function onAboutToHide() {
-            title.shown = false;
-        }
-        function onLeft() {
-            title.asked(title.index - 1, true);
-        }
-        function onRight() {
-            title.asked(title.index + 1, true);
-        }
-        function onPointed(x: real, y: real) {
-            const other = title.parent.childAt(title.x + x, y) as MenuTitle;
-            if (other && other !== title)
-                title.asked(other.index, false);
+        StripMenu {
+            parent: title
+            commands: title.commands
+            number: title.index
+            onAboutToShow: title.shown = true
+            onAboutToHide: title.shown = false
+            onLeft: title.asked(title.index - 1, true)
+            onRight: title.asked(title.index + 1, true)
+            onPointed: (x, y) => {
+                const other = title.parent.childAt(title.x + x, y) as MenuTitle;
+                if (other && other !== title)
+                    title.asked(other.index, false);
+            }
         }
     }
 }

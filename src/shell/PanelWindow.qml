@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
@@ -32,9 +32,9 @@ Window {
         value: window.root.appearance
     }
 
-    Loader {
+    Optional {
         anchors.fill: parent
-        sourceComponent: window.panels[window.panel]
+        content: window.panels[window.panel]
     }
 
     Component {

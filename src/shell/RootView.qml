@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Compare
@@ -38,22 +38,11 @@ FocusScope {
 
     focus: true
 
-    Loader {
+    Optional {
         anchors.fill: parent
-        active: !view.shown.signedIn
-        sourceComponent: signInSide
+        wanted: !view.shown.signedIn
         // Even from a menu, which could not give the keyboard back to what has gone.
-        onLoaded: forceActiveFocus()
-    }
-
-    Loader {
-        anchors.fill: parent
-        active: view.shown.signedIn
-        sourceComponent: boardSide
-    }
-
-    Component {
-        id: signInSide
+        onItemChanged: if (item) forceActiveFocus()
 
         SignInView {
             focus: true
@@ -61,8 +50,9 @@ FocusScope {
         }
     }
 
-    Component {
-        id: boardSide
+    Optional {
+        anchors.fill: parent
+        wanted: view.shown.signedIn
 
         Item {
             Sidebar {
@@ -128,10 +118,10 @@ FocusScope {
                     }
                 }
 
-                Loader {
+                Optional {
                     anchors.fill: parent
-                    active: view.openFile === ""
-                    sourceComponent: view.shown.content === "multi" ? multiView : plainView
+                    wanted: view.openFile === ""
+                    content: view.shown.content === "multi" ? multiView : plainView
                 }
             }
         }

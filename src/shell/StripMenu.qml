@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Vellix.Pieces
 import Vellix.Shell
 
-// One menu of the strip, under its title. Made when it is first opened.
+// One menu of the strip, under its title.
 Menu {
     id: menu
 

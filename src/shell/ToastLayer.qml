@@ -23,7 +23,7 @@ Item {
     function giveBack() {
         if (!shown.has(keyed))
             return;
-        if (from?.visible)
+        if (from?.visible && from.Window.window)
             from.forceActiveFocus(Qt.TabFocusReason);
         else
             keptOut();

@@ -1,5 +1,5 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vellix.Board
 import Vellix.Compare
@@ -95,14 +95,14 @@ Item {
                 Glide {}
             }
 
-            Loader {
+            Optional {
                 id: pages
 
-                active: ticket.file.showsStrip || strip.width > 0
+                wanted: ticket.file.showsStrip || strip.width > 0
                 anchors.right: parent.right
                 height: parent.height
 
-                sourceComponent: PageStrip {
+                PageStrip {
                     file: ticket.file
                     pictures: ticket.pictures
                 }
@@ -115,15 +115,15 @@ Item {
             }
         }
 
-        Loader {
+        Optional {
             id: canvas
 
             anchors.left: strip.right
             anchors.right: dock.left
             height: parent.height
-            active: ticket.compare.loaded
+            wanted: ticket.compare.loaded
 
-            sourceComponent: CompareCanvas {
+            CompareCanvas {
                 compare: ticket.compare
                 notes: ticket.notes
                 pictures: ticket.pictures
@@ -160,11 +160,11 @@ Item {
                 Glide {}
             }
 
-            Loader {
-                active: dock.width > 0 && ticket.compare.loaded
+            Optional {
+                wanted: dock.width > 0 && ticket.compare.loaded
                 width: ticket.side.width
                 height: parent.height
-                sourceComponent: ticket.panel
+                content: ticket.panel
             }
 
             Hairline {
@@ -173,13 +173,13 @@ Item {
             }
         }
 
-        Loader {
+        Optional {
             id: floating
 
             // How far it has come in from the trailing edge.
             property real part: ticket.side.open && ticket.side.floats ? 1 : 0
 
-            active: part > 0 && ticket.compare.loaded
+            wanted: part > 0 && ticket.compare.loaded
             x: parent.width - part * (width + Theme.gap16)
             y: Theme.gap16
             height: parent.height - ticket.barHeight - 2 * Theme.gap16
@@ -191,7 +191,7 @@ Item {
                 Glide {}
             }
 
-            sourceComponent: Rectangle {
+            Rectangle {
                 radius: Theme.radiusCard
                 color: Theme.window
 
@@ -206,10 +206,10 @@ Item {
                     anchors.fill: parent
                 }
 
-                Loader {
+                Optional {
                     anchors.fill: parent
                     anchors.margins: 4
-                    sourceComponent: ticket.panel
+                    content: ticket.panel
                 }
             }
         }
