@@ -20,14 +20,11 @@ Item {
     readonly property size place: compare.cropPlace(strip.width, view.crops.length)
     property real open: shown ? 1 : 0
 
-    // What had the keyboard before; it gets it back from the close button.
-    property Item from: null
-
     onShownChanged: {
         if (shown)
-            from = Window.activeFocusItem;
-        else if (close.activeFocus && from)
-            from.forceActiveFocus(Qt.TabFocusReason);
+            before.note(Window.activeFocusItem);
+        else if (close.activeFocus)
+            before.giveBack(Qt.TabFocusReason);
     }
 
     visible: shown || open > 0
@@ -41,6 +38,10 @@ Item {
 
     Behavior on open {
         Glide {}
+    }
+
+    CameFrom {
+        id: before
     }
 
     Rectangle {

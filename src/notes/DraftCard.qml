@@ -12,8 +12,6 @@ Writing {
 
     readonly property string title: notes.draft.title
     property real shown: open ? 1 : 0
-    // What had the keyboard before; it gets it back.
-    property Item from: null
 
     // It leaves with the keyboard, and what had that before has gone.
     signal keptOut()
@@ -25,19 +23,16 @@ Writing {
     // The keyboard is wanted, once the card can be seen.
     function begin() {
         if (!activeFocus)
-            from = Window.activeFocusItem;
+            before.note(Window.activeFocusItem);
         soon.restart();
     }
 
     function leave() {
         soon.stop();
         picker.close();
-        const had = activeFocus;
-        if (had && from?.visible && from.Window.window)
-            from.forceActiveFocus(Qt.OtherFocusReason);
-        else if (had)
+        if (activeFocus && !before.giveBack(Qt.OtherFocusReason))
             keptOut();
-        from = null;
+        before.item = null;
     }
 
     function post() {
@@ -66,6 +61,10 @@ Writing {
     Component.onCompleted: {
         field.text = notes.draftText;
         enabled = open;
+    }
+
+    CameFrom {
+        id: before
     }
 
     // Another draft begins anew. What leaves keeps its words.

@@ -39,7 +39,7 @@ Rectangle {
             written.text = note.text;
             written.begin();
             // The menu gives the keyboard back when it has gone.
-            menu.cameFrom = { item: written, ring: false };
+            menu.cameFrom.note(written);
         } else if (!confirmDelete) {
             confirmDelete = true;
             hurry.restart();

@@ -21,6 +21,12 @@ Column {
 
     spacing: Theme.gap12
 
+    KeyboardHold {
+        id: hold
+
+        around: list
+    }
+
     Repeater {
         id: each
 
@@ -42,10 +48,7 @@ Column {
 
         // The keyboard goes on to the next row, else to the one before.
         onItemRemoved: (index, item) => {
-            let inside = list.Window.activeFocusItem;
-            while (inside && inside !== item)
-                inside = inside.parent;
-            if (!inside)
+            if (!hold.isIn(item))
                 return;
             const beside = (each.itemAt(index) ?? each.itemAt(index - 1)) as NoteRow;
             if (beside && beside !== item)

@@ -12,7 +12,7 @@ FlowRow {
 
     readonly property Menu menu: place.object as Menu
     // The menu has the keyboard, or is about to give it back.
-    readonly property bool open: menu ? menu.visible || menu.cameFrom !== null : false
+    readonly property bool open: menu ? menu.visible || menu.cameFrom.item !== null : false
 
     function close() {
         menu?.close();

@@ -13,8 +13,10 @@ T.Popup {
     // It was opened by key: then `first`, where there is one, gets the keyboard at once.
     property bool byKey: false
     property Item first: null
-    // What had the focus, and whether its ring showed: { item, ring }.
-    property var cameFrom: null
+    readonly property CameFrom cameFrom: CameFrom {}
+    readonly property KeyboardHold hold: KeyboardHold {
+        around: popover.contentItem
+    }
 
     function openAt(byKey: bool) {
         popover.byKey = byKey;
@@ -23,9 +25,8 @@ T.Popup {
 
     // The keyboard goes back to what had it.
     function giveBack() {
-        if (cameFrom?.item?.visible)
-            cameFrom.item.forceActiveFocus(cameFrom.ring ? Qt.TabFocusReason : Qt.PopupFocusReason);
-        cameFrom = null;
+        cameFrom.giveBack(cameFrom.ringed ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        cameFrom.item = null;
     }
 
     modal: true
@@ -44,22 +45,11 @@ T.Popup {
     }
     onAboutToShow: {
         // Opened again while it fades, it has come from where it had come from.
-        if (cameFrom)
-            return;
-        const item = parent?.Window.activeFocusItem ?? null;
-        cameFrom = item ? { item: item, ring: (item as PressArea)?.visualFocus ?? false } : null;
+        if (!cameFrom.item)
+            cameFrom.note(parent?.Window.activeFocusItem ?? null);
     }
     // The next time it begins anew: no key acts on what was at hand the last time.
-    onAboutToHide: {
-        const within = [];
-        let at = contentItem.Window.activeFocusItem;
-        for (; at && at !== contentItem; at = at.parent)
-            within.push(at);
-        if (!at)
-            return;
-        for (const item of within)
-            item.focus = false;
-    }
+    onAboutToHide: hold.letGo()
     onClosed: giveBack()
 
     T.Overlay.modal: Ground {}

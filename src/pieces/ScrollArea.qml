@@ -12,20 +12,11 @@ Flickable {
     property real margin: Theme.gap8
 
     readonly property bool overflows: contentHeight > height + 0.5
-    readonly property Item keyed: Window.activeFocusItem
-    readonly property Item inside: within(keyed)
+    readonly property Item inside: hold.inside
     readonly property TextEdit text: inside as TextEdit
     readonly property Item whole: writing(inside) ?? inside
     // The content is about to follow what grew in it.
     property bool grew: false
-
-    // The item, if it lies in here.
-    function within(item: Item): Item {
-        for (let each = item; each; each = each.parent)
-            if (each === contentItem)
-                return item;
-        return null;
-    }
 
     function writing(item: Item): Item {
         for (let each = item; each && each !== contentItem; each = each.parent)
@@ -74,6 +65,12 @@ Flickable {
         if (grew)
             follow();
         grew = false;
+    }
+
+    KeyboardHold {
+        id: hold
+
+        around: area.contentItem
     }
 
     Connections {

@@ -22,9 +22,11 @@ Rectangle {
             return;
         }
         // The focus goes back to where it was before the first of them.
-        const from = (titles.itemAt(openIndex) as MenuTitle).leave();
+        const last = (titles.itemAt(openIndex) as MenuTitle).menu;
+        before.takeOver(last.cameFrom);
+        last.close();
         next.open(byKey);
-        next.menu.cameFrom = from;
+        next.menu.cameFrom.takeOver(before);
     }
 
     implicitHeight: 28
@@ -32,6 +34,10 @@ Rectangle {
 
     Accessible.role: Accessible.MenuBar
     Accessible.name: "Menu bar"
+
+    CameFrom {
+        id: before
+    }
 
     Row {
         x: Theme.gap8

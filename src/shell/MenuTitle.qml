@@ -21,14 +21,6 @@ Pressable {
         (place.made() as StripMenu).openAt(byKey);
     }
 
-    // Closes without giving the focus back; returns what had it.
-    function leave(): var {
-        const from = menu.cameFrom;
-        menu.cameFrom = null;
-        menu.close();
-        return from;
-    }
-
     label: commands.menus[index].title
     expandable: true
     expanded: shown

@@ -12,20 +12,12 @@ Item {
     // The toast goes with the keyboard, and what had that before has gone.
     signal keptOut()
 
-    readonly property Item keyed: Window.activeFocusItem
-    // What had the keyboard last, beside the toast.
-    property Item from: null
-
     property bool open: false
     property string words: ""
     property string label: ""
 
     function giveBack() {
-        if (!shown.has(keyed))
-            return;
-        if (from?.visible && from.Window.window)
-            from.forceActiveFocus(Qt.TabFocusReason);
-        else
+        if (hold.inside && !before.giveBack(Qt.TabFocusReason))
             keptOut();
     }
 
@@ -34,10 +26,6 @@ Item {
         undo();
     }
 
-    onKeyedChanged: {
-        if (keyed && !shown.has(keyed))
-            from = keyed;
-    }
     onToastChanged: {
         if (toast.undoLabel === "")
             giveBack();
@@ -48,6 +36,20 @@ Item {
         }
         // Last, so that it comes into sight with its own words.
         open = toast.id !== "";
+    }
+
+    CameFrom {
+        id: before
+    }
+
+    KeyboardHold {
+        id: hold
+
+        around: shown
+        onKeyedChanged: {
+            if (keyed && !inside)
+                before.note(keyed);
+        }
     }
 
     Announcement {
@@ -67,12 +69,6 @@ Item {
 
     ToastView {
         id: shown
-
-        function has(item: Item): bool {
-            while (item && item !== shown)
-                item = item.parent;
-            return item !== null;
-        }
 
         anchors.horizontalCenter: parent.horizontalCenter
         y: layer.height - height - (layer.open ? 62 : 46)
