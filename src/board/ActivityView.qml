@@ -12,9 +12,10 @@ Popover {
     required property ActivityModel activity
     required property PictureSource pictures
 
-    // The keyboard goes to the line of this number, if there is one.
-    function go(index: int) {
-        if (index < 0 || index >= events.count)
+    // The keyboard goes to the line of this number, or to the nearest that there is.
+    function go(to: int) {
+        const index = Math.max(0, Math.min(to, events.count - 1));
+        if (events.count === 0)
             return;
         events.positionViewAtIndex(index, ListView.Contain);
         // Before it is the current one, which would give it the focus without the ring.
@@ -45,6 +46,10 @@ Popover {
 
         Keys.onDownPressed: popover.go(events.currentIndex)
         Keys.onUpPressed: popover.go(events.currentIndex)
+
+        ListKeys {
+            id: keys
+        }
 
         // What opens it closes it, and opens it again while it fades: the window's own shortcuts rest
         // as long as it can be seen. Afterwards this one would stand in their way.
@@ -110,20 +115,12 @@ Popover {
                 pictures: popover.pictures
                 activeFocusOnTab: false
                 onClicked: popover.activity.choose(key)
-                Keys.onDownPressed: popover.go(index + 1)
-                Keys.onUpPressed: popover.go(index - 1)
                 Keys.onPressed: event => {
                     const page = Math.max(1, Math.floor(events.height / height) - 1);
-                    const targets = {
-                        [Qt.Key_Home]: 0,
-                        [Qt.Key_End]: events.count - 1,
-                        [Qt.Key_PageUp]: Math.max(0, index - page),
-                        [Qt.Key_PageDown]: Math.min(events.count - 1, index + page)
-                    };
-                    if (!(event.key in targets))
-                        return;
-                    popover.go(targets[event.key]);
-                    event.accepted = true;
+                    const by = keys.by(event.key, 1, page, events.count);
+                    event.accepted = by !== 0;
+                    if (event.accepted)
+                        popover.go(index + by);
                 }
             }
         }

@@ -128,15 +128,17 @@ Rectangle {
 
         Keys.onPressed: event => {
             const step = 48;
-            const leap = { [Qt.Key_Left]: [-step, 0], [Qt.Key_Right]: [step, 0],
-                           [Qt.Key_Up]: [0, -step], [Qt.Key_Down]: [0, step],
-                           [Qt.Key_PageUp]: [0, -0.9 * height], [Qt.Key_PageDown]: [0, 0.9 * height],
-                           [Qt.Key_Home]: [-contentWidth, -contentHeight],
-                           [Qt.Key_End]: [contentWidth, contentHeight] }[event.key];
-            if (!interactive || !leap || event.modifiers & ~Qt.KeypadModifier)
+            const across = { [Qt.Key_Left]: -step, [Qt.Key_Right]: step }[event.key]
+                ?? keys.by(event.key, 0, 0, contentWidth);
+            const down = keys.by(event.key, step, 0.9 * height, contentHeight);
+            if (!interactive || (across === 0 && down === 0) || event.modifiers & ~Qt.KeypadModifier)
                 return;
             event.accepted = true;
-            canvas.pan(leap[0], leap[1]);
+            canvas.pan(across, down);
+        }
+
+        ListKeys {
+            id: keys
         }
 
         WheelHandler {

@@ -34,11 +34,11 @@ Popover {
         }
         return false;
     }
-    // By as many entries as there is room for, in the direction of `by`.
+    // By so many entries, or else as far as there are any.
     function leap(index: int, by: int) {
-        const far = index + by * Math.max(1, Math.floor(contentHeight / lines.itemAt(index).height) - 1);
-        if (!go(Math.max(-1, Math.min(far - by, lines.count)), by))
-            go(by > 0 ? lines.count : -1, -by);
+        const way = Math.sign(by);
+        if (!go(Math.max(-1, Math.min(index + by - way, lines.count)), way) && by !== way)
+            go(by > 0 ? lines.count : -1, -way);
     }
 
     radius: Theme.radiusRow
@@ -78,6 +78,10 @@ Popover {
         Keys.onUpPressed: menu.go(lines.count, -1)
         Keys.onLeftPressed: menu.left()
         Keys.onRightPressed: menu.right()
+
+        ListKeys {
+            id: keys
+        }
 
         ScrollArea {
             id: area
@@ -128,20 +132,12 @@ Popover {
                             }
                             menu.picked(key);
                         }
-                        Keys.onDownPressed: menu.go(index, 1)
-                        Keys.onUpPressed: menu.go(index, -1)
                         Keys.onPressed: event => {
-                            if (event.key === Qt.Key_Home)
-                                menu.go(-1, 1);
-                            else if (event.key === Qt.Key_End)
-                                menu.go(lines.count, -1);
-                            else if (event.key === Qt.Key_PageDown)
-                                menu.leap(index, 1);
-                            else if (event.key === Qt.Key_PageUp)
-                                menu.leap(index, -1);
-                            else
-                                return;
-                            event.accepted = true;
+                            const page = Math.max(1, Math.floor(menu.contentHeight / height) - 1);
+                            const by = keys.by(event.key, 1, page, lines.count);
+                            event.accepted = by !== 0;
+                            if (event.accepted)
+                                menu.leap(index, by);
                         }
                     }
                 }

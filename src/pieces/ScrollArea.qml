@@ -67,6 +67,10 @@ Flickable {
         grew = false;
     }
 
+    ListKeys {
+        id: keys
+    }
+
     KeyboardHold {
         id: hold
 
@@ -93,17 +97,10 @@ Flickable {
     Keys.onPressed: event => {
         if (!overflows || event.modifiers & ~Qt.KeypadModifier)
             return;
-        const targets = {
-            [Qt.Key_Up]: contentY - 40,
-            [Qt.Key_Down]: contentY + 40,
-            [Qt.Key_PageUp]: contentY - 0.9 * height,
-            [Qt.Key_PageDown]: contentY + 0.9 * height,
-            [Qt.Key_Home]: 0,
-            [Qt.Key_End]: contentHeight
-        };
-        if (!(event.key in targets))
+        const by = keys.by(event.key, 40, 0.9 * height, contentHeight);
+        if (by === 0)
             return;
-        goTo(targets[event.key]);
+        goTo(contentY + by);
         event.accepted = true;
     }
 

@@ -110,18 +110,15 @@ Item {
         Keys.onPressed: event => {
             if (event.modifiers & ~Qt.KeypadModifier)
                 return;
-            const targets = {
-                [Qt.Key_Up]: currentIndex - 1,
-                [Qt.Key_Down]: currentIndex + 1,
-                [Qt.Key_PageUp]: currentIndex - page(),
-                [Qt.Key_PageDown]: currentIndex + page(),
-                [Qt.Key_Home]: 0,
-                [Qt.Key_End]: count - 1
-            };
-            if (!(event.key in targets))
+            const by = keys.by(event.key, 1, page(), count);
+            if (by === 0)
                 return;
-            moveTo(targets[event.key]);
+            moveTo(currentIndex + by);
             event.accepted = true;
+        }
+
+        ListKeys {
+            id: keys
         }
 
         // Once the pages have their true heights.
