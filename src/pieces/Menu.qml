@@ -122,7 +122,7 @@ Popover {
                         required property int index
 
                         width: column.width
-                        entry: menu.entries[index]
+                        entry: menu.entries[index] ?? ({ key: "", text: "", enabled: false })
                         onClicked: {
                             const key = entry.key;
                             if (!entry.stays) {
