@@ -191,21 +191,10 @@ Rectangle {
         }
     }
 
-    // The middle button drags the stage also where the left one draws.
-    MouseArea {
-        property point from
-        property point at
-
+    MiddleDrag {
         anchors.fill: stage
-        acceptedButtons: Qt.MiddleButton
-        enabled: stage.interactive
-        cursorShape: pressed ? Qt.ClosedHandCursor : undefined
-        onPressed: mouse => {
-            from = Qt.point(stage.contentX, stage.contentY);
-            at = Qt.point(mouse.x, mouse.y);
-        }
-        onPositionChanged: mouse => canvas.pan(from.x + at.x - mouse.x - stage.contentX,
-                                               from.y + at.y - mouse.y - stage.contentY)
+        stage: stage
+        onDragged: (dx, dy) => canvas.pan(dx, dy)
     }
 
     FocusRing {
