@@ -136,6 +136,7 @@ Item {
             }
 
             readonly property Component groupHeader: GroupHeader {
+                width: line.width
                 title: line.title
                 folds: line.folds
                 open: line.open
@@ -144,6 +145,7 @@ Item {
             }
 
             readonly property Component ticketRow: FileRow {
+                width: line.width
                 ticket: line.ticket
                 pictures: list.pictures
                 onChosen: command => list.board.select(line.ticket.id, command)

@@ -189,6 +189,7 @@ Rectangle {
             width: parent.width
 
             NoteEditor {
+                width: body.width
                 notes: row.notes
                 onCancelled: byKey => row.stopEditing(byKey)
                 onSaved: (text, byKey) => {

@@ -1,7 +1,8 @@
 import QtQuick
 
 // An item that is there only while it is wanted; it has the size of its place, which unless told
-// otherwise is the item's own. A Loader of Qt 6.4 could not make what is bound to the ids around it.
+// otherwise is the item's own. What looks at its size while it is made says it itself as well. A
+// Loader of Qt 6.4 could not make what is bound to the ids around it.
 FocusScope {
     id: place
 

@@ -45,6 +45,8 @@ FocusScope {
         onItemChanged: if (item) forceActiveFocus()
 
         SignInView {
+            width: view.width
+            height: view.height
             focus: true
             signIn: view.signIn
         }
@@ -55,6 +57,9 @@ FocusScope {
         wanted: view.shown.signedIn
 
         Item {
+            width: view.width
+            height: view.height
+
             Sidebar {
                 id: sidebar
 

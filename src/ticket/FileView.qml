@@ -103,6 +103,7 @@ Item {
                 height: parent.height
 
                 PageStrip {
+                    height: pages.height
                     file: ticket.file
                     pictures: ticket.pictures
                 }
@@ -124,6 +125,8 @@ Item {
             wanted: ticket.compare.loaded
 
             CompareCanvas {
+                width: canvas.width
+                height: canvas.height
                 compare: ticket.compare
                 notes: ticket.notes
                 pictures: ticket.pictures
