@@ -80,4 +80,7 @@ void detail::Encoder::writeScalar(std::string_view value) {
   out += '"';
 }
 
+template std::expected<std::string, EncodeFailure> encode(const BoardState&);
+template std::expected<std::string, EncodeFailure> encode(const FileDetail&);
+
 }  // namespace vellix

@@ -115,4 +115,8 @@ std::expected<std::string, EncodeFailure> encode(const T& value) {
   return std::move(encoder.out);
 }
 
+// The largest are compiled once, since each brings the code of all the records below it.
+extern template std::expected<std::string, EncodeFailure> encode(const BoardState&);
+extern template std::expected<std::string, EncodeFailure> encode(const FileDetail&);
+
 }  // namespace vellix

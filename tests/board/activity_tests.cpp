@@ -31,6 +31,7 @@ struct Said {
   const char* whoElse;  // with nobody named
   const char* sentence;
 };
+BOOST_DESCRIBE_STRUCT(Said, (), (kind, text, who, whoElse, sentence))
 
 class Sentences : public Activity, public testing::WithParamInterface<Said> {};
 

@@ -31,6 +31,7 @@ struct Labelled {
   const char* text;
   bool chip;
 };
+BOOST_DESCRIBE_STRUCT(Labelled, (), (name, status, ahead, text, chip))
 
 class DueLabels : public DueButtons, public testing::WithParamInterface<Labelled> {};
 
@@ -60,6 +61,7 @@ struct Latest {
   const char* late;
   const char* explanation;
 };
+BOOST_DESCRIBE_STRUCT(Latest, (), (name, received, deadline, late, explanation))
 
 class LatestDates : public DueButtons, public testing::WithParamInterface<Latest> {};
 

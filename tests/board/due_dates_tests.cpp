@@ -27,6 +27,7 @@ struct Words {
   const char* shortText;
   const char* tinyText;
 };
+BOOST_DESCRIBE_STRUCT(Words, (), (name, now, ahead, text, shortText, tinyText))
 
 class DueWords : public testing::TestWithParam<Words> {};
 
@@ -100,6 +101,7 @@ struct Chip {
   const char* tone;  // empty when there is no chip
   const char* icon;
 };
+BOOST_DESCRIBE_STRUCT(Chip, (), (name, status, ahead, urgent, tone, icon))
 
 class DueChips : public testing::TestWithParam<Chip> {};
 

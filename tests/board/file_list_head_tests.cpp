@@ -79,6 +79,7 @@ struct Emptiness {
   const char* first;
   const char* second;
 };
+BOOST_DESCRIBE_STRUCT(Emptiness, (), (name, board, files, queue, mineOnly, first, second))
 
 class EmptyLists : public FileListHeads, public testing::WithParamInterface<Emptiness> {};
 

@@ -28,6 +28,7 @@ struct Dates {
   std::optional<double> due;
   std::optional<double> received;
 };
+BOOST_DESCRIBE_STRUCT(Dates, (), (due, received))
 
 FileItem dated(std::string id, Dates dates) {
   FileItem file = ticketOf(std::move(id));
@@ -41,6 +42,7 @@ struct Order {
   std::vector<Dates> dates;  // of a, b, c and so on
   Lines order;
 };
+BOOST_DESCRIBE_STRUCT(Order, (), (name, dates, order))
 
 class FileListOrders : public FileList, public testing::WithParamInterface<Order> {};
 
@@ -113,6 +115,7 @@ struct Fold {
   bool open;
   const char* count;
 };
+BOOST_DESCRIBE_STRUCT(Fold, (), (name, foldReviewed, showReviewed, folds, open, count))
 
 class FileListFolds : public FileList, public testing::WithParamInterface<Fold> {};
 

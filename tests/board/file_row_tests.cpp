@@ -17,6 +17,7 @@ struct Subline {
   std::optional<Int> pages;
   const char* line;
 };
+BOOST_DESCRIBE_STRUCT(Subline, (), (name, po, supplier, pages, line))
 
 class FileRow : public testing::Test {
  protected:
@@ -64,6 +65,7 @@ struct Count {
   std::optional<std::vector<Ref>> refs;
   FileCountView view;
 };
+BOOST_DESCRIBE_STRUCT(Count, (), (name, status, tally, refs, view))
 
 class FileCounts : public testing::TestWithParam<Count> {};
 

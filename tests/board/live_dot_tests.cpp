@@ -33,6 +33,7 @@ struct State {
   std::optional<double> age;  // seconds since the last good poll
   LiveDotView view;
 };
+BOOST_DESCRIBE_STRUCT(State, (), (name, refreshing, problem, age, view))
 
 class LiveDots : public StoreTest, public testing::WithParamInterface<State> {};
 

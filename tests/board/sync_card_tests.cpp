@@ -25,6 +25,7 @@ struct Status {
   std::optional<const char*> step;
   SyncCardView view;
 };
+BOOST_DESCRIBE_STRUCT(Status, (), (name, status, step, view))
 
 class SyncCards : public StoreTest, public testing::WithParamInterface<Status> {};
 

@@ -1,4 +1,5 @@
 #include "bridge/RowsModel.hpp"
+#include "support/words_of_rows.hpp"
 
 #include <gtest/gtest.h>
 
@@ -56,10 +57,7 @@ struct Transition {
   const char* to;
   std::vector<std::string> operations;
 };
-
-void PrintTo(const Transition& transition, std::ostream* out) {
-  *out << transition.from << " to " << transition.to;
-}
+BOOST_DESCRIBE_STRUCT(Transition, (), (name, from, to, operations))
 
 class RowsModelTransitions : public testing::TestWithParam<Transition> {};
 

@@ -41,6 +41,7 @@ struct Shape {
   std::optional<double> h;
   double aspect;
 };
+BOOST_DESCRIBE_STRUCT(Shape, (), (name, px, w, h, aspect))
 
 class PageShapes : public testing::TestWithParam<Shape> {};
 
@@ -73,6 +74,7 @@ struct RefShape {
   Numbers px;
   double aspect;
 };
+BOOST_DESCRIBE_STRUCT(RefShape, (), (name, px, aspect))
 
 class ReferenceShapes : public testing::TestWithParam<RefShape> {};
 
@@ -145,6 +147,7 @@ struct Shown {
   Keys shown;
   Texts keys;
 };
+BOOST_DESCRIBE_STRUCT(Shown, (), (name, version, shown, keys))
 
 class ShownPanes : public testing::TestWithParam<Shown> {};
 

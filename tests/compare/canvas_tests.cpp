@@ -21,6 +21,7 @@ struct Index {
   Int index;
   bool reaches;
 };
+BOOST_DESCRIBE_STRUCT(Index, (), (name, stored, pages, index, reaches))
 
 class PageIndexes : public StoreTest, public testing::WithParamInterface<Index> {};
 
@@ -68,6 +69,7 @@ struct Third {
   Keys onTicket;  // roles that the ticket has a reference of
   const char* role;
 };
+BOOST_DESCRIBE_STRUCT(Third, (), (name, version, track, onPage, onTicket, role))
 
 class ThirdRoles : public testing::TestWithParam<Third> {};
 

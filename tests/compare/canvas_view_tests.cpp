@@ -35,6 +35,7 @@ struct Place {
   bool first;
   bool last;
 };
+BOOST_DESCRIBE_STRUCT(Place, (), (name, pages, page, place, first, last))
 
 class CanvasPlaces : public Canvas, public testing::WithParamInterface<Place> {};
 
@@ -110,6 +111,7 @@ struct Zoom {
   bool out;
   bool in;
 };
+BOOST_DESCRIBE_STRUCT(Zoom, (), (name, zoom, percent, out, in))
 
 class CanvasZooms : public Canvas, public testing::WithParamInterface<Zoom> {};
 
@@ -140,6 +142,7 @@ struct Missing {
   const char* key;  // of the pane, among all that are missing
   const char* says;
 };
+BOOST_DESCRIBE_STRUCT(Missing, (), (name, version, track, key, says))
 
 class MissingPanes : public Canvas, public testing::WithParamInterface<Missing> {
  protected:

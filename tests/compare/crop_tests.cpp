@@ -21,6 +21,7 @@ struct Crop {
   double aspect;
   Box part;
 };
+BOOST_DESCRIBE_STRUCT(Crop, (), (name, box, aspect, part))
 class Crops : public testing::TestWithParam<Crop> {};
 
 TEST_P(Crops, ShowThePartAroundTheBox) {
@@ -92,6 +93,7 @@ struct Strip {
   std::size_t crops;
   Extent place;
 };
+BOOST_DESCRIBE_STRUCT(Strip, (), (width, crops, place))
 class Strips : public testing::TestWithParam<Strip> {};
 
 TEST_P(Strips, ShareTheWidthTwelveApart) {

@@ -12,8 +12,7 @@ struct Case {
   Extent picture;
   Spot centre;
 };
-
-void PrintTo(const Case& each, std::ostream* out) { *out << each.what; }
+BOOST_DESCRIBE_STRUCT(Case, (), (what, mark, picture))
 
 class DraftPlace : public testing::TestWithParam<Case> {};
 

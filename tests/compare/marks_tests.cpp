@@ -34,6 +34,7 @@ struct Mark {
   Extent picture;
   Box drawn;
 };
+BOOST_DESCRIBE_STRUCT(Mark, (), (name, box, picture, drawn))
 class BoxMarks : public testing::TestWithParam<Mark> {};
 
 TEST_P(BoxMarks, StandThreeAroundTheirRectangle) {
@@ -119,6 +120,7 @@ struct Drag {
   Spot to;
   Box note;
 };
+BOOST_DESCRIBE_STRUCT(Drag, (), (name, note))
 class Drags : public testing::TestWithParam<Drag> {};
 
 TEST_P(Drags, MakePointsAndAreas) {

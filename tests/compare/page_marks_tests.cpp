@@ -95,6 +95,7 @@ struct Manner {
   const char* line;
   const char* called;
 };
+BOOST_DESCRIBE_STRUCT(Manner, (), (name, kind, state, colour, line, called))
 class Manners : public PageMarks, public testing::WithParamInterface<Manner> {};
 
 TEST_P(Manners, TellAFindingsKindAndState) {

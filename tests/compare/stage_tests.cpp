@@ -17,6 +17,7 @@ struct Room {
   std::size_t panes;
   Extent room;
 };
+BOOST_DESCRIBE_STRUCT(Room, (), (panes, room))
 
 class PaneRooms : public testing::TestWithParam<Room> {};
 
@@ -36,6 +37,7 @@ struct Fit {
   double zoom;
   Extent image;
 };
+BOOST_DESCRIBE_STRUCT(Fit, (), (name, room, aspect, zoom, image))
 
 class FittedImages : public testing::TestWithParam<Fit> {};
 
@@ -158,6 +160,7 @@ struct Anchor {
   double from;
   double to;
 };
+BOOST_DESCRIBE_STRUCT(Anchor, (), (name, pane, fx, fy, from, to))
 
 class Anchors : public testing::TestWithParam<Anchor> {};
 

@@ -89,6 +89,7 @@ struct Hint {
   std::optional<std::string> last;
   std::string hint;  // as it stands in the URL
 };
+BOOST_DESCRIBE_STRUCT(Hint, (), (name, last, hint))
 
 class Hints : public BrowserSignIn, public testing::WithParamInterface<Hint> {};
 

@@ -27,6 +27,7 @@ struct TransferCase {
   HttpError error;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(TransferCase, (), (name, text))
 
 class FailedTransfers : public testing::TestWithParam<TransferCase> {};
 
@@ -55,6 +56,7 @@ struct RefusalCase {
   const char* body;
   Failure failure;
 };
+BOOST_DESCRIBE_STRUCT(RefusalCase, (), (name, status, body))
 
 class Refusals : public testing::TestWithParam<RefusalCase> {};
 

@@ -157,6 +157,7 @@ struct BlobKey {
   const char* key;
   const char* url;
 };
+BOOST_DESCRIBE_STRUCT(BlobKey, (), (key, url))
 
 class BlobUrls : public testing::TestWithParam<BlobKey> {};
 
@@ -180,6 +181,7 @@ struct LaneCase {
   const char* path;
   HttpLane lane;
 };
+BOOST_DESCRIBE_STRUCT(LaneCase, (), (name, method, path))
 
 class Lanes : public testing::TestWithParam<LaneCase> {};
 

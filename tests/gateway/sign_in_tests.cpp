@@ -100,6 +100,7 @@ struct ExchangeFailure {
   HttpResult answer;
   std::optional<std::string> description;
 };
+BOOST_DESCRIBE_STRUCT(ExchangeFailure, (), (name, description))
 
 class FailedExchanges : public Exchange, public testing::WithParamInterface<ExchangeFailure> {};
 

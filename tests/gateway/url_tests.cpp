@@ -41,6 +41,7 @@ struct WebCase {
   const char* text;
   bool isOne;
 };
+BOOST_DESCRIBE_STRUCT(WebCase, (), (text, isOne))
 
 class WebUrls : public testing::TestWithParam<WebCase> {};
 
@@ -126,6 +127,7 @@ struct PathCase {
   const char* path;
   const char* url;
 };
+BOOST_DESCRIBE_STRUCT(PathCase, (), (base, path, url))
 
 class AppendedPaths : public testing::TestWithParam<PathCase> {};
 
@@ -165,6 +167,7 @@ struct HostCase {
   const char* url;
   const char* host;
 };
+BOOST_DESCRIBE_STRUCT(HostCase, (), (url, host))
 
 class ParsedHosts : public testing::TestWithParam<HostCase> {};
 

@@ -17,6 +17,7 @@ struct Roles {
   Keys onPage;
   Texts roles;
 };
+BOOST_DESCRIBE_STRUCT(Roles, (), (name, version, track, shown, onPage, roles))
 
 class ComparedRoles : public PanelTest, public testing::WithParamInterface<Roles> {};
 
@@ -131,6 +132,7 @@ struct Calm {
   Keys shown;
   const char* reason;
 };
+BOOST_DESCRIBE_STRUCT(Calm, (), (name, version, track, shown, reason))
 
 class Calms : public PanelTest, public testing::WithParamInterface<Calm> {};
 

@@ -21,6 +21,7 @@ struct SummaryCase {
   int checks;
   const char* summary;
 };
+BOOST_DESCRIBE_STRUCT(SummaryCase, (), (name, edits, checks, summary))
 
 class PassedSummaries : public PassedFindings, public testing::WithParamInterface<SummaryCase> {};
 

@@ -34,6 +34,7 @@ struct Press {
   const char* before;
   const char* after;
 };
+BOOST_DESCRIBE_STRUCT(Press, (), (name, before, after))
 
 class Presses : public Triage, public testing::WithParamInterface<Press> {};
 

@@ -53,6 +53,7 @@ struct Which {
   std::optional<Ids> asked;
   bool working;
 };
+BOOST_DESCRIBE_STRUCT(Which, (), (name, selection, asked, working))
 
 class WhichJobs : public ReportAreas, public testing::WithParamInterface<Which> {};
 
@@ -86,6 +87,7 @@ struct State {
   bool working;
   const char* warning;
 };
+BOOST_DESCRIBE_STRUCT(State, (), (name, status, working, warning))
 
 class ReportJobs : public ReportAreas, public testing::WithParamInterface<State> {};
 

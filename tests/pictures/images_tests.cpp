@@ -169,6 +169,7 @@ struct FailureCase {
   const char* name;
   HttpResult answer;
 };
+BOOST_DESCRIBE_STRUCT(FailureCase, (), (name))
 
 class MissingImages : public ImagesTest, public testing::WithParamInterface<FailureCase> {};
 

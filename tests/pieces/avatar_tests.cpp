@@ -27,6 +27,7 @@ struct Color {
   std::optional<std::string> text;
   const char* color;
 };
+BOOST_DESCRIBE_STRUCT(Color, (), (name, text, color))
 
 class AvatarColors : public Avatars, public testing::WithParamInterface<Color> {};
 
@@ -54,6 +55,7 @@ struct Letter {
   const char* letter;
   const char* help;
 };
+BOOST_DESCRIBE_STRUCT(Letter, (), (name, email, letter, help))
 
 class AvatarLetters : public Avatars, public testing::WithParamInterface<Letter> {
  protected:

@@ -31,6 +31,7 @@ struct Step {
   int by;
   Moment then;
 };
+BOOST_DESCRIBE_STRUCT(Step, (), (name, pick, part, by, then))
 
 class Steps : public testing::TestWithParam<Step> {};
 
@@ -77,6 +78,7 @@ struct Number {
   Moment then;
   bool to24 = false;
 };
+BOOST_DESCRIBE_STRUCT(Number, (), (name, part, number, then, to24))
 
 class Numbers : public testing::TestWithParam<Number> {};
 
@@ -118,6 +120,7 @@ struct Typing {
   bool to24 = true;
   Moment from = at(0, 16, 0);
 };
+BOOST_DESCRIBE_STRUCT(Typing, (), (name, keys, then, shown, to24, from))
 
 class Typings : public testing::TestWithParam<Typing> {};
 

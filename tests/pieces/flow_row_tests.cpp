@@ -14,6 +14,7 @@ struct Flowing {
   double oneLine;
   double height;
 };
+BOOST_DESCRIBE_STRUCT(Flowing, (), (name, width, oneLine, height))
 
 class FlowRows : public testing::TestWithParam<Flowing> {};
 

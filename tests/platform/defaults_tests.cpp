@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "platform/waiting.hpp"
+#include "support/words_of_rows.hpp"
 
 namespace vellix {
 namespace {
@@ -85,6 +86,7 @@ struct FlagCase {
   const char* written;
   bool isOn;
 };
+BOOST_DESCRIBE_STRUCT(FlagCase, (), (written, isOn))
 
 class WrittenFlags : public QtDefaultsTest, public testing::WithParamInterface<FlagCase> {};
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/http_support.hpp"
+#include "support/words_of_rows.hpp"
 
 namespace vellix {
 namespace {
@@ -23,6 +24,7 @@ struct Bad {
   std::string bytes;
   HttpError error;
 };
+BOOST_DESCRIBE_STRUCT(Bad, (), (name))
 
 class HttpBad : public testing::TestWithParam<Bad> {};
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/http_support.hpp"
+#include "support/words_of_rows.hpp"
 
 namespace vellix {
 namespace {
@@ -40,6 +41,7 @@ struct Action {
   const char* method;
   std::optional<std::string> body;
 };
+BOOST_DESCRIBE_STRUCT(Action, (), (method, body))
 
 class HttpOnce : public testing::TestWithParam<Action> {};
 

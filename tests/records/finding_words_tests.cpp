@@ -10,6 +10,7 @@ struct Kind {
   const char* kind;
   const char* label;
 };
+BOOST_DESCRIBE_STRUCT(Kind, (), (kind, label))
 
 class Kinds : public testing::TestWithParam<Kind> {};
 

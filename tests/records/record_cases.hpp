@@ -40,6 +40,7 @@ struct RecordCase {
   std::string documentWith(const Fields& record) const { return documentWith(objectOf(record)); }
   std::string pathTo(const std::string& key) const { return path.empty() ? key : path + "." + key; }
 };
+BOOST_DESCRIBE_STRUCT(RecordCase, (), (name))
 
 template <class T>
 Recoded recode(std::string_view json) {
@@ -70,12 +71,3 @@ T decoded(std::string_view json) {
 }
 
 }  // namespace vellix::test
-
-namespace vellix {
-
-template <Described T>
-void PrintTo(const T& value, std::ostream* out) {
-  *out << encode(value).value_or("(not to be encoded)");
-}
-
-}  // namespace vellix

@@ -10,6 +10,7 @@ struct TrimmedCase {
   std::string_view text;
   std::string_view kept;
 };
+BOOST_DESCRIBE_STRUCT(TrimmedCase, (), (name, text, kept))
 
 class TrimmedTexts : public testing::TestWithParam<TrimmedCase> {};
 

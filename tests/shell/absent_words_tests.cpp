@@ -28,6 +28,7 @@ struct Field {
   std::function<Words&(BoardState&, FileDetail&)> of;
   const char* filled = "Words";
 };
+BOOST_DESCRIBE_STRUCT(Field, (), (name, filled))
 
 class AbsentWords : public StoreTest, public testing::WithParamInterface<Field> {
  protected:

@@ -22,6 +22,7 @@ struct Content {
   const char* headline;
   const char* line;
 };
+BOOST_DESCRIBE_STRUCT(Content, (), (name, files, selection, content, headline, line))
 
 class Contents : public RootViews, public testing::WithParamInterface<Content> {};
 

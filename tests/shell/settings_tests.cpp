@@ -79,6 +79,7 @@ struct Kept {
   const char* key;
   const char* stored;
 };
+BOOST_DESCRIBE_STRUCT(Kept, (), (key, stored))
 
 class EachSetting : public Settings, public testing::WithParamInterface<Kept> {};
 

@@ -92,6 +92,7 @@ struct FailureCase {
   Failure failure;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(FailureCase, (), (name, text))
 
 class FailedActions : public Action, public testing::WithParamInterface<FailureCase> {};
 

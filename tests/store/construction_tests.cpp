@@ -97,6 +97,7 @@ struct JobsCase {
   std::vector<std::string> jobs;
   bool active;
 };
+BOOST_DESCRIBE_STRUCT(JobsCase, (), (name, hasBoard, sync, jobs, active))
 
 class ActiveJobs : public StoreTest, public testing::WithParamInterface<JobsCase> {};
 

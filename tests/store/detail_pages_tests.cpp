@@ -17,6 +17,7 @@ struct FirstPageCase {
   std::vector<Finding> findings;
   Int page;
 };
+BOOST_DESCRIBE_STRUCT(FirstPageCase, (), (name, page))
 
 class FirstPages : public StoreTest, public testing::WithParamInterface<FirstPageCase> {};
 

@@ -27,6 +27,8 @@ struct FreshnessCase {
   std::optional<Int> pinned;
   std::size_t requests;
 };
+BOOST_DESCRIBE_STRUCT(FreshnessCase, (),
+                      (name, heldRev, heldVersion, heldFileVersion, rev, version, pinned, requests))
 
 class DetailFreshness : public Detail, public testing::WithParamInterface<FreshnessCase> {};
 
@@ -133,6 +135,7 @@ struct SilenceCase {
   const char* name;
   HttpResult answer;
 };
+BOOST_DESCRIBE_STRUCT(SilenceCase, (), (name))
 
 class SilentDetails : public Detail, public testing::WithParamInterface<SilenceCase> {};
 

@@ -143,6 +143,7 @@ struct RefusalCase {
   HttpResult answer;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(RefusalCase, (), (name, text))
 
 class RefusedDecisions : public DecidedFinding, public testing::WithParamInterface<RefusalCase> {};
 

@@ -80,6 +80,7 @@ struct WalkCase {
   Finding other;
   bool taken;
 };
+BOOST_DESCRIBE_STRUCT(WalkCase, (), (name, other, taken))
 
 Finding with(void (*change)(Finding&)) {
   Finding finding = findingOf("f2");
@@ -143,6 +144,7 @@ struct TextCase {
   const char* state;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(TextCase, (), (state, text))
 
 class DecidedTexts : public FindingTest, public testing::WithParamInterface<TextCase> {};
 

@@ -16,6 +16,7 @@ struct Asking {
   const char* body;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(Asking, (), (name, key, line, body, text))
 
 class JobRequests : public StoreTest, public testing::WithParamInterface<Asking> {
  protected:

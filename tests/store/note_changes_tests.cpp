@@ -14,6 +14,7 @@ struct ChangeCase {
   const char* body;
   const char* said;
 };
+BOOST_DESCRIBE_STRUCT(ChangeCase, (), (name, text, resolved, remove, body, said))
 
 class ChangedNotes : public NoteTest, public testing::WithParamInterface<ChangeCase> {
  protected:

@@ -103,6 +103,7 @@ struct PlaceCase {
   std::optional<std::string> finding;
   const char* rest;  // of the body, behind the tags
 };
+BOOST_DESCRIBE_STRUCT(PlaceCase, (), (name, pin, finding, rest))
 
 class NotePlaces : public WrittenNote, public testing::WithParamInterface<PlaceCase> {};
 
@@ -147,6 +148,7 @@ struct VersionCase {
   std::optional<FileDetail> detail;
   const char* version;  // as the body tells it, or nothing
 };
+BOOST_DESCRIBE_STRUCT(VersionCase, (), (name, detail, version))
 
 FileDetail versionOf(std::optional<Int> ofDetail, std::optional<Int> ofFile) {
   FileDetail detail = detailOf(ticketAt("t1", 1, ofFile));
@@ -186,6 +188,7 @@ struct RefusedNote {
   HttpResult answer;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(RefusedNote, (), (name, text))
 
 class RefusedNotes : public WrittenNote, public testing::WithParamInterface<RefusedNote> {};
 

@@ -132,7 +132,7 @@ struct Wording {
   std::optional<std::string> text;
   std::string told;
 };
-void PrintTo(const Wording& row, std::ostream* out) { *out << row.name; }
+BOOST_DESCRIBE_STRUCT(Wording, (), (name, by, kind, text, told))
 
 class NoticeWording : public Notices, public testing::WithParamInterface<Wording> {};
 

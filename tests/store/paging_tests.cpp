@@ -32,6 +32,7 @@ struct StepCase {
   Int delta;
   Int to;
 };
+BOOST_DESCRIBE_STRUCT(StepCase, (), (name, count, from, delta, to))
 
 class PageSteps : public Paging, public testing::WithParamInterface<StepCase> {};
 

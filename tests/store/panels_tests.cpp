@@ -47,6 +47,7 @@ struct NotesCase {
   bool drawer;
   bool open;
 };
+BOOST_DESCRIBE_STRUCT(NotesCase, (), (name, docked, floats, drawer, open))
 
 class NotesPanels : public StoreTest, public testing::WithParamInterface<NotesCase> {};
 

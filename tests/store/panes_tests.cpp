@@ -12,6 +12,7 @@ struct Toggle {
   const char* key;
   Keys after;
 };
+BOOST_DESCRIBE_STRUCT(Toggle, (), (name, before, key, after))
 
 class PaneToggles : public StoreTest, public testing::WithParamInterface<Toggle> {};
 
@@ -53,6 +54,7 @@ struct ZoomCase {
   double factor;
   double to;
 };
+BOOST_DESCRIBE_STRUCT(ZoomCase, (), (from, factor, to))
 
 class ZoomSteps : public StoreTest, public testing::WithParamInterface<ZoomCase> {};
 

@@ -11,6 +11,7 @@ struct Presence {
   std::optional<double> ago;  // milliseconds since the person was seen
   bool here;
 };
+BOOST_DESCRIBE_STRUCT(Presence, (), (name, ago, here))
 
 class Presences : public testing::TestWithParam<Presence> {};
 
@@ -55,6 +56,7 @@ struct Called {
   std::optional<std::string> email;
   const char* called;
 };
+BOOST_DESCRIBE_STRUCT(Called, (), (name, email, called))
 
 class DisplayNames : public StoreTest, public testing::WithParamInterface<Called> {};
 

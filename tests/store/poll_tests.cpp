@@ -92,6 +92,7 @@ struct TroubleCase {
   HttpResult answer;
   const char* problem;
 };
+BOOST_DESCRIBE_STRUCT(TroubleCase, (), (name, problem))
 
 class TroubledPolls : public Poll, public testing::WithParamInterface<TroubleCase> {};
 

@@ -16,6 +16,7 @@ struct FlagCase {
   const char* key;
   Prefs::Setting<bool> Prefs::* setting;
 };
+BOOST_DESCRIBE_STRUCT(FlagCase, (), (key))
 
 class FlagSettings : public testing::TestWithParam<FlagCase>, protected Settings {
  protected:

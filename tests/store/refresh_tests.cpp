@@ -28,6 +28,7 @@ struct Pace {
   bool seen;
   double milliseconds;
 };
+BOOST_DESCRIBE_STRUCT(Pace, (), (name, job, seen, milliseconds))
 
 class RefreshLoopPaces : public RefreshLoop, public testing::WithParamInterface<Pace> {};
 

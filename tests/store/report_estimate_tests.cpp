@@ -43,6 +43,7 @@ struct Past {
   std::vector<double> lasted;
   double typical;
 };
+BOOST_DESCRIBE_STRUCT(Past, (), (name, lasted, typical))
 
 class TypicalReports : public ReportEstimates, public testing::WithParamInterface<Past> {};
 
@@ -76,6 +77,7 @@ struct Wording {
   double left;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(Wording, (), (left, text))
 
 class ReportWordings : public ReportEstimates, public testing::WithParamInterface<Wording> {};
 
@@ -116,6 +118,7 @@ struct Queue {
   std::optional<double> createdAgo;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(Queue, (), (name, sync, startedAgo, createdAgo, text))
 
 class QueuedReports : public ReportEstimates, public testing::WithParamInterface<Queue> {};
 

@@ -12,6 +12,7 @@ struct Choice {
   bool joins;  // or leaves; else it stands alone
   Ids after;
 };
+BOOST_DESCRIBE_STRUCT(Choice, (), (name, before, joins, after))
 
 class Choices : public StoreTest, public testing::WithParamInterface<Choice> {};
 

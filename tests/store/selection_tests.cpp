@@ -77,6 +77,7 @@ struct QueueCase {
   std::optional<std::string> email;
   const char* queue;
 };
+BOOST_DESCRIBE_STRUCT(QueueCase, (), (name, chosen, email, queue))
 
 class EffectiveQueue : public Selection, public testing::WithParamInterface<QueueCase> {};
 
@@ -206,6 +207,7 @@ struct ChoiceCase {
   std::vector<FileItem> files;
   const char* chosen;
 };
+BOOST_DESCRIBE_STRUCT(ChoiceCase, (), (name, files, chosen))
 
 class ChosenTicket : public Selection, public testing::WithParamInterface<ChoiceCase> {};
 

@@ -9,6 +9,7 @@ struct Deed {
   std::function<void(Store&)> act;
   const char* line;
 };
+BOOST_DESCRIBE_STRUCT(Deed, (), (name, line))
 
 FileItem ticket() {
   FileItem file = ticketAt("t1", 1);

@@ -31,6 +31,7 @@ struct FailedSignIn {
   HttpResult answer;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(FailedSignIn, (), (name, url, text))
 inline std::string nameOf(const testing::TestParamInfo<FailedSignIn>& each) {
   return each.param.name;
 }

@@ -11,6 +11,7 @@ struct AdvanceCase {
   std::vector<FileItem> files;
   const char* next;
 };
+BOOST_DESCRIBE_STRUCT(AdvanceCase, (), (name, files, next))
 
 class Advance : public TicketStatus, public testing::WithParamInterface<AdvanceCase> {};
 

@@ -53,6 +53,7 @@ struct AssignCase {
   const char* text;
   bool undoable;
 };
+BOOST_DESCRIBE_STRUCT(AssignCase, (), (name, before, email, text, undoable))
 
 class Assigned : public TicketReviewer, public testing::WithParamInterface<AssignCase> {};
 
@@ -102,6 +103,7 @@ struct RefusedAssign {
   HttpResult answer;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(RefusedAssign, (), (name, text))
 
 class RefusedAssigns : public TicketReviewer, public testing::WithParamInterface<RefusedAssign> {};
 

@@ -74,6 +74,7 @@ struct RefusedStatus {
   HttpResult answer;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(RefusedStatus, (), (name, text))
 
 class RefusedStatuses : public TicketStatus, public testing::WithParamInterface<RefusedStatus> {};
 

@@ -43,6 +43,7 @@ struct StatusCase {
   const char* status;
   const char* text;
 };
+BOOST_DESCRIBE_STRUCT(StatusCase, (), (status, text))
 
 class OtherStatus : public TicketStatus, public testing::WithParamInterface<StatusCase> {};
 

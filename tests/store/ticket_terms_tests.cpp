@@ -16,6 +16,7 @@ struct TermCase {
   const char* body;
   const char* said;
 };
+BOOST_DESCRIBE_STRUCT(TermCase, (), (name, key, line, body, said))
 
 class TicketTerms : public StoreTest, public testing::WithParamInterface<TermCase> {
  protected:

@@ -169,6 +169,7 @@ struct Third {
   std::vector<const char*> roles;
   const char* link;  // empty for none
 };
+BOOST_DESCRIBE_STRUCT(Third, (), (name, track, roles, link))
 
 class ThirdLinks : public FileHeaders, public testing::WithParamInterface<Third> {};
 

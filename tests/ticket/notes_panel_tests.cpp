@@ -13,6 +13,7 @@ struct Notes {
   bool pref;
   bool open;
 };
+BOOST_DESCRIBE_STRUCT(Notes, (), (name, floats, drawer, pref, open))
 
 class NotesPanels : public StoreTest, public testing::WithParamInterface<Notes> {};
 
@@ -39,6 +40,7 @@ struct Room {
   bool floats;
   double panel;
 };
+BOOST_DESCRIBE_STRUCT(Room, (), (width, floats, panel))
 
 class NotesRooms : public StoreTest, public testing::WithParamInterface<Room> {};
 

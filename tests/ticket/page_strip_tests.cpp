@@ -80,6 +80,7 @@ struct Shape {
   std::optional<std::vector<double>> px;
   double height;
 };
+BOOST_DESCRIBE_STRUCT(Shape, (), (name, px, height))
 
 class StripShapes : public PageStrips, public testing::WithParamInterface<Shape> {};
 
@@ -108,6 +109,7 @@ struct Place {
   std::optional<Int> page;
   const char* open;
 };
+BOOST_DESCRIBE_STRUCT(Place, (), (name, page, open))
 
 class OpenPages : public PageStrips, public testing::WithParamInterface<Place> {};
 
@@ -172,6 +174,7 @@ struct Room {
   std::optional<Int> pages;  // none for no detail
   bool shown;
 };
+BOOST_DESCRIBE_STRUCT(Room, (), (name, wanted, width, pages, shown))
 
 class StripRooms : public PageStrips, public testing::WithParamInterface<Room> {};
 

@@ -10,6 +10,7 @@ struct ReviewCase {
   ReviewButtonView shown;
   const char* body;
 };
+BOOST_DESCRIBE_STRUCT(ReviewCase, (), (status, shown, body))
 
 class ReviewButtons : public StoreTest, public testing::WithParamInterface<ReviewCase> {
  protected:

@@ -39,6 +39,7 @@ struct QueueColours {
   bool late;
   bool otherLate;
 };
+BOOST_DESCRIBE_STRUCT(QueueColours, (), (name, late, otherLate))
 
 class QueueBadges : public ColumnLooks, public testing::WithParamInterface<QueueColours> {};
 

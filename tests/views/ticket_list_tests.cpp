@@ -82,6 +82,7 @@ struct Poll {
   const char* name;
   std::function<void(BoardState&)> change;
 };
+BOOST_DESCRIBE_STRUCT(Poll, (), (name))
 
 class PollsBesideTheView : public TicketLists, public testing::WithParamInterface<Poll> {};
 

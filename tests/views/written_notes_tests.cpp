@@ -9,6 +9,7 @@ struct Change {
   const char* name;
   bool signsOut;  // first
 };
+BOOST_DESCRIBE_STRUCT(Change, (), (name, signsOut))
 
 class WrittenNotes : public NotesViewTest, public testing::WithParamInterface<Change> {
  protected:
