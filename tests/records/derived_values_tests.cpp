@@ -144,5 +144,30 @@ TEST(VersionNumbers, ComeFromTheDetailThenTheTicketThenAreTheFirst) {
   EXPECT_EQ(detail.versionNumber(), 3);
 }
 
+TEST(AJob, IsActiveWhileQueuedOrRunning) {
+  const auto active = [](const std::string& status) {
+    return Job{.id = "j", .kind = "sync", .status = status}.active();
+  };
+  EXPECT_TRUE(active("queued"));
+  EXPECT_TRUE(active("running"));
+  for (const auto* ended : {"done", "failed", "", "Running", "canceled"})
+    EXPECT_FALSE(active(ended));
+}
+
+TEST(ANote, IsResolvedByAnyNumberButZero) {
+  const auto resolved = [](std::optional<Int> number) {
+    Note note;
+    note.resolved = number;
+    return note.isResolved();
+  };
+  EXPECT_FALSE(resolved(none));
+  EXPECT_FALSE(resolved(0));
+  EXPECT_TRUE(resolved(1));
+  EXPECT_TRUE(resolved(-1));
+  EXPECT_TRUE(resolved(1700000000000));
+}
+
+TEST(ADraft, NeverGoesOverTheWire) { static_assert(!Described<DraftNote>); }
+
 }  // namespace
 }  // namespace vellix::test

@@ -139,5 +139,25 @@ TEST_P(EveryRecord, MustBeAnObject) {
 INSTANTIATE_TEST_SUITE_P(Records, EveryRecord, testing::ValuesIn(allCases()),
                          [](const auto& each) { return each.param.name; });
 
+TEST(Records, FailAsAWholeAtTheFirstThatIsBad) {
+  const auto board = decode<BoardState>(
+      R"({"rev":1,"me":{"email":"a","name":"b"},"users":[],"files":[{"id":"1","status":"new"},
+          {"id":"2","status":"new"},{"id":"3","title":"T"},{"id":"4","title":"T"}],
+          "jobs":[],"reports":[],"events":[]})");
+  ASSERT_FALSE(board);
+  EXPECT_EQ(board.error().where, "files[2].status");
+  EXPECT_EQ(board.error().why, "the value is missing");
+  const auto stats = decode<Stats>(R"({"at":1,"users":{"a":{"reviewed":1},"b":7}})");
+  ASSERT_FALSE(stats);
+  EXPECT_EQ(stats.error().where, "users.a.reviewed_week");
+}
+
+TEST(Records, TellAnEmptyListFromNone) {
+  const auto ticket = decoded<FileItem>(R"({"id":"f","status":"s","refs":[],"pages":null})");
+  ASSERT_TRUE(ticket.refs);
+  EXPECT_TRUE(ticket.refs->empty());
+  EXPECT_FALSE(ticket.pages);
+}
+
 }  // namespace
 }  // namespace vellix::test
