@@ -10,27 +10,16 @@ Item {
 
     required property CommandsModel commands
 
-    readonly property var all: {
-        const entries = [];
-        for (const menu of commands.menus)
-            for (const entry of menu.entries)
-                entries.push(entry);
-        return entries;
-    }
-
     Instantiator {
-        model: keys.all.length
+        model: keys.commands.shortcuts.length
 
         Shortcut {
             required property int index
-            readonly property commandView command: keys.all[index]
+            readonly property shortcutView command: keys.commands.shortcuts[index]
 
-            // Zooming in is "+" to everybody, whatever key it shares.
-            sequences: command.shortcut === "Ctrl+=" ? ["Ctrl+=", "Ctrl++"]
-                       : command.shortcut === "" ? [] : [command.shortcut]
+            sequences: command.sequences
             enabled: keys.enabled && command.enabled
-            // Held down, only the zoom goes on.
-            autoRepeat: command.key === "zoomIn" || command.key === "zoomOut"
+            autoRepeat: command.repeats
             onActivated: keys.commands.run(command.key)
         }
     }

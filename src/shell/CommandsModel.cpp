@@ -25,6 +25,7 @@ void CommandsModel::run(const QString& key) {
 
 void CommandsModel::update() {
   if (menus_.show(menuBar(store_))) emit menusChanged();
+  if (shortcuts_.show(vellix::shortcuts(store_))) emit shortcutsChanged();
 }
 
 QString CommandsModel::written(const QString& shortcut) {

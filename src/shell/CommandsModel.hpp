@@ -14,12 +14,14 @@ class CommandsModel : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(Qml<std::vector<MenuView>> menus READ menus NOTIFY menusChanged)
+  Q_PROPERTY(Qml<std::vector<ShortcutView>> shortcuts READ shortcuts NOTIFY shortcutsChanged)
 
  public:
   // The Store must outlive the model.
   explicit CommandsModel(Store& store);
 
   Qml<std::vector<MenuView>> menus() const { return menus_.qml(); }
+  Qml<std::vector<ShortcutView>> shortcuts() const { return shortcuts_.qml(); }
 
   Q_INVOKABLE void run(const QString& key);
   // A shortcut as this platform writes it.
@@ -27,6 +29,7 @@ class CommandsModel : public QObject {
 
  signals:
   void menusChanged();
+  void shortcutsChanged();
   void settingsWanted();
   void endWanted();
 
@@ -35,6 +38,7 @@ class CommandsModel : public QObject {
 
   Store& store_;
   Shown<std::vector<MenuView>> menus_;
+  Shown<std::vector<ShortcutView>> shortcuts_;
   Changes::Subscription onChange_;
   Changes::Subscription onPrefs_;
 };

@@ -17,7 +17,7 @@ Menu {
 
     y: parent.height
     label: view.title
-    entries: view.entries.map(entry => ({
+    entries: Array.from(view.entries, entry => ({
                 key: entry.key,
                 text: entry.text,
                 enabled: entry.enabled,

@@ -36,6 +36,8 @@ struct Command {
   const char* shortcut = "";
   bool (*enabled)(const Store&) = always;
   void (*run)(Store&) = nothing;
+  const char* also = "";  // another shortcut
+  bool repeats = false;
 };
 constexpr Command kSeparator{};
 
@@ -56,8 +58,9 @@ constexpr std::array kReview{
     Command{"activity", "Activity", "Ctrl+Y", always, activity},
 };
 constexpr std::array kView{
-    Command{"zoomIn", "Zoom in", "Ctrl+=", always, zoomIn},
-    Command{"zoomOut", "Zoom out", "Ctrl+-", always, zoomOut},
+    // "+" to everybody, whatever key it shares.
+    Command{"zoomIn", "Zoom in", "Ctrl+=", always, zoomIn, "Ctrl++", true},
+    Command{"zoomOut", "Zoom out", "Ctrl+-", always, zoomOut, "", true},
     Command{"fitPage", "Fit the page", "Ctrl+0", always, fitPage},
     kSeparator,
     Command{"notes", "Show notes", "Ctrl+Alt+I", always, notes},
@@ -84,6 +87,19 @@ MenuView menu(const char* title, const std::array<Command, N>& commands, const S
 }
 
 template <std::size_t N>
+void addShortcuts(std::vector<ShortcutView>& views, const std::array<Command, N>& commands,
+                  const Store& store) {
+  for (const Command& command : commands) {
+    ShortcutView view{
+        .key = command.key, .enabled = command.enabled(store), .repeats = command.repeats};
+    for (const std::string sequence : {command.shortcut, command.also}) {
+      if (!sequence.empty()) view.sequences.push_back(sequence);
+    }
+    if (!view.sequences.empty()) views.push_back(std::move(view));
+  }
+}
+
+template <std::size_t N>
 bool runIn(const std::array<Command, N>& commands, Store& store, std::string_view key) {
   const auto found = std::ranges::find(
       commands, key, [](const Command& one) { return std::string_view{one.key}; });
@@ -98,6 +114,14 @@ std::vector<MenuView> menuBar(const Store& store) {
   return {menu("Vellix", kApplication, store), menu("Review", kReview, store),
           // The trailing blank keeps it apart from the system's own menu of that name.
           menu("View ", kView, store)};
+}
+
+std::vector<ShortcutView> shortcuts(const Store& store) {
+  std::vector<ShortcutView> views;
+  addShortcuts(views, kApplication, store);
+  addShortcuts(views, kReview, store);
+  addShortcuts(views, kView, store);
+  return views;
 }
 
 void runCommand(Store& store, std::string_view key) {

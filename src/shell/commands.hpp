@@ -26,8 +26,20 @@ struct MenuView {
 };
 BOOST_DESCRIBE_STRUCT(MenuView, (), (title, entries))
 
+// The keys of a command that the window listens for, whatever shows the menus.
+struct ShortcutView {
+  std::string key;                     // of the command
+  std::vector<std::string> sequences;  // portable
+  bool enabled = true;
+  bool repeats = false;  // held down, it goes on
+  bool operator==(const ShortcutView&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats))
+
 // The application's own menu first.
 std::vector<MenuView> menuBar(const Store& store);
+// Of every command that has one.
+std::vector<ShortcutView> shortcuts(const Store& store);
 
 // Carries out the command of that key. Nothing happens for one that is disabled, or is not the
 // Store's business (the settings window, the end of the program).

@@ -68,6 +68,28 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
                                              "Hide the page strip "}));
 }
 
+std::string lineOf(const ShortcutView& one) {
+  std::string line = one.key + (one.enabled ? "" : " (off)") + (one.repeats ? " (repeats)" : "");
+  for (const auto& sequence : one.sequences) line += " " + sequence;
+  return line;
+}
+
+TEST_F(SignedOutCommands, HaveTheirShortcuts) {
+  std::vector<std::string> lines;
+  for (const auto& one : shortcuts(store())) lines.push_back(lineOf(one));
+  EXPECT_EQ(lines,
+            (std::vector<std::string>{"settings Ctrl+,", "quit Ctrl+Q", "sync (off) Ctrl+Shift+S",
+                                      "refresh (off) Ctrl+R", "report (off) Ctrl+Shift+P",
+                                      "markReviewed (off) Ctrl+D", "activity Ctrl+Y",
+                                      "zoomIn (repeats) Ctrl+= Ctrl++", "zoomOut (repeats) Ctrl+-",
+                                      "fitPage Ctrl+0", "notes Ctrl+Alt+I"}));
+}
+
+TEST_F(Commands, HaveTheirShortcutsWhileTheyAreOffered) {
+  serveOne();
+  for (const auto& one : shortcuts(store())) EXPECT_EQ(one.enabled, enabled(one.key)) << one.key;
+}
+
 TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {
   std::vector<std::string> offered;
   for (const auto& menu : menuBar(store())) {
