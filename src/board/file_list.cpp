@@ -33,10 +33,10 @@ std::ptrdiff_t lateCount(const Tickets& tickets, Moment now) {
   return std::ranges::count_if(tickets, [&](const FileItem* file) { return isLate(*file, now); });
 }
 
-QueueView queueView(const Tickets& tickets, std::string value, std::string label, Moment now) {
+QueueView queueView(const Tickets& tickets, std::string key, std::string label, Moment now) {
   const auto open = std::ranges::count_if(
       tickets, [](const FileItem* file) { return file->status != "reviewed"; });
-  QueueView view{.value = std::move(value), .label = std::move(label)};
+  QueueView view{.key = std::move(key), .label = std::move(label)};
   if (open > 0) view.count = std::to_string(open);
   view.late = lateCount(tickets, now) > 0;
   return view;
@@ -64,7 +64,7 @@ FileListView fileList(const Store& store, bool showReviewed, Moment now, const C
   const Tickets others = store.filesInQueue(reprints ? "new_title" : "reprint");
   view.head.queues = {queueView(reprints ? others : tickets, "new_title", "New titles", now),
                       queueView(reprints ? tickets : others, "reprint", "Reprints", now)};
-  view.head.queues[reprints ? 1 : 0].selected = true;
+  view.head.queue = view.head.queues[reprints ? 1 : 0].key;
   view.head.mineOnly = store.mineOnly();
   const auto& board = store.board();
   view.head.syncing = board && board->sync && board->sync->status == "running";

@@ -24,18 +24,18 @@ BOOST_DESCRIBE_STRUCT(FileListRow, (), (key, header, title, folds, open, count, 
 
 // One of the two queues, as a button.
 struct QueueView {
-  std::string value;
+  std::string key;
   std::string label;
   std::string count;  // empty when nothing is open
   bool late = false;
-  bool selected = false;
   bool operator==(const QueueView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(QueueView, (), (value, label, count, late, selected))
+BOOST_DESCRIBE_STRUCT(QueueView, (), (key, label, count, late))
 
 // What stands over the list, and in its place when it is empty.
 struct FileListHead {
   std::vector<QueueView> queues;
+  std::string queue;  // the key of the one on show
   bool mineOnly = false;
   std::string overdue;  // empty when none is
   bool empty = false;
@@ -45,7 +45,7 @@ struct FileListHead {
   bool operator==(const FileListHead&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FileListHead, (),
-                      (queues, mineOnly, overdue, empty, emptyFirst, emptySecond, syncing))
+                      (queues, queue, mineOnly, overdue, empty, emptyFirst, emptySecond, syncing))
 
 struct FileListView {
   FileListHead head;

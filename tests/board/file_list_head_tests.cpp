@@ -123,15 +123,14 @@ TEST_F(FileListHeads, AreNotEmptyOverATicket) {
 TEST_F(FileListHeads, NameTheTwoQueues) {
   const auto queues = head().queues;
   ASSERT_EQ(queues.size(), 2U);
-  EXPECT_EQ(queues[0], (QueueView{"new_title", "New titles", "", false, true}));
-  EXPECT_EQ(queues[1], (QueueView{"reprint", "Reprints", "", false, false}));
+  EXPECT_EQ(queues[0], (QueueView{"new_title", "New titles", "", false}));
+  EXPECT_EQ(queues[1], (QueueView{"reprint", "Reprints", "", false}));
 }
 
 TEST_F(FileListHeads, SelectTheQueueOnShow) {
   show({});
   store().setQueue("reprint");
-  EXPECT_FALSE(head().queues[0].selected);
-  EXPECT_TRUE(head().queues[1].selected);
+  EXPECT_EQ(head().queue, "reprint");
 }
 
 TEST_F(FileListHeads, OpenOnReprintsForTheirReviewer) {
@@ -139,9 +138,9 @@ TEST_F(FileListHeads, OpenOnReprintsForTheirReviewer) {
   board.me.email = "jorvas@tessarine.example";
   store().board.set(board);
   store().setQueue("atlas");
-  EXPECT_TRUE(head().queues[1].selected);
+  EXPECT_EQ(head().queue, "reprint");
   store().board.set(boardOf({}));
-  EXPECT_TRUE(head().queues[0].selected) << "another address has another default";
+  EXPECT_EQ(head().queue, "new_title") << "another address has another default";
 }
 
 TEST_F(FileListHeads, CountTheOpenTicketsOfEachQueue) {
