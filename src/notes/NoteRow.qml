@@ -14,7 +14,6 @@ Rectangle {
     required property PictureSource pictures
 
     property bool editing: false
-    property bool confirmDelete: false
 
     readonly property Menu menu: place.object as Menu
     readonly property real pad: note.tagged ? Theme.gap8 : 0
@@ -40,10 +39,7 @@ Rectangle {
             written.begin();
             // The menu gives the keyboard back when it has gone.
             menu.cameFrom.note(written);
-        } else if (!confirmDelete) {
-            confirmDelete = true;
-            hurry.restart();
-        } else if (!hurry.running || !menu.pointed) {
+        } else if (deletion.press(menu.pointed)) {
             menu.close();
             notes.remove(note.id);
         }
@@ -56,11 +52,8 @@ Rectangle {
     Accessible.role: Accessible.ListItem
     Accessible.name: note.spoken
 
-    // A double click does not delete.
-    Timer {
-        id: hurry
-
-        interval: Application.styleHints.mouseDoubleClickInterval
+    NoteDeletion {
+        id: deletion
     }
 
     Column {
@@ -162,7 +155,7 @@ Rectangle {
                                   help: row.note.editable ? "" : "This note is too long to edit here",
                                   enabled: row.note.editable && !row.note.busy && !row.editing },
                                 { key: "delete", enabled: !row.note.busy, stays: true,
-                                  text: row.confirmDelete ? "Delete this note?" : "Delete…" }
+                                  text: deletion.asked ? "Delete this note?" : "Delete…" }
                             ]
                             onPicked: key => row.pick(key)
                         }
