@@ -31,20 +31,10 @@ Item {
         highlightFollowsCurrentItem: false
         currentIndex: -1
 
-        // Where the strip has just been: far from there, it is rushing past.
-        property real before: 0
-        property bool rushing: false
-        // It is being put somewhere, past nothing.
-        property bool placing: false
-        property real heightBefore: 0
+        readonly property alias rushing: motion.rushing
 
         function openRow(): int {
             return Math.min(strip.file.openPage, count - 1);
-        }
-        // Whether the current page is wholly in sight of a strip of that height.
-        function showsCurrent(tall: real): bool {
-            return currentItem !== null && currentItem.y > contentY - 1
-                && currentItem.y + currentItem.height < contentY + tall + 1;
         }
         // Puts the strip where a page is in sight with its neighbours.
         function place(index: int) {
@@ -59,16 +49,16 @@ Item {
                 return;
             glide.stop();
             const from = contentY;
-            placing = true;
+            motion.placing = true;
             place(index);
             const to = contentY;
             if (keyed)
                 itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
             currentIndex = index;
-            const glides = gliding && Math.abs(to - from) <= height;
+            const glides = motion.glides(from, to, height, gliding);
             if (glides)
                 contentY = from;
-            placing = false;
+            motion.placing = false;
             if (!glides)
                 return laid.restart();
             glide.from = from;
@@ -88,10 +78,8 @@ Item {
 
         onCountChanged: show(openRow(), false, false)
         onHeightChanged: {
-            // Whoever has scrolled away stays there.
-            if (!glide.running && (heightBefore <= 0 || showsCurrent(heightBefore)))
+            if (motion.resize(height, contentY, currentItem, glide.running))
                 laid.restart();
-            heightBefore = height;
         }
         onActiveFocusChanged: {
             // A window that others cover for a while comes back as it was.
@@ -99,13 +87,7 @@ Item {
                 currentIndex = openRow();
         }
         onMovementStarted: glide.stop()
-        onContentYChanged: {
-            if (!placing && Math.abs(contentY - before) > height / 2)
-                rushing = true;
-            before = contentY;
-            if (rushing)
-                rest.restart();
-        }
+        onContentYChanged: motion.scroll(contentY, height)
 
         Keys.onPressed: event => {
             if (event.modifiers & ~Qt.KeypadModifier)
@@ -127,17 +109,14 @@ Item {
 
             interval: 0
             onTriggered: {
-                cells.placing = true;
+                motion.placing = true;
                 cells.place(cells.currentIndex);
-                cells.placing = false;
+                motion.placing = false;
             }
         }
 
-        Timer {
-            id: rest
-
-            interval: 80
-            onTriggered: cells.rushing = false
+        PageStripMotion {
+            id: motion
         }
 
         Glide {
@@ -165,7 +144,7 @@ Item {
             x: 6
             thumbHeight: tall
             pictures: strip.pictures
-            passing: cells.rushing
+            passing: motion.rushing
             activeFocusOnTab: index === cells.currentIndex
             onClicked: strip.file.selectPage(index)
         }
