@@ -20,22 +20,10 @@ Item {
 
     property bool showExpected: false
 
-    // From a card that was decided by key the keyboard goes on, at the same decision, to the finding
-    // that has come to the front or else to the first that waits. The last one keeps it, but not at
-    // the button, where one press too many would take the decision back.
-    function goOn(card: FindingCard, following: string, decision: string) {
-        if (!card.keyed || card.decision === "open")
-            return;
-        let next = null;
-        for (let index = cards.count - 1; index >= 0; --index) {
-            const other = cards.itemAt(index) as FindingCard;
-            if (other.decision === "open" && (other.id === following || next?.id !== following))
-                next = other;
-        }
-        if (next)
-            next.takeKeyboard(decision);
-        else
-            card.takeKeyboard("");
+    // From a card that was decided by key the keyboard goes on.
+    function goOn(card: FindingCard, way: var) {
+        if (card.keyed)
+            (cards.itemAt(way.row) as FindingCard)?.takeKeyboard(way.decision);
     }
 
     function chosen(card: FindingCard) {
@@ -181,8 +169,8 @@ Item {
                     width: content.width
                     noteActions: panel.notes
                     pictures: panel.pictures
-                    onRealIssue: panel.goOn(this, panel.inspector.realIssue(id), "issue")
-                    onMarkFine: panel.goOn(this, panel.inspector.fine(id), "fine")
+                    onRealIssue: panel.goOn(this, panel.inspector.realIssue(id))
+                    onMarkFine: panel.goOn(this, panel.inspector.fine(id))
                     onNoted: panel.inspector.note(id)
                     onChosen: panel.inspector.press(id)
                     onSelectedChanged: if (selected) panel.chosen(this)

@@ -25,18 +25,20 @@ void InspectorModel::update() {
 }
 
 template <class Press>
-QString InspectorModel::nextBy(Press press, const QString& id) {
+QVariantMap InspectorModel::wayBy(Press press, const QString& id, const std::string& decision) {
   const std::string decided = id.toStdString();
   const bool wasInFront = store_.focus() == decided;
   press(store_, decided);
   // At once, so that a press that waits already falls on what comes next.
   update();
-  const auto next = store_.focus();
-  return wasInFront && next && next != decided ? QString::fromStdString(*next) : QString{};
+  const std::string following = wasInFront ? store_.focus().value_or("") : std::string{};
+  return toQml(keyboardWay(cards_.rows(), decided, following, decision)).toMap();
 }
 
-QString InspectorModel::realIssue(const QString& id) { return nextBy(pressRealIssue, id); }
-QString InspectorModel::fine(const QString& id) { return nextBy(pressFine, id); }
+QVariantMap InspectorModel::realIssue(const QString& id) {
+  return wayBy(pressRealIssue, id, "issue");
+}
+QVariantMap InspectorModel::fine(const QString& id) { return wayBy(pressFine, id, "fine"); }
 void InspectorModel::note(const QString& id) { pressNote(store_, id.toStdString()); }
 void InspectorModel::press(const QString& id) { pressCard(store_, id.toStdString()); }
 

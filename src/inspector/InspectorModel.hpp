@@ -7,6 +7,7 @@
 #include "bridge/RowsModel.hpp"
 #include "bridge/Shown.hpp"
 #include "inspector/findings_panel.hpp"
+#include "inspector/keyboard_way.hpp"
 
 namespace vellix {
 
@@ -28,9 +29,9 @@ class InspectorModel : public QObject {
   QAbstractItemModel* passed() { return &passed_; }
   QAbstractItemModel* others() { return &others_; }
 
-  // The finding that came to the front in the place of this one; empty for none.
-  Q_INVOKABLE QString realIssue(const QString& id);
-  Q_INVOKABLE QString fine(const QString& id);
+  // Where the keyboard goes, should the press have been by key: a KeyboardWay over the `cards`.
+  Q_INVOKABLE QVariantMap realIssue(const QString& id);
+  Q_INVOKABLE QVariantMap fine(const QString& id);
   Q_INVOKABLE void note(const QString& id);
   Q_INVOKABLE void press(const QString& id);
   Q_INVOKABLE void goToPage(qlonglong page);
@@ -41,7 +42,7 @@ class InspectorModel : public QObject {
  private:
   void update();
   template <class Press>
-  QString nextBy(Press press, const QString& id);
+  QVariantMap wayBy(Press press, const QString& id, const std::string& decision);
 
   Store& store_;
   const MainLoop& clock_;
