@@ -46,6 +46,14 @@ void BoardModel::select(const QString& id, bool command) {
   }
 }
 
+bool BoardModel::selectByKey(const QString& id, int key, int modifiers, bool repeats) {
+  const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+  const bool command = (modifiers & ~Qt::KeypadModifier) == Qt::ControlModifier;
+  if (!presses || !command) return false;
+  if (!repeats) select(id, true);
+  return true;
+}
+
 void BoardModel::setMineOnly(bool on) { store_.setMineOnly(on); }
 
 void BoardModel::setQueue(const QString& value) { store_.setQueue(value.toStdString()); }

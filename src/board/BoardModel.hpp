@@ -35,6 +35,8 @@ class BoardModel : public QObject {
 
   // `command` tells whether the Command key was held.
   Q_INVOKABLE void select(const QString& id, bool command);
+  // By the keys of a Command-click. False for any others, which nothing is done for.
+  Q_INVOKABLE bool selectByKey(const QString& id, int key, int modifiers, bool repeats);
   Q_INVOKABLE void setMineOnly(bool on);
   Q_INVOKABLE void setQueue(const QString& value);
   Q_INVOKABLE void toggleReviewed();

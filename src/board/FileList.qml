@@ -149,6 +149,8 @@ Item {
                 ticket: line.ticket
                 pictures: list.pictures
                 onChosen: command => list.board.select(line.ticket.id, command)
+                Keys.onPressed: event => event.accepted = list.board.selectByKey(
+                    line.ticket.id, event.key, event.modifiers, event.isAutoRepeat)
             }
         }
 

@@ -26,13 +26,6 @@ Pressable {
     Accessible.selected: ticket.selected
 
     onClicked: modifiers => chosen((modifiers & Qt.ControlModifier) !== 0)
-    // The keys of a Control-click.
-    Keys.onPressed: event => {
-        const presses = [Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter].includes(event.key);
-        event.accepted = presses && (event.modifiers & ~Qt.KeypadModifier) === Qt.ControlModifier;
-        if (event.accepted && !event.isAutoRepeat)
-            chosen(true);
-    }
 
     Rectangle {
         anchors.fill: parent

@@ -244,5 +244,38 @@ TEST_F(BoardModels, KeepAPersonsPlaceWhenPresenceChanges) {
   EXPECT_FALSE(fieldOf(model().people(), 1, "here").toBool());
 }
 
+struct RowKey {
+  const char* name;
+  int key;
+  int modifiers;
+  bool repeats;
+  bool taken;
+  bool joins;
+};
+
+class RowKeys : public BoardModels, public testing::WithParamInterface<RowKey> {};
+
+TEST_P(RowKeys, JoinTheSelectionAsACommandClickDoes) {
+  const auto& each = GetParam();
+  store().selection.set({"t1"});
+  EXPECT_EQ(model().selectByKey("t2", each.key, each.modifiers, each.repeats), each.taken);
+  EXPECT_EQ(store().selection().contains("t2"), each.joins);
+  EXPECT_TRUE(store().selection().contains("t1"));
+}
+
+constexpr int kKeypad = Qt::ControlModifier | Qt::KeypadModifier;
+constexpr int kMore = Qt::ControlModifier | Qt::ShiftModifier;
+
+INSTANTIATE_TEST_SUITE_P(
+    All, RowKeys,
+    testing::Values(RowKey{"Space", Qt::Key_Space, Qt::ControlModifier, false, true, true},
+                    RowKey{"Return", Qt::Key_Return, Qt::ControlModifier, false, true, true},
+                    RowKey{"Enter", Qt::Key_Enter, kKeypad, false, true, true},
+                    RowKey{"HeldDown", Qt::Key_Space, Qt::ControlModifier, true, true, false},
+                    RowKey{"Plain", Qt::Key_Space, Qt::NoModifier, false, false, false},
+                    RowKey{"WithAnother", Qt::Key_Return, kMore, false, false, false},
+                    RowKey{"AnotherKey", Qt::Key_A, Qt::ControlModifier, false, false, false}),
+    [](const auto& each) { return each.param.name; });
+
 }  // namespace
 }  // namespace vellix
