@@ -170,7 +170,7 @@ TEST_F(CanvasViews, GoOnWithADragWhenThePageChangesItsSize) {
       {"the strip", [this] { store().prefs.showPageStrip.set(true); }},
       {"the window", [this] { window()->resize(1'300, 860); }},
       {"the zoom", [this] { store().zoomTo(1.5); }},
-      {"another page hidden", [this] { togglePane(store(), "third"); }},
+      {"another page hidden", [this] { store().togglePane("third"); }},
   };
   theme()->setReducedMotion(true);
   for (const auto& [what, change] : changes) {
