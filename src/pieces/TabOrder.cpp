@@ -1,6 +1,5 @@
 #include "pieces/TabOrder.hpp"
 
-#include <QPointer>
 #include <algorithm>
 #include <vector>
 
@@ -12,9 +11,12 @@ struct Row {
   QQuickItem* item;
 };
 
-void sortNow(const QQuickItem& content) {
+}  // namespace
+
+void TabOrder::sort(QQuickItem* content) {
+  if (!content) return;
   std::vector<Row> rows;
-  const auto children = content.childItems();
+  const auto children = content->childItems();
   for (QQuickItem* child : children) {
     bool numbered = false;
     const int index = child->property("index").toInt(&numbered);
@@ -23,18 +25,6 @@ void sortNow(const QQuickItem& content) {
   if (std::ranges::is_sorted(rows, {}, &Row::index)) return;
   std::ranges::stable_sort(rows, {}, &Row::index);
   for (std::size_t i = 1; i < rows.size(); ++i) rows[i].item->stackAfter(rows[i - 1].item);
-}
-
-}  // namespace
-
-void TabOrder::sort(QQuickItem* content) {
-  if (awaited_) return;
-  awaited_ = true;
-  const auto soon = [this, content = QPointer(content)] {
-    awaited_ = false;
-    if (content) sortNow(*content);
-  };
-  QMetaObject::invokeMethod(this, soon, Qt::QueuedConnection);
 }
 
 }  // namespace vellix

@@ -14,12 +14,8 @@ class TabOrder : public QObject {
  public:
   using QObject::QObject;
 
-  // Stacks the children of `content` that have an `index` by it, once all that changes with them
-  // has changed.
-  Q_INVOKABLE void sort(QQuickItem* content);
-
- private:
-  bool awaited_ = false;
+  // Stacks the children of `content` that have an `index` by it.
+  Q_INVOKABLE static void sort(QQuickItem* content);
 };
 
 }  // namespace vellix

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Pieces
 import Vellix.Shell
@@ -32,9 +32,9 @@ Window {
         value: window.root.appearance
     }
 
-    Optional {
+    Loader {
         anchors.fill: parent
-        content: window.panels[window.panel]
+        sourceComponent: window.panels[window.panel]
     }
 
     Component {

@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Compare
@@ -38,28 +38,33 @@ FocusScope {
 
     focus: true
 
-    Optional {
+    Loader {
         anchors.fill: parent
-        wanted: !view.shown.signedIn
+        active: !view.shown.signedIn
+        sourceComponent: signInSide
         // Even from a menu, which could not give the keyboard back to what has gone.
-        onItemChanged: if (item) forceActiveFocus()
+        onLoaded: forceActiveFocus()
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: view.shown.signedIn
+        sourceComponent: boardSide
+    }
+
+    Component {
+        id: signInSide
 
         SignInView {
-            width: view.width
-            height: view.height
             focus: true
             signIn: view.signIn
         }
     }
 
-    Optional {
-        anchors.fill: parent
-        wanted: view.shown.signedIn
+    Component {
+        id: boardSide
 
         Item {
-            width: view.width
-            height: view.height
-
             Sidebar {
                 id: sidebar
 
@@ -123,10 +128,10 @@ FocusScope {
                     }
                 }
 
-                Optional {
+                Loader {
                     anchors.fill: parent
-                    wanted: view.openFile === ""
-                    content: view.shown.content === "multi" ? multiView : plainView
+                    active: view.openFile === ""
+                    sourceComponent: view.shown.content === "multi" ? multiView : plainView
                 }
             }
         }

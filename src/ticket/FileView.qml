@@ -1,5 +1,5 @@
-pragma ComponentBehavior: Bound
-
+// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
+// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Compare
@@ -95,15 +95,14 @@ Item {
                 Glide {}
             }
 
-            Optional {
+            Loader {
                 id: pages
 
-                wanted: ticket.file.showsStrip || strip.width > 0
+                active: ticket.file.showsStrip || strip.width > 0
                 anchors.right: parent.right
                 height: parent.height
 
-                PageStrip {
-                    height: pages.height
+                sourceComponent: PageStrip {
                     file: ticket.file
                     pictures: ticket.pictures
                 }
@@ -116,17 +115,15 @@ Item {
             }
         }
 
-        Optional {
+        Loader {
             id: canvas
 
             anchors.left: strip.right
             anchors.right: dock.left
             height: parent.height
-            wanted: ticket.compare.loaded
+            active: ticket.compare.loaded
 
-            CompareCanvas {
-                width: canvas.width
-                height: canvas.height
+            sourceComponent: CompareCanvas {
                 compare: ticket.compare
                 notes: ticket.notes
                 pictures: ticket.pictures
@@ -163,11 +160,11 @@ Item {
                 Glide {}
             }
 
-            Optional {
-                wanted: dock.width > 0 && ticket.compare.loaded
+            Loader {
+                active: dock.width > 0 && ticket.compare.loaded
                 width: ticket.side.width
                 height: parent.height
-                content: ticket.panel
+                sourceComponent: ticket.panel
             }
 
             Hairline {
@@ -176,13 +173,13 @@ Item {
             }
         }
 
-        Optional {
+        Loader {
             id: floating
 
             // How far it has come in from the trailing edge.
             property real part: ticket.side.open && ticket.side.floats ? 1 : 0
 
-            wanted: part > 0 && ticket.compare.loaded
+            active: part > 0 && ticket.compare.loaded
             x: parent.width - part * (width + Theme.gap16)
             y: Theme.gap16
             height: parent.height - ticket.barHeight - 2 * Theme.gap16
@@ -194,7 +191,7 @@ Item {
                 Glide {}
             }
 
-            Rectangle {
+            sourceComponent: Rectangle {
                 radius: Theme.radiusCard
                 color: Theme.window
 
@@ -209,10 +206,10 @@ Item {
                     anchors.fill: parent
                 }
 
-                Optional {
+                Loader {
                     anchors.fill: parent
                     anchors.margins: 4
-                    content: ticket.panel
+                    sourceComponent: ticket.panel
                 }
             }
         }

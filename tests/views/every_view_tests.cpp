@@ -116,7 +116,6 @@ class EveryView : public ViewTest {
         {"Ticket/PageStrip", {pick("file"), pick("pictures")}},
         {"Jobs/ReportButtons", {pick("report")}},
         {"Jobs/ReportLines", {pick("report")}},
-        {"Jobs/ReportWork", {pick("report")}},
         {"Ticket/ReviewActions", {pick("file"), pick("report")}},
         {"Compare/NoRef", {{"what", "No FBC for this page"}, {"why", "It was never made."}}},
         {"Compare/BoxMark", {{"mark", boxMark}, {"place", QRectF{20, 30, 80, 20}}}},
@@ -268,8 +267,8 @@ class EveryView : public ViewTest {
 
  private:
   static inline const QStringList kFloats{
-      "Board/ActivityView", "Board/AssignPopover",  "Board/DuePopover", "Shell/Main",
-      "Shell/PanelWindow",  "Shell/SettingsWindow", "Shell/StripMenu"};
+      "Board/ActivityView", "Board/AssignPopover", "Board/DuePopover", "Shell/Main",
+      "Shell/PanelWindow", "Shell/SettingsWindow", "Shell/StripMenu"};
 
   std::pair<QString, QVariant> pick(const QString& name) {
     QVariantMap all = models();
