@@ -21,7 +21,7 @@ Item {
     property bool showExpected: false
 
     // From a card that was decided by key the keyboard goes on.
-    function goOn(card: FindingCard, way: var) {
+    function goOn(card: FindingCard, way: keyboardWay) {
         if (card.keyed)
             (cards.itemAt(way.row) as FindingCard)?.takeKeyboard(way.decision);
     }

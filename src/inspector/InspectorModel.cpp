@@ -25,7 +25,8 @@ void InspectorModel::update() {
 }
 
 template <class Press>
-QVariantMap InspectorModel::wayBy(Press press, const QString& id, const std::string& decision) {
+Qml<KeyboardWay> InspectorModel::wayBy(Press press, const QString& id,
+                                       const std::string& decision) {
   const std::string decided = id.toStdString();
   const bool wasInFront = store_.focus() == decided;
   press(store_, decided);
@@ -35,10 +36,10 @@ QVariantMap InspectorModel::wayBy(Press press, const QString& id, const std::str
   return toQml(keyboardWay(cards_.rows(), decided, following, decision)).toMap();
 }
 
-QVariantMap InspectorModel::realIssue(const QString& id) {
+Qml<KeyboardWay> InspectorModel::realIssue(const QString& id) {
   return wayBy(pressRealIssue, id, "issue");
 }
-QVariantMap InspectorModel::fine(const QString& id) { return wayBy(pressFine, id, "fine"); }
+Qml<KeyboardWay> InspectorModel::fine(const QString& id) { return wayBy(pressFine, id, "fine"); }
 void InspectorModel::note(const QString& id) { pressNote(store_, id.toStdString()); }
 void InspectorModel::press(const QString& id) { pressCard(store_, id.toStdString()); }
 

@@ -30,8 +30,8 @@ class InspectorModel : public QObject {
   QAbstractItemModel* others() { return &others_; }
 
   // Where the keyboard goes, should the press have been by key: a KeyboardWay over the `cards`.
-  Q_INVOKABLE QVariantMap realIssue(const QString& id);
-  Q_INVOKABLE QVariantMap fine(const QString& id);
+  Q_INVOKABLE Qml<KeyboardWay> realIssue(const QString& id);
+  Q_INVOKABLE Qml<KeyboardWay> fine(const QString& id);
   Q_INVOKABLE void note(const QString& id);
   Q_INVOKABLE void press(const QString& id);
   Q_INVOKABLE void goToPage(qlonglong page);
@@ -42,7 +42,7 @@ class InspectorModel : public QObject {
  private:
   void update();
   template <class Press>
-  QVariantMap wayBy(Press press, const QString& id, const std::string& decision);
+  Qml<KeyboardWay> wayBy(Press press, const QString& id, const std::string& decision);
 
   Store& store_;
   const MainLoop& clock_;

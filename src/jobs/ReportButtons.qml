@@ -10,7 +10,7 @@ Item {
 
     required property ReportModel report
 
-    readonly property Pressable stop: work.item ? work.item.stop : null
+    readonly property Pressable stop: (work.item as ReportWork)?.stop ?? null
 
     onStopChanged: handing.restart()
 
@@ -57,25 +57,8 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: active ? implicitWidth : 0
 
-        sourceComponent: Row {
-            readonly property alias stop: stopper
-
-            spacing: Theme.gap8
-
-            ReportProgress {
-                text: buttons.report.area.progress
-                onTicked: buttons.report.tick()
-            }
-
-            TextButton {
-                id: stopper
-
-                anchors.verticalCenter: parent.verticalCenter
-                enabled: !buttons.report.area.stopping
-                text: "Stop"
-                color: Theme.fore.red
-                onClicked: buttons.report.stop()
-            }
+        sourceComponent: ReportWork {
+            report: buttons.report
         }
     }
 }

@@ -24,7 +24,7 @@ Rectangle {
     }
 
     function stopEditing(byKey: bool) {
-        if (editor.item.activeFocus)
+        if ((editor.item as NoteEditor).activeFocus)
             more.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
         // What is around the row may fold now.
         editing = false;

@@ -116,6 +116,7 @@ class EveryView : public ViewTest {
         {"Ticket/PageStrip", {pick("file"), pick("pictures")}},
         {"Jobs/ReportButtons", {pick("report")}},
         {"Jobs/ReportLines", {pick("report")}},
+        {"Jobs/ReportWork", {pick("report")}},
         {"Ticket/ReviewActions", {pick("file"), pick("report")}},
         {"Compare/NoRef", {{"what", "No FBC for this page"}, {"why", "It was never made."}}},
         {"Compare/BoxMark", {{"mark", boxMark}, {"place", QRectF{20, 30, 80, 20}}}},
