@@ -32,18 +32,18 @@ std::string typeOf() {
     return typeOf<typename T::value_type>();
   } else if constexpr (isA<T, std::vector>) {
     return "QVariantList";
-  } else if constexpr (Described<T>) {
-    const auto name = names().find(typeid(T));
-    if (name == names().end()) {
-      throw std::runtime_error(std::string{"no VELLIX_VIEW names "} + typeid(T).name());
-    }
-    return "Qml<" + name->second + ">";
   } else if constexpr (std::is_same_v<T, Box>) {
     return "QRectF";
   } else if constexpr (std::is_same_v<T, Spot>) {
     return "QPointF";
   } else if constexpr (std::is_same_v<T, Extent>) {
     return "QSizeF";
+  } else if constexpr (Described<T>) {
+    const auto name = names().find(typeid(T));
+    if (name == names().end()) {
+      throw std::runtime_error(std::string{"no VELLIX_VIEW names "} + typeid(T).name());
+    }
+    return "Qml<" + name->second + ">";
   } else if constexpr (std::is_same_v<T, std::string>) {
     return "QString";
   } else if constexpr (std::is_same_v<T, bool>) {

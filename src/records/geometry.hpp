@@ -1,6 +1,7 @@
 // Rectangles, points and sizes.
 #pragma once
 
+#include <boost/describe.hpp>
 #include <optional>
 #include <vector>
 
@@ -12,6 +13,7 @@ struct Extent {
   double height = 0;
   bool operator==(const Extent&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Extent, (), (width, height))
 
 // Logical pixels.
 struct Spot {
@@ -19,6 +21,7 @@ struct Spot {
   double y = 0;
   bool operator==(const Spot&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Spot, (), (x, y))
 
 // A rectangle in logical pixels, or in fractions of a page's width and height where that is said.
 struct Box {
@@ -28,6 +31,7 @@ struct Box {
   double height = 0;
   bool operator==(const Box&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Box, (), (x, y, width, height))
 
 // The wire's rectangle: x, y, w, h as fractions of the page. None unless it is four finite numbers.
 std::optional<Box> boxOf(const std::optional<std::vector<double>>& numbers);

@@ -1,5 +1,4 @@
 // Side by side, overlay and blink; and the pinch.
-#include <limits>
 
 #include "compare/canvas_view.hpp"
 #include "store/store_test.hpp"
@@ -145,42 +144,6 @@ TEST_F(Modes, OpenTheLoupeByTheRolesOnShow) {
   EXPECT_EQ(view().loupe.crops.size(), 2U);
   store().shown.set({"supplier"});
   EXPECT_EQ(view().loupe.crops.size(), 2U) << "the finding's own reference";
-}
-
-class Pinches : public Modes {};
-
-TEST_F(Pinches, ZoomFromWhereTheyBegan) {
-  store().zoom.set(1.5);
-  pinch(store(), state, 1.2);
-  EXPECT_DOUBLE_EQ(store().zoom(), 1.8);
-  pinch(store(), state, 1.4);
-  EXPECT_DOUBLE_EQ(store().zoom(), 2.1) << "not 1.8 x 1.4";
-  pinch(store(), state, 0.1);
-  EXPECT_EQ(store().zoom(), 1);
-  pinch(store(), state, 100);
-  EXPECT_EQ(store().zoom(), 4);
-  state.pinchStart.reset();
-  pinch(store(), state, 0.5);
-  EXPECT_EQ(store().zoom(), 2);
-}
-
-TEST_F(Pinches, BeginWithAHundredth) {
-  pinch(store(), state, 1.009);
-  EXPECT_EQ(store().zoom(), 1);
-  EXPECT_FALSE(state.pinchStart);
-  pinch(store(), state, 1.011);
-  EXPECT_DOUBLE_EQ(store().zoom(), 1.011);
-  pinch(store(), state, 1.005);
-  EXPECT_DOUBLE_EQ(store().zoom(), 1.005) << "once begun, every change counts";
-}
-
-TEST_F(Pinches, TakeNothingThatIsNoMagnification) {
-  for (const double bad : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(),
-                           std::numeric_limits<double>::infinity()}) {
-    pinch(store(), state, bad);
-    EXPECT_EQ(store().zoom(), 1);
-    EXPECT_FALSE(state.pinchStart);
-  }
 }
 
 }  // namespace

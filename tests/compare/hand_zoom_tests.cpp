@@ -15,12 +15,18 @@ class HandZooms : public StoreTest {
 };
 
 TEST_F(HandZooms, CountAPinchFromWhereItBegan) {
-  hand.pinch(2);
-  hand.pinch(1.5);
-  EXPECT_DOUBLE_EQ(store().zoom(), 1.5);
+  store().zoomTo(1.5);
+  hand.pinch(1.2);
+  EXPECT_DOUBLE_EQ(store().zoom(), 1.8);
+  hand.pinch(1.4);
+  EXPECT_DOUBLE_EQ(store().zoom(), 2.1) << "not 1.8 x 1.4";
+  hand.pinch(0.1);
+  EXPECT_EQ(store().zoom(), 1);
+  hand.pinch(100);
+  EXPECT_EQ(store().zoom(), 4);
   hand.endPinch();
-  hand.pinch(2);
-  EXPECT_DOUBLE_EQ(store().zoom(), 3);
+  hand.pinch(0.5);
+  EXPECT_EQ(store().zoom(), 2);
 }
 
 TEST_F(HandZooms, TakeNoTremorForAPinch) {
