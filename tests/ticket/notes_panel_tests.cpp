@@ -15,9 +15,9 @@ struct Notes {
 };
 BOOST_DESCRIBE_STRUCT(Notes, (), (name, floats, drawer, pref, open))
 
-class NotesPanels : public StoreTest, public testing::WithParamInterface<Notes> {};
+class NotesPanelViews : public StoreTest, public testing::WithParamInterface<Notes> {};
 
-TEST_P(NotesPanels, AreOpenByTheDrawerOrThePreference) {
+TEST_P(NotesPanelViews, AreOpenByTheDrawerOrThePreference) {
   const auto& each = GetParam();
   store().notesFloat.set(each.floats);
   store().notesDrawer.set(each.drawer);
@@ -28,7 +28,7 @@ TEST_P(NotesPanels, AreOpenByTheDrawerOrThePreference) {
   EXPECT_EQ(notes.help, each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, NotesPanels,
+INSTANTIATE_TEST_SUITE_P(All, NotesPanelViews,
                          testing::Values(Notes{"DockedAndOn", false, false, true, true},
                                          Notes{"DockedAndOff", false, true, false, false},
                                          Notes{"FloatingAndOut", true, true, false, true},
