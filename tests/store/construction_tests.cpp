@@ -139,7 +139,7 @@ TEST_F(NewStore, OutlivesABoardThatHoldsAnAddressTwice) {
   EXPECT_EQ(store().usersByEmail().at("a")->name, "First");
 }
 
-TEST(Toasts, AreEqualOnlyToThemselves) {
+TEST(ToastValues, AreEqualOnlyToThemselves) {
   const Toast one{"Saved."};
   const Toast copy = one;
   EXPECT_EQ(one, copy);
