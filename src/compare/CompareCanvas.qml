@@ -193,7 +193,8 @@ Rectangle {
 
     MiddleDrag {
         anchors.fill: stage
-        stage: stage
+        enabled: stage.interactive
+        scroll: Qt.point(stage.contentX, stage.contentY)
         onDragged: (dx, dy) => canvas.pan(dx, dy)
     }
 

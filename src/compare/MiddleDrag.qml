@@ -4,7 +4,7 @@ import QtQuick
 MouseArea {
     id: drag
 
-    required property Flickable stage
+    required property point scroll  // how far the stage is
 
     signal dragged(real dx, real dy)
 
@@ -12,12 +12,11 @@ MouseArea {
     property point at
 
     acceptedButtons: Qt.MiddleButton
-    enabled: stage.interactive
     cursorShape: pressed ? Qt.ClosedHandCursor : undefined
     onPressed: mouse => {
-        from = Qt.point(stage.contentX, stage.contentY);
+        from = scroll;
         at = Qt.point(mouse.x, mouse.y);
     }
-    onPositionChanged: mouse => dragged(from.x + at.x - mouse.x - stage.contentX,
-                                        from.y + at.y - mouse.y - stage.contentY)
+    onPositionChanged: mouse => dragged(from.x + at.x - mouse.x - scroll.x,
+                                        from.y + at.y - mouse.y - scroll.y)
 }

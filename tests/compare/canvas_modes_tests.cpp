@@ -1,4 +1,4 @@
-// Side by side, overlay and blink; and the pinch.
+// Side by side, overlay and blink.
 
 #include "compare/canvas_view.hpp"
 #include "store/store_test.hpp"

@@ -13,6 +13,7 @@ struct Way {
   const char* following;
   KeyboardWay way;
 };
+BOOST_DESCRIBE_STRUCT(Way, (), (name, decisions, decided, following, way))
 
 class Ways : public testing::TestWithParam<Way> {};
 

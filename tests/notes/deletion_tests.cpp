@@ -12,6 +12,7 @@ struct Presses {
   bool pointed;  // at the second
   bool goes;
 };
+BOOST_DESCRIBE_STRUCT(Presses, (), (name, rested, pointed, goes))
 
 class Deletions : public testing::TestWithParam<Presses> {};
 

@@ -17,6 +17,7 @@ struct Scroll {
   bool placing;
   bool rushes;
 };
+BOOST_DESCRIBE_STRUCT(Scroll, (), (name, to, placing, rushes))
 
 class Scrolls : public testing::TestWithParam<Scroll> {};
 
@@ -51,6 +52,7 @@ struct Resize {
   bool gliding;
   bool brings;
 };
+BOOST_DESCRIBE_STRUCT(Resize, (), (name, before, gliding, brings))
 
 class Resizes : public testing::TestWithParam<Resize> {};
 

@@ -252,6 +252,7 @@ struct RowKey {
   bool taken;
   bool joins;
 };
+BOOST_DESCRIBE_STRUCT(RowKey, (), (name, key, modifiers, repeats, taken, joins))
 
 class RowKeys : public BoardModels, public testing::WithParamInterface<RowKey> {};
 

@@ -125,6 +125,7 @@ class EveryView : public ViewTest {
         {"Compare/DraftOutline", {{"mark", draftMark}, {"picture", QSizeF{300, 400}}}},
         {"Compare/DrawLayer", {{"page", 0}}},
         {"Compare/Loupe", {pick("compare"), pick("pictures"), {"takesEscape", true}}},
+        {"Compare/MiddleDrag", {{"scroll", QPointF{}}}},
         {"Compare/NoteMark",
          {{"mark", noteMark}, {"place", QRectF{20, 30, 80, 20}}, {"picture", QSizeF{300, 400}}}},
         {"Compare/NotePin", {{"number", 12}}},
@@ -268,8 +269,8 @@ class EveryView : public ViewTest {
 
  private:
   static inline const QStringList kFloats{
-      "Board/ActivityView", "Board/AssignPopover", "Board/DuePopover", "Shell/Main",
-      "Shell/PanelWindow", "Shell/SettingsWindow", "Shell/StripMenu"};
+      "Board/ActivityView", "Board/AssignPopover",  "Board/DuePopover", "Shell/Main",
+      "Shell/PanelWindow",  "Shell/SettingsWindow", "Shell/StripMenu"};
 
   std::pair<QString, QVariant> pick(const QString& name) {
     QVariantMap all = models();
@@ -288,6 +289,7 @@ TEST_F(EveryView, OfTheJobsLoads) { loadAll("Jobs"); }
 TEST_F(EveryView, OfTheInspectorLoads) { loadAll("Inspector"); }
 TEST_F(EveryView, OfTheNotesLoads) { loadAll("Notes"); }
 TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
+TEST_F(EveryView, OfTheTicketLoads) { loadAll("Ticket"); }
 
 TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {
   showMain(kSizes.front());
