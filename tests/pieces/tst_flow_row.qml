@@ -72,7 +72,7 @@ Item {
         }
 
         function test_added_and_removed() {
-            const four = another.createObject(row);
+            const four = another.createObject(row) as Item;
             tryCompare(four, "y", 30);
             compare(four.x, 50);
             compare(row.implicitWidth, 190);
