@@ -15,9 +15,16 @@
 
 namespace vellix {
 
-inline QVariant toQml(const Box& box) { return QRectF{box.x, box.y, box.width, box.height}; }
-inline QVariant toQml(Spot spot) { return QPointF{spot.x, spot.y}; }
-inline QVariant toQml(Extent extent) { return QSizeF{extent.width, extent.height}; }
+inline QRectF rectOf(const Box& box) { return {box.x, box.y, box.width, box.height}; }
+inline QPointF pointOf(Spot spot) { return {spot.x, spot.y}; }
+inline QSizeF sizeOf(Extent extent) { return {extent.width, extent.height}; }
+inline Box boxOf(const QRectF& rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
+inline Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
+inline Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
+
+inline QVariant toQml(const Box& box) { return rectOf(box); }
+inline QVariant toQml(Spot spot) { return pointOf(spot); }
+inline QVariant toQml(Extent extent) { return sizeOf(extent); }
 
 template <class T>
 QVariant toQml(const T& value) {
@@ -46,9 +53,5 @@ QVariant toQml(const T& value) {
 // lint knows which value it is.
 template <class T>
 using Qml = std::conditional_t<isA<T, std::vector>, QVariantList, QVariantMap>;
-
-inline Box boxOf(const QRectF& rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
-inline Spot spotOf(QPointF point) { return {point.x(), point.y()}; }
-inline Extent extentOf(QSizeF size) { return {size.width(), size.height()}; }
 
 }  // namespace vellix

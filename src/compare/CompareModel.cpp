@@ -11,7 +11,7 @@ namespace {
 
 QRectF markOn(Box (*mark)(const Box&, Extent), QRectF box, QSizeF picture) {
   const Extent size = extentOf(picture);
-  return toQml(inSight(mark(boxOf(box), size), size)).toRectF();
+  return rectOf(inSight(mark(boxOf(box), size), size));
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ Qml<CropLayout> CompareModel::cropLayout(QRectF part, const QVariantList& boxes,
 }
 
 QSizeF CompareModel::cropPlace(double width, int crops) {
-  return toQml(vellix::cropPlace(width, static_cast<std::size_t>(std::max(crops, 0)))).toSizeF();
+  return sizeOf(vellix::cropPlace(width, static_cast<std::size_t>(std::max(crops, 0))));
 }
 
 void CompareModel::stepPage(int delta) {

@@ -6,11 +6,6 @@
 #include "compare/marks.hpp"
 
 namespace vellix {
-namespace {
-
-QPointF pointOf(Spot spot) { return {spot.x, spot.y}; }
-
-}  // namespace
 
 StageModel::StageModel(Store& store, const std::vector<PaneView>& panes)
     : panes_(panes), hand_(store) {}
