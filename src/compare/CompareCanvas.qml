@@ -47,7 +47,7 @@ Rectangle {
         reveal.stop();
         const anchor = compare.stage.glides ? Qt.point(stage.width / 2, stage.height / 2) : hand;
         const to = compare.stage.lay(Qt.size(stage.width, stage.height), zoom,
-                                    Qt.point(stage.contentX, stage.contentY), anchor);
+                                     Qt.point(stage.contentX, stage.contentY), anchor);
         stage.contentX = to.x;
         stage.contentY = to.y;
     }
@@ -79,7 +79,7 @@ Rectangle {
 
         function onSelected() {
             canvas.scrollTo(canvas.compare.stage.revealSelected(Qt.point(stage.contentX, stage.contentY),
-                                                          canvas.covered));
+                                                                canvas.covered));
         }
         function onDrafted() {
             card.begin();
@@ -184,8 +184,8 @@ Rectangle {
                 onNoteAsked: canvas.notesWanted()
                 onSought: mark => {
                     const place = mark.mapToItem(stage.contentItem, 0, 0, mark.width, mark.height);
-                    canvas.scrollTo(canvas.compare.stage.reveal(place, Qt.point(stage.contentX, stage.contentY),
-                                                          canvas.covered));
+                    canvas.scrollTo(canvas.compare.stage.reveal(
+                        place, Qt.point(stage.contentX, stage.contentY), canvas.covered));
                 }
             }
         }
@@ -275,8 +275,8 @@ Rectangle {
             onKeptOut: stage.forceActiveFocus(Qt.OtherFocusReason)
             onBegun: {
                 const place = Qt.rect(canvas.compare.stage.card.x, canvas.compare.stage.card.y, width, height);
-                canvas.scrollTo(canvas.compare.stage.reveal(place, Qt.point(stage.contentX, stage.contentY),
-                                                      canvas.covered));
+                canvas.scrollTo(canvas.compare.stage.reveal(
+                    place, Qt.point(stage.contentX, stage.contentY), canvas.covered));
             }
         }
     }

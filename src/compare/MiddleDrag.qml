@@ -2,8 +2,6 @@ import QtQuick
 
 // The middle button drags the stage also where the left one draws.
 MouseArea {
-    id: drag
-
     required property point scroll  // how far the stage is
 
     signal dragged(real dx, real dy)

@@ -1,8 +1,8 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Vellix.Notes
 import Vellix.Inspector
+import Vellix.Notes
 import Vellix.Pictures
 import Vellix.Pieces
 
