@@ -1,5 +1,3 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pictures
@@ -101,10 +99,6 @@ Item {
             onTriggered: rows.settled = true
         }
 
-        function sortRows() {
-            order.sort(contentItem);
-        }
-
         // Its neighbours come into view too, so that they are there to go to.
         function reveal(index: int) {
             for (const row of [index - 1, index + 1, index])
@@ -113,6 +107,8 @@ Item {
 
         TabOrder {
             id: order
+
+            content: rows.contentItem
         }
 
         Accessible.role: Accessible.List
@@ -132,8 +128,8 @@ Item {
             width: rows.width - rows.leftMargin - rows.rightMargin
             sourceComponent: header ? groupHeader : ticketRow
 
-            Component.onCompleted: Qt.callLater(rows.sortRows)
-            onIndexChanged: Qt.callLater(rows.sortRows)
+            Component.onCompleted: order.sortSoon()
+            onIndexChanged: order.sortSoon()
             onActiveFocusChanged: {
                 if (activeFocus)
                     rows.reveal(index);

@@ -1,5 +1,3 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
 import QtQuick
 import Vellix.Jobs
 import Vellix.Pieces
@@ -9,10 +7,6 @@ Item {
     id: buttons
 
     required property ReportModel report
-
-    readonly property Pressable stop: (work.item as ReportWork)?.stop ?? null
-
-    onStopChanged: handing.restart()
 
     implicitWidth: report.area.working ? work.width : make.implicitWidth
     implicitHeight: 28
@@ -30,8 +24,8 @@ Item {
 
         interval: 0
         onTriggered: {
-            const next = buttons.report.area.working ? buttons.stop : make;
-            if (!hold.held || !next || !next.visible || !next.enabled || next.visualFocus)
+            const next = buttons.report.area.working ? work.stop : make;
+            if (!hold.held || !next.visible || !next.enabled || next.visualFocus)
                 return;
             next.forceActiveFocus(Qt.TabFocusReason);
         }
@@ -50,15 +44,11 @@ Item {
         onClicked: buttons.report.make()
     }
 
-    Loader {
+    ReportWork {
         id: work
 
-        active: buttons.report.area.working
+        visible: buttons.report.area.working
         anchors.verticalCenter: parent.verticalCenter
-        width: active ? implicitWidth : 0
-
-        sourceComponent: ReportWork {
-            report: buttons.report
-        }
+        report: buttons.report
     }
 }

@@ -1,6 +1,7 @@
 #include "pieces/TabOrder.hpp"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace vellix {
@@ -13,10 +14,16 @@ struct Row {
 
 }  // namespace
 
-void TabOrder::sort(QQuickItem* content) {
-  if (!content) return;
+void TabOrder::sortSoon() {
+  if (std::exchange(asked_, true)) return;
+  QMetaObject::invokeMethod(this, &TabOrder::sort, Qt::QueuedConnection);
+}
+
+void TabOrder::sort() {
+  asked_ = false;
+  if (!content_) return;
   std::vector<Row> rows;
-  const auto children = content->childItems();
+  const auto children = content_->childItems();
   for (QQuickItem* child : children) {
     bool numbered = false;
     const int index = child->property("index").toInt(&numbered);

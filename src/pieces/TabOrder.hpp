@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
+#include <QPointer>
 #include <QQuickItem>
 
 namespace vellix {
@@ -10,12 +11,20 @@ namespace vellix {
 class TabOrder : public QObject {
   Q_OBJECT
   QML_ELEMENT
+  // What holds the rows. Not owned.
+  Q_PROPERTY(QQuickItem* content MEMBER content_)
 
  public:
   using QObject::QObject;
 
-  // Stacks the children of `content` that have an `index` by it.
-  Q_INVOKABLE static void sort(QQuickItem* content);
+  // Stacks those that have an `index` by it, once all that moves at the moment has moved.
+  Q_INVOKABLE void sortSoon();
+
+ private:
+  void sort();
+
+  QPointer<QQuickItem> content_;
+  bool asked_ = false;
 };
 
 }  // namespace vellix
