@@ -1,5 +1,3 @@
-// A Loader of Qt 6.4 cannot make bound components, so these see their ids unbound.
-// qmllint disable unqualified
 import QtQuick
 import Vellix.Board
 import Vellix.Pieces

@@ -1,4 +1,5 @@
-"""Fails when lint does not see a field of a view value that is misspelt, however it is reached.
+"""Fails when lint does not see a field of a view value that is misspelt, however it is reached,
+in the view itself and in what a Loader makes.
 
 lint_sees_fields.py BUILD
 """
@@ -23,10 +24,17 @@ Item {{
     readonly property canvasBarView bar: compare.bar
 
     Text {{
-        text: {}
+        text: {0}
+    }}
+
+    Loader {{
+        sourceComponent: Text {{
+            text: {0}
+        }}
     }}
 }}
 """
+PLACES = 2
 
 # What is right, and the same misspelt: of a model's value, of one in one, of one that was handed
 # over, of one that is told by another name, of what is Qt's own in one.
@@ -57,8 +65,10 @@ def main(build):
             if code:
                 complaints.append(f"{right} is right, and lint says: {said}")
             code, said = said_of(imports, folder, wrong)
-            if not code or wrong.rsplit(".", 1)[-1] not in said:
-                complaints.append(f"lint says nothing of {wrong}")
+            misspelt = wrong.rsplit(".", 1)[-1]
+            seen = [line for line in said.splitlines() if misspelt in line]
+            if not code or len(seen) != PLACES:
+                complaints.append(f"of {wrong} lint says in {PLACES} places: {seen}")
     for complaint in complaints:
         print(complaint)
     return bool(complaints)

@@ -1,4 +1,4 @@
-// The probe is of the test program.
+// The probe is the test program's, of which qmllint knows nothing.
 // qmllint disable unqualified
 import QtQuick
 import QtTest
