@@ -21,6 +21,8 @@ Failure failureOf(HttpError error) {
       return Failure::offline("This Mac is offline. Vellix will catch up when it's back.");
     case HttpError::notHttp:
       return Failure::offline("Can't reach the Vellix server right now.");
+    case HttpError::bodyLost:
+      return Failure::unwritable("the body could not be read to its end");
     case HttpError::timedOut:
     case HttpError::cancelled:
     case HttpError::tooLarge:
@@ -103,8 +105,9 @@ HttpRequest API::build(const Request& request) {
   if (!request.json->empty()) {
     http.body = *request.json;
     set("Content-Type", "application/json");
-  } else if (request.data) {
+  } else if (request.data || request.stream) {
     http.body = request.data;
+    if (!request.data) http.stream = request.stream;
     set("Content-Type", request.contentType.value_or("application/octet-stream"));
   }
   if (request.etag) set("If-None-Match", *request.etag);

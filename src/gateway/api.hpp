@@ -27,12 +27,13 @@ class API {
   template <class T>
   using Result = std::expected<T, Failure>;
 
-  // Everything of one request. A body of bytes goes out as `contentType`.
+  // Everything of one request. A body of bytes or a stream goes out as `contentType`.
   struct Request {
     std::string path;  // relative, no leading slash
     std::string method = "GET";
     Result<std::string> json{std::string{}};  // encoded body; empty for none
     std::optional<std::string> data;          // raw body, used when there is no JSON
+    std::shared_ptr<HttpBody> stream;         // raw body, used when there is neither
     std::optional<std::string> contentType;
     std::optional<std::string> etag;  // If-None-Match
     std::map<std::string, std::string> query;

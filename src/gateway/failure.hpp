@@ -13,7 +13,7 @@ struct Failure {
     signedOut,   // the service does not know the token
     cancelled,   // the user called it off
     unreadable,  // an answer that does not decode
-    unwritable,  // a body that cannot be put into JSON
+    unwritable,  // a body that cannot be put into JSON, or read to its end
   };
   Kind kind;
   std::string text;

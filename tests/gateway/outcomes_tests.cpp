@@ -50,6 +50,13 @@ INSTANTIATE_TEST_SUITE_P(
                                  "Can't reach the Vellix server right now."}),
     [](const auto& each) { return each.param.name; });
 
+TEST(LostBody, HasNoWordsForTheUser) {
+  const auto outcome = outcomeOf(std::unexpected(HttpError::bodyLost));
+  ASSERT_FALSE(outcome);
+  EXPECT_EQ(outcome.error().kind, Failure::Kind::unwritable);
+  EXPECT_FALSE(outcome.error().description());
+}
+
 struct RefusalCase {
   const char* name;
   int status;

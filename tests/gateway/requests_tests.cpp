@@ -137,6 +137,27 @@ TEST(Request, CallsRawBytesWithoutATypeAnOctetStream) {
   EXPECT_EQ(exchange.header("Content-Type"), "application/octet-stream");
 }
 
+TEST(Request, HandsAStreamOnAsItsType) {
+  Desk desk;
+  const auto pdf = std::make_shared<FakeBody>(5);
+  const auto& exchange = sent(
+      desk, {.path = "api/x", .method = "PUT", .stream = pdf, .contentType = "application/pdf"});
+  EXPECT_EQ(exchange.request.stream, pdf);
+  EXPECT_FALSE(exchange.request.body);
+  EXPECT_EQ(exchange.header("Content-Type"), "application/pdf");
+  EXPECT_EQ(sent(desk, {.path = "api/x", .method = "PUT", .stream = pdf}).header("Content-Type"),
+            "application/octet-stream");
+}
+
+TEST(Request, PrefersRawBytesToAStream) {
+  Desk desk;
+  const auto& exchange = sent(
+      desk,
+      {.path = "api/x", .method = "PUT", .data = "raw", .stream = std::make_shared<FakeBody>(5)});
+  EXPECT_EQ(exchange.request.body, "raw");
+  EXPECT_FALSE(exchange.request.stream);
+}
+
 TEST(Request, HasNoContentTypeWithoutABody) {
   Desk desk;
   const auto& exchange = sent(desk, {.path = "api/x", .method = "POST", .contentType = "a/b"});

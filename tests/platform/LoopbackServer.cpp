@@ -79,6 +79,17 @@ void Peer::skip(std::size_t count) {
   buffer_.erase(0, count);
 }
 
+bool Peer::drain(std::size_t count, const std::function<void(std::string_view)>& see) {
+  while (count > 0) {
+    if (buffer_.empty() && !readMore()) return false;
+    const std::size_t taken = std::min(count, buffer_.size());
+    see(std::string_view(buffer_).substr(0, taken));
+    buffer_.erase(0, taken);
+    count -= taken;
+  }
+  return true;
+}
+
 void Peer::waitForClose() {
   while (readMore()) buffer_.clear();
 }

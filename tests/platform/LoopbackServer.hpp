@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -32,6 +33,8 @@ class Peer {
   bool send(const std::string& bytes);
   // Reads that many bytes away.
   void skip(std::size_t count);
+  // The same, a piece at a time, so that none of it is kept. False when the client closes first.
+  bool drain(std::size_t count, const std::function<void(std::string_view)>& see);
   // Waits until the client closes, or the server ends.
   void waitForClose();
 

@@ -7,8 +7,11 @@
 
 #include "platform/ports/badge.hpp"
 #include "platform/ports/calendar.hpp"
+#include "platform/ports/clipboard.hpp"
 #include "platform/ports/defaults.hpp"
+#include "platform/ports/local_files.hpp"
 #include "platform/ports/machine.hpp"
+#include "platform/ports/main_loop.hpp"
 #include "platform/ports/token_store.hpp"
 #include "platform/ports/url_opener.hpp"
 #include "platform/ports/uuids.hpp"
@@ -77,6 +80,43 @@ class FakeOpener : public UrlOpener {
   }
   std::vector<std::string> opened;
   bool works = true;
+};
+
+class FakeClipboard : public Clipboard {
+ public:
+  void put(const std::string& text) override { texts.push_back(text); }
+  std::vector<std::string> texts;  // the latest last
+};
+
+// A body of so many bytes, of which none is ever read here.
+class FakeBody : public HttpBody {
+ public:
+  explicit FakeBody(std::int64_t bytes) : bytes_(bytes) {}
+  std::int64_t size() const override { return bytes_; }
+  std::optional<std::size_t> read(char*, std::size_t) override { return std::nullopt; }
+
+ private:
+  std::int64_t bytes_;
+};
+
+class FakeLocalFiles : public LocalFiles {
+ public:
+  explicit FakeLocalFiles(MainLoop& loop) : loop_(loop) {}
+
+  Pending<std::shared_ptr<HttpBody>> open(std::string path) override {
+    opened.push_back(path);
+    const auto found = sizes.find(path);
+    const auto body = found == sizes.end() ? nullptr : std::make_shared<FakeBody>(found->second);
+    const Resolver<std::shared_ptr<HttpBody>> resolver;
+    loop_.post([resolver, body] { resolver(body); });
+    return resolver.pending();
+  }
+
+  std::map<std::string, std::int64_t> sizes;  // by path; no other can be read
+  std::vector<std::string> opened;
+
+ private:
+  MainLoop& loop_;
 };
 
 class FakeUuids : public Uuids {

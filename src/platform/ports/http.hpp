@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <expected>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -31,11 +33,22 @@ struct HttpResponse {
   }
 };
 
+// A body that is read piece by piece, as the network takes it. Read on one thread at a time.
+class HttpBody {
+ public:
+  virtual ~HttpBody() = default;
+  virtual std::int64_t size() const = 0;  // bytes, announced ahead of them
+  // The next bytes: `most` of them, or all that are left. None once they are not to be had as they
+  // were announced.
+  virtual std::optional<std::size_t> read(char* to, std::size_t most) = 0;
+};
+
 struct HttpRequest {
   std::string method;
   std::string url;  // absolute, percent-encoded
   std::vector<std::pair<std::string, std::string>> headers;
   std::optional<std::string> body;
+  std::shared_ptr<HttpBody> stream;  // in place of a body, and read once
   // The longest silence on the wire, from when the request goes out: the time that it waits for
   // its turn does not count.
   Milliseconds timeout{60'000};
@@ -51,7 +64,8 @@ enum class HttpError {
   timedOut,
   cancelled,
   tooLarge,
-  notHttp,  // an answer came that is not HTTP
+  notHttp,   // an answer came that is not HTTP
+  bodyLost,  // the stream had fewer bytes than it announced: the service has got no whole body
   other,
 };
 

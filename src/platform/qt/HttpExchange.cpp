@@ -20,6 +20,28 @@ int timerMilliseconds(Milliseconds timeout) {
   return static_cast<int>(std::ceil(std::clamp(count, 1.0, kLongestTimeout)));
 }
 
+class BytesBody : public HttpBody {
+ public:
+  explicit BytesBody(std::string bytes) : bytes_(std::move(bytes)) {}
+  std::int64_t size() const override { return static_cast<std::int64_t>(bytes_.size()); }
+  std::optional<std::size_t> read(char* to, std::size_t most) override {
+    const std::size_t count = bytes_.copy(to, most, taken_);
+    taken_ += count;
+    return count;
+  }
+
+ private:
+  const std::string bytes_;
+  std::size_t taken_ = 0;
+};
+
+// An empty body is a body too: without a device the request would be sent twice.
+std::shared_ptr<HttpBody> bodyOf(HttpRequest& request) {
+  if (request.stream) return std::move(request.stream);
+  std::string bytes = request.body ? std::move(*request.body) : std::string();
+  return std::make_shared<BytesBody>(std::move(bytes));
+}
+
 bool breaksTheHead(const std::string& text) {
   return text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos;
 }
@@ -95,10 +117,10 @@ QNetworkReply* HttpExchange::sendThrough(QNetworkAccessManager& manager) {
   QNetworkRequest out = networkRequest(request_, url, limits_.answer);
   if (request_.method == "GET") return manager.get(out);
   if (request_.method == "HEAD") return manager.head(out);
-  // An empty body is a body too: without a device the request would be sent twice.
-  std::string body = request_.body ? std::move(*request_.body) : std::string();
-  out.setHeader(QNetworkRequest::ContentLengthHeader, static_cast<qint64>(body.size()));
-  upload_ = std::make_unique<UploadDevice>(std::move(body), [this] { progressed(); });
+  auto body = bodyOf(request_);
+  out.setHeader(QNetworkRequest::ContentLengthHeader, static_cast<qint64>(body->size()));
+  upload_ = std::make_unique<UploadDevice>(
+      std::move(body), [this] { progressed(); }, [this] { bodyLost(); });
   return manager.sendCustomRequest(out, QByteArray::fromStdString(request_.method), upload_.get());
 }
 
@@ -121,6 +143,11 @@ void HttpExchange::followReply() {
 
 void HttpExchange::progressed() {
   if (done_ && idle_.isActive()) idle_.start();
+}
+
+// Told in the midst of a reading, which has to end first.
+void HttpExchange::bodyLost() {
+  QMetaObject::invokeMethod(this, [this] { abort(HttpError::bodyLost); }, Qt::QueuedConnection);
 }
 
 void HttpExchange::sent() {

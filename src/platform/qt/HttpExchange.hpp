@@ -37,6 +37,7 @@ class HttpExchange : public QObject {
   QNetworkReply* sendThrough(QNetworkAccessManager& manager);
   void followReply();
   void progressed();
+  void bodyLost();
   void sent();
   HttpError reasonOf(QNetworkReply::NetworkError error) const;
   int status() const;

@@ -3,7 +3,9 @@
 
 #include <QIODevice>
 #include <functional>
-#include <string>
+#include <memory>
+
+#include "platform/ports/http.hpp"
 
 namespace vellix {
 
@@ -11,14 +13,16 @@ namespace vellix {
 // sent again when the connection closes.
 class UploadDevice : public QIODevice {
  public:
-  // `progress` is called on the reading thread whenever bytes are taken.
-  UploadDevice(std::string bytes, std::function<void()> progress);
+  // Both are called on the reading thread: `progress` whenever bytes are taken, `failed` once when
+  // the rest is not to be had.
+  UploadDevice(std::shared_ptr<HttpBody> body, std::function<void()> progress,
+               std::function<void()> failed);
 
   bool isSequential() const override { return true; }
   bool seek(qint64) override { return false; }
   bool reset() override { return false; }
   bool begun() const { return taken_ > 0; }
-  bool atEnd() const override { return taken_ == bytes_.size(); }
+  bool atEnd() const override { return taken_ == size_; }
   qint64 bytesAvailable() const override;
 
  protected:
@@ -26,9 +30,12 @@ class UploadDevice : public QIODevice {
   qint64 writeData(const char*, qint64) override { return -1; }
 
  private:
-  std::string bytes_;
-  std::size_t taken_ = 0;
+  const std::shared_ptr<HttpBody> body_;
+  const qint64 size_;
+  qint64 taken_ = 0;
+  bool broken_ = false;
   std::function<void()> progress_;
+  std::function<void()> failed_;
 };
 
 }  // namespace vellix

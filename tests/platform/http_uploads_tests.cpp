@@ -1,0 +1,372 @@
+// Bodies that are streamed from the disk, against a server that does its worst.
+#include <gmock/gmock.h>
+
+#include <QTemporaryDir>
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <future>
+#include <utility>
+
+#include "platform/http_support.hpp"
+#include "platform/qt/OpenedFile.hpp"
+#include "support/words_of_rows.hpp"
+
+namespace vellix {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kMost = 59'999'999;  // of a revision, in bytes
+
+std::size_t announced(const SeenRequest& seen) {
+  return std::stoul(seen.header("Content-Length").value_or("0"));
+}
+
+// Of the bytes as they come, so that none of them has to be kept.
+struct Sum {
+  std::size_t count = 0;
+  std::uint64_t value = 0;
+  void add(std::string_view bytes) {
+    for (const char c : bytes) value = value * 1'099'511'628'211U + static_cast<unsigned char>(c);
+    count += bytes.size();
+  }
+};
+
+class HttpUpload : public testing::Test {
+ protected:
+  // Every piece is another one, so that none may stand for the next.
+  fs::path write(std::size_t count) {
+    const fs::path path = fs::path(folder_.path().toStdString()) / "proof.pdf";
+    std::ofstream out(path, std::ios::binary);
+    std::string piece;
+    for (std::size_t at = 0; at < count; at += piece.size()) {
+      piece.assign(std::min<std::size_t>(4'096, count - at), static_cast<char>(at / 4'096));
+      piece[0] = static_cast<char>(at >> 20);
+      sent_.add(piece);
+      out << piece;
+    }
+    return path;
+  }
+  HttpRequest put(const LoopbackServer& server, const fs::path& path) {
+    HttpRequest out = request("PUT", server.url("/api/files/1/versions"), HttpLane::transfers);
+    out.headers = {{"Content-Type", "application/pdf"}, {"x-note", ""}};
+    out.stream = OpenedFile::open(path.string());
+    EXPECT_TRUE(out.stream);
+    return out;
+  }
+  static std::size_t putsSeen(const LoopbackServer& server) {
+    const auto seen = server.seen();
+    return static_cast<std::size_t>(std::count_if(
+        seen.begin(), seen.end(), [](const auto& one) { return one.line.starts_with("PUT "); }));
+  }
+  // The one upload is all that the server ever got, and the lane goes on.
+  static void expectOne(QtHttp& http, const LoopbackServer& server) {
+    const auto ping = exchange(http, request("GET", server.url("/ping"), HttpLane::transfers));
+    EXPECT_TRUE(ping.has_value());
+    EXPECT_EQ(putsSeen(server), 1U);
+  }
+
+  QTemporaryDir folder_;
+  Sum sent_;
+};
+
+// Notes each head, answers "/ping", and does with the rest what the test says.
+LoopbackServer::Serve uploads(LoopbackServer*& self,
+                              std::function<void(Peer&, const SeenRequest&)> serve) {
+  return [&self, serve = std::move(serve)](Peer& peer) {
+    while (const auto seen = peer.readHead()) {
+      self->note(*seen);
+      if (!seen->line.starts_with("GET /ping")) return serve(peer, *seen);
+      if (!peer.send(answer(200, "pong"))) return;
+    }
+  };
+}
+
+TEST_F(HttpUpload, GoesOutAsItLiesOnTheDisk) {
+  for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{16'384},
+                                  std::size_t{16'385}, std::size_t{3'000'001}}) {
+    sent_ = {};
+    Sum got;
+    LoopbackServer* self = nullptr;
+    LoopbackServer server(uploads(self, [&got](Peer& peer, const SeenRequest& seen) {
+      if (!peer.drain(announced(seen), [&](auto bytes) { got.add(bytes); })) return;
+      peer.send(answer(200, R"({"version":2})"));
+      peer.waitForClose();
+    }));
+    self = &server;
+    QtHttp http;
+    const auto result = exchange(http, put(server, write(count)));
+    ASSERT_TRUE(result.has_value()) << static_cast<int>(result.error());
+    EXPECT_EQ(result->body, R"({"version":2})");
+    EXPECT_EQ(got.count, count);
+    EXPECT_EQ(got.value, sent_.value);
+    const SeenRequest seen = server.seen().at(0);
+    EXPECT_EQ(seen.header("Content-Length"), std::to_string(count));
+    EXPECT_EQ(seen.header("Content-Type"), "application/pdf");
+    EXPECT_EQ(seen.header("x-note"), "") << "an empty one is there as well";
+    EXPECT_FALSE(seen.header("Transfer-Encoding"));
+  }
+}
+
+std::int64_t kilobytes(const std::string& field) {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with(field + ":")) return std::stol(line.substr(field.size() + 1));
+  }
+  return -1;
+}
+
+TEST_F(HttpUpload, TakesLittleMemoryHoweverLongItIs) {
+  Sum got;
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(uploads(self, [&got](Peer& peer, const SeenRequest& seen) {
+    if (!peer.drain(announced(seen), [&](auto bytes) { got.add(bytes); })) return;
+    peer.send(answer(200, "{}"));
+    peer.waitForClose();
+  }));
+  self = &server;
+  const auto path = write(kMost);
+  QtHttp http;
+  ASSERT_TRUE(exchange(http, request("GET", server.url("/ping"), HttpLane::transfers)));
+  std::ofstream("/proc/self/clear_refs") << 5;  // the peak begins anew
+  const std::int64_t before = kilobytes("VmRSS");
+  ASSERT_TRUE(exchange(http, put(server, path)).has_value());
+  EXPECT_LT(kilobytes("VmHWM") - before, 16 * 1'024);
+  EXPECT_EQ(got.count, kMost);
+  EXPECT_EQ(got.value, sent_.value);
+}
+
+// However slow the network, no more is read than it takes.
+TEST_F(HttpUpload, IsReadAsTheNetworkTakesIt) {
+  class Counted : public HttpBody {
+   public:
+    std::int64_t size() const override { return kMost; }
+    std::optional<std::size_t> read(char* to, std::size_t most) override {
+      std::fill_n(to, most, 'p');
+      taken += most;
+      return most;
+    }
+    std::atomic<std::size_t> taken = 0;
+  };
+  std::promise<void> go;
+  LoopbackServer stuck([going = go.get_future().share()](Peer& peer) {
+    if (peer.readHead()) going.wait();
+  });
+  const auto body = std::make_shared<Counted>();
+  QtHttp http;
+  std::stop_source stop;
+  HttpRequest out = request("PUT", stuck.url("/slow"), HttpLane::transfers);
+  out.stream = body;
+  const auto pending = http.send(out, stop.get_token());
+  // The sender is stuck once nothing more leaves it.
+  std::size_t before = kMost;
+  waitUntil([&] { return body->taken > 0 && std::exchange(before, body->taken) == body->taken; });
+  EXPECT_LT(body->taken, 20'000'000U);
+  stop.request_stop();
+  go.set_value();
+  EXPECT_EQ(await(pending)->error(), HttpError::cancelled);
+}
+
+struct Meddling {
+  const char* name;
+  std::function<void(const fs::path&)> meddle;
+};
+BOOST_DESCRIBE_STRUCT(Meddling, (), (name))
+
+class MeddledUpload : public HttpUpload, public testing::WithParamInterface<Meddling> {};
+
+// The server holds the upload in its midst until the file is another one.
+TEST_P(MeddledUpload, EndsInOneFailureAndNeverAsAWhole) {
+  std::promise<void> begun;
+  std::promise<void> meddled;
+  std::atomic<bool> whole = false;
+  std::size_t got = 0;
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(
+      uploads(self, [&, going = meddled.get_future().share()](Peer& peer, const SeenRequest& seen) {
+        const auto count = [&got](std::string_view bytes) { got += bytes.size(); };
+        peer.drain(100'000, count);
+        begun.set_value();
+        going.wait();
+        whole = peer.drain(announced(seen) - 100'000, count);
+        if (whole) peer.send(answer(200, "{}"));
+      }));
+  self = &server;
+  const auto path = write(kMost);
+  QtHttp http;
+  const auto pending = http.send(put(server, path), {});
+  ASSERT_TRUE(waitUntil([start = begun.get_future().share()] {
+    return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+  }));
+  GetParam().meddle(path);
+  meddled.set_value();
+  const auto result = await(pending);
+  ASSERT_TRUE(result);
+  ASSERT_FALSE(result->has_value());
+  EXPECT_EQ(result->error(), HttpError::bodyLost);
+  expectOne(http, server);
+  EXPECT_FALSE(whole);
+  EXPECT_LT(got, kMost) << "what was announced";
+}
+
+void later(const fs::path& path) {
+  fs::last_write_time(path, fs::last_write_time(path) + std::chrono::seconds(10));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , MeddledUpload,
+    testing::Values(Meddling{"writtenTo",
+                             [](const fs::path& path) {
+                               std::fstream out(path, std::ios::in | std::ios::out);
+                               out.seekp(kMost - 5);
+                               out << "other";
+                               out.close();
+                               later(path);
+                             }},
+                    Meddling{"cut", [](const fs::path& path) { fs::resize_file(path, 200'000); }},
+                    Meddling{"grown",
+                             [](const fs::path& path) { fs::resize_file(path, kMost + 1); }},
+                    Meddling{"replaced",
+                             [](const fs::path& path) {
+                               const auto other = path.parent_path() / "other";
+                               fs::copy_file(path, other);
+                               fs::rename(other, path);
+                             }},
+                    Meddling{"gone", [](const fs::path& path) { fs::remove(path); }}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST_F(HttpUpload, OfAFileThatIsAnotherOneBeforeItBeginsSendsNoneOfIt) {
+  std::size_t got = 0;
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(uploads(self, [&got](Peer& peer, const SeenRequest& seen) {
+    peer.drain(announced(seen), [&got](std::string_view bytes) { got += bytes.size(); });
+  }));
+  self = &server;
+  const auto path = write(100'000);
+  HttpRequest out = put(server, path);
+  fs::remove(path);
+  QtHttp http;
+  const auto result = exchange(http, std::move(out));
+  ASSERT_FALSE(result.has_value());
+  EXPECT_EQ(result.error(), HttpError::bodyLost);
+  ASSERT_TRUE(exchange(http, request("GET", server.url("/ping"), HttpLane::transfers)));
+  EXPECT_LE(putsSeen(server), 1U);
+  EXPECT_EQ(got, 0U);
+}
+
+struct Refusal {
+  const char* name;
+  int status;
+  bool readsOn;  // what is still to come of the body
+};
+BOOST_DESCRIBE_STRUCT(Refusal, (), (name, status, readsOn))
+
+class RefusedUpload : public HttpUpload, public testing::WithParamInterface<Refusal> {};
+
+// A server that reads on is heard. One that closes may not be: the connection is gone before that.
+TEST_P(RefusedUpload, IsSentOnceAndLeavesItsFileAlone) {
+  const Refusal& refusal = GetParam();
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(uploads(self, [&refusal](Peer& peer, const SeenRequest& seen) {
+    const auto drop = [](std::string_view) {};
+    peer.drain(100'000, drop);
+    peer.send(answer(refusal.status, R"({"error":"No."})", "Connection: close\r\n"));
+    if (refusal.readsOn) peer.drain(announced(seen) - 100'000, drop);
+  }));
+  self = &server;
+  const auto path = write(kMost);
+  const auto then = fs::last_write_time(path);
+  QtHttp http;
+  const auto result = exchange(http, put(server, path));
+  if (refusal.readsOn) {
+    ASSERT_TRUE(result.has_value()) << static_cast<int>(result.error());
+  }
+  if (result) {
+    EXPECT_EQ(result->status, refusal.status);
+    EXPECT_EQ(result->body, R"({"error":"No."})");
+  } else {
+    EXPECT_EQ(result.error(), HttpError::connectionLost);
+  }
+  expectOne(http, server);
+  EXPECT_EQ(fs::file_size(path), kMost);
+  EXPECT_EQ(fs::last_write_time(path), then);
+}
+
+INSTANTIATE_TEST_SUITE_P(, RefusedUpload,
+                         testing::Values(Refusal{"tooLarge", 413, true},
+                                         Refusal{"tooLargeAndGone", 413, false},
+                                         Refusal{"signedOut", 401, true},
+                                         Refusal{"signedOutAndGone", 401, false}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(HttpUpload, WhoseConnectionIsCutIsLostAndSentOnce) {
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(uploads(
+      self, [](Peer& peer, const SeenRequest&) { peer.drain(500'000, [](std::string_view) {}); }));
+  self = &server;
+  QtHttp http;
+  const auto result = exchange(http, put(server, write(kMost)));
+  ASSERT_FALSE(result.has_value());
+  EXPECT_EQ(result.error(), HttpError::connectionLost);
+  expectOne(http, server);
+}
+
+TEST_F(HttpUpload, ThatStallsTimesOutAndIsSentOnce) {
+  LoopbackServer* self = nullptr;
+  std::promise<void> go;
+  LoopbackServer server(uploads(self, [going = go.get_future().share()](Peer& peer, const auto&) {
+    peer.drain(100'000, [](std::string_view) {});
+    going.wait();
+  }));
+  self = &server;
+  QtHttp http;
+  HttpRequest out = put(server, write(kMost));
+  out.timeout = Milliseconds(300);
+  const auto result = exchange(http, std::move(out));
+  ASSERT_FALSE(result.has_value());
+  EXPECT_EQ(result.error(), HttpError::timedOut);
+  expectOne(http, server);
+  go.set_value();
+}
+
+// The whole is out, and the service takes its time.
+TEST_F(HttpUpload, ThatIsNotAnsweredTimesOutAndIsSentOnce) {
+  LoopbackServer* self = nullptr;
+  LoopbackServer server(uploads(self, [](Peer& peer, const SeenRequest& seen) {
+    peer.drain(announced(seen), [](std::string_view) {});
+    peer.waitForClose();
+  }));
+  self = &server;
+  QtHttp http;
+  HttpRequest out = put(server, write(100'000));
+  out.timeout = Milliseconds(300);
+  const auto result = exchange(http, std::move(out));
+  ASSERT_FALSE(result.has_value());
+  EXPECT_EQ(result.error(), HttpError::timedOut);
+  expectOne(http, server);
+}
+
+TEST_F(HttpUpload, HoldsUpNoCall) {
+  LoopbackServer* self = nullptr;
+  std::promise<void> go;
+  LoopbackServer server(uploads(self, [going = go.get_future().share()](Peer& peer, const auto&) {
+    peer.drain(100'000, [](std::string_view) {});
+    going.wait();
+  }));
+  self = &server;
+  QtHttp http;
+  std::stop_source stop;
+  const auto upload = http.send(put(server, write(kMost)), stop.get_token());
+  ASSERT_TRUE(waitUntil([&server] { return server.seen().size() == 1; }));
+  for (const HttpLane lane : {HttpLane::calls, HttpLane::pictures, HttpLane::transfers}) {
+    EXPECT_TRUE(exchange(http, request("GET", server.url("/ping"), lane)).has_value());
+  }
+  EXPECT_FALSE(upload.resolved());
+  stop.request_stop();
+  EXPECT_EQ(await(upload)->error(), HttpError::cancelled);
+  go.set_value();
+}
+
+}  // namespace
+}  // namespace vellix
