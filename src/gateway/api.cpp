@@ -87,7 +87,8 @@ void API::setToken(std::optional<std::string> value) {
 HttpRequest API::build(const Request& request) {
   HttpRequest http;
   http.method = request.method;
-  http.url = withQuery(appendPath(base(), request.path), request.query);
+  http.url = withQuery(appendPath(base(), request.path),
+                       QueryItems(request.query.begin(), request.query.end()));
   http.timeout = request.timeout.value_or(kTimeout);
   http.lane = laneOf(request);
   const auto set = [&](const std::string& name, const std::string& value) {

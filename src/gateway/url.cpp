@@ -162,7 +162,7 @@ std::string appendPath(std::string base, std::string_view path) {
   return base + "/" + percentEncode(path, "-._~/!$&'()*+,;=:@");
 }
 
-std::string withQuery(std::string url, const std::map<std::string, std::string>& query) {
+std::string withQuery(std::string url, const QueryItems& query) {
   if (query.empty()) return url;
   if (const auto tail = url.find_first_of("?#"); tail != std::string::npos) url.resize(tail);
   char joint = '?';

@@ -1,7 +1,6 @@
 // The few rules of URLs that the client needs.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,8 +27,9 @@ std::string originOf(std::string_view webUrl);
 // The base with the path put behind it, one slash between; the path may have several components.
 std::string appendPath(std::string base, std::string_view path);
 
-// The URL with these query items in place of its own.
-std::string withQuery(std::string url, const std::map<std::string, std::string>& query);
+using QueryItems = std::vector<std::pair<std::string, std::string>>;
+// The URL with these query items, in their order, in place of its own.
+std::string withQuery(std::string url, const QueryItems& query);
 
 struct UrlParts {
   std::string scheme;                                                     // lower case

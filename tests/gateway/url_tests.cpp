@@ -154,6 +154,8 @@ TEST(QueryItems, AreEncodedAndTakeThePlaceOfTheUrlsOwn) {
   EXPECT_EQ(withQuery("https://a/b?old=1#f", {{"v", "3"}}), "https://a/b?v=3");
   EXPECT_EQ(withQuery("https://a", {{"a b", "c&d=e"}, {"z", "é#"}}),
             "https://a?a%20b=c%26d%3De&z=%C3%A9%23");
+  EXPECT_EQ(withQuery("https://a", {{"z", "1"}, {"a", "+%"}, {"z", "\"\n"}}),
+            "https://a?z=1&a=%2B%25&z=%22%0A");
 }
 
 TEST(ParsedUrls, GiveSchemeAndHostInLowerCase) {
