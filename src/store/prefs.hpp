@@ -38,6 +38,8 @@ class Prefs {
 
  public:
   Setting<std::string> appearance{*this, "Appearance", "system"};  // "system", "light", "dark"
+  // What follows a request for approval: "notion", "gmail" or "none".
+  Setting<std::string> afterApproval{*this, "AfterApproval", "notion"};
   Setting<bool> drawToComment{*this, "DrawToComment", true};
   Setting<bool> showPageStrip{*this, "ShowPageStrip", true};
   Setting<bool> showNotes{*this, "ShowNotes", true};

@@ -74,36 +74,55 @@ INSTANTIATE_TEST_SUITE_P(All, FlagSettings,
                                          FlagCase{"DockBadge", &Prefs::dockBadge}),
                          [](const auto& each) { return each.param.key; });
 
-class Appearance : public testing::Test, protected Settings {};
+struct WordCase {
+  const char* key;
+  Prefs::Setting<std::string> Prefs::* setting;
+  const char* byDefault;
+};
+BOOST_DESCRIBE_STRUCT(WordCase, (), (key, byDefault))
 
-TEST_F(Appearance, IsTheSystemsAtAFirstStart) {
+class WordSettings : public testing::TestWithParam<WordCase>, protected Settings {
+ protected:
+  Prefs::Setting<std::string>& in(Prefs& prefs) { return prefs.*GetParam().setting; }
+};
+
+TEST_P(WordSettings, HaveTheirDefaultAtAFirstStart) {
   Prefs prefs{time, defaults};
-  EXPECT_EQ(prefs.appearance(), "system");
+  EXPECT_EQ(in(prefs)(), GetParam().byDefault);
   EXPECT_TRUE(defaults.texts.empty());
 }
 
-TEST_F(Appearance, IsStoredAtOnceAndKeptOverARestart) {
-  Prefs{time, defaults}.appearance.set("dark");
-  EXPECT_EQ(defaults.texts, (std::map<std::string, std::string>{{"Appearance", "dark"}}));
-  EXPECT_EQ(Prefs(time, defaults).appearance(), "dark");
+TEST_P(WordSettings, AreStoredAtOnceAndKeptOverARestart) {
+  Prefs prefs{time, defaults};
+  in(prefs).set("dark");
+  EXPECT_EQ(defaults.texts, (std::map<std::string, std::string>{{GetParam().key, "dark"}}));
+  Prefs again{time, defaults};
+  EXPECT_EQ(in(again)(), "dark");
 }
 
-TEST_F(Appearance, OfAnUnknownNameIsKeptAsItStands) {
+TEST_P(WordSettings, OfAnUnknownWordAreKeptAsTheyStand) {
   for (const char* text : {"sepia", "", "Dark", "\xff"}) {
-    defaults.texts["Appearance"] = text;
-    EXPECT_EQ(Prefs(time, defaults).appearance(), text);
-    EXPECT_EQ(defaults.texts["Appearance"], text);
+    defaults.texts[GetParam().key] = text;
+    Prefs prefs{time, defaults};
+    EXPECT_EQ(in(prefs)(), text);
+    EXPECT_EQ(defaults.texts[GetParam().key], text);
   }
 }
 
-TEST_F(Appearance, TellsItsObservers) {
+TEST_P(WordSettings, TellTheirObservers) {
   Prefs prefs{time, defaults};
   int told = 0;
   const auto watching = prefs.changes.observe(Prefs::kAny, [&] { ++told; });
-  prefs.appearance.set("light");
+  in(prefs).set("light");
   time.run();
   EXPECT_EQ(told, 1);
 }
+
+INSTANTIATE_TEST_SUITE_P(All, WordSettings,
+                         testing::Values(WordCase{"Appearance", &Prefs::appearance, "system"},
+                                         WordCase{"AfterApproval", &Prefs::afterApproval,
+                                                  "notion"}),
+                         [](const auto& each) { return each.param.key; });
 
 }  // namespace
 }  // namespace vellix
