@@ -50,4 +50,13 @@ std::string displayName(const Store& store, const std::optional<std::string>& em
   return capitalised(email->substr(0, email->find('@')));
 }
 
+std::string joinNames(const Store& store, const std::vector<std::string>& emails) {
+  std::string names;
+  for (std::size_t i = 0; i < emails.size(); ++i) {
+    if (i > 0) names += i + 1 == emails.size() ? " and " : ", ";
+    names += displayName(store, emails[i]);
+  }
+  return names;
+}
+
 }  // namespace vellix

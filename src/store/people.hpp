@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ports/moment.hpp"
 #include "records/records.hpp"
@@ -25,5 +26,8 @@ std::string personName(const Store& store, const std::string& email);
 // What the reader calls them: "You", a colleague's first name, the first word of an outsider's, or
 // else what can be taken from the address.
 std::string displayName(const Store& store, const std::optional<std::string>& email);
+
+// What the reader calls each of them, in words: "A", "A and B", "A, B and C".
+std::string joinNames(const Store& store, const std::vector<std::string>& emails);
 
 }  // namespace vellix

@@ -51,6 +51,30 @@ TEST_F(PersonNames, AreThoseOfTheBoardsUsers) {
   EXPECT_EQ(personName(store(), "a@b.c"), "a@b.c");
 }
 
+struct Joined {
+  const char* name;
+  std::vector<std::string> emails;
+  const char* words;
+};
+BOOST_DESCRIBE_STRUCT(Joined, (), (name, emails, words))
+
+class JoinedNames : public StoreTest, public testing::WithParamInterface<Joined> {};
+
+TEST_P(JoinedNames, ReadAsASentenceDoes) {
+  store().board.set(boardOf({}));
+  EXPECT_EQ(joinNames(store(), GetParam().emails), GetParam().words);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, JoinedNames,
+    testing::Values(Joined{"Nobody", {}, ""}, Joined{"One", {"ada@b.c"}, "Ada"},
+                    Joined{"Two", {"ada@b.c", "ben@b.c"}, "Ada and Ben"},
+                    Joined{"Three", {"ada@b.c", "ben@b.c", "cy@b.c"}, "Ada, Ben and Cy"},
+                    Joined{"Four",
+                           {"ada@b.c", "renny@tessarine.example", "", "cy@b.c"},
+                           "Ada, You, Claude and Cy"}),
+    [](const auto& each) { return each.param.name; });
+
 struct Called {
   const char* name;
   std::optional<std::string> email;
