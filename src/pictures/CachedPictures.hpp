@@ -8,6 +8,7 @@
 #include "pictures/PictureSource.hpp"
 #include "pictures/PixelCache.hpp"
 #include "pictures/images.hpp"
+#include "store/store.hpp"
 
 namespace vellix {
 

@@ -16,7 +16,7 @@
 #include "platform/ports/main_loop.hpp"
 #include "platform/ports/pictures.hpp"
 #include "records/records.hpp"
-#include "store/store.hpp"
+#include "store/ports.hpp"
 
 namespace vellix {
 

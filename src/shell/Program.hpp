@@ -16,8 +16,10 @@
 #include "platform/linux/LauncherBadge.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
+#include "platform/qt/QtClipboard.hpp"
 #include "platform/qt/QtDefaults.hpp"
 #include "platform/qt/QtHttp.hpp"
+#include "platform/qt/QtLocalFiles.hpp"
 #include "platform/qt/QtMachine.hpp"
 #include "platform/qt/QtMainLoop.hpp"
 #include "platform/qt/QtPictureFiles.hpp"
@@ -63,6 +65,8 @@ class Program {
   QtHttp http_;
   ClosedHttp closed_{loop_};
   QtUrlOpener opener_;
+  QtClipboard clipboard_;
+  QtLocalFiles localFiles_;
   QtUuids uuids_;
   API api_;
   WaitingBrowser browser_{loop_, opener_};

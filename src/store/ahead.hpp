@@ -53,4 +53,17 @@ class Ahead {
   std::map<std::string, Held> held_;
 };
 
+// What the service has been told of a finding, or of a ticket that is reviewed.
+struct Told {
+  std::string state;
+  std::optional<std::string> by;
+  double at = 0;  // milliseconds since 1970
+};
+
+// The ticket that shows a decision ahead, and since when.
+struct DecidedAhead {
+  std::string ticket;
+  Order since = 0;
+};
+
 }  // namespace vellix

@@ -39,8 +39,7 @@ void Store::focusNextOpen(const Finding& decided) {
   focus.set(next == detail->findings.end() ? std::nullopt : std::optional{next->id});
 }
 
-std::optional<Store::DecidedAhead> Store::decideLocally(const Finding& finding,
-                                                        const std::string& state) {
+std::optional<DecidedAhead> Store::decideLocally(const Finding& finding, const std::string& state) {
   const FileDetail* detail = currentDetail();
   if (!detail ||
       std::ranges::find(detail->findings, finding.id, &Finding::id) == detail->findings.end()) {

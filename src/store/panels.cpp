@@ -17,6 +17,8 @@ void Store::setNotesFloat(bool flag) { notesFloat.set(flag); }
 
 void Store::setShowActivity(bool flag) { showActivity.set(flag); }
 
+void Store::setSideTab(std::string tab) { sideTab.set(std::move(tab)); }
+
 void Store::dismissToast(std::uint64_t id) {
   if (toast() && toast()->id == id) toast.set(std::nullopt);
 }

@@ -15,11 +15,9 @@
 
 #include "gateway/api.hpp"
 #include "gateway/sign_in.hpp"
-#include "platform/ports/badge.hpp"
-#include "platform/ports/main_loop.hpp"
-#include "platform/ports/windows.hpp"
 #include "records/records.hpp"
 #include "store/ahead.hpp"
+#include "store/ports.hpp"
 #include "store/prefs.hpp"
 #include "store/published.hpp"
 #include "store/toast.hpp"
@@ -30,23 +28,9 @@ enum class CompareMode { side, overlay, blink };
 struct NoteBody;
 struct Staged;
 
-// Brings the pictures of pages into the cache before they are asked for. Nobody waits for it.
-class PagePrefetch {
- public:
-  virtual ~PagePrefetch() = default;
-  // These pages from now on: what is still to come of others is wanted no more.
-  virtual void prefetch(std::vector<Page> pages) = 0;
-};
-
 class Store {
  public:
-  struct Ports {
-    MainLoop& loop;
-    Defaults& defaults;
-    const Windows& windows;
-    PagePrefetch& pictures;
-    Badge& badge;
-  };
+  using Ports = StorePorts;
   // What is passed must outlive the Store. Starts nothing.
   Store(API& api, SignIn& signIn, Prefs& prefs, Ports ports);
   Store(const Store&) = delete;
@@ -97,14 +81,14 @@ class Store {
   Published<bool> showActivity{changes, kPanels, false};
   Published<std::string> queue;  // "reprint", "new_title", or none chosen yet
   Published<bool> mineOnly;
+  Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};  // older, by ticket id
+  Published<std::string> sideTab{changes, kPanels, "page"};
   // For what is still to come: no screen reads these, and nothing but staging sets one.
   Published<std::string> against{changes, kCanvas, "submitted"};
   Published<bool> pinning{changes, kDraft, false};
   Published<std::optional<std::pair<double, double>>> draftPin{changes, kDraft};
   Published<std::optional<std::string>> draftFinding{changes, kDraft};
   Published<std::optional<std::string>> profile{changes, kPanels};
-  Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};
-  Published<std::string> sideTab{changes, kPanels, "page"};
   Published<std::optional<Stats>> stats{changes, kStats};
   bool sample = false;  // staged without a server: all polling is off
   std::optional<std::string> etag;
@@ -146,6 +130,7 @@ class Store {
   void requestDetail(FileItem file);
   void stepPage(const FileDetail& detail, Int delta);
   void goToPage(const std::string& id, Int index);
+  void showVersion(FileItem file, Int n);  // from its first page on, and no finding
   static constexpr double kZoomIn = 1.25;
   static constexpr double kZoomOut = 0.8;
   void stepZoom(double factor);
@@ -158,6 +143,7 @@ class Store {
   void toggleNotes();
   void setNotesFloat(bool flag);  // told by the layout
   void setShowActivity(bool flag);
+  void setSideTab(std::string tab);     // "page", "history"
   void dismissToast(std::uint64_t id);  // nothing once another has come
   void undoToast();                     // runs its undo and takes it away at once
   // Without a service, for a picture of the window.
@@ -186,6 +172,17 @@ class Store {
   void setUrgent(FileItem file, bool urgent);
   void resetDue(FileItem file);
   void setTrack(FileItem file, std::string track);
+  // `approvers` are addresses. `after` is what follows: "notion" or "gmail", or nothing.
+  void requestApproval(FileItem file, std::vector<std::string> approvers, std::string note,
+                       std::string after);
+  void withdrawApproval(FileItem file);
+  void markApprovalSent(FileItem file);
+  void saveApprovers(const std::vector<Guest>& list);  // in place of all there were
+  // Sends the PDF at the local path. One at a time: a second press does nothing.
+  void uploadRevision(FileItem file, std::string path, std::string note);
+  // What is none stays as it is.
+  void setShare(FileItem file, std::optional<bool> enabled, std::optional<std::string> access,
+                bool reset);
   void requestSync();
   void requestReport(std::vector<std::string> fileIDs);
   void stopJob(const Job& job);
@@ -194,20 +191,17 @@ class Store {
   // When a report that waits or is being made will be there, in words.
   std::string reportEstimate(const Job& job, Moment now) const;
 
+  // Out to the clipboard and the browser. Where there is no link, nothing happens.
+  void copyLink(const FileItem& file);
+  void copyNotionLink(const FileItem& file);
+  void openLink(const FileItem& file);
+  void composeApprovalMail(const FileItem& file, const std::vector<std::string>& emails,
+                           const std::string& link);
+  void openGmailCompose(const std::vector<std::string>& to, const std::string& subject,
+                        const std::string& body);
+
  private:
   using Session = std::uint64_t;  // counts sessions: an answer to one is not for the next
-  // What the service has been told of a finding, or of a ticket that is reviewed.
-  struct Told {
-    std::string state;
-    std::optional<std::string> by;
-    double at = 0;  // milliseconds since 1970
-  };
-  // The ticket that shows a decision ahead, and since when.
-  struct DecidedAhead {
-    std::string ticket;
-    Order since = 0;
-  };
-
   template <class T>
   static bool isUnchanged(const API::Result<API::Answer<T>>& answer) {
     return answer && answer->response.status == 304;
@@ -262,14 +256,20 @@ class Store {
   std::optional<DecidedAhead> decideLocally(const Finding& finding, const std::string& state);
   Task<> loadDoubted(std::stop_token stop = {});
   Task<> reloadCurrentDetail();
-  // Posts; what the service says to it does not matter.
+  using Heard = std::function<void(const Json::Object&)>;
+  // Posts. What the service says to it is for the session that asked.
   template <class Body>
-  Task<API::Result<Done>> tell(std::string path, Body body) {
+  Task<API::Result<Done>> tell(std::string path, Body body, Heard heard = nullptr) {
+    const auto session = session_;
     auto call = api_.post(std::move(path), std::move(body));
     const auto answer = co_await std::move(call);
     if (!answer) co_return std::unexpected(answer.error());
+    if (heard && session == session_) heard(*answer);
     co_return Done{};
   }
+  Task<> sendRevision(FileItem file, std::string path, std::string note, Session session);
+  Task<> putRevision(FileItem file, std::string path, std::string note, Session session);
+  Task<> takeUpRevision(FileItem file, Int n, Session session);
   void hold(const std::string& key);
   void letGo(const std::string& key, Session session);
   void spawn(Task<> task);  // begins in a later turn

@@ -94,5 +94,17 @@ TEST_F(StoreTest, OpensAndClosesTheActivity) {
   EXPECT_FALSE(store().showActivity());
 }
 
+class SideTabs : public StoreTest {};
+
+TEST_F(SideTabs, AreTurnedToAndStayForTheNextTicket) {
+  int told = 0;
+  const auto watching = store().changes.observe(Store::kPanels, [&] { ++told; });
+  store().setSideTab("history");
+  store().select({"t2"});
+  desk.time.run();
+  EXPECT_EQ(store().sideTab(), "history");
+  EXPECT_EQ(told, 1);
+}
+
 }  // namespace
 }  // namespace vellix

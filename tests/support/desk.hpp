@@ -21,6 +21,8 @@ struct Desk {
   FakeWindows windows;
   FakeMachine machine;
   FakeOpener opener;
+  FakeClipboard clipboard;
+  FakeLocalFiles files{time};
   FakeUuids uuids;
   FakePrefetch pictures;
   FakeBadge badge;
@@ -35,7 +37,9 @@ struct Desk {
   // Built at first use, so a test can set the ports up before.
   Store& store() {
     if (!store_) {
-      store_.emplace(api, signIn, prefs, Store::Ports{time, defaults, windows, pictures, badge});
+      store_.emplace(
+          api, signIn, prefs,
+          Store::Ports{time, defaults, windows, pictures, badge, files, clipboard, opener});
     }
     return *store_;
   }
