@@ -3,6 +3,7 @@
 #include <iterator>
 #include <limits>
 
+#include "records/held_sum.hpp"
 #include "store/people.hpp"
 #include "store/store.hpp"
 
@@ -16,15 +17,15 @@ static_assert(kMostDetails < kMostInALane);
 constexpr std::string_view kReprint = "reprint";
 constexpr std::string_view kNewTitle = "new_title";
 
-// Page numbers come from outside: whatever they are, the sum must not overflow.
+// Page numbers come from outside: whatever they are, nothing must overflow.
 bool isNeighbour(Int one, Int other) {
   return one == other || std::max(one, other) - 1 == std::min(one, other);
 }
 
-Int sumHeld(Int one, Int other) {
-  Int sum = 0;
-  if (!__builtin_add_overflow(one, other, &sum)) return sum;
-  return other > 0 ? std::numeric_limits<Int>::max() : std::numeric_limits<Int>::min();
+// None for the newest.
+std::optional<Int> chosenVersion(const Store& store, const std::string& id) {
+  const auto chosen = store.viewVersion().find(id);
+  return chosen == store.viewVersion().end() ? std::nullopt : std::optional{chosen->second};
 }
 
 }  // namespace
@@ -118,8 +119,7 @@ void Store::toggleFocus(const std::string& finding) {
 void Store::clearFocus() { focus.set(std::nullopt); }
 
 Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
-  const auto pin = viewVersion().find(file.id);
-  const auto pinned = pin == viewVersion().end() ? std::nullopt : std::optional{pin->second};
+  const auto pinned = chosenVersion(*this, file.id);
   const Int wanted = pinned.value_or(file.versionNumber());
   const bool doubted = doubted_.contains(file.id);
   const bool whole = force || doubted;
@@ -147,6 +147,8 @@ Task<> Store::loadDetail(FileItem file, bool force, std::stop_token stop) {
   if (!answer || isUnchanged(answer)) co_return;
   // A sign-out in the meantime took the details away on purpose.
   if (!answer->record || session != session_) co_return;
+  // Another version was chosen since, and is on its way.
+  if (chosenVersion(*this, file.id) != pinned) co_return;
   layOver(*answer->record, asked);
   details.edit([&](auto& all) { all.insert_or_assign(file.id, std::move(*answer->record)); });
   const FileDetail& detail = details().at(file.id);
@@ -215,7 +217,7 @@ void Store::stepPage(const FileDetail& detail, Int delta) {
   // From the page that is shown, should the ticket have lost the one that was.
   const Int present =
       std::min(entry == page().end() ? 0 : entry->second, std::max<Int>(count - 1, 0));
-  goToPage(id, std::max<Int>(std::min(sumHeld(present, delta), count - 1), 0));
+  goToPage(id, std::max<Int>(std::min(heldSum(present, delta), count - 1), 0));
   dropDraft();
 }
 

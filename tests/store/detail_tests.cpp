@@ -111,12 +111,16 @@ TEST_F(Detail, KeepsTheTagsOfNewestAndPinnedApart) {
   EXPECT_EQ(store().details().at("t1").version, 2);
 }
 
-TEST_F(Detail, KeepsTheKeyOfTheVersionThatWasAskedFor) {
+TEST_F(Detail, IsNotOnShowOnceAnotherVersionWasChosen) {
+  hold(detailOf(ticketAt("t1", 1, 3)));
   pin(2);
-  desk.tasks.start(store().loadDetail(ticketAt("t1", 1), false));
-  store().viewVersion.set({});
-  answer(0, answerOf(200, jsonOf(detailOf(ticketAt("t1", 1))), "\"p\""));
-  EXPECT_THAT(store().fileTags, ElementsAre(Pair("t1#2", "\"p\"")));
+  desk.tasks.start(store().loadDetail(ticketAt("t1", 1, 3), false));
+  pin(1);
+  desk.tasks.start(store().loadDetail(ticketAt("t1", 1, 3), false));
+  answer(1, answerOf(200, jsonOf(detailOf(ticketAt("t1", 1, 1))), "\"one\""));
+  answer(0, answerOf(200, jsonOf(detailOf(ticketAt("t1", 1, 2))), "\"two\""));
+  EXPECT_EQ(store().details().at("t1").version, 1);
+  EXPECT_THAT(store().fileTags, ElementsAre(Pair("t1#1", "\"one\"")));
 }
 
 TEST_F(Detail, ForgetsTheTagWhenTheAnswerHasNone) {

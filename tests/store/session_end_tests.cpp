@@ -17,6 +17,8 @@ FileItem ticket() {
   return file;
 }
 
+constexpr const char* kPdf = "/home/renny/rain.pdf";
+
 Note note() {
   Note made;
   made.id = "n1";
@@ -25,7 +27,10 @@ Note note() {
 
 class SessionEnd : public StoreTest, public testing::WithParamInterface<Deed> {
  protected:
-  void SetUp() override { show(); }
+  void SetUp() override {
+    desk.files.sizes[kPdf] = 9;
+    show();
+  }
   void show() {
     store().board.set(boardOf({ticket()}));
     store().selection.set({"t1"});
@@ -58,6 +63,8 @@ class SessionEnd : public StoreTest, public testing::WithParamInterface<Deed> {
     EXPECT_EQ(desk.api.token(), "token-2");
     EXPECT_EQ(store().board(), boardOf({ticket()}));
     EXPECT_TRUE(store().busy().empty());
+    EXPECT_TRUE(desk.clipboard.texts.empty());
+    EXPECT_TRUE(desk.opener.opened.empty());
   }
 
   std::size_t sent = 0;
@@ -163,11 +170,22 @@ const Deed kNoteChange{"NoteChange",
                        [](Store& store) { store.updateNote(note(), "Anew", std::nullopt); },
                        "POST api/comments/n1"};
 const Deed kDue{"Due", [](Store& store) { store.resetDue(ticket()); }, "POST api/files/t1/due"};
+const Deed kApproval{"Approval",
+                     [](Store& store) { store.requestApproval(ticket(), {}, "", "notion"); },
+                     "POST api/files/t1/approval"};
+const Deed kShare{"Share",
+                  [](Store& store) { store.setShare(ticket(), true, std::nullopt, false); },
+                  "POST api/files/t1/share"};
+const Deed kApprovers{"Approvers", [](Store& store) { store.saveApprovers({}); },
+                      "POST api/approvers"};
+const Deed kRevision{"Revision", [](Store& store) { store.uploadRevision(ticket(), kPdf, ""); },
+                     "PUT api/files/t1/versions"};
 
 const auto kNameOf = [](const auto& each) { return each.param.name; };
 
 INSTANTIATE_TEST_SUITE_P(All, SessionEnd,
-                         testing::Values(kFinding, kStatus, kAssign, kNote, kNoteChange, kDue),
+                         testing::Values(kFinding, kStatus, kAssign, kNote, kNoteChange, kDue,
+                                         kApproval, kShare, kApprovers, kRevision),
                          kNameOf);
 INSTANTIATE_TEST_SUITE_P(All, UndoableEnd, testing::Values(kFinding, kStatus, kAssign), kNameOf);
 
