@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 
+Q_IMPORT_QML_PLUGIN(Vellix_ApprovalPlugin)
 Q_IMPORT_QML_PLUGIN(Vellix_BoardPlugin)
 Q_IMPORT_QML_PLUGIN(Vellix_ComparePlugin)
 Q_IMPORT_QML_PLUGIN(Vellix_InspectorPlugin)

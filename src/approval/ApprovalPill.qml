@@ -1,0 +1,4 @@
+import Vellix.Pieces
+
+// The pill of a state of approval.
+ValuePill {}

@@ -1,0 +1,111 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Vellix.Approval
+import Vellix.Pieces
+
+// The list of the key approvers, and where one is added.
+Card {
+    id: section
+
+    required property ApproversModel approvers
+
+    readonly property approversSectionView view: approvers.section
+
+    title: "Key approvers"
+
+    Label {
+        width: parent.width
+        wrapMode: Text.Wrap
+        size: Theme.note
+        color: Theme.muted
+        text: "The creative team who approve proofs. They open a link in their browser and sign in with Google."
+    }
+
+    Label {
+        visible: text !== ""
+        width: parent.width
+        size: Theme.body
+        color: Theme.muted
+        text: section.view.none
+    }
+
+    Column {
+        id: list
+
+        width: parent.width
+
+        Accessible.role: Accessible.List
+        Accessible.name: section.title
+
+        Repeater {
+            model: KeyedRows {
+                by: "email"
+                rows: section.view.rows
+            }
+
+            Item {
+                id: person
+
+                required property keyApproverView value
+
+                width: list.width
+                height: 40
+
+                Accessible.role: Accessible.ListItem
+                Accessible.name: value.name + ", " + value.email
+
+                Column {
+                    anchors.left: parent.left
+                    anchors.right: remove.left
+                    anchors.rightMargin: Theme.gap8
+                    anchors.verticalCenter: parent.verticalCenter
+
+                    Label {
+                        width: parent.width
+                        weight: Font.Medium
+                        tellsWhole: true
+                        text: person.value.name
+                        Accessible.ignored: true
+                    }
+
+                    Label {
+                        width: parent.width
+                        elide: Text.ElideMiddle
+                        size: Theme.small
+                        color: Theme.faint
+                        tellsWhole: true
+                        text: person.value.email
+                        Accessible.ignored: true
+                    }
+                }
+
+                IconButton {
+                    id: remove
+
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    symbol: "minus.circle"
+                    help: person.value.removeHelp
+                    enabled: !section.view.saving
+                    // Where the row of another has moved under the pointer, that is not meant.
+                    says: person.value.email
+                    onClicked: section.approvers.remove(person.value.email)
+                }
+            }
+        }
+    }
+
+    AddApprover {
+        id: adding
+
+        width: parent.width
+        example: section.view.example
+        canAdd: !section.view.saving && section.approvers.valid(adding.email)
+        onAdded: {
+            if (section.approvers.add(adding.email, adding.name))
+                adding.clear();
+            adding.take(Qt.OtherFocusReason);
+        }
+    }
+}

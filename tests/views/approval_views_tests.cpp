@@ -1,0 +1,299 @@
+// The approval's views in windows of their own, used as a reviewer would.
+#include <QAccessible>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QTest>
+
+#include "approval/ApprovalModel.hpp"
+#include "approval/ApproversModel.hpp"
+#include "approval/HistoryModel.hpp"
+#include "approval/SendModel.hpp"
+#include "approval/ShareModel.hpp"
+#include "approval/UploadModel.hpp"
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+constexpr const char* kMara = "mara@tessarine.example";
+constexpr const char* kOlo = "olo@tessarine.example";
+
+class ApprovalViews : public ViewTest {
+ protected:
+  ApprovalViews() {
+    serveTheDay();
+    change([](BoardState& board) {
+      board.approvers = std::vector<Guest>{{.email = kMara, .name = "Mara Quell"},
+                                           {.email = kOlo, .name = "Olo Brandt"}};
+    });
+    store().selection.set({"t1"});
+    desk.time.run();
+  }
+
+  void change(const std::function<void(BoardState&)>& how) {
+    BoardState board = *store().board();
+    how(board);
+    store().board.set(board);
+    if (window())
+      settle();
+    else
+      desk.time.run();
+  }
+  // The card, and the sheets beside it.
+  void showCard(QSize size = {760, 540}) {
+    const QVariantMap models{{"approval", QVariant::fromValue(&approval_)},
+                             {"send", QVariant::fromValue(&send_)},
+                             {"upload", QVariant::fromValue(&upload_)}};
+    show("Approval/ApprovalCard", models, size);
+    QQmlComponent component{engine(), QUrl{"qrc:/qt/qml/Vellix/Approval/ApprovalSheets.qml"}};
+    auto* sheets = qobject_cast<QQuickItem*>(component.createWithInitialProperties(
+        {{"send", models["send"]}, {"upload", models["upload"]}}));
+    ASSERT_TRUE(sheets) << component.errorString().toStdString();
+    sheets->setParent(window());
+    sheets->setParentItem(window()->contentItem());
+    theme()->setReducedMotion(true);
+    window()->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  }
+  bool has(const QString& name, QAccessible::Role role) { return reader().find(name, role); }
+  bool opens(const QString& dialog) {
+    return QTest::qWaitFor([&] { return has(dialog, QAccessible::Dialog); });
+  }
+  bool closes(const QString& dialog) {
+    return QTest::qWaitFor([&] { return !has(dialog, QAccessible::Dialog); });
+  }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(window(), letter.toLatin1());
+    settle();
+  }
+  void key(Qt::Key key) {
+    QTest::keyClick(window(), key);
+    settle();
+  }
+  QString focused() {
+    QAccessibleInterface* at = QAccessible::queryAccessibleInterface(window()->activeFocusItem());
+    return at ? at->text(QAccessible::Name) : QString{};
+  }
+  std::vector<std::string> posted() {
+    std::vector<std::string> all;
+    for (const auto& each : desk.http.exchanges) {
+      if (!each.line().starts_with("GET")) {
+        all.push_back(each.line() + " " + each.request.body.value_or(""));
+      }
+    }
+    return all;
+  }
+
+  // They go with the engine, after the views.
+  template <class Model, class... Args>
+  Model& made(Args&... args) {
+    auto* model = new Model{args...};
+    model->setParent(engine());
+    return *model;
+  }
+
+  ApprovalModel& approval_ = made<ApprovalModel>(store(), desk.time, desk.calendar);
+  SendModel& send_ = made<SendModel>(store());
+  UploadModel& upload_ = made<UploadModel>(store());
+  ShareModel& share_ = made<ShareModel>(store());
+  HistoryModel& history_ = made<HistoryModel>(store(), desk.time, desk.calendar);
+  ApproversModel& approvers_ = made<ApproversModel>(store());
+};
+
+TEST_F(ApprovalViews, SendByKeyAlone) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  EXPECT_EQ(focused(), "Address") << "the first field";
+  key(Qt::Key_Tab);
+  EXPECT_EQ(focused(), "Name");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(focused(), "A line for them") << "there is nothing to add";
+  type("Look at p3");
+  key(Qt::Key_Return);
+  EXPECT_TRUE(closes("Send v1 for approval"));
+  ASSERT_EQ(posted().size(), 1U);
+  EXPECT_EQ(posted()[0], R"(POST api/files/t1/approval {"action":"request",)"
+                         R"("approvers":["mara@tessarine.example","olo@tessarine.example"],)"
+                         R"("note":"Look at p3"})");
+}
+
+TEST_F(ApprovalViews, GiveTheKeyboardBack) {
+  showCard();
+  window()->contentItem()->nextItemInFocusChain(true)->forceActiveFocus(Qt::TabFocusReason);
+  for (int i = 0; i < 4 && focused() != "Send for approval"; ++i) key(Qt::Key_Tab);
+  ASSERT_EQ(focused(), "Send for approval");
+  key(Qt::Key_Space);
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  key(Qt::Key_Escape);
+  EXPECT_TRUE(closes("Send v1 for approval"));
+  settle();
+  EXPECT_EQ(focused(), "Send for approval");
+  EXPECT_FALSE(send_.open());
+}
+
+TEST_F(ApprovalViews, AddAnApproverWithoutSending) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  type("rina");
+  key(Qt::Key_Return);
+  EXPECT_TRUE(posted().empty()) << "half an address sends nothing out";
+  EXPECT_TRUE(send_.open());
+  type("@tessarine.example");
+  key(Qt::Key_Return);
+  EXPECT_EQ(send_.adding(), "");
+  EXPECT_EQ(focused(), "Address");
+  EXPECT_TRUE(has("Rina", QAccessible::CheckBox));
+  EXPECT_EQ(posted().size(), 1U);
+}
+
+TEST_F(ApprovalViews, KeepWhatIsTypedInTheSheet) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  type("rin");
+  change([](BoardState& board) {
+    board.files[0].version = 2;
+    board.approvers->push_back({.email = "teva@tessarine.example"});
+  });
+  EXPECT_TRUE(has("Send v2 for approval", QAccessible::Dialog));
+  EXPECT_EQ(send_.adding(), "rin");
+  EXPECT_EQ(focused(), "Address");
+  type("a");
+  EXPECT_EQ(send_.adding(), "rina");
+  resize({760, 540});
+  EXPECT_EQ(send_.adding(), "rina");
+}
+
+TEST_F(ApprovalViews, CloseTheSheetWithTheSession) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  store().signOut(true);
+  settle();
+  EXPECT_TRUE(closes("Send v1 for approval"));
+}
+
+TEST_F(ApprovalViews, SayThatTheTicketHasGone) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  change([](BoardState& board) { board.files.erase(board.files.begin()); });
+  EXPECT_TRUE(has("Send v1 for approval", QAccessible::Dialog));
+  EXPECT_TRUE(has("This ticket isn't on the board any more.", QAccessible::AlertMessage));
+  EXPECT_EQ(reader().enabled("Send for approval"), 0);
+}
+
+TEST_F(ApprovalViews, UploadWhatIsChosen) {
+  showCard();
+  ASSERT_TRUE(press("Upload revision"));
+  ASSERT_TRUE(opens("Upload v2"));
+  settle();
+  EXPECT_EQ(focused(), "What changed");
+  key(Qt::Key_Return);
+  EXPECT_TRUE(upload_.open()) << "there is no file yet";
+  type("Fixed p25");
+  upload_.choose(QUrl::fromLocalFile("/proofs/new.pdf"));
+  desk.files.sizes["/proofs/new.pdf"] = 10;
+  settle();
+  EXPECT_TRUE(has("new.pdf", QAccessible::StaticText));
+  key(Qt::Key_Return);
+  EXPECT_TRUE(closes("Upload v2"));
+  ASSERT_EQ(desk.http.count("PUT api/files/t1/versions"), 1U);
+  EXPECT_EQ(desk.http.matching("PUT")[0]->header("x-note"), "Fixed%20p25");
+}
+
+TEST_F(ApprovalViews, FitASmallWindow) {
+  change([](BoardState& board) {
+    for (int i = 0; i < 30; ++i) {
+      board.approvers->push_back({.email = "a" + std::to_string(i) + "@tessarine.example"});
+    }
+  });
+  showCard({760, 540});
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  for (const char* button : {"Cancel", "Send for approval"}) {
+    const auto* found = reader().find(button, QAccessible::Button);
+    ASSERT_TRUE(found) << button;
+    EXPECT_LE(found->rect().bottom() - window()->position().y(), 540) << button;
+  }
+}
+
+TEST_F(ApprovalViews, ReadEachAnswerOut) {
+  change([](BoardState& board) { board.files[0].approval = "pending"; });
+  FileDetail detail = lighthouse();
+  detail.approval = Approval{.asked = {kMara, kOlo}};
+  detail.approval->answers[kMara] = {.kind = "approved"};
+  store().details.edit([&](auto& all) { all["t1"] = detail; });
+  showCard();
+  EXPECT_TRUE(has("Waiting on Olo", QAccessible::Heading));
+  EXPECT_TRUE(has("Mara, Approved", QAccessible::ListItem));
+  EXPECT_TRUE(has("Olo, Waiting", QAccessible::ListItem));
+}
+
+TEST_F(ApprovalViews, SwitchTheLink) {
+  show("Approval/ShareButton", {{"share", QVariant::fromValue(&share_)}}, {760, 540});
+  theme()->setReducedMotion(true);
+  ASSERT_TRUE(press("Share"));
+  ASSERT_TRUE(opens("Share link"));
+  EXPECT_FALSE(has("Copy link", QAccessible::Button));
+  ASSERT_TRUE(press("Share link", QAccessible::CheckBox));
+  ASSERT_EQ(posted().size(), 1U);
+  EXPECT_EQ(posted()[0], R"(POST api/files/t1/share {"enabled":true})");
+  store().busy.set({});
+  change([](BoardState& board) {
+    board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
+  });
+  EXPECT_TRUE(has("Shared", QAccessible::Button));
+  ASSERT_TRUE(press("Copy link"));
+  EXPECT_EQ(desk.clipboard.texts.back(), "https://proofs.example/s/1");
+  ASSERT_TRUE(press("Make a new link"));
+  EXPECT_TRUE(has("Make a new link?", QAccessible::Button));
+  change([](BoardState& board) { board.files.erase(board.files.begin()); });
+  EXPECT_TRUE(closes("Share link"));
+}
+
+TEST_F(ApprovalViews, TellTheStory) {
+  FileDetail detail = lighthouse();
+  detail.versions = std::vector<Version>{{.n = 1, .status = "done"}};
+  detail.history = std::vector<Event>{{.id = 1,
+                                       .at = wireOf(desk.time.now()),
+                                       .by = "jorvas@tessarine.example",
+                                       .kind = "comment",
+                                       .text = "Too red?"}};
+  store().details.edit([&](auto& all) { all["t1"] = detail; });
+  show("Approval/HistoryList", {{"history", QVariant::fromValue(&history_)}}, {330, 540});
+  EXPECT_TRUE(has("1 version", QAccessible::StaticText));
+  EXPECT_TRUE(has("v1 · Harrow Print proof", QAccessible::Heading));
+  EXPECT_TRUE(has("Jorvas, Left a note: “Too red?”, just now", QAccessible::ListItem));
+}
+
+TEST_F(ApprovalViews, RemoveAndAddApprovers) {
+  show("Approval/ApproversSection", {{"approvers", QVariant::fromValue(&approvers_)}}, {460, 540});
+  ASSERT_TRUE(press("Remove Olo Brandt"));
+  ASSERT_EQ(posted().size(), 1U);
+  EXPECT_EQ(posted()[0], R"(POST api/approvers {"approvers":[)"
+                         R"({"email":"mara@tessarine.example","name":"Mara Quell"}]})");
+  EXPECT_EQ(reader().enabled("Remove Mara Quell"), 0) << "one change at a time";
+}
+
+TEST_F(ApprovalViews, ChooseAVersion) {
+  change([](BoardState& board) { board.files[0].version = 2; });
+  FileDetail detail = lighthouse();
+  detail.version = 2;
+  detail.versions = std::vector<Version>{{.n = 1, .status = "done"}, {.n = 2, .status = "failed"}};
+  store().details.edit([&](auto& all) { all["t1"] = detail; });
+  show("Approval/VersionChips", {{"approval", QVariant::fromValue(&approval_)}}, {460, 100});
+  EXPECT_TRUE(has("v2, Revision by Claude, the check failed", QAccessible::RadioButton));
+  ASSERT_TRUE(press("v1, Harrow Print proof", QAccessible::RadioButton));
+  EXPECT_EQ(store().viewVersion().at("t1"), 1);
+}
+
+}  // namespace
+}  // namespace vellix
