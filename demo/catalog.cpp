@@ -8,12 +8,6 @@
 namespace vellix::demo {
 namespace {
 
-std::string pageKey(const std::string& folder, int index) {
-  std::string number = std::to_string(index + 1);
-  number.insert(0, 3 - std::min<std::size_t>(number.size(), 3), '0');
-  return folder + "/p" + number + ".jpg";
-}
-
 std::vector<double> pixelsOf(const PageArt& page) {
   const QSize size = sizeOf(page);
   return {static_cast<double>(size.width()), static_cast<double>(size.height())};
@@ -65,15 +59,6 @@ RefPage refRecord(Int index, const PageArt& art, const std::string& folder, Pict
   return ref;
 }
 
-void number(std::vector<Finding>& findings, const std::string& ticketId, Int version) {
-  Int ord = 0;
-  for (Finding& finding : findings) {
-    finding.file_id = ticketId;
-    finding.ord = ord;
-    finding.id = ticketId + "-v" + std::to_string(version) + "-" + std::to_string(++ord);
-  }
-}
-
 Finding passed(Int page, const PageArt& art) {
   Finding finding;
   finding.page = page;
@@ -89,6 +74,21 @@ Finding passed(Int page, const PageArt& art) {
 }
 
 }  // namespace
+
+std::string pageKey(const std::string& folder, int index) {
+  std::string number = std::to_string(index + 1);
+  number.insert(0, 3 - std::min<std::size_t>(number.size(), 3), '0');
+  return folder + "/p" + number + ".jpg";
+}
+
+void number(std::vector<Finding>& findings, const std::string& ticketId, Int version) {
+  Int ord = 0;
+  for (Finding& finding : findings) {
+    finding.file_id = ticketId;
+    finding.ord = ord;
+    finding.id = ticketId + "-v" + std::to_string(version) + "-" + std::to_string(++ord);
+  }
+}
 
 Ticket ticketOf(const TicketPlan& plan, double now, Pictures& pictures) {
   const Book& book = bookOf(plan.book);

@@ -56,6 +56,11 @@ void addVersion(Ticket& ticket, Version record, const std::vector<std::string>& 
 // What the check of the newest version found, as records.
 std::vector<Finding> findingsAgainstPrevious(const Ticket& ticket);
 
+// Gives the findings of a version their ids and their order.
+void number(std::vector<Finding>& findings, const std::string& ticketId, Int version);
+// "folder/p001.jpg" for the first page.
+std::string pageKey(const std::string& folder, int index);
+
 std::vector<TicketPlan> ticketPlans(double now);
 
 }  // namespace vellix::demo

@@ -1,8 +1,10 @@
 // The service's side of the contract.
 #include <QByteArray>
 #include <QUrl>
+#include <chrono>
 
 #include "body.hpp"
+#include "clock.hpp"
 #include "service.hpp"
 
 namespace vellix::demo {
@@ -20,9 +22,11 @@ Reply replyOf(const Done& done) {
   return done ? Reply{} : errorReply(done.error().status, done.error().text);
 }
 
+Reply replyOf(const Refusal& refusal) { return errorReply(refusal.status, refusal.text); }
+
 template <class T>
 Reply replyOf(const Outcome<T>& outcome) {
-  return outcome ? jsonReply(*outcome) : errorReply(outcome.error().status, outcome.error().text);
+  return outcome ? jsonReply(*outcome) : replyOf(outcome.error());
 }
 
 // 304 when the caller holds the very thing already; the value is only made when it does not.
@@ -60,6 +64,10 @@ Reply Service::serve(const Request& request) {
     if (!code) return errorReply(400, "No code was sent.");
     return replyOf(state_.exchange(*code, textAt(*body, "state").value_or("")));
   }
+  if (const auto key = behind(path, "/s/"); key) {
+    return get ? sharePage(*key, false) : shareAnswer(request, *key);
+  }
+  if (const auto key = behind(path, "/embed/"); get && key) return sharePage(*key, true);
   const auto token = behind(request.header("authorization"), "Bearer ");
   if (post && path == "/api/logout") {
     // A client that has thrown its token away already is signed out too.
@@ -119,6 +127,34 @@ Reply Service::serveSignedIn(const Request& request, const std::string& me) {
   return unknown();
 }
 
+// The answer waits a little for the pages, so that who looks at once finds them there.
+Reply Service::takeVersion(const Request& request, const std::string& id) {
+  std::string me;
+  {
+    const std::lock_guard lock(mutex_);
+    state_.advance(nowMs());
+    const auto token = behind(request.header("authorization"), "Bearer ");
+    const Person* person = token ? state_.personOf(*token) : nullptr;
+    if (person == nullptr) return errorReply(401, "You're signed out. Sign in again.");
+    me = person->email;
+    state_.seen(me);
+  }
+  // Some programs write a line of their own ahead of it.
+  if (request.body.substr(0, 1024).find("%PDF-") == std::string::npos) {
+    return errorReply(400, "That file is not a PDF.");
+  }
+  auto pdf = PdfFile::of(request.body);
+  if (!pdf) return errorReply(500, "There is no room for that file.");
+  Upload upload{std::move(pdf), request.body.size(), decoded(request.header("x-filename")),
+                decoded(request.header("x-note"))};
+  std::unique_lock lock(mutex_);
+  const auto uploaded = state_.upload(id, std::move(upload), me);
+  lock.unlock();
+  if (!uploaded) return replyOf(uploaded.error());
+  uploaded->reading.wait_for(std::chrono::seconds(1));
+  return jsonReply(VersionAnswer{uploaded->version});
+}
+
 Reply Service::serveTicket(const Request& request, const std::string& id, const std::string& what,
                            const std::string& me) {
   if (request.method == "GET" && what.empty()) {
@@ -131,11 +167,6 @@ Reply Service::serveTicket(const Request& request, const std::string& id, const 
     const std::string etag = "\"f" + id + "-" + std::to_string(detail->file.rev.value_or(0)) +
                              "-v" + std::to_string(detail->version.value_or(0)) + "-" + me + "\"";
     return tagged(request, etag, [&] { return jsonReply(*detail); });
-  }
-  if (request.method == "PUT" && what == "versions") {
-    if (!request.body.starts_with("%PDF-")) return errorReply(400, "That file is not a PDF.");
-    return replyOf(state_.upload(id, request.body.size(), decoded(request.header("x-filename")),
-                                 decoded(request.header("x-note")), me));
   }
   if (request.method != "POST") return unknown();
   const auto body = decodeJson(request.body);

@@ -1,5 +1,6 @@
 // What tests may ask of the demo service beside the contract: its log, its state, faults, the
-// colleague at a chosen moment, and pages with many findings.
+// colleague and the approvers at a chosen moment, checks that do not end, and pages with many
+// findings. A version's PDF, "/demo/proof", is made in service.cpp, outside the lock.
 #include <vector>
 
 #include "body.hpp"
@@ -60,6 +61,20 @@ Reply Service::serveTests(const Request& request) {
                                       static_cast<Int>(numberAt(*body, "page").value_or(0)),
                                       static_cast<Int>(numberAt(*body, "count").value_or(1)));
     return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  if (request.path == "/demo/answers" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const auto done = state_.answerNow(
+        textAt(*body, "file_id").value_or(""), textAt(*body, "by").value_or(""),
+        textAt(*body, "kind").value_or("approved"), textAt(*body, "note").value_or(""));
+    return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  if (request.path == "/demo/waits" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    state_.setWaits(flagAt(*body, "approvers"), flagAt(*body, "checks"));
+    return {};
   }
   return errorReply(404, "There is nothing here.");
 }

@@ -26,9 +26,13 @@ std::optional<std::string> Faults::replace(const Json& list) {
     fault.cut = flagAt(entry, "cut").value_or(false);
     fault.garbage = flagAt(entry, "garbage").value_or(false);
     fault.after = flagAt(entry, "after").value_or(false);
-    const bool slow = fault.held || fault.delayMs > 0;
+    if (const auto bytes = numberAt(entry, "after_bytes")) {
+      fault.afterBytes = static_cast<std::size_t>(std::clamp(*bytes, 0.0, 1e9));
+    }
+    fault.dripMs = static_cast<Int>(std::clamp(numberAt(entry, "drip_ms").value_or(0), 0.0, 6e4));
+    const bool slow = fault.held || fault.delayMs > 0 || fault.dripMs > 0;
     if (!fault.status && !fault.cut && !fault.garbage && !slow) {
-      return "A fault needs one of status, cut, garbage, held and delay_ms.";
+      return "A fault needs one of status, cut, garbage, held, delay_ms and drip_ms.";
     }
     faults.push_back(std::move(fault));
   }

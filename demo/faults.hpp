@@ -9,6 +9,8 @@
 
 namespace vellix::demo {
 
+inline constexpr std::size_t kDrip = 65'536;
+
 struct Fault {
   std::string method;  // empty for any
   std::string path;    // what the request's path begins with
@@ -19,7 +21,9 @@ struct Fault {
   bool held = false;  // wait until other faults are asked for
   bool cut = false;
   bool garbage = false;
-  bool after = false;  // let the request have its effect first
+  bool after = false;                     // let the request have its effect first
+  std::optional<std::size_t> afterBytes;  // once so much of the body has come, the rest unread
+  Int dripMs = 0;                         // wait before each kDrip of the body
 };
 
 class Faults {

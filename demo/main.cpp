@@ -1,17 +1,14 @@
 // The demo service's program: loopback only, gone when whoever started it is gone.
-#include <httplib.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QByteArray>
 #include <QGuiApplication>
 #include <charconv>
 #include <cstdio>
-#include <cstring>
 #include <string_view>
 #include <thread>
 
-#include "service.hpp"
+#include "server.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -68,81 +65,27 @@ std::optional<Options> optionsOf(int argc, char** argv) {
   return options;
 }
 
-// The library offers no way to hang up without an answer, so its socket is found by whom it is
-// connected to, and shut.
-void hangUp(int remotePort) {
-  for (int fd = 3; fd < 4096; ++fd) {
-    sockaddr_in peer{};
-    socklen_t size = sizeof peer;
-    if (getpeername(fd, reinterpret_cast<sockaddr*>(&peer), &size) != 0) continue;
-    if (peer.sin_family == AF_INET && ntohs(peer.sin_port) == remotePort) {
-      shutdown(fd, SHUT_RDWR);
-      return;
-    }
-  }
-}
-
-Request requestOf(const httplib::Request& from) {
-  Request request{from.method, from.path, {}, {}, from.body};
-  for (const auto& [name, value] : from.params) request.query.try_emplace(name, value);
-  for (const auto& [name, value] : from.headers) {
-    std::string lower = name;
-    for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    request.headers.try_emplace(lower, value);
-  }
-  return request;
+int writeSample(const Options& options) {
+  Service service("https://proofs.tessarine.example", options.pace, options.colleague);
+  if (service.writeSample(options.sampleFolder)) return 0;
+  std::fprintf(stderr, "cannot write a sample into %s\n", options.sampleFolder.c_str());
+  return 1;
 }
 
 int serve(const Options& options) {
-  Service service(options.pace, options.colleague);
-  if (!options.sampleFolder.empty()) {
-    if (service.writeSample(options.sampleFolder)) return 0;
-    std::fprintf(stderr, "cannot write a sample into %s\n", options.sampleFolder.c_str());
+  Server server(options.port);
+  if (server.port() == 0) {
+    std::fprintf(stderr, "cannot listen on 127.0.0.1:%d\n", options.port);
     return 1;
   }
+  Service service(server.address(), options.pace, options.colleague);
   if (options.handBack) {
     service.handBack = [](const std::string& url) {
       std::printf("callback %s\n", url.c_str());
       std::fflush(stdout);
     };
   }
-  httplib::Server server;
-  // A connection that is kept alive holds a thread.
-  server.new_task_queue = [] { return new httplib::ThreadPool(48); };
-  server.set_keep_alive_max_count(100'000);
-  server.set_keep_alive_timeout(300);
-  server.set_tcp_nodelay(true);
-  server.set_payload_max_length(64'000'000);
-  const auto handler = [&](const httplib::Request& from, httplib::Response& to) {
-    Reply reply = service.answer(requestOf(from));
-    if (reply.cut) {
-      hangUp(from.remote_port);
-      return;
-    }
-    to.status = reply.status;
-    if (!reply.etag.empty()) to.set_header("ETag", reply.etag);
-    to.set_header("Cache-Control", "no-store");
-    if (reply.status != 304) to.set_content(std::move(reply.body), reply.type);
-  };
-  server.Get(".*", handler).Post(".*", handler).Put(".*", handler).Delete(".*", handler);
-  server.set_error_handler([](const httplib::Request&, httplib::Response& to) {
-    if (!to.body.empty() || to.status == 304) return;
-    to.set_content(to.status == 413 ? R"({"error":"That is too big."})"
-                                    : R"({"error":"That could not be served."})",
-                   "application/json");
-  });
-
-  int port = options.port;
-  if (port == 0) {
-    port = server.bind_to_any_port("127.0.0.1");
-  } else if (!server.bind_to_port("127.0.0.1", port)) {
-    port = -1;
-  }
-  if (port <= 0) {
-    std::fprintf(stderr, "cannot listen on 127.0.0.1:%d\n", options.port);
-    return 1;
-  }
-  std::printf("listening on http://127.0.0.1:%d\n", port);
+  std::printf("listening on %s\n", server.address().c_str());
   std::fflush(stdout);
   if (options.untilStdinCloses) {
     std::thread([] {
@@ -153,7 +96,7 @@ int serve(const Options& options) {
       std::_Exit(0);
     }).detach();
   }
-  return server.listen_after_bind() ? 0 : 1;
+  return server.serve(service) ? 0 : 1;
 }
 
 }  // namespace
@@ -167,5 +110,6 @@ int main(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
-  return vellix::demo::serve(*options);
+  return options->sampleFolder.empty() ? vellix::demo::serve(*options)
+                                       : vellix::demo::writeSample(*options);
 }

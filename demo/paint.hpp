@@ -21,6 +21,8 @@ Palette paletteOf(const std::string& bookId);
 
 // The page at `scale` times its own size, with its own pixels' coordinates.
 QImage paintPage(const PageArt& page, double scale);
+// The page in its own pixels, onto whatever the painter paints on.
+void paintPage(QPainter& painter, const PageArt& page);
 
 // The parts, in the pixels of a panel of kPageWidth by kPageHeight.
 void paintTextPage(QPainter& painter, const TextPage& page, QPointF plateShift);

@@ -14,6 +14,11 @@ QImage paintPage(const PageArt& page, double scale) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
   painter.scale(scale, scale);
+  paintPage(painter, page);
+  return image;
+}
+
+void paintPage(QPainter& painter, const PageArt& page) {
   switch (page.kind) {
     case PageKind::text:
       paintTextPage(painter, page.text,
@@ -45,7 +50,6 @@ QImage paintPage(const PageArt& page, double scale) {
       break;
     }
   }
-  return image;
 }
 
 }  // namespace vellix::demo

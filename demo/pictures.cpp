@@ -29,29 +29,31 @@ std::string jpegOf(const PageArt& page, int width) {
 }  // namespace
 
 void Pictures::add(const std::string& key, std::shared_ptr<const PageArt> page, int width) {
+  add(key, [page = std::move(page), width] { return jpegOf(*page, width); });
+}
+
+void Pictures::add(const std::string& key, std::function<std::string()> paint) {
   const std::lock_guard lock(mutex_);
-  entries_[key] = {std::move(page), width, false, {}};
+  entries_[key] = {std::move(paint), false, {}};
 }
 
 void Pictures::put(const std::string& key, std::string bytes) {
   const std::lock_guard lock(mutex_);
-  entries_[key] = {nullptr, 0, false, std::move(bytes)};
+  entries_[key] = {nullptr, false, std::move(bytes)};
 }
 
 std::optional<std::string> Pictures::find(const std::string& key) {
   std::unique_lock lock(mutex_);
-  auto found = entries_.find(key);
+  const auto found = entries_.find(key);
   if (found == entries_.end()) return std::nullopt;
-  painted_.wait(lock, [&] { return !found->second.painting; });
-  if (!found->second.bytes.empty() || !found->second.page) return found->second.bytes;
-  found->second.painting = true;
-  const auto page = found->second.page;
-  const int width = found->second.width;
+  Entry& entry = found->second;  // stays where it is, however the table grows meanwhile
+  painted_.wait(lock, [&] { return !entry.painting; });
+  if (!entry.bytes.empty() || !entry.paint) return entry.bytes;
+  entry.painting = true;
+  const auto paint = entry.paint;
   lock.unlock();
-  std::string bytes = jpegOf(*page, width);
+  std::string bytes = paint();
   lock.lock();
-  // The table may have grown meanwhile: look again.
-  Entry& entry = entries_[key];
   entry.bytes = bytes;
   entry.painting = false;
   painted_.notify_all();

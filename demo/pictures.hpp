@@ -2,6 +2,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -17,6 +18,8 @@ class Pictures {
  public:
   // A page's picture under `key`; `width` in pixels, 0 for the page's own.
   void add(const std::string& key, std::shared_ptr<const PageArt> page, int width = 0);
+  // A picture that `paint` makes, as JPEG bytes, when it is first asked for; on any thread.
+  void add(const std::string& key, std::function<std::string()> paint);
   void put(const std::string& key, std::string bytes);
 
   // JPEG bytes; none for an unknown key. Two callers of one key paint it once.
@@ -25,8 +28,7 @@ class Pictures {
 
  private:
   struct Entry {
-    std::shared_ptr<const PageArt> page;
-    int width = 0;
+    std::function<std::string()> paint;
     bool painting = false;
     std::string bytes;
   };

@@ -1,4 +1,4 @@
-// Rounds of approval, revisions and share links.
+// Rounds of approval and share links.
 #include <algorithm>
 #include <cmath>
 
@@ -10,7 +10,6 @@ namespace {
 
 constexpr double kFirstAnswer = 12'000;
 constexpr double kNextAnswer = 9'000;
-constexpr double kCheck = 6'000;
 
 std::unexpected<Refusal> refuse(int status, std::string text) {
   return std::unexpected(Refusal{status, std::move(text)});
@@ -27,19 +26,33 @@ std::string joined(const std::vector<std::string>& names) {
 
 }  // namespace
 
-void State::renewLinks(ShareInfo& share) {
+void State::renewLinks(Ticket& ticket) {
   const std::string key = secret().substr(0, 12);
-  share.url = "https://proofs.tessarine.example/s/" + key;
-  share.embed_url = "https://proofs.tessarine.example/embed/" + key;
+  links_[key] = ticket.item.id;
+  ShareInfo& share = *ticket.item.share;
+  share.url = address_ + "/s/" + key;
+  share.embed_url = address_ + "/embed/" + key;
   share.at = now_;
 }
 
 ShareInfo& State::shareOf(Ticket& ticket, const std::string& by) {
   if (!ticket.item.share) {
     ticket.item.share = ShareInfo{true, "view", std::nullopt, std::nullopt, by, now_};
-    renewLinks(*ticket.item.share);
+    renewLinks(ticket);
   }
   return *ticket.item.share;
+}
+
+std::optional<State::Linked> State::linkedBy(const std::string& key) const {
+  const auto known = links_.find(key);
+  if (known == links_.end()) return std::nullopt;
+  Linked linked{known->second, true, false};
+  const auto ticket = std::ranges::find_if(
+      tickets_, [&](const Ticket& entry) { return entry.item.id == linked.ticket; });
+  if (ticket == tickets_.end() || !ticket->item.share) return std::nullopt;
+  linked.renewed = !ticket->item.share->url->ends_with("/s/" + key);
+  linked.enabled = ticket->item.share->enabled;
+  return linked;
 }
 
 Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
@@ -86,36 +99,25 @@ Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
          "Sent v" + std::to_string(version) + " to " + joined(names) + " for approval");
   double wait = kFirstAnswer;
   for (const std::string& approver : asked) {
-    later(wait, [this, id, version, requested = now_, approver] {
-      answerRound(id, version, requested, approver);
-    });
+    later(wait, [this, id, requested = now_, approver] { answerRound(id, requested, approver); });
     wait += kNextAnswer;
   }
   return ShareAnswer{link};
 }
 
-// The last one asked wants changes as long as a real issue stands on the version; the rest agree.
-void State::answerRound(const std::string& id, Int version, double requestedAt,
-                        const std::string& approver) {
-  Ticket* ticket = find(id);
-  if (ticket == nullptr || !ticket->approval || ticket->approval->state != "pending" ||
-      ticket->approval->requested_at != requestedAt) {
-    return;
-  }
-  Approval& round = *ticket->approval;
-  const auto isIssue = [](const Finding& finding) { return finding.state == "issue"; };
-  const auto issue = std::ranges::find_if(ticket->newest().findings, isIssue);
-  const std::string shown = "v" + std::to_string(version);
-  if (issue != ticket->newest().findings.end() && approver == round.asked.back()) {
-    round.answers[approver] = {"changes", "Please see to this first: " + issue->title + ".", now_};
+void State::answer(Ticket& ticket, const std::string& approver, const std::string& kind,
+                   std::optional<std::string> note) {
+  Approval& round = *ticket.approval;
+  const std::string shown = "v" + std::to_string(round.version.value_or(1));
+  round.answers[approver] = {kind, std::move(note), now_};
+  if (kind == "changes") {
     round.state = "changes";
     round.by = approver;
     round.at = now_;
-    record(ticket, "changes", approver, "Asked for changes on " + shown);
+    record(&ticket, "changes", approver, "Asked for changes on " + shown);
     return;
   }
-  round.answers[approver] = {"approved", std::nullopt, now_};
-  record(ticket, "approved", approver, "Approved " + shown);
+  record(&ticket, "approved", approver, "Approved " + shown);
   const auto saidYes = [&](const std::string& email) {
     const auto answer = round.answers.find(email);
     return answer != round.answers.end() && answer->second.kind == "approved";
@@ -124,52 +126,45 @@ void State::answerRound(const std::string& id, Int version, double requestedAt,
     round.state = "approved";
     round.by = approver;
     round.at = now_;
-    record(ticket, "approved_all", std::nullopt, "Every approver said yes");
+    record(&ticket, "approved_all", std::nullopt, "Every approver said yes");
   }
 }
 
-// The pages of an upload are not drawn from its bytes: the demo takes every upload for the repair
-// of all that was marked a real issue, and shows those pages.
-Outcome<VersionAnswer> State::upload(const std::string& id, std::size_t size,
-                                     const std::string& filename, const std::string& note,
-                                     const std::string& by) {
+// The last one asked wants changes as long as a real issue stands on the version; the rest agree.
+void State::answerRound(const std::string& id, double requestedAt, const std::string& approver) {
+  Ticket* ticket = find(id);
+  if (approversWait_ || ticket == nullptr || !ticket->approval ||
+      ticket->approval->state != "pending" || ticket->approval->requested_at != requestedAt ||
+      ticket->approval->answers.contains(approver)) {
+    return;
+  }
+  const auto& findings = ticket->newest().findings;
+  const auto issue = std::ranges::find(findings, "issue", &Finding::state);
+  if (issue != findings.end() && approver == ticket->approval->asked.back()) {
+    answer(*ticket, approver, "changes", "Please see to this first: " + issue->title + ".");
+  } else {
+    answer(*ticket, approver, "approved", std::nullopt);
+  }
+}
+
+Done State::answerNow(const std::string& id, const std::string& approver, const std::string& kind,
+                      const std::string& note) {
   Ticket* ticket = find(id);
   if (ticket == nullptr) return refuse(404, "There is no such ticket.");
-  Version record_;
-  record_.n = ticket->newest().record.n + 1;
-  record_.kind = "revision";
-  if (!filename.empty()) record_.filename = filename;
-  if (!note.empty()) record_.note = note;
-  record_.by = by;
-  record_.at = now_;
-  record_.size = static_cast<Int>(size);
-  record_.status = "checking";
-  addVersion(*ticket, record_, {}, pictures_);
-  if (ticket->approval) {
-    ticket->approval->state = "revised";
-    ticket->approval->by = by;
-    ticket->approval->at = now_;
+  if (kind != "approved" && kind != "changes") return refuse(400, "There is no such answer.");
+  if (!ticket->approval || ticket->approval->state != "pending") {
+    return refuse(400, "This one is not out for approval.");
   }
-  record(ticket, "version", by, "Uploaded v" + std::to_string(record_.n));
-  later(kCheck, [this, id, n = record_.n] { finishCheck(id, n); });
-  return VersionAnswer{record_.n};
-}
-
-void State::finishCheck(const std::string& id, Int version) {
-  Ticket* ticket = find(id);
-  if (ticket == nullptr || ticket->newest().record.n != version) return;
-  TicketVersion& newest = ticket->newest();
-  newest.findings = findingsAgainstPrevious(*ticket);
-  const auto repairs = std::ranges::count(newest.findings, "expected", &Finding::kind);
-  newest.record.status = "done";
-  newest.record.summary =
-      repairs == 0   ? "Nothing moved."
-      : repairs == 1 ? "One repair came through. Nothing else moved."
-                     : std::to_string(repairs) + " repairs came through. Nothing else moved.";
-  newest.origin.summary = newest.record.summary;
-  ticket->item.summary = newest.record.summary;
-  record(ticket, "checked", std::nullopt,
-         "Checked v" + std::to_string(version) + " against v" + std::to_string(version - 1));
+  const auto asked = ticket->approval->asked;
+  if (!approver.empty() && std::ranges::find(asked, approver) == asked.end()) {
+    return refuse(400, "Nobody of that address was asked.");
+  }
+  for (const std::string& email : asked) {
+    if (ticket->approval->state != "pending" || ticket->approval->answers.contains(email)) continue;
+    if (!approver.empty() && approver != email) continue;
+    answer(*ticket, email, kind, note.empty() ? std::nullopt : std::optional(note));
+  }
+  return {};
 }
 
 Outcome<ShareAnswer> State::share(const std::string& id, const Json& body, const std::string& by) {
@@ -187,7 +182,7 @@ Outcome<ShareAnswer> State::share(const std::string& id, const Json& body, const
   if (!had && !enabled) link.enabled = false;
   if (enabled) link.enabled = *enabled;
   if (access) link.access = *access;
-  if (reset) renewLinks(link);
+  if (reset) renewLinks(*ticket);
   link.by = by;
   record(ticket, "share", by,
          reset     ? "Made a new link"

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kLogged = 20'000;
 constexpr std::size_t kLoggedBody = 4096;
+constexpr std::size_t kMostBody = 59'999'999;
 
 struct ErrorText {
   std::string error;
@@ -26,6 +27,22 @@ std::string withoutCode(std::string body) {
     body.replace(at, code->size(), "(hidden)");
   }
   return body;
+}
+
+// None of a fault that does no more than wait.
+std::optional<Reply> replyOf(const Fault& fault) {
+  Reply reply;
+  if (fault.cut) {
+    reply.cut = true;
+  } else if (fault.garbage) {
+    reply.body = "\x01\xFFnot what you asked for {";
+  } else if (fault.status) {
+    reply.status = *fault.status;
+    reply.body = fault.body.value_or("{\"error\":\"A fault was asked for.\"}");
+  } else {
+    return std::nullopt;
+  }
+  return reply;
 }
 
 }  // namespace
@@ -44,44 +61,75 @@ std::optional<std::string> behind(const std::string& path, const std::string& pr
   return path.substr(prefix.size());
 }
 
-Service::Service(double pace, bool colleague) : state_(pictures_, nowMs(), pace, colleague) {}
+Service::Service(const std::string& address, double pace, bool colleague)
+    : state_(pictures_, address, nowMs(), pace, colleague) {}
 
-Reply Service::answer(const Request& request) {
-  if (request.path.starts_with("/demo/")) {
+Begun Service::begin(const Request& head) {
+  if (head.path.starts_with("/demo/")) return {};
+  Begun begun{log(head), std::nullopt};
+  const std::lock_guard lock(mutex_);
+  begun.fault = faults_.take(head.method, head.path);
+  return begun;
+}
+
+void Service::wait(const Fault& fault) {
+  if (fault.held) {
+    std::unique_lock lock(mutex_);
+    released_.wait(lock,
+                   [this, since = faults_.replaced()] { return faults_.replaced() != since; });
+  }
+  if (fault.delayMs > 0) std::this_thread::sleep_for(std::chrono::milliseconds(fault.delayMs));
+}
+
+std::optional<Reply> Service::reading(Begun& begun, const Request& head, std::size_t bytes) {
+  note(begun, [&](LogEntry& entry) { entry.bytes = static_cast<Int>(bytes); });
+  std::optional<Reply> reply;
+  const std::string length = head.header("content-length");
+  if (bytes > kMostBody || std::strtoull(length.c_str(), nullptr, 10) > kMostBody) {
+    reply = errorReply(413, "That file is too big. It has to be under 60 MB.");
+  } else if (begun.fault && begun.fault->afterBytes && bytes >= *begun.fault->afterBytes) {
+    const Fault fault = *begun.fault;
+    begun.fault.reset();
+    wait(fault);
+    reply = replyOf(fault);
+  }
+  if (reply) {
+    reply->unread = true;
+    if (!reply->cut) note(begun, [&](LogEntry& entry) { entry.status = reply->status; });
+  } else if (begun.fault && begun.fault->dripMs > 0) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(begun.fault->dripMs));
+  }
+  return reply;
+}
+
+Reply Service::answer(const Begun& begun, const Request& request) {
+  if (!begun.number) {
+    if (request.path == "/demo/proof" && request.method == "GET") {
+      const auto item = [&](const char* name) {
+        const auto found = request.query.find(name);
+        return found == request.query.end() ? std::string() : found->second;
+      };
+      const Int version = std::strtoll(item("v").c_str(), nullptr, 10);
+      return proof(item("file_id"), version > 0 ? std::optional(version) : std::nullopt,
+                   item("repaired") == "1");
+    }
     const std::lock_guard lock(mutex_);
     state_.advance(nowMs());
     return serveTests(request);
   }
-  const std::size_t number = log(request);
-  std::optional<Fault> fault;
-  {
-    std::unique_lock lock(mutex_);
-    fault = faults_.take(request.method, request.path);
-    if (fault && fault->held) {
-      released_.wait(lock,
-                     [this, since = faults_.replaced()] { return faults_.replaced() != since; });
-    }
-  }
-  if (fault && fault->delayMs > 0) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(fault->delayMs));
-  }
-  const bool faulty = fault && (fault->status || fault->cut || fault->garbage);
+  note(begun, [&](LogEntry& entry) {
+    entry.bytes = static_cast<Int>(request.body.size());
+    if (!request.header("content-type").starts_with("application/json")) return;
+    // Text that is not UTF-8 could not be told in JSON.
+    entry.body = withoutCode(request.body).substr(0, kLoggedBody);
+    if (!encode(*entry.body)) entry.body = "(not text)";
+  });
+  if (begun.fault) wait(*begun.fault);
+  const auto faulty = begun.fault ? replyOf(*begun.fault) : std::nullopt;
   Reply reply;
-  if (!faulty || fault->after) reply = route(request);
-  if (faulty) {
-    if (fault->cut) {
-      reply.cut = true;
-    } else if (fault->garbage) {
-      reply = {200, "\x01\xFFnot what you asked for {", "application/json", {}, false};
-    } else {
-      reply = {*fault->status,
-               fault->body.value_or("{\"error\":\"A fault was asked for.\"}"),
-               "application/json",
-               {},
-               false};
-    }
-  }
-  if (!reply.cut) logStatus(number, reply.status);
+  if (!faulty || begun.fault->after) reply = route(request);
+  if (faulty) reply = *faulty;
+  if (!reply.cut) note(begun, [&](LogEntry& entry) { entry.status = reply.status; });
   return reply;
 }
 
@@ -99,23 +147,24 @@ Reply Service::route(const Request& request) {
     if (!bytes) return errorReply(404, "There is no such picture.");
     return {200, std::move(*bytes), "image/jpeg", {}, false};
   }
+  // So are uploads: they are read beside.
+  if (const auto id = behind(request.path, "/api/files/");
+      id && id->ends_with("/versions") && request.method == "PUT") {
+    return takeVersion(request, id->substr(0, id->size() - 9));
+  }
+  if (auto file = shareFile(request)) return *std::move(file);
   const std::lock_guard lock(mutex_);
   state_.advance(nowMs());
   return serve(request);
 }
 
-std::size_t Service::log(const Request& request) {
+std::size_t Service::log(const Request& head) {
   LogEntry entry;
-  entry.method = request.method;
-  entry.path = request.path;
-  entry.query = request.query;
-  entry.has_authorization = !request.header("authorization").empty();
-  if (const auto tag = request.header("if-none-match"); !tag.empty()) entry.if_none_match = tag;
-  if (request.header("content-type").starts_with("application/json")) {
-    // Text that is not UTF-8 could not be told in JSON.
-    entry.body = withoutCode(request.body).substr(0, kLoggedBody);
-    if (!encode(*entry.body)) entry.body = "(not text)";
-  }
+  entry.method = head.method;
+  entry.path = head.path;
+  entry.query = head.query;
+  entry.has_authorization = !head.header("authorization").empty();
+  if (const auto tag = head.header("if-none-match"); !tag.empty()) entry.if_none_match = tag;
   const std::lock_guard lock(logMutex_);
   log_.push_back(std::move(entry));
   if (log_.size() > kLogged) {
@@ -125,10 +174,10 @@ std::size_t Service::log(const Request& request) {
   return logStart_ + log_.size() - 1;
 }
 
-void Service::logStatus(std::size_t number, int status) {
+void Service::note(const Begun& begun, const std::function<void(LogEntry&)>& what) {
   const std::lock_guard lock(logMutex_);
-  if (number >= logStart_ && number - logStart_ < log_.size()) {
-    log_[number - logStart_].status = status;
+  if (begun.number && *begun.number >= logStart_ && *begun.number - logStart_ < log_.size()) {
+    what(log_[*begun.number - logStart_]);
   }
 }
 

@@ -27,8 +27,9 @@ struct Reply {
   int status = 200;
   std::string body = "{}";
   std::string type = "application/json";
-  std::string etag;
-  bool cut = false;  // close the connection without an answer
+  std::string etag = {};
+  bool cut = false;     // close the connection without an answer
+  bool unread = false;  // close it behind the answer: what was sent was not read to its end
 };
 
 // One request received, as the log tells it. Holds no secret.
@@ -40,16 +41,28 @@ struct LogEntry {
   bool has_authorization = false;
   std::optional<std::string> if_none_match;
   Int status = 0;  // 0 while there is no answer, and for good when it was cut off
+  Int bytes = 0;   // of the body, as far as it has come
 };
 BOOST_DESCRIBE_STRUCT(LogEntry, (),
-                      (method, path, query, body, has_authorization, if_none_match, status))
+                      (method, path, query, body, has_authorization, if_none_match, status, bytes))
+
+// A request that is in the log, while its body comes.
+struct Begun {
+  std::optional<std::size_t> number;
+  std::optional<Fault> fault;
+};
 
 class Service {
  public:
-  Service(double pace, bool colleague);
+  // `address` is where it can be reached, for the links that it makes.
+  Service(const std::string& address, double pace, bool colleague);
 
-  // Any thread; several at once.
-  Reply answer(const Request& request);
+  // Any thread; several at once. A request begins when its head is there; `reading` is asked again
+  // and again how to go on, first at 0 bytes, and a reply from it ends the request with the rest
+  // of the body unread; `answer` takes a request that is whole.
+  Begun begin(const Request& head);
+  std::optional<Reply> reading(Begun& begun, const Request& head, std::size_t bytes);
+  Reply answer(const Begun& begun, const Request& request);
 
   // Set ahead of the first request: takes the sign-in page's callback URLs in the browser's stead,
   // for a desktop that does not know their scheme. Called on any thread, with the lock held.
@@ -67,8 +80,15 @@ class Service {
   Reply serveTests(const Request& request);  // under /demo/
   Reply signInPage(const Request& request);
   Reply signedInPage(const Request& request);
-  std::size_t log(const Request& request);
-  void logStatus(std::size_t number, int status);
+  Reply sharePage(const std::string& key, bool embedded);
+  Reply shareAnswer(const Request& request, const std::string& rest);
+  // These take the lock themselves, and only for a moment.
+  std::optional<Reply> shareFile(const Request& request);
+  Reply proof(const std::string& ticket, std::optional<Int> version, bool repaired);
+  Reply takeVersion(const Request& request, const std::string& id);
+  void wait(const Fault& fault);
+  std::size_t log(const Request& head);
+  void note(const Begun& begun, const std::function<void(LogEntry&)>& what);
 
   std::mutex mutex_;
   Pictures pictures_;

@@ -7,8 +7,8 @@
 
 namespace vellix::demo {
 
-State::State(Pictures& pictures, double now, double pace, bool colleague)
-    : pictures_(pictures), now_(now), pace_(pace) {
+State::State(Pictures& pictures, std::string address, double now, double pace, bool colleague)
+    : pictures_(pictures), address_(std::move(address)), now_(now), pace_(pace) {
   open(now);
   openRounds();
   openNotes();
@@ -26,6 +26,12 @@ void State::advance(double now) {
     happening.what();
   }
   now_ = std::max(now_, now);
+  goOnWithChecks();
+}
+
+void State::setWaits(std::optional<bool> approvers, std::optional<bool> checks) {
+  approversWait_ = approvers.value_or(approversWait_);
+  checksWait_ = checks.value_or(checksWait_);
 }
 
 void State::later(double wait, std::function<void()> what) {

@@ -4,6 +4,7 @@
 
 #include <expected>
 #include <functional>
+#include <future>
 #include <map>
 #include <random>
 #include <set>
@@ -33,10 +34,30 @@ struct VersionAnswer {
 };
 BOOST_DESCRIBE_STRUCT(VersionAnswer, (), (version))
 
+// An uploaded revision.
+struct Upload {
+  std::shared_ptr<const PdfFile> pdf;
+  std::size_t size = 0;
+  std::string filename;
+  std::string note;
+};
+// Its number, and its pages as soon as they are read.
+struct Uploaded {
+  Int version = 0;
+  std::shared_future<PdfReading> reading;
+};
+
+// What a revision changes, and the version that it was compared with; 0 for none.
+struct Compared {
+  Int old = 0;
+  std::vector<Finding> changes;
+};
+
 class State {
  public:
-  // `pace` scales every waiting time: 1 as people would see it, smaller for hasty tests.
-  State(Pictures& pictures, double now, double pace, bool colleague);
+  // `address` begins every link; `pace` scales every waiting time: 1 as people would see it,
+  // smaller for hasty tests.
+  State(Pictures& pictures, std::string address, double now, double pace, bool colleague);
 
   // Lets happen everything that was due by `now`; called before each request is answered.
   void advance(double now);
@@ -71,16 +92,31 @@ class State {
 
   // Approval, versions, sharing.
   Outcome<ShareAnswer> approval(const std::string& id, const Json& body, const std::string& by);
-  Outcome<VersionAnswer> upload(const std::string& id, std::size_t size,
-                                const std::string& filename, const std::string& note,
-                                const std::string& by);
+  Outcome<Uploaded> upload(const std::string& id, Upload upload, const std::string& by);
+  // A version as a PDF, made when called; `repaired` sets a proof as it was sent to be printed.
+  Outcome<std::function<std::string()>> proofOf(const std::string& id, std::optional<Int> version,
+                                                bool repaired) const;
   Outcome<ShareAnswer> share(const std::string& id, const Json& body, const std::string& by);
   Done setApprovers(const Json& body, const std::string& by);
+  // The ticket that a link of that key leads to or once led to; none when there never was one.
+  struct Linked {
+    std::string ticket;
+    bool renewed = false;
+    bool enabled = false;
+  };
+  std::optional<Linked> linkedBy(const std::string& key) const;
 
   // Jobs and people.
   Done startJob(const Json& body, const std::string& by);
   Done stopJob(const std::string& id, const std::string& by);
   Done setPhoto(std::string bytes, const std::string& by);
+
+  // Everyone asked who has not answered says now what `kind` tells, "approved" or "changes"; only
+  // `approver`, when one is named.
+  Done answerNow(const std::string& id, const std::string& approver, const std::string& kind,
+                 const std::string& note);
+  // From now on approvers answer, and checks end, only when asked to, or again by themselves.
+  void setWaits(std::optional<bool> approvers, std::optional<bool> checks);
 
   // The check finds so many more changed words on that page, one below the other.
   Done findMore(const std::string& fileId, Int page, Int count);
@@ -108,12 +144,23 @@ class State {
   std::string secret();
   std::string nextId(const std::string& prefix);
   ShareInfo& shareOf(Ticket& ticket, const std::string& by);
-  void renewLinks(ShareInfo& share);
+  void renewLinks(Ticket& ticket);
   double dueOf(const FileItem& item) const;
-  void answerRound(const std::string& id, Int version, double requestedAt,
-                   const std::string& approver);
-  void settle(Ticket& ticket);
-  void finishCheck(const std::string& id, Int version);
+  void answerRound(const std::string& id, double requestedAt, const std::string& approver);
+  void answer(Ticket& ticket, const std::string& approver, const std::string& kind,
+              std::optional<std::string> note);
+  // A revision that is being read and compared beside.
+  struct Check {
+    std::string id;
+    Int version = 0;
+    double due = 0;
+    std::shared_future<PdfReading> reading;
+    std::future<Compared> compared;
+    bool read = false;
+  };
+  void goOnWithChecks();
+  void showPages(const Check& check);
+  void finishCheck(Check& check);
   Job* liveJob(const std::string& id);
   void stepJob(const std::string& id, std::size_t step);
   void finishJob(Job& job);
@@ -121,6 +168,7 @@ class State {
   void scheduleColleague();
 
   Pictures& pictures_;
+  std::string address_;
   double now_ = 0;
   double pace_ = 1;
   Int rev_ = 100;
@@ -138,7 +186,11 @@ class State {
   std::map<std::string, std::string> pdfs_;
   std::map<std::string, std::string> tokens_;                         // to e-mail
   std::map<std::string, std::pair<std::string, std::string>> codes_;  // to e-mail and nonce
+  std::map<std::string, std::string> links_;  // every link's key there ever was, to its ticket
   std::vector<Happening> happenings_;
+  std::vector<Check> checks_;  // oldest first
+  bool approversWait_ = false;
+  bool checksWait_ = false;
 };
 
 }  // namespace vellix::demo

@@ -134,7 +134,7 @@ void State::open(double now) {
   find("carto-jacket")->item.deadline = atLocal(now, 1, 9, 30);
   find("carto-jacket")->item.share =
       ShareInfo{true, "comment", std::nullopt, std::nullopt, kRenny, now - 20 * kHour};
-  renewLinks(*find("carto-jacket")->item.share);
+  renewLinks(*find("carto-jacket"));
 }
 
 void State::openRounds() {

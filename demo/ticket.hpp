@@ -1,12 +1,14 @@
 // A ticket as the service keeps it, with what its pages were made from.
 #pragma once
 
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "defects.hpp"
+#include "pdf_file.hpp"
 #include "records/records.hpp"
 
 namespace vellix::demo {
@@ -20,7 +22,9 @@ struct ProofPage {
 
 struct TicketVersion {
   Version record;
-  std::vector<ProofPage> proofs;
+  std::vector<ProofPage> proofs;           // of a version that the demo set itself
+  std::shared_ptr<const PdfFile> pdf;      // of one that was uploaded
+  std::shared_future<PdfReading> reading;  // not valid before a later version is checked against it
   std::vector<Page> pages;
   std::vector<Finding> findings;
   std::vector<Ref> refs;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <mutex>
 
 namespace vellix::demo {
 namespace {
@@ -103,7 +104,9 @@ QFont fontOf(Face face) {
 }
 
 double widthOf(Face face, const QString& text) {
+  static std::mutex mutex;
   static QHash<QString, double> known[5];
+  const std::lock_guard lock(mutex);
   auto& widths = known[static_cast<int>(face)];
   if (const auto found = widths.constFind(text); found != widths.constEnd()) return *found;
   static const std::vector<QFontMetricsF> metrics = [] {

@@ -19,7 +19,7 @@ enum class Face { roman, italic, fallback, smallCaps, dropCap };
 
 // The font of a face at its size on a text page.
 QFont fontOf(Face face);
-// Width of text in a face, remembered. One thread at a time: it is used while pages are laid out.
+// Width of text in a face, remembered. Any thread.
 double widthOf(Face face, const QString& text);
 
 struct Word {

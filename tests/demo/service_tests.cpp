@@ -2,101 +2,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <set>
-#include <thread>
 
-#include "records/json.hpp"
-#include "running_service.hpp"
+#include "demo_service.hpp"
 
 namespace vellix::demo_tests {
 namespace {
-
-class DemoService : public testing::Test {
- protected:
-  static void SetUpTestSuite() { service_ = new RunningService; }
-  static void TearDownTestSuite() {
-    EXPECT_EQ(service_->end(), 0) << "it ends by itself when its standard input does";
-    delete service_;
-  }
-
-  void SetUp() override {
-    ASSERT_GT(service_->port(), 0) << service_->announced();
-    client_.set_read_timeout(20);
-    const auto answer =
-        post("/api/login/exchange", R"({"code":"demo-renny","state":"","device":"test"})");
-    ASSERT_TRUE(answer);
-    const auto signedIn = decode<SignInAnswer>(answer->body);
-    ASSERT_TRUE(signedIn) << answer->body;
-    EXPECT_EQ(signedIn->me.email, "renny@tessarine.example");
-    token_ = signedIn->token;
-  }
-  void TearDown() override { (void)post("/demo/faults", "[]"); }
-
-  httplib::Headers headers(const std::string& etag = {}) const {
-    httplib::Headers all;
-    if (!token_.empty()) all.emplace("Authorization", "Bearer " + token_);
-    if (!etag.empty()) all.emplace("If-None-Match", etag);
-    return all;
-  }
-  httplib::Result get(const std::string& path, const std::string& etag = {}) {
-    return client_.Get(path, headers(etag));
-  }
-  httplib::Result post(const std::string& path, const std::string& body) {
-    return client_.Post(path, headers(), body, "application/json");
-  }
-  int statusOf(const httplib::Result& result) { return result ? result->status : 0; }
-  BoardState board() {
-    const auto answer = get("/api/state");
-    const auto decoded = answer ? decode<BoardState>(answer->body) : decode<BoardState>("");
-    EXPECT_TRUE(decoded) << (decoded ? "" : decoded.error().where + decoded.error().why);
-    return decoded.value_or(BoardState{});
-  }
-  FileDetail detail(const std::string& id, const std::string& query = {}) {
-    const auto answer = get("/api/files/" + id + query);
-    const auto decoded = answer ? decode<FileDetail>(answer->body) : decode<FileDetail>("");
-    EXPECT_TRUE(decoded) << id << (decoded ? "" : decoded.error().where + decoded.error().why);
-    return decoded.value_or(FileDetail{});
-  }
-  // Asks again until `done` holds of the board; false after some seconds.
-  template <class Done>
-  bool eventually(Done done) {
-    for (int i = 0; i < 100; ++i) {
-      if (done(board())) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
-    return false;
-  }
-
-  static RunningService* service_;
-  httplib::Client client_{"127.0.0.1", service_->port()};
-  std::string token_;
-};
-RunningService* DemoService::service_ = nullptr;
 
 const Finding* openFinding(const FileDetail& detail) {
   for (const Finding& finding : detail.findings) {
     if (finding.state == "open" && finding.kind != "expected") return &finding;
   }
   return nullptr;
-}
-
-// Width and height out of a JPEG's frame header; zeros when there is none.
-std::pair<int, int> sizeOfJpeg(const std::string& bytes) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-  if (!bytes.starts_with("\xFF\xD8")) return {0, 0};
-  for (std::size_t at = 2; at + 9 < bytes.size() && byte(at) == 0xFF;) {
-    if (byte(at + 1) >= 0xC0 && byte(at + 1) <= 0xC2) {
-      return {byte(at + 7) * 256 + byte(at + 8), byte(at + 5) * 256 + byte(at + 6)};
-    }
-    at += 2 + static_cast<std::size_t>(byte(at + 2)) * 256 + byte(at + 3);
-  }
-  return {0, 0};
-}
-
-bool lies(const std::vector<double>& box) {
-  return box.size() == 4 && box[0] >= 0 && box[1] >= 0 && box[2] > 0 && box[3] > 0 &&
-         box[0] + box[2] <= 1.0001 && box[1] + box[3] <= 1.0001;
 }
 
 TEST_F(DemoService, AnnouncesItselfInOneLine) {
@@ -328,27 +245,6 @@ TEST_F(DemoService, MakesAReportThatDownloads) {
   const auto log = get("/api/jobs/" + report.job_id.value_or(""));
   ASSERT_EQ(statusOf(log), 200);
   EXPECT_NE(log->body.find("\"log\""), std::string::npos);
-}
-
-TEST_F(DemoService, ChecksAnUploadAgainstTheVersionBefore) {
-  auto all = headers();
-  all.emplace("x-filename", "Letter%20v2%2Epdf");
-  all.emplace("x-note", "Moved%20back");
-  EXPECT_EQ(statusOf(client_.Put("/api/files/letter-cover/versions", all, "no", "application/pdf")),
-            400);
-  const auto answer =
-      client_.Put("/api/files/letter-cover/versions", all, "%PDF-1.7 x", "application/pdf");
-  ASSERT_EQ(statusOf(answer), 200);
-  EXPECT_EQ(answer->body, R"({"version":2})");
-  EXPECT_TRUE(eventually(
-      [&](const BoardState&) { return detail("letter-cover").versions->back().status == "done"; }));
-  const FileDetail now = detail("letter-cover");
-  EXPECT_EQ(now.versions->back().filename, "Letter v2.pdf");
-  EXPECT_EQ(now.file.approval, "revised");
-  ASSERT_FALSE(now.findings.empty());
-  for (const Finding& finding : now.findings) EXPECT_EQ(finding.against, "previous");
-  EXPECT_TRUE(now.file.pages->front().refs->contains("previous"));
-  EXPECT_EQ(detail("letter-cover", "?v=1").version, 1);
 }
 
 TEST_F(DemoService, ApproversAnswerAfterAWhile) {

@@ -2,6 +2,7 @@
 
 import json
 import subprocess
+import urllib.parse
 import urllib.request
 
 from private_session import LIMIT, Trouble, wait_until
@@ -54,6 +55,23 @@ class Service:
     def find_more(self, file_id, page, count):
         """The check finds so many more things on that page, all of them open."""
         self._ask("POST", "demo/findings", {"file_id": file_id, "page": page, "count": count})
+
+    def keep_waiting(self, approvers=None, checks=None):
+        """Approvers answer, and checks of revisions end, only when asked to; False ends that."""
+        waits = {"approvers": approvers, "checks": checks}
+        self._ask("POST", "demo/waits", {who: on for who, on in waits.items() if on is not None})
+
+    def approvers_answer(self, file_id, kind="approved", note="", by=""):
+        """Everyone who was asked and has not answered does so now, or one of them."""
+        self._ask("POST", "demo/answers",
+                  {"file_id": file_id, "kind": kind, "note": note, "by": by})
+
+    def proof(self, file_id, version=0, repaired=False):
+        """A version's PDF, the newest by default; repaired, as it was sent to be printed."""
+        query = urllib.parse.urlencode({"file_id": file_id, "v": version, "repaired": int(repaired)})
+        opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
+        with opener.open(f"{self.base}/demo/proof?{query}", timeout=LIMIT) as answer:
+            return answer.read()
 
     def requests(self, method, start):
         """The log's entries of one method whose path starts so, oldest first."""
