@@ -8,7 +8,6 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QImage>
 #include <QImageWriter>
 #include <QPainter>
 #include <algorithm>
@@ -88,6 +87,7 @@ std::string PdfFile::told(std::vector<std::string> arguments) const {
           .toStdString();
   arguments.insert(arguments.begin(), program);
   std::vector<char*> words;
+  words.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) words.push_back(argument.data());
   words.push_back(nullptr);
   // Fonts and the like are found by the environment; no connection of the service's is handed on,
@@ -124,6 +124,19 @@ std::string PdfFile::picture(int page, QSize pixels) const {
   std::string jpeg = told({"picture", std::to_string(page), std::to_string(pixels.width()),
                            std::to_string(pixels.height())});
   return jpeg.empty() ? excuse(pixels) : jpeg;
+}
+
+std::vector<QImage> PdfFile::sketches() const {
+  const QByteArray all = QByteArray::fromStdString(told({"sketches"}));
+  QDataStream stream(all);
+  std::vector<QImage> pages;
+  while (!stream.atEnd()) {
+    QImage page;
+    stream >> page;
+    if (stream.status() != QDataStream::Ok || page.format() != QImage::Format_Grayscale8) break;
+    pages.push_back(std::move(page));
+  }
+  return pages;
 }
 
 std::string PdfFile::bytes() const {

@@ -2,6 +2,7 @@
 // PDF that brings its reader down fails by itself.
 #pragma once
 
+#include <QImage>
 #include <QSize>
 #include <memory>
 #include <string>
@@ -24,6 +25,9 @@ class PdfFile {
   PdfReading read() const;
   // As JPEG; where the page cannot be drawn, a picture that says so.
   std::string picture(int page, QSize pixels) const;
+  // The pages in grey, small, from the first on; it ends before the last where
+  // drawing them takes too long.
+  std::vector<QImage> sketches() const;
   std::string bytes() const;
 
  private:

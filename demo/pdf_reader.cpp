@@ -3,6 +3,7 @@
 //
 //   vellix_demo_pdf_reader words <PDF           its pages and words, as a PdfReading
 //   vellix_demo_pdf_reader picture N W H <PDF   page N, from 0, as a JPEG of W by H pixels
+//   vellix_demo_pdf_reader sketches <PDF        all pages, small and grey, as QImages
 #include <poppler-document.h>
 #include <poppler-global.h>
 #include <poppler-image.h>
@@ -18,9 +19,11 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <string_view>
 
+#include "art_changes.hpp"
 #include "pdf_reading.hpp"
 
 namespace vellix::demo {
@@ -28,9 +31,10 @@ namespace {
 
 constexpr rlim_t kMostMemory = rlim_t{1} << 30;
 // Of the processor's time; on a busy machine it may last longer by the clock.
-constexpr unsigned kMostSecondsForWords = 20;
+constexpr unsigned kMostSeconds = 20;
 constexpr unsigned kMostSecondsForAPicture = 8;
 constexpr unsigned kMostWaiting = 3;
+constexpr int kMostForSketches = 8;
 constexpr std::size_t kMostWords = 400'000;
 constexpr const char* kInput = "/proc/self/fd/0";
 
@@ -45,12 +49,13 @@ void limitItself(unsigned seconds) {
   alarm(seconds * kMostWaiting);
 }
 
-// As shown, in points.
+// As shown, in points; a page without any is taken for a common one.
 QSizeF sizeOf(const poppler::page& page) {
   const auto rect = page.page_rect();
   const QSizeF size(std::abs(rect.width()), std::abs(rect.height()));
   const auto turned = page.orientation();
   const bool lies = turned == poppler::page::landscape || turned == poppler::page::seascape;
+  if (!(size.width() > 0 && size.height() > 0)) return {612, 792};
   return lies ? size.transposed() : size;
 }
 
@@ -114,26 +119,55 @@ int tell(const PdfReading& reading) {
   return out.flush() && stream.status() == QDataStream::Ok ? 0 : 1;
 }
 
+// Null when it cannot be drawn.
+QImage drawn(const poppler::page& page, int width, int height) {
+  const QSizeF size = sizeOf(page);
+  poppler::page_renderer renderer;
+  renderer.set_render_hints(poppler::page_renderer::antialiasing |
+                            poppler::page_renderer::text_antialiasing);
+  renderer.set_image_format(poppler::image::format_rgb24);
+  const poppler::image image = renderer.render_page(
+      &page, 72 * width / size.width(), 72 * height / size.height(), 0, 0, width, height);
+  if (!image.is_valid()) return {};
+  return QImage(reinterpret_cast<const uchar*>(image.const_data()), image.width(), image.height(),
+                image.bytes_per_row(), QImage::Format_RGB888)
+      .copy();
+}
+
 int draw(int number, int width, int height) {
   const std::unique_ptr<poppler::document> document(poppler::document::load_from_file(kInput));
   if (!document || document->is_locked()) return 1;
   const std::unique_ptr<poppler::page> page(document->create_page(number));
   if (!page) return 1;
-  const QSizeF size = sizeOf(*page);
-  poppler::page_renderer renderer;
-  renderer.set_render_hints(poppler::page_renderer::antialiasing |
-                            poppler::page_renderer::text_antialiasing);
-  renderer.set_image_format(poppler::image::format_rgb24);
-  const poppler::image drawn = renderer.render_page(
-      page.get(), 72 * width / size.width(), 72 * height / size.height(), 0, 0, width, height);
-  if (!drawn.is_valid()) return 1;
-  const QImage image(reinterpret_cast<const uchar*>(drawn.const_data()), drawn.width(),
-                     drawn.height(), drawn.bytes_per_row(), QImage::Format_RGB888);
+  const QImage image = drawn(*page, width, height);
   QFile out;
-  if (!out.open(stdout, QIODevice::WriteOnly)) return 1;
+  if (image.isNull() || !out.open(stdout, QIODevice::WriteOnly)) return 1;
   QImageWriter writer(&out, "jpeg");
   writer.setQuality(90);
   return writer.write(image) && out.flush() ? 0 : 1;
+}
+
+int sketch() {
+  const std::unique_ptr<poppler::document> document(poppler::document::load_from_file(kInput));
+  QFile out;
+  if (!document || document->is_locked() || !out.open(stdout, QIODevice::WriteOnly)) return 1;
+  QDataStream stream(&out);
+  for (int i = 0; i < document->pages(); ++i) {
+    if (std::clock() > kMostForSketches * CLOCKS_PER_SEC) break;
+    const std::unique_ptr<poppler::page> page(document->create_page(i));
+    if (!page) break;
+    const QSizeF size = sizeOf(*page);
+    const double scale = kSketchSide / std::min(size.width(), size.height());
+    const auto side = [&](double points) {
+      return std::clamp(static_cast<int>(std::lround(points * scale)), 1, 4 * kSketchSide);
+    };
+    const QSize small(side(size.width()), side(size.height()));
+    // Drawn larger and then scaled down, so that thin lines turn into an even grey.
+    stream << drawn(*page, small.width() * 3, small.height() * 3)
+                  .scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                  .convertToFormat(QImage::Format_Grayscale8);
+  }
+  return out.flush() ? 0 : 1;
 }
 
 }  // namespace
@@ -141,14 +175,15 @@ int draw(int number, int width, int height) {
 
 int main(int argc, char** argv) {
   const std::string_view what = argc > 1 ? argv[1] : "";
-  vellix::demo::limitItself(what == "words" ? vellix::demo::kMostSecondsForWords
-                                            : vellix::demo::kMostSecondsForAPicture);
+  vellix::demo::limitItself(what == "picture" ? vellix::demo::kMostSecondsForAPicture
+                                              : vellix::demo::kMostSeconds);
   poppler::set_debug_error_function([](const std::string&, void*) {}, nullptr);
   if (what == "words" && argc == 2) return vellix::demo::tell(vellix::demo::read());
   if (what == "picture" && argc == 5) {
     return vellix::demo::draw(std::atoi(argv[2]), std::max(1, std::atoi(argv[3])),
                               std::max(1, std::atoi(argv[4])));
   }
-  std::fputs("usage: vellix_demo_pdf_reader words | picture N WIDTH HEIGHT\n", stderr);
+  if (what == "sketches" && argc == 2) return vellix::demo::sketch();
+  std::fputs("usage: vellix_demo_pdf_reader words | picture N WIDTH HEIGHT | sketches\n", stderr);
   return 2;
 }

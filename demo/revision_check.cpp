@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <span>
 
+#include "art_changes.hpp"
 #include "word_changes.hpp"
 
 namespace vellix::demo {
@@ -104,6 +106,8 @@ Finding breaksMoved(std::size_t page, std::span<const MovedBreak> breaks, const 
   return finding;
 }
 
+std::string called(const Compared& version) { return "v" + std::to_string(version.number); }
+
 QRectF allOf(const Words& words) {
   QRectF all;
   for (const PdfWord& word : words) all = all.united(word.box);
@@ -167,20 +171,35 @@ std::vector<Finding> ofPage(std::size_t i, const PdfPage& old, const PdfPage& no
 }
 
 // Told at the last page that both have, since there the two can be compared.
-Finding pagesMoreOrLess(const PdfReading& before, const PdfReading& after,
-                        const std::string& oldName, const std::string& newName,
-                        const std::vector<std::string>& names) {
-  const std::size_t old = before.pages.size();
-  const std::size_t now = after.pages.size();
+Finding pagesMoreOrLess(const Compared& before, const Compared& after) {
+  const std::size_t old = before.reading.pages.size();
+  const std::size_t now = after.reading.pages.size();
   const bool less = now < old;
   Finding finding = changed(std::min(old, now) - 1, less ? "missing_page" : "extra_page", "high");
   const std::size_t count = less ? old - now : now - old;
   finding.title = less ? counted(count, "page is missing", "pages are missing")
                        : counted(count, "page more", "pages more");
-  finding.detail = newName + " has " + std::to_string(now) + (now == 1 ? " page" : " pages") +
-                   " where " + oldName + " has " + std::to_string(old) + ".";
-  if (less && now < names.size()) *finding.detail += " It ends before p" + names[now] + ".";
+  finding.detail = called(after) + " has " + std::to_string(now) + (now == 1 ? " page" : " pages") +
+                   " where " + called(before) + " has " + std::to_string(old) + ".";
+  if (less && now < before.names.size()) {
+    *finding.detail += " It ends before p" + before.names[now] + ".";
+  }
   return finding;
+}
+
+std::vector<Finding> artOfPage(std::size_t i, const Compared& before, const Compared& after) {
+  std::vector<Finding> findings;
+  if (i >= before.sketches.size() || i >= after.sketches.size()) return findings;
+  for (const QRectF& box :
+       artChanges(before.sketches[i], after.sketches[i], before.reading.pages[i].words,
+                  after.reading.pages[i].words)) {
+    Finding finding = changed(i, "picture", "medium");
+    finding.title = "The art differs";
+    finding.detail = "What is drawn here is not what " + called(before) + " shows.";
+    putBoxes(finding, {box}, {box});
+    findings.push_back(std::move(finding));
+  }
+  return findings;
 }
 
 // An issue is called by its own name, however often it was seen again.
@@ -192,8 +211,14 @@ std::string nameOf(const Finding& issue) {
   return name;
 }
 
+// Whether words tell of it.
+bool inWords(const Finding& finding) {
+  return finding.kind == "words" || finding.kind == "breaks" || finding.kind == "fonts";
+}
+
 bool meet(const Finding& change, const Finding& issue) {
-  if (change.page != issue.page) return false;
+  if (change.page != issue.page || inWords(change) != inWords(issue)) return false;
+  if (change.kind == "size" && issue.kind == "size") return true;
   if (!change.ref_box || !issue.box) return false;
   const auto rect = [](const std::vector<double>& box) {
     return QRectF(box[0], box[1], box[2], box[3]);
@@ -206,21 +231,19 @@ bool meet(const Finding& change, const Finding& issue) {
 
 }  // namespace
 
-std::vector<Finding> changesBetween(const PdfReading& before, const PdfReading& after, Int old,
-                                    Int now, const std::vector<std::string>& names) {
-  const std::string oldName = "v" + std::to_string(old);
-  const std::size_t both = std::min(before.pages.size(), after.pages.size());
+std::vector<Finding> changesBetween(const Compared& before, const Compared& after) {
+  const auto& old = before.reading.pages;
+  const auto& now = after.reading.pages;
+  const std::size_t both = std::min(old.size(), now.size());
   std::vector<Finding> findings;
   if (both == 0) return findings;
   for (std::size_t i = 0; i < both; ++i) {
-    for (Finding& finding :
-         ofPage(i, before.pages[i], after.pages[i], oldName, findings.size() > kMostOfAll)) {
-      findings.push_back(std::move(finding));
-    }
+    const bool brief = findings.size() > kMostOfAll;
+    std::ranges::move(ofPage(i, old[i], now[i], called(before), brief),
+                      std::back_inserter(findings));
+    std::ranges::move(artOfPage(i, before, after), std::back_inserter(findings));
   }
-  if (before.pages.size() != after.pages.size()) {
-    findings.push_back(pagesMoreOrLess(before, after, oldName, "v" + std::to_string(now), names));
-  }
+  if (old.size() != now.size()) findings.push_back(pagesMoreOrLess(before, after));
   return findings;
 }
 
@@ -263,23 +286,6 @@ CheckResult weighed(std::vector<Finding> changes, const std::vector<Finding>& be
                     : repairs > 0 ? "Nothing else moved."
                                   : "Nothing moved.";
   return result;
-}
-
-std::string excuseFor(const PdfReading& reading) {
-  switch (reading.trouble) {
-    case PdfTrouble::none:
-      return {};
-    case PdfTrouble::locked:
-      return "The PDF is locked with a password. Upload one that opens without.";
-    case PdfTrouble::empty:
-      return "The PDF has no pages.";
-    case PdfTrouble::tooLong:
-      return "The PDF has " + std::to_string(reading.count) + " pages. Up to " +
-             std::to_string(kMostPdfPages) + " can be checked.";
-    case PdfTrouble::damaged:
-      break;
-  }
-  return "The PDF is damaged and did not open. Upload it again.";
 }
 
 }  // namespace vellix::demo

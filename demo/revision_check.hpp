@@ -2,6 +2,7 @@
 // marked a real issue before.
 #pragma once
 
+#include <QImage>
 #include <string>
 #include <vector>
 
@@ -10,10 +11,16 @@
 
 namespace vellix::demo {
 
-// Every change, as an open finding against the version before; ids are the caller's. `old` and
-// `now` are the versions' numbers, `names` what the pages of the old one are called. Takes a while.
-std::vector<Finding> changesBetween(const PdfReading& before, const PdfReading& after, Int old,
-                                    Int now, const std::vector<std::string>& names);
+// A version as it is compared.
+struct Compared {
+  Int number = 0;
+  const PdfReading& reading;
+  std::vector<QImage> sketches;    // of the first pages
+  std::vector<std::string> names;  // of the pages, as far as they have any
+};
+
+// Every change, as an open finding against the version before; ids are the caller's. Takes a while.
+std::vector<Finding> changesBetween(const Compared& before, const Compared& after);
 
 struct CheckResult {
   std::vector<Finding> findings;
@@ -24,8 +31,5 @@ struct CheckResult {
 // open, and one that words do not tell of is to be looked at.
 CheckResult weighed(std::vector<Finding> changes, const std::vector<Finding>& before,
                     std::size_t pages);
-
-// What is told of a PDF that could not be checked.
-std::string excuseFor(const PdfReading& reading);
 
 }  // namespace vellix::demo

@@ -31,31 +31,32 @@ std::vector<PrintedPage> printed(const TicketVersion& version, bool repaired) {
 }
 
 // A version of the demo's own is printed and read like any other, so that all are compared alike.
-std::shared_future<PdfReading>& readingOf(TicketVersion& version) {
-  if (!version.reading.valid()) {
-    version.reading = std::async(std::launch::deferred, [pages = printed(version, false)] {
-                        const auto pdf = PdfFile::of(proofPdf("Proof", pages));
-                        return pdf ? pdf->read() : PdfReading{};
-                      }).share();
-  }
-  return version.reading;
+void makeReadable(TicketVersion& version) {
+  if (version.reading.valid()) return;
+  version.printed = std::async(std::launch::deferred, [pages = printed(version, false)] {
+                      return PdfFile::of(proofPdf("Proof", pages));
+                    }).share();
+  version.reading = std::async(std::launch::deferred, [pdf = version.printed] {
+                      return pdf.get() ? pdf.get()->read() : PdfReading{};
+                    }).share();
 }
 
 struct Earlier {
   Int number = 0;
+  std::shared_future<std::shared_ptr<const PdfFile>> pdf;
   std::shared_future<PdfReading> reading;
   std::vector<std::string> names;  // of its pages
 };
 
 // Against the newest of the versions before that can be read.
-Compared compared(const std::vector<Earlier>& earlier, Int number,
-                  const std::shared_future<PdfReading>& reading) {
-  const PdfReading& now = reading.get();
-  if (now.trouble != PdfTrouble::none) return {};
-  for (const auto& [old, oldReading, names] : earlier) {
-    const PdfReading& before = oldReading.get();
-    if (before.trouble != PdfTrouble::none) continue;
-    return {old, changesBetween(before, now, old, number, names)};
+Changes changesSince(const std::vector<Earlier>& earlier, Int number,
+                     const std::shared_ptr<const PdfFile>& pdf,
+                     const std::shared_future<PdfReading>& reading) {
+  if (reading.get().trouble != PdfTrouble::none) return {};
+  for (const auto& [old, oldPdf, oldReading, names] : earlier) {
+    if (oldReading.get().trouble != PdfTrouble::none) continue;
+    const Compared before{old, oldReading.get(), oldPdf.get()->sketches(), names};
+    return {old, changesBetween(before, {number, reading.get(), pdf->sketches(), {}})};
   }
   return {};
 }
@@ -75,6 +76,24 @@ Page pageRecord(const std::shared_ptr<const PdfFile>& pdf, const PdfPage& page, 
   pictures.add(*entry.thumb, [pdf, index, small] { return pdf->picture(index, small); });
   entry.refs.emplace();
   return entry;
+}
+
+// What is told of a PDF that could not be checked.
+std::string excuseFor(const PdfReading& reading) {
+  switch (reading.trouble) {
+    case PdfTrouble::none:
+      return {};
+    case PdfTrouble::locked:
+      return "The PDF is locked with a password. Upload one that opens without.";
+    case PdfTrouble::empty:
+      return "The PDF has no pages.";
+    case PdfTrouble::tooLong:
+      return "The PDF has " + std::to_string(reading.count) + " pages. Up to " +
+             std::to_string(kMostPdfPages) + " can be checked.";
+    case PdfTrouble::damaged:
+      break;
+  }
+  return "The PDF is damaged and did not open. Upload it again.";
 }
 
 TicketVersion* versionOf(Ticket* ticket, Int number) {
@@ -100,7 +119,8 @@ Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std:
   if (ticket == nullptr) return refuse(404, "There is no such ticket.");
   std::vector<Earlier> earlier;
   for (auto version = ticket->versions.rbegin(); version != ticket->versions.rend(); ++version) {
-    Earlier entry{version->record.n, readingOf(*version), {}};
+    makeReadable(*version);
+    Earlier entry{version->record.n, version->printed, version->reading, {}};
     for (const Page& page : version->pages) entry.names.push_back(page.name());
     earlier.push_back(std::move(entry));
   }
@@ -116,15 +136,15 @@ Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std:
   next.origin = {ticket->item.supplier, by, now_, next.record.filename, std::nullopt, std::nullopt,
                  ticket->item.links};
   next.pdf = upload.pdf;
+  next.printed = std::async(std::launch::deferred, [pdf = upload.pdf] { return pdf; }).share();
   next.reading = std::async(std::launch::async, [pdf = upload.pdf] { return pdf->read(); }).share();
   const Int number = next.record.n;
-  checks_.push_back({id, number, now_ + kCheck * pace_, next.reading,
-                     std::async(std::launch::async,
-                                [earlier = std::move(earlier), number, reading = next.reading] {
-                                  return compared(earlier, number, reading);
-                                }),
-                     false});
-  const Uploaded answer{number, next.reading};
+  auto changes = std::async(std::launch::async, [earlier = std::move(earlier), number,
+                                                 pdf = upload.pdf, reading = next.reading] {
+    return changesSince(earlier, number, pdf, reading);
+  });
+  checks_.push_back({id, number, now_ + kCheck * pace_, next.reading, std::move(changes), false});
+  Uploaded answer{number, next.reading};
   ticket->item.version = number;
   ticket->item.page_count.reset();
   ticket->item.refs.reset();
@@ -148,7 +168,7 @@ void State::goOnWithChecks() {
   }
   while (!checks_.empty()) {
     Check& check = checks_.front();
-    if (checksWait_ || !check.read || check.due > now_ || !ready(check.compared)) break;
+    if (checksWait_ || !check.read || check.due > now_ || !ready(check.changes)) break;
     finishCheck(check);
     checks_.erase(checks_.begin());
   }
@@ -191,8 +211,8 @@ void State::finishCheck(Check& check) {
   TicketVersion* version = versionOf(ticket, check.version);
   if (version == nullptr) return;
   const PdfReading& reading = check.reading.get();
-  const Compared compared = check.compared.get();
-  const TicketVersion* old = versionOf(ticket, compared.old);
+  Changes changes = check.changes.get();
+  const TicketVersion* old = versionOf(ticket, changes.old);
   const std::string name = "v" + std::to_string(check.version);
   std::string told = "Checked " + name;
   if (reading.trouble != PdfTrouble::none) {
@@ -203,7 +223,7 @@ void State::finishCheck(Check& check) {
     version->record.status = "done";
     version->record.summary = "There was no version that it could be checked against.";
   } else {
-    CheckResult result = weighed(compared.changes, old->findings, version->pages.size());
+    CheckResult result = weighed(std::move(changes.all), old->findings, version->pages.size());
     number(result.findings, check.id, check.version);
     version->findings = std::move(result.findings);
     version->record.status = "done";

@@ -48,9 +48,9 @@ struct Uploaded {
 };
 
 // What a revision changes, and the version that it was compared with; 0 for none.
-struct Compared {
+struct Changes {
   Int old = 0;
-  std::vector<Finding> changes;
+  std::vector<Finding> all;
 };
 
 class State {
@@ -155,7 +155,7 @@ class State {
     Int version = 0;
     double due = 0;
     std::shared_future<PdfReading> reading;
-    std::future<Compared> compared;
+    std::future<Changes> changes;
     bool read = false;
   };
   void goOnWithChecks();

@@ -22,9 +22,11 @@ struct ProofPage {
 
 struct TicketVersion {
   Version record;
-  std::vector<ProofPage> proofs;           // of a version that the demo set itself
-  std::shared_ptr<const PdfFile> pdf;      // of one that was uploaded
-  std::shared_future<PdfReading> reading;  // not valid before a later version is checked against it
+  std::vector<ProofPage> proofs;       // of a version that the demo set itself
+  std::shared_ptr<const PdfFile> pdf;  // of one that was uploaded
+  // What a later version is checked against; not valid before there is one.
+  std::shared_future<std::shared_ptr<const PdfFile>> printed;
+  std::shared_future<PdfReading> reading;
   std::vector<Page> pages;
   std::vector<Finding> findings;
   std::vector<Ref> refs;

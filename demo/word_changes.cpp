@@ -32,7 +32,7 @@ std::optional<std::vector<Pair>> common(const std::vector<PdfWord>& old,
     return old[static_cast<std::size_t>(x)].text == now[static_cast<std::size_t>(y)].text;
   };
   std::vector<std::vector<int>> trace;
-  std::vector<int> reach(static_cast<std::size_t>(2 * most + 3), 0);
+  std::vector<int> reach(2 * static_cast<std::size_t>(most) + 3, 0);
   const auto at = [most](int k) { return static_cast<std::size_t>(k + most + 1); };
   const auto comesDown = [&](const std::vector<int>& by, int k, int d) {
     return k == -d || (k != d && by[at(k - 1)] < by[at(k + 1)]);

@@ -60,10 +60,10 @@ class DemoService : public testing::Test {
     EXPECT_TRUE(decoded) << id << (decoded ? "" : decoded.error().where + decoded.error().why);
     return decoded.value_or(FileDetail{});
   }
-  // Asks again until `done` holds of the board; false after some seconds.
+  // Asks again until `done` holds of the board; false after so many times, 20 a second.
   template <class Done>
-  bool eventually(Done done) {
-    for (int i = 0; i < 100; ++i) {
+  bool eventually(Done done, int times = 200) {
+    for (int i = 0; i < times; ++i) {
       if (done(board())) return true;
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }

@@ -19,6 +19,7 @@ struct WrittenPage {
   double height = 792;
   int turned = 0;           // in degrees
   std::vector<double> cut;  // the part that is shown: left, bottom, right, top
+  std::string art = {};     // operators that draw
 };
 
 inline std::string number(double value) {
@@ -44,7 +45,7 @@ inline std::string writtenPdf(const std::vector<WrittenPage>& pages, bool encryp
                       number(page.height) + "]" + cut + "/Rotate " + std::to_string(page.turned) +
                       "/Resources<</Font<</F 3 0 R>>>>/Contents " + std::to_string(5 + 2 * i) +
                       " 0 R>>");
-    std::string drawn = "0 0 3 3 re f\n";
+    std::string drawn = "0 0 3 3 re f\n" + page.art + "\n";
     for (const WrittenLine& line : page.lines) {
       drawn += "BT /F " + number(line.size) + " Tf " + number(line.x) + " " + number(line.y) +
                " Td (" + line.text + ") Tj ET\n";
