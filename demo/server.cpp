@@ -95,7 +95,7 @@ void Server::answer(Service& service, const httplib::Request& from, httplib::Res
     to.set_header("Connection", "close");
     to.set_header(kUnread, "true");
   }
-  if (reply->status != 304) to.set_content(std::move(reply->body), reply->type);
+  if (reply->status != 304) to.set_content(reply->body, reply->type);
 }
 
 bool Server::serve(Service& service) {
