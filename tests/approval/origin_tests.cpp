@@ -10,9 +10,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Origins : public ApprovalTest {
+class TicketOrigins : public ApprovalTest {
  protected:
-  Origins() {
+  TicketOrigins() {
     detail = detailOf(file());
     detail.origin.emplace();
   }
@@ -21,7 +21,7 @@ class Origins : public ApprovalTest {
   FileDetail detail;
 };
 
-TEST_F(Origins, TellWhoSentWhat) {
+TEST_F(TicketOrigins, TellWhoSentWhat) {
   EXPECT_EQ(view().line, "The supplier sent the proof");
   detail.origin->supplier = "Halden Press";
   EXPECT_EQ(view().line, "Halden Press sent the proof");
@@ -34,7 +34,7 @@ TEST_F(Origins, TellWhoSentWhat) {
   EXPECT_EQ(view().line, "The supplier sent the proof · 7 min ago");
 }
 
-TEST_F(Origins, LeadToTheFolder) {
+TEST_F(TicketOrigins, LeadToTheFolder) {
   EXPECT_EQ(view().folder, "");
   detail.origin->links = Links{.drive = "https://drive.example/f"};
   EXPECT_EQ(view().folder, "");
@@ -46,7 +46,7 @@ TEST_F(Origins, LeadToTheFolder) {
   EXPECT_EQ(view().folder, "https://drive.example/d");
 }
 
-TEST_F(Origins, TellWhatItWasCheckedAgainst) {
+TEST_F(TicketOrigins, TellWhatItWasCheckedAgainst) {
   EXPECT_EQ(view().unchecked, "No file of ours was found to check it against.");
   detail.origin->refs = std::vector<Ref>{};
   EXPECT_EQ(view().unchecked, "No file of ours was found to check it against.");
@@ -66,7 +66,7 @@ TEST_F(Origins, TellWhatItWasCheckedAgainst) {
                           CheckedAgainstView{"4", "Checked against Last print:", "file", ""}));
 }
 
-TEST_F(Origins, GoByTheTicketWhereNothingIsTold) {
+TEST_F(TicketOrigins, GoByTheTicketWhereNothingIsTold) {
   detail.origin.reset();
   detail.file.supplier = "Halden Press";
   detail.file.filename = "cover.pdf";
