@@ -8,7 +8,6 @@ namespace vellix {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class TicketOrigins : public ApprovalTest {
  protected:
