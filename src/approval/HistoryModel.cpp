@@ -18,8 +18,8 @@ void HistoryModel::setRead(bool read) {
 }
 
 void HistoryModel::update() {
-  const FileDetail* detail = store_.currentDetail();
   if (!read_) return;
+  const FileDetail* detail = store_.currentDetail();
   const Moment now = clock_.now();
   if (origin_.show(detail ? originOf(*detail, now, calendar_) : OriginView{})) {
     emit originChanged();

@@ -15,10 +15,6 @@ bool isLocalPart(std::string_view text) {
   return !text.empty() && text.find_first_not_of(kLetters) == std::string_view::npos;
 }
 
-bool holds(const std::vector<Guest>& list, const std::string& email) {
-  return std::ranges::find(list, email, &Guest::email) != list.end();
-}
-
 }  // namespace
 
 std::optional<std::string> companyAddress(std::string_view typed) {
@@ -33,6 +29,10 @@ std::optional<std::string> companyAddress(std::string_view typed) {
 }
 
 std::string addressExample() { return "name@" + std::string{build::kAllowedMailDomain}; }
+
+bool holds(const std::vector<Guest>& list, const std::string& email) {
+  return std::ranges::find(list, email, &Guest::email) != list.end();
+}
 
 std::vector<Guest> keyApprovers(const Store& store) {
   std::vector<Guest> list;

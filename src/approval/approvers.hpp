@@ -16,6 +16,7 @@ std::optional<std::string> companyAddress(std::string_view typed);
 // What a field for one shows while it is empty.
 std::string addressExample();
 
+bool holds(const std::vector<Guest>& list, const std::string& email);
 // Those on the board, each address once.
 std::vector<Guest> keyApprovers(const Store& store);
 

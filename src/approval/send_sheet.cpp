@@ -31,10 +31,6 @@ std::string afterSending(const Store& store) {
   return isOneOf(stored) ? stored : std::string{kNothing};
 }
 
-bool holds(const std::vector<Guest>& list, const std::string& email) {
-  return std::ranges::find(list, email, &Guest::email) != list.end();
-}
-
 // Who can be picked, in the order of the sheet.
 std::vector<Guest> onOffer(const SendDraft& draft) {
   auto all = draft.list;
