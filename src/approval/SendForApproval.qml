@@ -155,7 +155,7 @@ Sheet {
 
             RadioRow {
                 required property int index
-                readonly property optionView option: sheet.view.after[index]
+                readonly property choiceView option: sheet.view.after[index]
 
                 width: choices.width
                 text: option.label

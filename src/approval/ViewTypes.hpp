@@ -4,7 +4,6 @@
 #include "approval/approval_card.hpp"
 #include "approval/approvers.hpp"
 #include "approval/history.hpp"
-#include "approval/option.hpp"
 #include "approval/origin.hpp"
 #include "approval/send_sheet.hpp"
 #include "approval/share_link.hpp"
@@ -24,7 +23,6 @@ VELLIX_VIEW(HistoryBlockView, historyBlockView)
 VELLIX_VIEW(HistoryRowView, historyRowView)
 VELLIX_VIEW(HistoryView, historyView)
 VELLIX_VIEW(KeyApproverView, keyApproverView)
-VELLIX_VIEW(OptionView, optionView)
 VELLIX_VIEW(OriginView, originView)
 VELLIX_VIEW(PickedApproverView, pickedApproverView)
 VELLIX_VIEW(SendSheetView, sendSheetView)

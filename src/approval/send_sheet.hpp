@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "approval/option.hpp"
+#include "pieces/choice.hpp"
 #include "store/store.hpp"
 
 namespace vellix {
@@ -52,7 +52,7 @@ struct SendSheetView {
   std::string none;     // said in place of approvers
   std::string example;  // of an address
   bool canAdd = false;
-  std::vector<OptionView> after;
+  std::vector<ChoiceView> after;
   std::string then;     // the key of one of them
   std::string hint;     // on that one; empty for none
   std::string trouble;  // why it cannot be sent any more; empty while it can

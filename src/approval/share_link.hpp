@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "approval/option.hpp"
+#include "pieces/choice.hpp"
 #include "store/store.hpp"
 
 namespace vellix {
@@ -31,7 +31,7 @@ struct SharePopoverView {
   bool here = false;  // the ticket is on the board
   bool on = false;
   std::string access;  // the key of a level, or what else the service calls it
-  std::vector<OptionView> levels;
+  std::vector<ChoiceView> levels;
   std::string allows;  // what the level lets people do
   std::string url;     // the link; empty while there is none to hand on
   std::string notionHelp;

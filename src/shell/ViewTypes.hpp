@@ -10,7 +10,6 @@
 
 namespace vellix {
 
-VELLIX_VIEW(ChoiceView, choiceView)
 VELLIX_VIEW(CommandView, commandView)
 VELLIX_VIEW(LabPill, labPill)
 VELLIX_VIEW(MarkLabView, markLabView)

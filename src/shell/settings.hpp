@@ -5,17 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "pieces/choice.hpp"
 #include "records/described.hpp"
 #include "store/prefs.hpp"
 
 namespace vellix {
-
-struct ChoiceView {
-  std::string key;
-  std::string label;
-  bool operator==(const ChoiceView&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(ChoiceView, (), (key, label))
 
 struct ToggleView {
   std::string key;

@@ -164,9 +164,9 @@ INSTANTIATE_TEST_SUITE_P(All, AfterSending,
 
 TEST_F(SendSheets, KeepTheChoiceForTheNextTime) {
   open();
-  EXPECT_THAT(view().after, ElementsAre(OptionView{"notion", "Copy the link for a Notion task"},
-                                        OptionView{"gmail", "Open a Gmail message with the link"},
-                                        OptionView{"none", "Nothing"}));
+  EXPECT_THAT(view().after, ElementsAre(ChoiceView{"notion", "Copy the link for a Notion task"},
+                                        ChoiceView{"gmail", "Open a Gmail message with the link"},
+                                        ChoiceView{"none", "Nothing"}));
   setAfterSending(store(), "gmail");
   setAfterSending(store(), "fax");
   EXPECT_EQ(view().then, "gmail");

@@ -47,8 +47,8 @@ TEST_F(ShareLinks, BeginSwitchedOff) {
   EXPECT_FALSE(shown.on);
   EXPECT_EQ(shown.access, "view");
   EXPECT_THAT(shown.levels,
-              ElementsAre(OptionView{"view", "Can view"}, OptionView{"comment", "Can comment"},
-                          OptionView{"edit", "Can edit"}));
+              ElementsAre(ChoiceView{"view", "Can view"}, ChoiceView{"comment", "Can comment"},
+                          ChoiceView{"edit", "Can edit"}));
   EXPECT_EQ(shown.url, "") << "nothing to copy";
   EXPECT_EQ(shown.warning, "");
 }

@@ -7,11 +7,11 @@
 
 namespace vellix {
 
-struct OptionView {
+struct ChoiceView {
   std::string key;
   std::string label;
-  bool operator==(const OptionView&) const = default;
+  bool operator==(const ChoiceView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(OptionView, (), (key, label))
+BOOST_DESCRIBE_STRUCT(ChoiceView, (), (key, label))
 
 }  // namespace vellix
