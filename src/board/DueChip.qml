@@ -8,6 +8,7 @@ Item {
 
     required property dueChipView due
     property bool compact: false
+    readonly property real shown: pill.width
 
     implicitWidth: pill.implicitWidth
     implicitHeight: pill.implicitHeight

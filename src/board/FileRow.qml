@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Approval
 import Vellix.Board
 import Vellix.Pictures
 import Vellix.Pieces
@@ -101,15 +102,36 @@ Pressable {
             text: row.ticket.subline
         }
 
-        Loader {
+        Item {
+            visible: due.active || approval.active
             width: parent.width
-            active: row.ticket.due !== undefined
-            visible: active
-            height: active ? 24 : 0
+            height: 24
 
-            sourceComponent: DueChip {
-                compact: true
-                due: row.ticket.due
+            Loader {
+                id: due
+
+                width: parent.width - (approval.active ? approval.width + Theme.gap4 : 0)
+                height: parent.height
+                active: row.ticket.due !== undefined
+
+                sourceComponent: DueChip {
+                    compact: true
+                    due: row.ticket.due
+                }
+            }
+
+            Loader {
+                id: approval
+
+                x: due.item ? Math.ceil((due.item as DueChip).shown) + Theme.gap4 : 0
+                anchors.bottom: parent.bottom
+                active: row.ticket.approval !== undefined
+
+                sourceComponent: ApprovalPill {
+                    small: true
+                    pill: row.ticket.approval
+                    width: Math.min(implicitWidth, words.width)
+                }
             }
         }
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "approval/approval_pill.hpp"
 #include "records/words.hpp"
 
 namespace vellix {
@@ -32,6 +33,7 @@ std::string spokenOf(const FileRowView& row) {
   };
   add(row.subline);
   if (row.due) add(row.due->text);
+  if (row.approval) add(row.approval->text);
   add(row.count.help);
   if (row.assignee) add(row.assignee->help);
   return spoken;
@@ -82,6 +84,7 @@ void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Mom
   row.subline = sublineOf(file);
   row.thumb = file.thumb.value_or("");
   if (showsDue(file)) row.due = dueChip(file, now, calendar);
+  row.approval = approvalPill(file, true);
   row.count = fileCount(file);
   if (hasWords(file.assignee)) row.assignee = avatarOf(file.assignee, store);
   row.selected = store.selection().contains(file.id);

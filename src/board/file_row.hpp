@@ -6,6 +6,7 @@
 
 #include "board/due_dates.hpp"
 #include "pieces/avatar.hpp"
+#include "pieces/vocabulary.hpp"
 #include "records/records.hpp"
 #include "store/store.hpp"
 
@@ -27,6 +28,7 @@ struct FileRowView {
   std::string subline;
   std::string thumb;  // blob key; empty when there is none
   std::optional<DueChipView> due;
+  std::optional<PillView> approval;
   FileCountView count;
   std::optional<AvatarView> assignee;
   std::string spoken;  // what a screen reader says behind the heading
@@ -34,7 +36,8 @@ struct FileRowView {
   bool operator==(const FileRowView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(FileRowView, (),
-                      (id, heading, subline, thumb, due, count, assignee, spoken, selected))
+                      (id, heading, subline, thumb, due, approval, count, assignee, spoken,
+                       selected))
 
 FileCountView fileCount(const FileItem& file);
 FileRowView fileRow(const FileItem& file, const Store& store, Moment now, const Calendar& calendar);

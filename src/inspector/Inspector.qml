@@ -1,22 +1,25 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
+import Vellix.Approval
 import Vellix.Inspector
 import Vellix.Notes
 import Vellix.Pictures
 import Vellix.Pieces
 
-// The panel beside the page: what was found on it, and what waits on other pages.
+// The panel beside the page: what was found on it, and what waits on other pages; or the ticket's
+// story.
 Item {
     id: panel
 
     required property InspectorModel inspector
     required property NotesModel notes
+    required property HistoryModel history
     required property PictureSource pictures
 
     readonly property findingsHead head: inspector.head
     // Another page's findings begin at their top.
     readonly property string place: head.file + " " + head.title
+
+    readonly property bool tells: inspector.tab === "history"
 
     property bool showExpected: false
 
@@ -46,7 +49,7 @@ Item {
     Accessible.name: "Findings"
     Accessible.focusable: true
 
-    Keys.forwardTo: [scroll]
+    Keys.forwardTo: tells ? [] : [scroll]
 
     KeyboardHold {
         id: hold
@@ -90,10 +93,36 @@ Item {
         onTriggered: if (card?.selected) scroll.reveal(card)
     }
 
+    Segmented {
+        id: sides
+
+        x: Theme.gap16
+        y: Theme.gap12
+        tabs: true
+        label: "Panel"
+        options: [{ key: "page", label: "This page" }, { key: "history", label: "History" }]
+        current: panel.inspector.tab
+        onPicked: key => panel.inspector.tab = key
+    }
+
+    Loader {
+        active: panel.tells
+        anchors.top: sides.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        sourceComponent: HistorySide {
+            history: panel.history
+        }
+    }
+
     ScrollArea {
         id: scroll
 
-        anchors.fill: parent
+        visible: !panel.tells
+        anchors.top: sides.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
         contentHeight: content.implicitHeight
 
         Column {
@@ -101,7 +130,7 @@ Item {
 
             x: Theme.gap16
             width: scroll.width - 2 * x
-            topPadding: Theme.gap16
+            topPadding: Theme.gap12
             bottomPadding: Theme.gap24
             spacing: Theme.gap8
 
@@ -260,6 +289,7 @@ Item {
     }
 
     ScrollBar {
+        visible: !panel.tells
         view: scroll
     }
 }

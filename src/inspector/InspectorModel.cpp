@@ -10,8 +10,17 @@ InspectorModel::InspectorModel(Store& store, const MainLoop& clock, const Calend
                                           Store::kPage | Store::kFocus | Store::kCanvas |
                                           Store::kBusy | Store::kPolled,
                                       [this] { update(); })),
+      onTab_(store.changes.observe(Store::kPanels, [this] { followTab(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })) {
+  followTab();
   update();
+}
+
+void InspectorModel::followTab() {
+  const bool history = store_.sideTab() == "history";
+  if (history == history_) return;
+  history_ = history;
+  emit tabChanged();
 }
 
 void InspectorModel::update() {

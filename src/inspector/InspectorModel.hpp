@@ -15,6 +15,8 @@ class InspectorModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  // The side of the panel on show: "page" or "history".
+  Q_PROPERTY(QString tab READ tab WRITE setTab NOTIFY tabChanged)
   Q_PROPERTY(Qml<FindingsHead> head READ head NOTIFY headChanged)
   Q_PROPERTY(QAbstractItemModel* cards READ cards CONSTANT)
   Q_PROPERTY(QAbstractItemModel* passed READ passed CONSTANT)
@@ -24,6 +26,8 @@ class InspectorModel : public QObject {
   // What is passed must outlive the model.
   InspectorModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
+  QString tab() const { return history_ ? QStringLiteral("history") : QStringLiteral("page"); }
+  void setTab(const QString& tab) { store_.setSideTab(tab.toStdString()); }
   Qml<FindingsHead> head() const { return head_.qml(); }
   QAbstractItemModel* cards() { return &cards_; }
   QAbstractItemModel* passed() { return &passed_; }
@@ -37,21 +41,25 @@ class InspectorModel : public QObject {
   Q_INVOKABLE void goToPage(qlonglong page);
 
  signals:
+  void tabChanged();
   void headChanged();
 
  private:
   void update();
+  void followTab();
   template <class Press>
   Qml<KeyboardWay> wayBy(Press press, const QString& id, const std::string& decision);
 
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
+  bool history_ = false;
   Shown<FindingsHead> head_;
   RowsModel<FindingCardView, &FindingCardView::id> cards_;
   RowsModel<FindingCardView, &FindingCardView::id> passed_;
   RowsModel<OtherPageView, &OtherPageView::page> others_;
   Changes::Subscription onChange_;
+  Changes::Subscription onTab_;
   Changes::Subscription onPrefs_;
 };
 

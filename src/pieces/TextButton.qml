@@ -12,12 +12,10 @@ Pressable {
     property color color: Theme.accent
 
     label: text
-    implicitWidth: row.implicitWidth
+    implicitWidth: words.x + words.implicitWidth
     implicitHeight: words.implicitHeight + 4
 
     Row {
-        id: row
-
         anchors.verticalCenter: parent.verticalCenter
         spacing: 5
 
@@ -32,6 +30,7 @@ Pressable {
         Label {
             id: words
 
+            width: Math.min(implicitWidth, Math.max(0, button.width - x))
             anchors.verticalCenter: parent.verticalCenter
             size: button.size
             weight: button.weight

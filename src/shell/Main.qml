@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Approval
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
@@ -27,6 +28,12 @@ Window {
     required property CompareModel compare
     required property InspectorModel inspector
     required property NotesModel notes
+    required property ApprovalModel approval
+    required property SendModel send
+    required property UploadModel upload
+    required property ShareModel share
+    required property HistoryModel history
+    required property ApproversModel approvers
     required property PictureSource pictures
 
     title: "Vellix"
@@ -71,6 +78,11 @@ Window {
         compare: window.compare
         inspector: window.inspector
         notes: window.notes
+        approval: window.approval
+        send: window.send
+        upload: window.upload
+        share: window.share
+        history: window.history
         pictures: window.pictures
         onCommanded: key => window.commands.run(key)
     }
@@ -85,6 +97,7 @@ Window {
 
         SettingsWindow {
             settings: window.settings
+            approvers: window.approvers
             commands: window.commands
             transientParent: window
         }

@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Approval
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -8,13 +9,18 @@ Window {
 
     required property RootModel root
     required property SettingsModel settings
+    required property ApproversModel approvers
+    required property ApprovalModel approval
+    required property SendModel send
+    required property UploadModel upload
+    required property ShareModel share
     required property string panel
     required property markLabView lab
     required property var symbols
     // For a picture, which has the size that is asked.
     property bool staged: false
 
-    readonly property var panels: ({ lab: lab, settings: settingsPanel })
+    readonly property var panels: ({ lab: lab, settings: settingsPanel, send: sheet, upload: sheet, share: sheet })
 
     title: "Vellix"
     width: 1500
@@ -45,6 +51,18 @@ Window {
     }
 
     Component {
+        id: sheet
+
+        PanelShot {
+            which: window.panel
+            approval: window.approval
+            send: window.send
+            upload: window.upload
+            share: window.share
+        }
+    }
+
+    Component {
         id: settingsPanel
 
         Item {
@@ -53,6 +71,7 @@ Window {
                 width: implicitWidth
                 height: parent.height
                 settings: window.settings
+                approvers: window.approvers
             }
         }
     }

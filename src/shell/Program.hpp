@@ -4,6 +4,12 @@
 #include <QQmlApplicationEngine>
 #include <memory>
 
+#include "approval/ApprovalModel.hpp"
+#include "approval/ApproversModel.hpp"
+#include "approval/HistoryModel.hpp"
+#include "approval/SendModel.hpp"
+#include "approval/ShareModel.hpp"
+#include "approval/UploadModel.hpp"
 #include "board/ActivityModel.hpp"
 #include "board/BoardModel.hpp"
 #include "board/PlanModel.hpp"
@@ -87,6 +93,12 @@ class Program {
   CompareModel compare_;
   InspectorModel inspector_;
   NotesModel notes_;
+  ApprovalModel approval_;
+  SendModel send_;
+  UploadModel upload_;
+  ShareModel share_;
+  HistoryModel history_;
+  ApproversModel approvers_;
   SignInModel signInScreen_;
   CommandsModel commands_;
   SettingsModel settings_;

@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Approval
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Inspector
@@ -24,6 +25,11 @@ FocusScope {
     required property CompareModel compare
     required property InspectorModel inspector
     required property NotesModel notes
+    required property ApprovalModel approval
+    required property SendModel send
+    required property UploadModel upload
+    required property ShareModel share
+    required property HistoryModel history
     required property PictureSource pictures
 
     // A command of the menus' was chosen in the view, by its key.
@@ -119,6 +125,10 @@ FocusScope {
                         file: view.file
                         report: view.report
                         plan: view.plan
+                        approval: view.approval
+                        send: view.send
+                        upload: view.upload
+                        share: view.share
                         compare: view.compare
                         notes: view.notes
                         pictures: view.pictures
@@ -132,6 +142,19 @@ FocusScope {
                     sourceComponent: view.shown.content === "multi" ? multiView : plainView
                 }
             }
+
+            ApprovalSheets {
+                anchors.fill: parent
+                send: view.send
+                upload: view.upload
+                onChoosing: chooser.open()
+            }
+
+            PdfChooser {
+                id: chooser
+
+                upload: view.upload
+            }
         }
     }
 
@@ -141,6 +164,7 @@ FocusScope {
         Inspector {
             inspector: view.inspector
             notes: view.notes
+            history: view.history
             pictures: view.pictures
         }
     }

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Approval
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -9,6 +10,7 @@ Rectangle {
     id: view
 
     required property SettingsModel settings
+    required property ApproversModel approvers
 
     implicitWidth: 460
     implicitHeight: content.implicitHeight + 2 * Theme.gap24
@@ -74,6 +76,11 @@ Rectangle {
                     section: view.settings.view.sections[index]
                     onToggled: (key, on) => view.settings.set(key, on)
                 }
+            }
+
+            ApproversSection {
+                width: parent.width
+                approvers: view.approvers
             }
         }
     }

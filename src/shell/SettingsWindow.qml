@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Approval
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -7,6 +8,7 @@ Window {
     id: window
 
     required property SettingsModel settings
+    required property ApproversModel approvers
     required property CommandsModel commands
 
     title: "Settings"
@@ -15,7 +17,6 @@ Window {
     minimumWidth: 380
     minimumHeight: 240
     maximumWidth: 460
-    maximumHeight: content.implicitHeight
     flags: Qt.Dialog | Qt.WindowCloseButtonHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint
     color: Theme.window
 
@@ -25,6 +26,7 @@ Window {
         anchors.fill: parent
         focus: true
         settings: window.settings
+        approvers: window.approvers
         Keys.onEscapePressed: window.close()
     }
 

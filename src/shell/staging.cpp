@@ -9,7 +9,7 @@ namespace vellix {
 namespace {
 
 // The panels that can stand alone.
-constexpr std::array<std::string_view, 2> kPanels{"lab", "settings"};
+constexpr std::array<std::string_view, 5> kPanels{"lab", "settings", "send", "upload", "share"};
 
 constexpr double kLongestSide = 32'767;
 

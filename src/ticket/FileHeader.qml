@@ -1,6 +1,5 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
+import Vellix.Approval
 import Vellix.Board
 import Vellix.Jobs
 import Vellix.Pictures
@@ -15,6 +14,10 @@ Item {
     required property FileModel file
     required property ReportModel report
     required property PlanModel plan
+    required property ApprovalModel approval
+    required property SendModel send
+    required property UploadModel upload
+    required property ShareModel share
     required property PictureSource pictures
 
     readonly property fileHeaderView header: file.header
@@ -24,6 +27,9 @@ Item {
     readonly property real room: wide ? inner - actions.width - Theme.gap24 : inner
     readonly property real under: title.y + title.height
                                   + (wide ? 0 : Theme.gap8 + actions.height)
+    // The card stands under the actions where that leaves the words a good line, else under them.
+    readonly property bool beside: wide && inner >= 860
+    readonly property real column: beside ? inner - card.width - Theme.gap24 : room
 
     // At the title, where no key does anything by mistake.
     function takeKeyboard() {
@@ -31,7 +37,8 @@ Item {
     }
 
     implicitHeight: Math.max(words.height > 0 ? words.y + words.height : under,
-                             wide ? actions.y + actions.height : 0) + Theme.gap12
+                             wide ? actions.y + actions.height : 0,
+                             card.visible ? card.y + card.height : 0) + Theme.gap12
 
     FlowRow {
         id: title
@@ -75,6 +82,22 @@ Item {
                 small: true
                 pill: head.header.track
             }
+
+            Loader {
+                active: head.header.approval !== undefined
+                visible: active
+
+                sourceComponent: ApprovalPill {
+                    small: true
+                    pill: head.header.approval
+                }
+            }
+        }
+
+        VersionChips {
+            width: Math.min(implicitWidth, head.room)
+            height: implicitHeight
+            approval: head.approval
         }
 
         DueButton {
@@ -88,6 +111,12 @@ Item {
             height: implicitHeight
             plan: head.plan
             pictures: head.pictures
+        }
+
+        ShareButton {
+            width: implicitWidth
+            height: implicitHeight
+            share: head.share
         }
     }
 
@@ -107,7 +136,7 @@ Item {
 
         x: Theme.gap24
         y: head.under + Theme.gap8
-        width: head.room
+        width: head.column
         spacing: Theme.gap8
 
         Label {
@@ -167,5 +196,19 @@ Item {
                 }
             }
         }
+    }
+
+    ApprovalCard {
+        id: card
+
+        readonly property real below: words.height > 0 ? words.y + words.height : head.under
+
+        x: head.beside ? head.width - width - Theme.gap24 : Theme.gap24
+        y: head.beside ? actions.y + actions.height + Theme.gap8 : below + Theme.gap12
+        width: head.beside ? 380 : Math.min(head.inner, 560)
+        height: implicitHeight
+        approval: head.approval
+        send: head.send
+        upload: head.upload
     }
 }

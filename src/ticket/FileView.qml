@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Approval
 import Vellix.Board
 import Vellix.Compare
 import Vellix.Jobs
@@ -15,6 +16,10 @@ Item {
     required property FileModel file
     required property ReportModel report
     required property PlanModel plan
+    required property ApprovalModel approval
+    required property SendModel send
+    required property UploadModel upload
+    required property ShareModel share
     required property CompareModel compare
     required property NotesModel notes
     required property PictureSource pictures
@@ -44,7 +49,7 @@ Item {
         id: top
 
         // A low window keeps most of its room for the page.
-        readonly property real highest: Math.max(96, ticket.height * 0.3)
+        readonly property real highest: Math.max(96, ticket.height * 0.3, ticket.height - 560)
 
         width: parent.width
         // Whole, so that what lies below stands on whole pixels.
@@ -59,6 +64,10 @@ Item {
             file: ticket.file
             report: ticket.report
             plan: ticket.plan
+            approval: ticket.approval
+            send: ticket.send
+            upload: ticket.upload
+            share: ticket.share
             pictures: ticket.pictures
         }
     }

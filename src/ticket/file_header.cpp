@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "approval/approval_pill.hpp"
 #include "gateway/url.hpp"
 #include "records/finding_words.hpp"
 #include "records/friendly_time.hpp"
@@ -75,6 +76,7 @@ FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDe
   return {.heading = file.heading(),
           .status = statusPill(file.status),
           .track = trackPill(file.track == "reprint"),
+          .approval = approvalPill(file, false),
           .summary = wordsOf(file.summary),
           .facts = factsOf(store, file, now, calendar),
           .links = linksOf(file, detail)};

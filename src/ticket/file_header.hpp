@@ -1,6 +1,7 @@
 // What stands over the canvas: which ticket this is, what is known of it and where it lies.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,12 +31,13 @@ struct FileHeaderView {
   std::string heading;
   PillView status;
   PillView track;
+  std::optional<PillView> approval;
   std::string summary;
   std::vector<FactView> facts;
   std::vector<LinkView> links;
   bool operator==(const FileHeaderView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (heading, status, track, summary, facts, links))
+BOOST_DESCRIBE_STRUCT(FileHeaderView, (), (heading, status, track, approval, summary, facts, links))
 
 // `detail` is null until it is here; the ticket alone does until then.
 FileHeaderView fileHeader(const Store& store, const FileItem& file, const FileDetail* detail,

@@ -1,7 +1,7 @@
 // One ticket of the list.
 #include "board/file_row.hpp"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "support/desk.hpp"
 
@@ -161,6 +161,26 @@ TEST_F(FileRow, LeavesTheDueChipsPlaceToAnyOtherApproval) {
   }
   file.approval = "";
   EXPECT_TRUE(rowOf(file).due) << "an empty one is none";
+}
+
+TEST_F(FileRow, ShowsWhereTheApprovalStandsInFewWords) {
+  FileItem file = ticketOf("t1");
+  file.version = 2;
+  EXPECT_FALSE(rowOf(file).approval);
+  for (const auto& [state, words] : {std::pair{"pending", "Out for approval"},
+                                     {"changes", "Changes"},
+                                     {"revised", "v2 to send"},
+                                     {"approved", "Approved"},
+                                     {"sent", "Sent"}}) {
+    file.approval = state;
+    const auto row = rowOf(file);
+    ASSERT_TRUE(row.approval) << state;
+    EXPECT_EQ(row.approval->text, words);
+    EXPECT_THAT(row.spoken, testing::HasSubstr(words));
+  }
+  file.approval = "mislaid";
+  EXPECT_FALSE(rowOf(file).approval) << "nothing is said of a state that is not known";
+  EXPECT_FALSE(rowOf(file).due);
 }
 
 TEST_F(FileRow, ShowsWhoReviews) {

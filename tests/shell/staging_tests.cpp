@@ -78,6 +78,9 @@ TEST(Staging, TakesASizeOfExactlyTwoNumbers) {
 TEST(Staging, KnowsThePanelsThatStandAlone) {
   EXPECT_EQ(panelAlone({"vellix", "--panel", "lab"}), "lab");
   EXPECT_EQ(panelAlone({"vellix", "--panel", "settings"}), "settings");
+  for (const char* sheet : {"send", "upload", "share"}) {
+    EXPECT_EQ(panelAlone({"vellix", "--panel", sheet}), sheet);
+  }
   EXPECT_EQ(panelAlone({"vellix", "--lab"}), "lab");
   EXPECT_EQ(panelAlone({"vellix", "--panel", "attic", "--lab"}), "lab");
   for (const char* other : {"attic", "", "LAB", "--dark"}) {

@@ -63,6 +63,15 @@ class FileHeaders : public StoreTest {
   std::optional<FileDetail> detail;
 };
 
+TEST_F(FileHeaders, TellWhereTheApprovalStandsInFull) {
+  EXPECT_FALSE(view().approval);
+  file.approval = "changes";
+  EXPECT_EQ(view().approval,
+            (PillView{.text = "Changes asked", .icon = "arrow.uturn.backward", .tone = "red"}));
+  file.approval = "mislaid";
+  EXPECT_FALSE(view().approval);
+}
+
 TEST_F(FileHeaders, NameTheTicketAndItsState) {
   file.component = "Cover";
   file.status = "in_review";

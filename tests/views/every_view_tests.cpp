@@ -20,6 +20,8 @@ class EveryView : public ViewTest {
                           {"tinyText", "Late 5 min"},
                           {"icon", "clock"},
                           {"tone", "red"}};
+    const QVariant pill =
+        toQml(PillView{.text = "Changes", .icon = "arrow.uturn.backward", .tone = "red"});
     const QVariantMap count{
         {"text", "2"}, {"icon", ""}, {"tone", "red"}, {"help", "2 real issues"}};
     const QVariantMap who{
@@ -27,8 +29,8 @@ class EveryView : public ViewTest {
     const QVariantMap ticket{{"id", "t1"},        {"heading", "The Lighthouse"},
                              {"subline", "PO 7"}, {"thumb", "thumb-1"},
                              {"due", due},        {"count", count},
-                             {"spoken", "PO 7"},  {"selected", true},
-                             {"assignee", who}};
+                             {"approval", pill},  {"spoken", "PO 7"},
+                             {"selected", true},  {"assignee", who}};
     const QVariantMap lab{{"lab", toQml(markLab())}, {"symbols", Symbol::names()}};
     const QVariantList wordings{toQml(WordingView{"What we sent", "light"}),
                                 toQml(WordingView{"Supplier file", ""})};
@@ -57,7 +59,40 @@ class EveryView : public ViewTest {
     noteRow["who"] = who;
     noteRow["tags"] = QVariantList{chip};
     tags_ = pick("notes").second.value<NotesModel*>()->draftTags();
+    const HistoryBlockView block{.head = "v1 · Supplier proof",
+                                 .rows = {{.icon = "clock",
+                                           .tone = "amber",
+                                           .who = "Renny Vale",
+                                           .said = "Asked Mara to approve",
+                                           .when = "5 min ago"}}};
     own_ = {
+        {"Approval/AddApprover", {{"example", "name@tessarine.example"}, {"canAdd", true}}},
+        {"Approval/ApprovalCard", {pick("approval"), pick("send"), pick("upload")}},
+        {"Approval/ApprovalPill", {{"pill", pill}}},
+        {"Approval/ApprovalSheets", {pick("send"), pick("upload")}},
+        {"Approval/ApproverAnswer",
+         {{"answer", toQml(ApproverAnswerView{.email = "mara@tessarine.example",
+                                              .name = "Mara Quell",
+                                              .pill = {.text = "Waiting", .icon = "clock"},
+                                              .spoken = "Mara Quell, Waiting"})}}},
+        {"Approval/ApproversSection", {pick("approvers")}},
+        {"Approval/ChangesAsked",
+         {{"changes", toQml(ChangesAskedView{.email = "mara@tessarine.example",
+                                             .line = "Mara asked for changes · 5 min ago",
+                                             .note = "The spine is off"})}}},
+        {"Approval/CheckedAgainst",
+         {{"file", toQml(CheckedAgainstView{.label = "Checked against FBC:",
+                                            .name = "fbc.pdf",
+                                            .url = "https://files.example/fbc"})}}},
+        {"Approval/HistoryBlock", {{"block", toQml(block)}}},
+        {"Approval/HistoryList", {pick("history")}},
+        {"Approval/HistoryRow", {{"event", toQml(block.rows.front())}}},
+        {"Approval/RadioRow", {{"text", "Nothing"}, {"chosen", true}}},
+        {"Approval/SectionTitle", {{"text", "APPROVERS"}}},
+        {"Approval/ShareButton", {pick("share")}},
+        {"Approval/VersionChip",
+         {{"chip", toQml(VersionChipView{.n = 2, .badge = "v2", .caption = "Revision by Renny"})}}},
+        {"Approval/VersionChips", {pick("approval")}},
         {"Board/ActivityButton", {pick("activity"), pick("pictures")}},
         {"Board/ActivityLine",
          {{"key", "7"},
@@ -93,11 +128,17 @@ class EveryView : public ViewTest {
           {"notesOpen", true},
           {"notesHelp", "Hide the notes"}}},
         {"Ticket/FactTile", {{"label", "PO"}, {"value", "7781"}}},
-        {"Ticket/FileHeader", {pick("file"), pick("report"), pick("plan"), pick("pictures")}},
+        {"Ticket/FileHeader",
+         {pick("file"), pick("report"), pick("plan"), pick("approval"), pick("send"),
+          pick("upload"), pick("share"), pick("pictures")}},
         {"Ticket/FileView",
          {pick("file"),
           pick("report"),
           pick("plan"),
+          pick("approval"),
+          pick("send"),
+          pick("upload"),
+          pick("share"),
           pick("compare"),
           pick("notes"),
           pick("pictures"),
@@ -185,7 +226,9 @@ class EveryView : public ViewTest {
           {"noteCount", "1"},
           {"noteActions", pick("notes").second},
           pick("pictures")}},
-        {"Inspector/Inspector", {pick("inspector"), pick("notes"), pick("pictures")}},
+        {"Inspector/HistorySide", {pick("history")}},
+        {"Inspector/Inspector",
+         {pick("inspector"), pick("notes"), pick("history"), pick("pictures")}},
         {"Inspector/FindingHeader",
          {{"caption", "Words · vs what we sent"},
           {"title", "A word changed"},
@@ -229,7 +272,11 @@ class EveryView : public ViewTest {
                        {"toggles", QVariantList{QVariantMap{{"key", "dockBadge"},
                                                             {"label", "Show my open tickets"},
                                                             {"on", true}}}}}}}},
-        {"Shell/SettingsView", {pick("settings")}},
+        {"Shell/PanelShot",
+         {{"which", "share"}, pick("approval"), pick("send"), pick("upload"), pick("share")}},
+        {"Shell/PdfChooser", {pick("upload")}},
+        {"Shell/PdfDialog", {}},
+        {"Shell/SettingsView", {pick("settings"), pick("approvers")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
         {"Shell/WaitingSheet", {{"open", true}}},
@@ -257,8 +304,13 @@ class EveryView : public ViewTest {
 
   void showPanel(const QString& panel, QSize size) {
     showWindow("Shell/PanelWindow",
-               {{"root", models()["root"]},
-                {"settings", windowModels()["settings"]},
+               {pick("root"),
+                pick("settings"),
+                pick("approvers"),
+                pick("approval"),
+                pick("send"),
+                pick("upload"),
+                pick("share"),
                 {"panel", panel},
                 {"lab", toQml(markLab())},
                 {"symbols", Symbol::names()}},
@@ -268,9 +320,16 @@ class EveryView : public ViewTest {
   }
 
  private:
-  static inline const QStringList kFloats{
-      "Board/ActivityView", "Board/AssignPopover",  "Board/DuePopover", "Shell/Main",
-      "Shell/PanelWindow",  "Shell/SettingsWindow", "Shell/StripMenu"};
+  static inline const QStringList kFloats{"Approval/SendForApproval",
+                                          "Approval/SharePopover",
+                                          "Approval/UploadRevision",
+                                          "Board/ActivityView",
+                                          "Board/AssignPopover",
+                                          "Board/DuePopover",
+                                          "Shell/Main",
+                                          "Shell/PanelWindow",
+                                          "Shell/SettingsWindow",
+                                          "Shell/StripMenu"};
 
   std::pair<QString, QVariant> pick(const QString& name) {
     QVariantMap all = models();
@@ -283,6 +342,7 @@ class EveryView : public ViewTest {
   QMap<QString, QVariantMap> own_;
 };
 
+TEST_F(EveryView, OfTheApprovalLoads) { loadAll("Approval"); }
 TEST_F(EveryView, OfTheBoardLoads) { loadAll("Board"); }
 TEST_F(EveryView, OfTheCanvasLoads) { loadAll("Compare"); }
 TEST_F(EveryView, OfTheJobsLoads) { loadAll("Jobs"); }

@@ -210,7 +210,9 @@ TEST_F(MenuViews, AShortcutHeldDownActsOnceButForTheZoom) {
 }
 
 TEST_F(MenuViews, TheSettingsFollowTheKeyboard) {
-  show("Shell/SettingsView", {{"settings", windowModels()["settings"]}}, {460, 240});
+  const QVariantMap all = windowModels();
+  show("Shell/SettingsView", {{"settings", all["settings"]}, {"approvers", all["approvers"]}},
+       {460, 240});
   window()->requestActivate();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
   for (int tab = 0; tab < 13 && focusedName() != "Show my open tickets on the Dock icon"; ++tab) {

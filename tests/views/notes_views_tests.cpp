@@ -450,6 +450,7 @@ TEST_F(NotesViews, KeepWhatIsWrittenInSightOfThePanel) {
   show("Inspector/Inspector",
        {{"inspector", models()["inspector"]},
         {"notes", models()["notes"]},
+        {"history", models()["history"]},
         {"pictures", models()["pictures"]}},
        {300, 260});
   calm();

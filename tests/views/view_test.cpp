@@ -85,6 +85,12 @@ QVariantMap ViewTest::models() {
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     notes_.emplace(store(), desk.time, desk.calendar);
+    approval_.emplace(store(), desk.time, desk.calendar);
+    send_.emplace(store());
+    upload_.emplace(store());
+    share_.emplace(store());
+    history_.emplace(store(), desk.time, desk.calendar);
+    approvers_.emplace(store());
     signIn_.emplace(store(), desk.api, desk.browser, desk.time);
     commands_.emplace(store());
     settings_.emplace(store().prefs);
@@ -100,12 +106,18 @@ QVariantMap ViewTest::models() {
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
           {"notes", QVariant::fromValue(&*notes_)},
+          {"approval", QVariant::fromValue(&*approval_)},
+          {"send", QVariant::fromValue(&*send_)},
+          {"upload", QVariant::fromValue(&*upload_)},
+          {"share", QVariant::fromValue(&*share_)},
+          {"history", QVariant::fromValue(&*history_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};
 }
 
 QVariantMap ViewTest::windowModels() {
   models();
   return {{"commands", QVariant::fromValue(&*commands_)},
+          {"approvers", QVariant::fromValue(&*approvers_)},
           {"settings", QVariant::fromValue(&*settings_)}};
 }
 

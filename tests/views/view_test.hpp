@@ -5,6 +5,12 @@
 #include <QQuickView>
 #include <QQuickWindow>
 
+#include "approval/ApprovalModel.hpp"
+#include "approval/ApproversModel.hpp"
+#include "approval/HistoryModel.hpp"
+#include "approval/SendModel.hpp"
+#include "approval/ShareModel.hpp"
+#include "approval/UploadModel.hpp"
 #include "board/ActivityModel.hpp"
 #include "board/BoardModel.hpp"
 #include "board/PlanModel.hpp"
@@ -67,6 +73,12 @@ class ViewTest : public StoreTest {
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
   std::optional<NotesModel> notes_;
+  std::optional<ApprovalModel> approval_;
+  std::optional<SendModel> send_;
+  std::optional<UploadModel> upload_;
+  std::optional<ShareModel> share_;
+  std::optional<HistoryModel> history_;
+  std::optional<ApproversModel> approvers_;
   std::optional<CommandsModel> commands_;
   std::optional<SettingsModel> settings_;
   std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();

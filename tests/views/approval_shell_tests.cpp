@@ -1,0 +1,150 @@
+// The round of approval where it stands in the window.
+#include <QAccessible>
+#include <QTest>
+
+#include "views/view_test.hpp"
+
+namespace vellix {
+namespace {
+
+class ApprovalShell : public ViewTest {
+ protected:
+  ApprovalShell() {
+    FileDetail ticket = lighthouse(2);
+    ticket.file.version = 2;
+    ticket.file.approval = "changes";
+    ticket.versions = std::vector<Version>{{.n = 1}, {.n = 2, .by = "renny@tessarine.example"}};
+    BoardState board = boardOf({ticket.file, ticketAt("t2", 1)});
+    board.files[0].pages.reset();
+    serveDetail(ticket, "\"t1\"");
+    serveDetail(detailOf(board.files[1]), "\"t2\"");
+    serveBoard(board);
+    poll();
+    store().selection.set({"t1"});
+    desk.time.run();
+  }
+
+  void open(QSize size = kSizes.back()) {
+    showMain(size);
+    theme()->setReducedMotion(true);
+    window()->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    settle();
+  }
+  bool has(const QString& name, QAccessible::Role role) { return reader().find(name, role); }
+  bool opens(const QString& dialog) {
+    return QTest::qWaitFor([&] { return has(dialog, QAccessible::Dialog); });
+  }
+  bool closes(const QString& dialog) {
+    return QTest::qWaitFor([&] { return !has(dialog, QAccessible::Dialog); });
+  }
+};
+
+TEST_F(ApprovalShell, TellsOfTheRoundInTheHeaderAndInTheRow) {
+  open();
+  EXPECT_TRUE(has("Changes asked", QAccessible::StaticText)) << "over the page";
+  EXPECT_TRUE(has("Changes", QAccessible::StaticText)) << "in the list";
+  EXPECT_TRUE(has("Share", QAccessible::Button));
+  EXPECT_TRUE(has("Versions", QAccessible::Grouping));
+  EXPECT_TRUE(has("Upload revision", QAccessible::Button));
+  auto board = *store().board();
+  board.files[0].approval = "approved";
+  store().board.set(board);
+  settle();
+  EXPECT_FALSE(has("Changes asked", QAccessible::StaticText));
+  EXPECT_EQ(reader().names(QAccessible::StaticText).count("Approved"), 2);
+}
+
+TEST_F(ApprovalShell, KeepsTheCardsControlsInSightOfATallWindow) {
+  open();
+  auto* button = reader().find("Upload revision", QAccessible::Button);
+  ASSERT_TRUE(button);
+  auto* head = reader().find("Page 1", QAccessible::Heading);
+  ASSERT_TRUE(head);
+  EXPECT_LT(button->rect().bottom(), head->rect().top());
+}
+
+TEST_F(ApprovalShell, KeepsASheetWhenItsTicketsViewGivesWay) {
+  open();
+  ASSERT_TRUE(press("Upload revision"));
+  ASSERT_TRUE(opens("Upload v3"));
+  for (const char letter : {'n', 'e', 'w'}) QTest::keyClick(window(), letter);
+  store().selection.set({"t2"});
+  settle();
+  EXPECT_TRUE(has("Upload v3", QAccessible::Dialog));
+  EXPECT_EQ(models()["upload"].value<UploadModel*>()->note(), "new");
+  store().selection.set({"t1", "t2"});
+  settle();
+  EXPECT_TRUE(has("Upload v3", QAccessible::Dialog)) << "over several tickets as well";
+}
+
+TEST_F(ApprovalShell, EndsASheetWithItsSession) {
+  open();
+  ASSERT_TRUE(press("Upload revision"));
+  ASSERT_TRUE(opens("Upload v3"));
+  store().signOut(true);
+  settle();
+  EXPECT_TRUE(closes("Upload v3"));
+  EXPECT_FALSE(models()["upload"].value<UploadModel*>()->open());
+}
+
+TEST_F(ApprovalShell, TurnsToTheStoryAndBack) {
+  open();
+  ASSERT_TRUE(has("Page 1", QAccessible::Heading));
+  ASSERT_TRUE(press("History", QAccessible::PageTab));
+  EXPECT_EQ(store().sideTab(), "history");
+  EXPECT_TRUE(reader().find("History", QAccessible::Heading));
+  EXPECT_FALSE(has("Page 1", QAccessible::Heading));
+  store().selection.set({"t2"});
+  settle();
+  EXPECT_TRUE(reader().find("History", QAccessible::Heading)) << "also with another ticket";
+  ASSERT_TRUE(press("This page", QAccessible::PageTab));
+  EXPECT_EQ(store().sideTab(), "page");
+  EXPECT_TRUE(has("Page 1", QAccessible::Heading));
+  store().setSideTab("attic");
+  settle();
+  EXPECT_TRUE(has("Page 1", QAccessible::Heading));
+}
+
+TEST_F(ApprovalShell, PaysForNoStoryThatIsNotRead) {
+  open();
+  auto* story = models()["history"].value<HistoryModel*>();
+  EXPECT_FALSE(story->read());
+  press("History", QAccessible::PageTab);
+  EXPECT_TRUE(story->read());
+  press("This page", QAccessible::PageTab);
+  EXPECT_FALSE(story->read());
+}
+
+TEST_F(ApprovalShell, StagesItsSheetsByThemselves) {
+  QVariantMap all = models();
+  all.insert(windowModels());
+  QVariantMap parts{{"panel", ""}, {"lab", QVariantMap{}}, {"symbols", QStringList{}}};
+  for (const char* part :
+       {"root", "settings", "approvers", "approval", "send", "upload", "share"}) {
+    parts[part] = all[part];
+  }
+  // As it is sent, all three can be worked with.
+  auto board = *store().board();
+  board.files[0].approval = "revised";
+  store().board.set(board);
+  desk.time.run();
+  for (const auto& [panel, dialog] : {std::pair{"send", "Send v2 for approval"},
+                                      {"upload", "Upload v3"},
+                                      {"share", "Share link"}}) {
+    parts["panel"] = panel;
+    showWindow("Shell/PanelWindow", parts, kSizes.front());
+    EXPECT_TRUE(opens(dialog)) << panel;
+    all["send"].value<SendModel*>()->end();
+    all["upload"].value<UploadModel*>()->end();
+  }
+  store().selection.set({});
+  settle();
+  parts["panel"] = "send";
+  showWindow("Shell/PanelWindow", parts, kSizes.front());
+  EXPECT_TRUE(has("Pick a file with --file", QAccessible::StaticText));
+  EXPECT_FALSE(has("Send v2 for approval", QAccessible::Dialog));
+}
+
+}  // namespace
+}  // namespace vellix
