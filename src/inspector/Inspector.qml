@@ -289,7 +289,6 @@ Item {
     }
 
     ScrollBar {
-        visible: !panel.tells
         view: scroll
     }
 }

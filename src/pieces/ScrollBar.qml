@@ -34,7 +34,7 @@ PressArea {
     anchors.left: vertical ? undefined : view.left
     implicitWidth: 11
     implicitHeight: 11
-    visible: shown < 1 && shown > 0
+    visible: view.visible && shown < 1 && shown > 0
     activeFocusOnTab: false
     holdsPointer: true
     Accessible.ignored: true

@@ -28,7 +28,7 @@ Item {
     readonly property real under: title.y + title.height
                                   + (wide ? 0 : Theme.gap8 + actions.height)
     // The card stands under the actions where that leaves the words a good line, else under them.
-    readonly property bool beside: wide && inner >= 860
+    readonly property bool beside: wide && inner >= 700
     readonly property real column: beside ? inner - card.width - Theme.gap24 : room
 
     // At the title, where no key does anything by mistake.
@@ -205,7 +205,7 @@ Item {
 
         x: head.beside ? head.width - width - Theme.gap24 : Theme.gap24
         y: head.beside ? actions.y + actions.height + Theme.gap8 : below + Theme.gap12
-        width: head.beside ? 380 : Math.min(head.inner, 560)
+        width: head.beside ? (head.inner >= 1000 ? 380 : 340) : Math.min(head.inner, 560)
         height: implicitHeight
         approval: head.approval
         send: head.send

@@ -113,6 +113,8 @@ TEST_F(PlanViews, StandInTheTitleInTheOrderOfTheEye) {
   key(Qt::Key_Tab);
   EXPECT_EQ(keyed(), "Assign");
   key(Qt::Key_Tab);
+  EXPECT_EQ(keyed(), "Share");
+  key(Qt::Key_Tab);
   EXPECT_EQ(keyed(), "Mark reviewed");
 }
 
