@@ -13,7 +13,10 @@ namespace vellix {
 
 struct Desk {
   // With a token the Store comes up signed in.
-  explicit Desk(std::optional<std::string> token = "token-1") { tokens.item = std::move(token); }
+  explicit Desk(std::optional<std::string> token = "token-1");
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+  ~Desk();
 
   VirtualTime time;
   FakeDefaults defaults;
@@ -35,51 +38,19 @@ struct Desk {
   TaskScope tasks;
 
   // Built at first use, so a test can set the ports up before.
-  Store& store() {
-    if (!store_) {
-      store_.emplace(
-          api, signIn, prefs,
-          Store::Ports{time, defaults, windows, pictures, badge, files, clipboard, opener});
-    }
-    return *store_;
-  }
-  void endStore() { store_.reset(); }
-  std::optional<Toast> toast() { return store().toast(); }
-  std::string toastText() { return toast() ? toast()->text : std::string{}; }
+  Store& store();
+  void endStore();
+  std::optional<Toast> toast();
+  std::string toastText();
 
  private:
   std::optional<Store> store_;
 };
 
 // A ticket, a board and a detail with the required fields filled in.
-inline FileItem ticketOf(std::string id, std::string status = "new") {
-  FileItem file;
-  file.id = std::move(id);
-  file.status = std::move(status);
-  return file;
-}
-inline BoardState boardOf(std::vector<FileItem> files) {
-  BoardState board;
-  board.rev = 1;
-  board.me = {"renny@tessarine.example", "Renny Vale"};
-  board.users = {{.email = "renny@tessarine.example", .name = "Renny Vale"},
-                 {.email = "jorvas@tessarine.example", .name = "Jorvas Lind"}};
-  board.files = std::move(files);
-  return board;
-}
-inline Finding findingOf(std::string id, Int page = 0, std::string severity = "high") {
-  Finding finding;
-  finding.id = std::move(id);
-  finding.file_id = "t1";
-  finding.page = page;
-  finding.against = "submitted";
-  finding.kind = "words";
-  finding.severity = std::move(severity);
-  finding.title = "One word changed";
-  finding.box = {0.1, 0.1, 0.2, 0.1};
-  finding.state = "open";
-  return finding;
-}
+FileItem ticketOf(std::string id, std::string status = "new");
+BoardState boardOf(std::vector<FileItem> files);
+Finding findingOf(std::string id, Int page = 0, std::string severity = "high");
 template <class T>
 std::string jsonOf(const T& value) {
   return encode(value).value();

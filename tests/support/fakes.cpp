@@ -10,6 +10,72 @@ std::chrono::sys_days dayIn(Moment moment) { return std::chrono::floor<std::chro
 
 }  // namespace
 
+std::optional<std::string> FakeDefaults::text(const std::string& key) const {
+  const auto found = texts.find(key);
+  return found == texts.end() ? std::nullopt : std::optional{found->second};
+}
+
+std::optional<bool> FakeDefaults::flag(const std::string& key) const {
+  const auto found = flags.find(key);
+  return found == flags.end() ? std::nullopt : std::optional{found->second};
+}
+
+void FakeDefaults::setText(const std::string& key, const std::string& value) { texts[key] = value; }
+
+void FakeDefaults::setFlag(const std::string& key, bool value) { flags[key] = value; }
+
+bool FakeDefaults::lasting() const { return canWrite; }
+
+std::optional<std::string> FakeTokenStore::read() {
+  ++reads;
+  return item;
+}
+
+void FakeTokenStore::remove() {
+  calls.push_back("remove");
+  item.reset();
+}
+
+void FakeTokenStore::add(const std::string& token) {
+  calls.push_back("add " + token);
+  if (works) item = token;
+}
+
+bool FakeWindows::seen() const { return isSeen; }
+
+std::string FakeMachine::name() const { return machineName; }
+
+bool FakeOpener::open(const std::string& url) {
+  opened.push_back(url);
+  return works;
+}
+
+void FakeClipboard::put(const std::string& text) { texts.push_back(text); }
+
+std::int64_t FakeBody::size() const { return bytes_; }
+
+std::optional<std::size_t> FakeBody::read(char*, std::size_t) { return std::nullopt; }
+
+Pending<std::shared_ptr<HttpBody>> FakeLocalFiles::open(std::string path) {
+  opened.push_back(path);
+  const auto found = sizes.find(path);
+  const auto body = found == sizes.end() ? nullptr : std::make_shared<FakeBody>(found->second);
+  const Resolver<std::shared_ptr<HttpBody>> resolver;
+  loop_.post([resolver, body] { resolver(body); });
+  return resolver.pending();
+}
+
+std::string FakeUuids::fresh() {
+  return "0f8fad5b-d9cb-469f-a165-70867728950" + std::to_string(++given);
+}
+
+void FakePrefetch::prefetch(std::vector<Page> wanted) {
+  ++calls;
+  for (const Page& page : wanted) pages.push_back(page.i);
+}
+
+void FakeBadge::show(std::optional<std::int64_t> count) { shown.push_back(count); }
+
 int FakeCalendar::dayOf(Moment moment) const {
   return static_cast<int>(dayIn(moment + zone).time_since_epoch().count());
 }
@@ -41,6 +107,13 @@ std::string FakeCalendar::weekday(Moment moment) const {
   static constexpr std::array names{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                     "Thursday", "Friday", "Saturday"};
   return names.at(std::chrono::weekday{dayIn(moment + zone)}.c_encoding());
+}
+
+std::string FakeCalendar::shortWeekday(Moment moment) const { return weekday(moment).substr(0, 3); }
+
+std::string FakeCalendar::halfOfDay(bool afternoon) const {
+  if (to24) return {};
+  return afternoon ? "PM" : "AM";
 }
 
 std::string FakeCalendar::monthAndDay(Moment moment) const {

@@ -22,17 +22,11 @@ namespace vellix {
 
 class FakeDefaults : public Defaults {
  public:
-  std::optional<std::string> text(const std::string& key) const override {
-    const auto found = texts.find(key);
-    return found == texts.end() ? std::nullopt : std::optional{found->second};
-  }
-  std::optional<bool> flag(const std::string& key) const override {
-    const auto found = flags.find(key);
-    return found == flags.end() ? std::nullopt : std::optional{found->second};
-  }
-  void setText(const std::string& key, const std::string& value) override { texts[key] = value; }
-  void setFlag(const std::string& key, bool value) override { flags[key] = value; }
-  bool lasting() const override { return canWrite; }
+  std::optional<std::string> text(const std::string& key) const override;
+  std::optional<bool> flag(const std::string& key) const override;
+  void setText(const std::string& key, const std::string& value) override;
+  void setFlag(const std::string& key, bool value) override;
+  bool lasting() const override;
 
   std::map<std::string, std::string> texts;
   std::map<std::string, bool> flags;
@@ -41,18 +35,9 @@ class FakeDefaults : public Defaults {
 
 class FakeTokenStore : public TokenStore {
  public:
-  std::optional<std::string> read() override {
-    ++reads;
-    return item;
-  }
-  void remove() override {
-    calls.push_back("remove");
-    item.reset();
-  }
-  void add(const std::string& token) override {
-    calls.push_back("add " + token);
-    if (works) item = token;
-  }
+  std::optional<std::string> read() override;
+  void remove() override;
+  void add(const std::string& token) override;
 
   std::optional<std::string> item;
   bool works = true;
@@ -62,29 +47,26 @@ class FakeTokenStore : public TokenStore {
 
 class FakeWindows : public Windows {
  public:
-  bool seen() const override { return isSeen; }
+  bool seen() const override;
   bool isSeen = true;
 };
 
 class FakeMachine : public Machine {
  public:
-  std::string name() const override { return machineName; }
+  std::string name() const override;
   std::string machineName = "studio";
 };
 
 class FakeOpener : public UrlOpener {
  public:
-  bool open(const std::string& url) override {
-    opened.push_back(url);
-    return works;
-  }
+  bool open(const std::string& url) override;
   std::vector<std::string> opened;
   bool works = true;
 };
 
 class FakeClipboard : public Clipboard {
  public:
-  void put(const std::string& text) override { texts.push_back(text); }
+  void put(const std::string& text) override;
   std::vector<std::string> texts;  // the latest last
 };
 
@@ -92,8 +74,8 @@ class FakeClipboard : public Clipboard {
 class FakeBody : public HttpBody {
  public:
   explicit FakeBody(std::int64_t bytes) : bytes_(bytes) {}
-  std::int64_t size() const override { return bytes_; }
-  std::optional<std::size_t> read(char*, std::size_t) override { return std::nullopt; }
+  std::int64_t size() const override;
+  std::optional<std::size_t> read(char* into, std::size_t most) override;
 
  private:
   std::int64_t bytes_;
@@ -103,14 +85,7 @@ class FakeLocalFiles : public LocalFiles {
  public:
   explicit FakeLocalFiles(MainLoop& loop) : loop_(loop) {}
 
-  Pending<std::shared_ptr<HttpBody>> open(std::string path) override {
-    opened.push_back(path);
-    const auto found = sizes.find(path);
-    const auto body = found == sizes.end() ? nullptr : std::make_shared<FakeBody>(found->second);
-    const Resolver<std::shared_ptr<HttpBody>> resolver;
-    loop_.post([resolver, body] { resolver(body); });
-    return resolver.pending();
-  }
+  Pending<std::shared_ptr<HttpBody>> open(std::string path) override;
 
   std::map<std::string, std::int64_t> sizes;  // by path; no other can be read
   std::vector<std::string> opened;
@@ -122,25 +97,20 @@ class FakeLocalFiles : public LocalFiles {
 class FakeUuids : public Uuids {
  public:
   // The first ends in 1, the second in 2, and so on.
-  std::string fresh() override {
-    return "0f8fad5b-d9cb-469f-a165-70867728950" + std::to_string(++given);
-  }
+  std::string fresh() override;
   int given = 0;
 };
 
 class FakePrefetch : public PagePrefetch {
  public:
-  void prefetch(std::vector<Page> wanted) override {
-    ++calls;
-    for (const Page& page : wanted) pages.push_back(page.i);
-  }
+  void prefetch(std::vector<Page> wanted) override;
   int calls = 0;
   std::vector<Int> pages;
 };
 
 class FakeBadge : public Badge {
  public:
-  void show(std::optional<std::int64_t> count) override { shown.push_back(count); }
+  void show(std::optional<std::int64_t> count) override;
   std::vector<std::optional<std::int64_t>> shown;  // the latest last
 };
 
@@ -150,15 +120,12 @@ class FakeCalendar : public Calendar {
   int dayOf(Moment moment) const override;
   std::string shortTime(Moment moment) const override;
   std::string weekday(Moment moment) const override;
-  std::string shortWeekday(Moment moment) const override { return weekday(moment).substr(0, 3); }
+  std::string shortWeekday(Moment moment) const override;
   std::string monthAndDay(Moment moment) const override;
   std::string dateAndTime(Moment moment) const override;
   WallTime wallTime(Moment moment) const override;
   Moment momentAt(const WallTime& time) const override;
-  std::string halfOfDay(bool afternoon) const override {
-    if (to24) return {};
-    return afternoon ? "PM" : "AM";
-  }
+  std::string halfOfDay(bool afternoon) const override;
 
   std::chrono::minutes zone{0};  // ahead of UTC
   bool to24 = false;

@@ -1,21 +1,19 @@
 // An Http that keeps what it was asked for and answers what the test says, when it says so.
 #pragma once
 
-#include <algorithm>
 #include <deque>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/ports/http.hpp"
 #include "platform/ports/main_loop.hpp"
 
 namespace vellix {
 
-inline HttpResponse answerOf(int status, std::string body = {}, std::string etag = {}) {
-  HttpResponse response{.status = status, .headers = {}, .body = std::move(body)};
-  if (!etag.empty()) response.headers["etag"] = std::move(etag);
-  return response;
-}
+HttpResponse answerOf(int status, std::string body = {}, std::string etag = {});
 
 class ScriptedHttp : public Http {
  public:
@@ -23,60 +21,28 @@ class ScriptedHttp : public Http {
     HttpRequest request;
     Resolver<HttpResult> resolver;
     std::optional<std::stop_callback<std::function<void()>>> onStop;
-    std::string header(std::string_view name) const {
-      const auto found =
-          std::ranges::find(request.headers, name, [](const auto& entry) { return entry.first; });
-      return found == request.headers.end() ? std::string{} : found->second;
-    }
-    bool has(std::string_view name) const {
-      return std::ranges::any_of(request.headers,
-                                 [&](const auto& entry) { return entry.first == name; });
-    }
+    std::string header(std::string_view name) const;
+    bool has(std::string_view name) const;
     // "GET api/state", with the query when there is one.
-    std::string line() const {
-      const auto host = request.url.find("//");
-      const auto path = request.url.find('/', host + 2);
-      return request.method + " " + request.url.substr(path + 1);
-    }
+    std::string line() const;
   };
 
-  explicit ScriptedHttp(MainLoop& loop) : loop_(loop) {}
+  explicit ScriptedHttp(MainLoop& loop);
+  ~ScriptedHttp() override;
 
-  Pending<HttpResult> send(HttpRequest request, std::stop_token stop) override {
-    auto& exchange = exchanges.emplace_back();
-    exchange.request = std::move(request);
-    const auto resolver = exchange.resolver;
-    exchange.onStop.emplace(stop, [this, resolver] {
-      loop_.post([resolver] { resolver(std::unexpected(HttpError::cancelled)); });
-    });
-    if (automatic) {
-      if (auto result = automatic(exchange)) answer(exchange, std::move(*result));
-    }
-    return exchange.resolver.pending();
-  }
+  Pending<HttpResult> send(HttpRequest request, std::stop_token stop) override;
 
   // Answered at once when it gives a value; left open when it gives none.
   std::function<std::optional<HttpResult>(const Exchange&)> automatic;
 
   std::deque<Exchange> exchanges;  // all of them, in order; addresses stay
 
-  void answer(const Exchange& exchange, HttpResult result) {
-    loop_.post([resolver = exchange.resolver, reader = exchange.request.reader, result]() mutable {
-      if (result && reader) reader(*result);
-      resolver(std::move(result));
-    });
-  }
-  void answer(std::size_t index, HttpResult result) { answer(exchanges.at(index), result); }
+  void answer(const Exchange& exchange, HttpResult result);
+  void answer(std::size_t index, HttpResult result);
 
   // The exchanges whose line begins so.
-  std::vector<const Exchange*> matching(std::string_view line) const {
-    std::vector<const Exchange*> found;
-    for (const auto& exchange : exchanges) {
-      if (exchange.line().starts_with(line)) found.push_back(&exchange);
-    }
-    return found;
-  }
-  std::size_t count(std::string_view line) const { return matching(line).size(); }
+  std::vector<const Exchange*> matching(std::string_view line) const;
+  std::size_t count(std::string_view line) const;
 
  private:
   MainLoop& loop_;

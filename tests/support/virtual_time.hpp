@@ -11,42 +11,17 @@ namespace vellix {
 
 class VirtualTime : public MainLoop {
  public:
-  explicit VirtualTime(Moment start = momentOf(1'700'000'000'000)) : now_(start) {}
+  explicit VirtualTime(Moment start = momentOf(1'700'000'000'000));
+  ~VirtualTime() override;
 
-  void post(std::function<void()> work) override { posted_.push_back(std::move(work)); }
-  Moment now() const override { return now_; }
-
-  Pending<> sleep(Milliseconds pause, std::stop_token stop) override {
-    auto sleeper = std::make_shared<Sleeper>();
-    sleeper->entry = sleepers_.emplace(now_ + pause, sleeper);
-    pauses.push_back(pause);
-    sleeper->onStop.emplace(stop, [this, weak = std::weak_ptr{sleeper}] {
-      if (const auto held = weak.lock()) post([this, held] { wake(held); });
-    });
-    return sleeper->resolver.pending();
-  }
+  void post(std::function<void()> work) override;
+  Moment now() const override;
+  Pending<> sleep(Milliseconds pause, std::stop_token stop) override;
 
   // Runs what is posted, and what that posts, at the present moment.
-  void run() {
-    while (!posted_.empty()) {
-      const auto work = std::move(posted_.front());
-      posted_.pop_front();
-      work();
-    }
-  }
-
+  void run();
   // Moves the clock on, waking each sleeper at its moment.
-  void advance(Milliseconds span) {
-    const Moment end = now_ + span;
-    run();
-    while (!sleepers_.empty() && sleepers_.begin()->first <= end) {
-      now_ = sleepers_.begin()->first;
-      wake(sleepers_.begin()->second);
-      run();
-    }
-    now_ = end;
-    run();
-  }
+  void advance(Milliseconds span);
 
   std::size_t sleeping() const { return sleepers_.size(); }
   std::vector<Milliseconds> pauses;  // every sleep asked for, in order
@@ -60,11 +35,7 @@ class VirtualTime : public MainLoop {
     std::optional<std::stop_callback<std::function<void()>>> onStop;
   };
 
-  void wake(std::shared_ptr<Sleeper> sleeper) {
-    if (sleeper->resolver.resolved()) return;
-    sleepers_.erase(sleeper->entry);
-    sleeper->resolver();
-  }
+  void wake(std::shared_ptr<Sleeper> sleeper);
 
   Moment now_;
   std::deque<std::function<void()>> posted_;
