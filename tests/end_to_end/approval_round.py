@@ -3,6 +3,7 @@
 import json
 import sys
 
+from chooser import ASKS, choose_pdf
 from desk import Desk, expect, run, wait_until
 
 TICKET = "carto-text"
@@ -41,20 +42,6 @@ def send_out(desk, version, line, count):
            f"it went to {sent['approvers']}")
 
 
-def choose_pdf(desk, name):
-    """By the keyboard, in the chooser that Qt draws where the desktop has none."""
-    reader = desk.reader
-    reader.press_named("Choose PDF…")
-    reader.find(contains="Pick the revised PDF. The low-res export is fine.")
-    reader.key("ctrl+l")
-    reader.key("ctrl+a")
-    reader.type(str(desk.session.folder / "proofs"))
-    reader.key("Return")
-    reader.click(reader.find(name=name, roles=("label",)))
-    reader.click(reader.find(name="Open", roles=BUTTON))
-    reader.gone(contains="Pick the revised PDF.")
-
-
 def rows_under(reader, heads):
     return [row.name for head in heads for row in reader.rows(head)]
 
@@ -81,12 +68,12 @@ def round_of_approval(build):
 
         reader.press_named("Upload revision")
         reader.find(name="Upload v2", roles=("dialog",))
-        choose_pdf(desk, "revised.pdf")
+        choose_pdf(reader, proofs / "revised.pdf")
         reader.find(name="revised.pdf")
         reader.press_named("Choose another…")
-        reader.find(contains="Pick the revised PDF.")
+        reader.find(contains=ASKS)
         reader.key("Escape")
-        reader.gone(contains="Pick the revised PDF.")
+        reader.gone(contains=ASKS)
         reader.find(name="revised.pdf")
         reader.press_named("Upload")
         reader.find(contains="Uploaded v2. The Mac mini is checking it against v1.")
