@@ -96,7 +96,11 @@ void addTyped(SendDraft& draft, Store& store) {
   auto added = addApprover(store, draft.adding, draft.addName);
   if (!added) return;
   draft.picked.insert(added->email);
-  if (!holds(onOffer(draft), added->email)) draft.others.push_back(*std::move(added));
+  if (!holds(onOffer(draft), added->email)) {
+    // By the name that the list will show once it is saved.
+    added->name = added->shownName();
+    draft.others.push_back(*std::move(added));
+  }
   draft.adding.clear();
   draft.addName.clear();
 }

@@ -112,6 +112,16 @@ TEST_F(SendSheets, TickWhoIsAddedAtOnce) {
               testing::HasSubstr(R"({"email":"rina@tessarine.example","name":"Rina Sol"}]})"));
 }
 
+TEST_F(SendSheets, CallWhoIsAddedWithoutANameAsTheSavedListWill) {
+  open();
+  type("rina@tessarine.example");
+  addTyped(draft, store());
+  EXPECT_EQ(view().approvers.back().name, "rina");
+  board.approvers->push_back({.email = "rina@tessarine.example", .name = {}});
+  pollBrings();
+  EXPECT_EQ(view().approvers.back(), (PickedApproverView{"rina@tessarine.example", "rina", true}));
+}
+
 TEST_F(SendSheets, TickWhoIsKnownAndSaveNothing) {
   open();
   pick(draft, kMara, false);
