@@ -26,8 +26,12 @@ Rectangle {
             approval.press(button.key);
     }
 
+    // With room to spare, what can be done stands beside the words.
+    readonly property bool wide: width >= 640
+
     visible: view.here
-    implicitHeight: content.implicitHeight + 2 * Theme.gap16
+    implicitHeight: content.y + content.implicitHeight + Theme.gap12
+                    + (wide || buttons.height === 0 ? 0 : Theme.gap12 + buttons.height)
     radius: Theme.radiusCard
     color: Theme.raised
     border.width: 1
@@ -40,18 +44,18 @@ Rectangle {
         id: content
 
         x: Theme.gap16
-        y: Theme.gap16
+        y: Theme.gap12
         width: parent.width - 2 * x
         spacing: Theme.gap8
 
         Item {
             width: parent.width
-            height: Math.max(mark.height, title.implicitHeight)
+            height: Math.max(mark.height, words.height, card.wide ? buttons.height : 0)
 
             Rectangle {
                 id: mark
 
-                width: 26
+                width: 32
                 height: width
                 radius: width / 2
                 color: Theme.tint[card.view.tone] ?? Theme.quietFill
@@ -59,7 +63,7 @@ Rectangle {
                 Symbol {
                     visible: !card.view.checking
                     anchors.centerIn: parent
-                    size: 14
+                    size: 16
                     name: card.view.icon
                     color: Theme.fore[card.view.tone] ?? Theme.muted
                 }
@@ -71,53 +75,60 @@ Rectangle {
                 }
             }
 
-            Label {
-                id: title
+            Column {
+                id: words
 
-                anchors.left: mark.right
-                anchors.leftMargin: Theme.gap8
-                anchors.right: parent.right
-                anchors.verticalCenter: mark.verticalCenter
-                wrapMode: Text.Wrap
-                maximumLineCount: 3
-                elide: Text.ElideRight
-                size: Theme.lead
-                weight: Font.DemiBold
-                text: card.view.title
-                Accessible.role: Accessible.Heading
-            }
-        }
+                // A lone title stands beside the middle of the mark.
+                y: Math.max(0, (mark.height - implicitHeight) / 2)
+                x: mark.width + Theme.gap12
+                width: parent.width - x - (card.wide ? buttons.width + Theme.gap24 : 0)
+                spacing: 2
 
-        Label {
-            visible: text !== ""
-            width: parent.width
-            wrapMode: Text.Wrap
-            size: Theme.body
-            color: Theme.muted
-            text: card.view.line
-        }
-
-        Column {
-            visible: answers.count > 0
-            width: parent.width
-            spacing: 2
-
-            Accessible.role: Accessible.List
-            Accessible.name: "Approvers"
-
-            Repeater {
-                id: answers
-
-                model: KeyedRows {
-                    by: "email"
-                    rows: card.view.approvers
+                Label {
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 3
+                    elide: Text.ElideRight
+                    size: Theme.lead
+                    weight: Font.DemiBold
+                    text: card.view.title
+                    Accessible.role: Accessible.Heading
                 }
 
-                ApproverAnswer {
-                    required property approverAnswerView value
+                Label {
+                    visible: text !== ""
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    size: Theme.body
+                    color: Theme.muted
+                    text: card.view.line
+                }
 
-                    width: content.width
-                    answer: value
+                FlowRow {
+                    visible: answers.count > 0
+                    width: parent.width
+                    height: implicitHeight
+                    spacing: Theme.gap12
+
+                    Accessible.role: Accessible.List
+                    Accessible.name: "Approvers"
+
+                    Repeater {
+                        id: answers
+
+                        model: KeyedRows {
+                            by: "email"
+                            rows: card.view.approvers
+                        }
+
+                        ApproverAnswer {
+                            required property approverAnswerView value
+
+                            width: Math.min(implicitWidth, words.width)
+                            height: implicitHeight
+                            answer: value
+                        }
+                    }
                 }
             }
         }
@@ -135,35 +146,36 @@ Rectangle {
                 changes: value
             }
         }
+    }
 
-        FlowRow {
-            visible: buttons.count > 0
-            width: parent.width
-            height: implicitHeight
-            spacing: Theme.gap8
+    FlowRow {
+        id: buttons
 
-            Repeater {
-                id: buttons
+        x: card.wide ? card.width - width - Theme.gap16 : Theme.gap16
+        y: card.wide ? content.y : content.y + content.height + Theme.gap12
+        width: card.wide ? Math.min(implicitWidth, content.width / 2) : content.width
+        height: implicitHeight
+        spacing: Theme.gap8
 
-                model: KeyedRows {
-                    rows: card.view.buttons
-                }
+        Repeater {
+            model: KeyedRows {
+                rows: card.view.buttons
+            }
 
-                Pill {
-                    required property approvalButtonView value
+            Pill {
+                required property approvalButtonView value
 
-                    title: value.label
-                    icon: value.icon
-                    help: value.help
-                    enabled: value.enabled
-                    filled: !value.quiet
-                    raised: value.quiet
-                    color: value.quiet ? Theme.text : Theme.accent
-                    Accessible.role: value.url !== "" ? Accessible.Link : Accessible.Button
-                    // A press is for the round as it was seen.
-                    says: card.view.title + value.label
-                    onClicked: card.press(value)
-                }
+                title: value.label
+                icon: value.icon
+                help: value.help
+                enabled: value.enabled
+                filled: !value.quiet
+                raised: value.quiet
+                color: value.quiet ? Theme.text : Theme.accent
+                Accessible.role: value.url !== "" ? Accessible.Link : Accessible.Button
+                // A press is for the round as it was seen.
+                says: card.view.title + value.label
+                onClicked: card.press(value)
             }
         }
     }

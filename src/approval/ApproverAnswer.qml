@@ -8,6 +8,7 @@ Item {
 
     required property approverAnswerView answer
 
+    implicitWidth: Math.ceil(name.implicitWidth) + Theme.gap8 + pill.width
     implicitHeight: Math.max(name.implicitHeight, pill.implicitHeight) + 4
 
     Accessible.role: Accessible.ListItem

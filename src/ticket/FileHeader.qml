@@ -27,18 +27,15 @@ Item {
     readonly property real room: wide ? inner - actions.width - Theme.gap24 : inner
     readonly property real under: title.y + title.height
                                   + (wide ? 0 : Theme.gap8 + actions.height)
-    // The card stands under the actions where that leaves the words a good line, else under them.
-    readonly property bool beside: wide && inner >= 700
-    readonly property real column: beside ? inner - card.width - Theme.gap24 : room
+    readonly property real told: Math.max(words.height > 0 ? words.y + words.height : under,
+                                          wide ? actions.y + actions.height : 0)
 
     // At the title, where no key does anything by mistake.
     function takeKeyboard() {
         name.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitHeight: Math.max(words.height > 0 ? words.y + words.height : under,
-                             wide ? actions.y + actions.height : 0,
-                             card.visible ? card.y + card.height : 0) + Theme.gap12
+    implicitHeight: (card.visible ? card.y + card.height : told) + Theme.gap12
 
     FlowRow {
         id: title
@@ -136,7 +133,7 @@ Item {
 
         x: Theme.gap24
         y: head.under + Theme.gap8
-        width: head.column
+        width: head.room
         spacing: Theme.gap8
 
         Label {
@@ -201,11 +198,9 @@ Item {
     ApprovalCard {
         id: card
 
-        readonly property real below: words.height > 0 ? words.y + words.height : head.under
-
-        x: head.beside ? head.width - width - Theme.gap24 : Theme.gap24
-        y: head.beside ? actions.y + actions.height + Theme.gap8 : below + Theme.gap12
-        width: head.beside ? (head.inner >= 1000 ? 380 : 340) : Math.min(head.inner, 560)
+        x: Theme.gap24
+        y: head.told + Theme.gap12
+        width: head.inner
         height: implicitHeight
         approval: head.approval
         send: head.send

@@ -1,6 +1,7 @@
 // The round of approval where it stands in the window.
 #include <QAccessible>
 #include <QTest>
+#include <algorithm>
 
 #include "views/view_test.hpp"
 
@@ -86,6 +87,42 @@ TEST_F(ApprovalShell, EndsASheetWithItsSession) {
   settle();
   EXPECT_TRUE(closes("Upload v3"));
   EXPECT_FALSE(models()["upload"].value<UploadModel*>()->open());
+}
+
+TEST_F(ApprovalShell, AsksForNoFileOnceTheSessionHasEnded) {
+  open();
+  ASSERT_TRUE(press("Upload revision"));
+  ASSERT_TRUE(opens("Upload v3"));
+  ASSERT_TRUE(press("Choose PDF…"));
+  const auto asks = [&] {
+    const auto all = window()->findChildren<QObject*>();
+    return std::ranges::any_of(all, [](const QObject* each) {
+      return each->inherits("QQuickFileDialog") && each->property("visible").toBool();
+    });
+  };
+  ASSERT_TRUE(QTest::qWaitFor(asks));
+  store().signOut(true);
+  settle();
+  EXPECT_TRUE(closes("Upload v3"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !asks(); }));
+}
+
+TEST_F(ApprovalShell, KeepsThePopoverInANarrowWindow) {
+  auto board = *store().board();
+  board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
+  store().board.set(board);
+  desk.time.run();
+  open(kSizes.front());
+  ASSERT_TRUE(press("Shared"));
+  ASSERT_TRUE(opens("Share link"));
+  settle();
+  const QRect whole{window()->position(), window()->size()};
+  EXPECT_TRUE(whole.contains(reader().find("Share link", QAccessible::Dialog)->rect()));
+  for (const char* name : {"Copy link", "Copy for Notion", "Open in browser", "Make a new link"}) {
+    auto* button = reader().find(name, QAccessible::Button);
+    ASSERT_TRUE(button) << name;
+    EXPECT_TRUE(whole.contains(button->rect())) << name;
+  }
 }
 
 TEST_F(ApprovalShell, TurnsToTheStoryAndBack) {

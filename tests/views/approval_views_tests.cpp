@@ -147,7 +147,7 @@ TEST_F(ApprovalViews, AddAnApproverWithoutSending) {
   key(Qt::Key_Return);
   EXPECT_EQ(send_.adding(), "");
   EXPECT_EQ(focused(), "Address");
-  EXPECT_TRUE(has("Rina", QAccessible::CheckBox));
+  EXPECT_TRUE(has("rina", QAccessible::CheckBox));
   EXPECT_EQ(posted().size(), 1U);
 }
 

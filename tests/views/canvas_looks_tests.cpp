@@ -114,7 +114,11 @@ TEST_F(CanvasLooks, EqualPagesDifferByNothing) {
   for (const double zoom : {1.0, 2.0, 4.0}) {
     store().zoom.set(zoom);
     rest();
-    const QRectF rect = page("supplier-1").intersected({300, 120, 1'000, 600});
+    QQuickItem* canvas = seen(window()->contentItem(), "CompareCanvas").front();
+    const QRectF rect = page("supplier-1")
+                            .intersected(canvas->mapRectToScene(
+                                {0, 0, canvas->width(),
+                                 canvas->height() - canvas->property("barHeight").toReal()}));
     for (const double part : {0.1, 0.5, 0.9}) {
       expectColour(at({rect.x() + part * rect.width(), rect.y() + part * rect.height()}), Qt::black,
                    0);
