@@ -27,10 +27,19 @@ Item {
     }
 
     function press() {
-        if (canAdd)
+        if (canAdd) {
+            justAdded.restart();
             added();
-        else if (row.email.trim() === "" && row.name.trim() === "")
+        } else if (row.email.trim() === "" && row.name.trim() === "" && !justAdded.running) {
             confirmed();
+        }
+    }
+
+    // The second of two quick presses confirms nothing.
+    Timer {
+        id: justAdded
+
+        interval: Qt.styleHints.mouseDoubleClickInterval
     }
 
     implicitHeight: address.implicitHeight

@@ -15,6 +15,9 @@ Rectangle {
 
     readonly property approvalCardView view: approval.card
 
+    // What had the keyboard has gone with its state.
+    signal keptOut()
+
     function press(button: approvalButtonView) {
         if (button.opens === "send")
             send.begin();
@@ -39,6 +42,24 @@ Rectangle {
 
     Accessible.role: Accessible.Grouping
     Accessible.name: view.title
+    Accessible.description: view.checking ? "Being checked" : ""
+
+    KeyboardHold {
+        id: hold
+
+        around: buttons
+    }
+
+    // Once all buttons are there that come with the state.
+    Timer {
+        id: handing
+
+        interval: 0
+        onTriggered: {
+            if (hold.held && hold.ringed && !hold.inside)
+                card.keptOut();
+        }
+    }
 
     Column {
         id: content
@@ -89,6 +110,7 @@ Rectangle {
                     wrapMode: Text.Wrap
                     maximumLineCount: 3
                     elide: Text.ElideRight
+                    tellsWhole: true
                     size: Theme.lead
                     weight: Font.DemiBold
                     text: card.view.title
@@ -161,10 +183,12 @@ Rectangle {
             model: KeyedRows {
                 rows: card.view.buttons
             }
+            onItemRemoved: handing.restart()
 
             Pill {
                 required property approvalButtonView value
 
+                widest: card.wide ? content.width / 2 : content.width
                 title: value.label
                 icon: value.icon
                 help: value.help

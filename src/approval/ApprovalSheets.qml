@@ -14,6 +14,8 @@ Item {
 
     // A PDF is to be chosen, and given to `upload`.
     signal choosing()
+    // What opened a sheet does not take the keyboard back.
+    signal keptOut()
 
     OnDemand {
         id: sending
@@ -21,6 +23,7 @@ Item {
         SendForApproval {
             parent: sheets
             send: sheets.send
+            onKeptOut: sheets.keptOut()
         }
     }
 
@@ -31,6 +34,7 @@ Item {
             parent: sheets
             upload: sheets.upload
             onChoosing: sheets.choosing()
+            onKeptOut: sheets.keptOut()
         }
     }
 

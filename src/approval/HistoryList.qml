@@ -15,9 +15,9 @@ Column {
 
     spacing: Theme.gap12
 
-    onVisibleChanged: history.read = visible
-    Component.onCompleted: history.read = visible
-    Component.onDestruction: history.read = false
+    onVisibleChanged: history.reads(list, visible)
+    Component.onCompleted: history.reads(list, visible)
+    Component.onDestruction: history.reads(list, false)
 
     SectionTitle {
         text: "WHERE IT CAME FROM"

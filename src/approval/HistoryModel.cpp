@@ -10,15 +10,18 @@ HistoryModel::HistoryModel(Store& store, const MainLoop& clock, const Calendar& 
           Store::kBoard | Store::kDetails | Store::kSelection | Store::kPolled,
           [this] { update(); })) {}
 
-void HistoryModel::setRead(bool read) {
-  if (read_ == read) return;
-  read_ = read;
-  update();
-  emit readChanged();
+void HistoryModel::reads(QObject* reader, bool reading) {
+  const bool was = read();
+  if (reading) {
+    readers_.insert(reader);
+  } else {
+    readers_.erase(reader);
+  }
+  if (!was) update();
 }
 
 void HistoryModel::update() {
-  if (!read_) return;
+  if (!read()) return;
   const FileDetail* detail = store_.currentDetail();
   const Moment now = clock_.now();
   if (origin_.show(detail ? originOf(*detail, now, calendar_) : OriginView{})) {

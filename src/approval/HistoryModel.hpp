@@ -3,6 +3,7 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <set>
 
 #include "approval/history.hpp"
 #include "approval/origin.hpp"
@@ -14,8 +15,6 @@ class HistoryModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  // Nobody pays for a story that is not read.
-  Q_PROPERTY(bool read READ read WRITE setRead NOTIFY readChanged)
   Q_PROPERTY(Qml<OriginView> origin READ origin NOTIFY originChanged)
   Q_PROPERTY(Qml<HistoryView> history READ history NOTIFY historyChanged)
 
@@ -23,13 +22,13 @@ class HistoryModel : public QObject {
   // What is passed must outlive the model.
   HistoryModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
-  bool read() const { return read_; }
-  void setRead(bool read);
+  // Nobody pays for a story that is not read. While one view follows another both may read it.
+  bool read() const { return !readers_.empty(); }
+  Q_INVOKABLE void reads(QObject* reader, bool reading);
   Qml<OriginView> origin() const { return origin_.qml(); }
   Qml<HistoryView> history() const { return history_.qml(); }
 
  signals:
-  void readChanged();
   void originChanged();
   void historyChanged();
 
@@ -39,7 +38,7 @@ class HistoryModel : public QObject {
   Store& store_;
   const MainLoop& clock_;
   const Calendar& calendar_;
-  bool read_ = false;
+  std::set<const QObject*> readers_;  // only told apart
   Shown<OriginView> origin_;
   Shown<HistoryView> history_;
   Changes::Subscription onChange_;

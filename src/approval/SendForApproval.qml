@@ -92,6 +92,8 @@ Sheet {
                     text: person.value.name
                     help: person.value.email
                     checked: person.value.picked
+                    // Where another has moved under the pointer, they are not meant.
+                    says: person.value.email
                     onToggled: checked => sheet.send.pick(person.value.email, checked)
                 }
 
@@ -120,7 +122,7 @@ Sheet {
         onEmailChanged: sheet.send.adding = adding.email
         onNameChanged: sheet.send.addName = adding.name
         onAdded: sheet.send.add()
-        onConfirmed: sheet.press()
+        onConfirmed: sheet.pressByKey()
     }
 
     SectionTitle {
@@ -134,7 +136,7 @@ Sheet {
         label: "A line for them"
         placeholder: "What to look at, or what changed (optional)"
         onTextChanged: sheet.send.note = line.text
-        onConfirmed: sheet.press()
+        onConfirmed: sheet.pressByKey()
     }
 
     SectionTitle {

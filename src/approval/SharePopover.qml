@@ -82,6 +82,8 @@ Popover {
                     help: who.text
                     checked: popover.view.on
                     enabled: !popover.view.busy
+                    // Who turns it on does not mean to turn off what somebody else has turned on.
+                    says: popover.view.on + popover.view.url
                     onToggled: on => popover.share.switchTo(on)
                 }
             }

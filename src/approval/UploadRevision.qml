@@ -89,7 +89,7 @@ Sheet {
         label: "What changed"
         placeholder: "Fixed the p25 headline font. Nothing else moved."
         onTextChanged: sheet.upload.note = line.text
-        onConfirmed: sheet.press()
+        onConfirmed: sheet.pressByKey()
     }
 
     Label {

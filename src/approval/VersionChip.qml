@@ -55,6 +55,7 @@ Pressable {
         Label {
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(Math.ceil(implicitWidth), 180)
+            tellsWhole: true
             size: Theme.note
             color: button.chip.selected ? Theme.text : Theme.muted
             text: button.chip.caption

@@ -28,14 +28,21 @@ Button copyButton(const FileItem& file) {
                             .quiet = true};
 }
 
+// A detail that lags behind the board tells who was asked the last time.
+bool isOfThisRound(const FileItem& file, const FileDetail* detail) {
+  const Approval* approval = approvalIn(detail);
+  return !approval || !approval->state || approval->state == file.approval;
+}
+
 // There is nobody to write to once all have answered.
 Button emailButton(const FileItem& file, const FileDetail* detail) {
   if (linkOf(file).empty()) return std::nullopt;
-  return ApprovalButtonView{.key = "emailAgain",
-                            .label = "Email again",
-                            .icon = "envelope",
-                            .quiet = true,
-                            .enabled = !waitingApprovers(file, detail).empty()};
+  return ApprovalButtonView{
+      .key = "emailAgain",
+      .label = "Email again",
+      .icon = "envelope",
+      .quiet = true,
+      .enabled = isOfThisRound(file, detail) && !waitingApprovers(file, detail).empty()};
 }
 
 Button takeBackButton(const Store& store) {

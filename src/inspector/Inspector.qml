@@ -46,7 +46,7 @@ Item {
     }
 
     Accessible.role: Accessible.Pane
-    Accessible.name: "Findings"
+    Accessible.name: tells ? "History" : "Findings"
     Accessible.focusable: true
 
     Keys.forwardTo: tells ? [] : [scroll]

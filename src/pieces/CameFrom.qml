@@ -20,9 +20,9 @@ QtObject {
         other.item = null;
     }
 
-    // Not where it has gone meanwhile.
+    // Not where it has gone meanwhile, or does nothing now.
     function giveBack(reason: int): bool {
-        if (!item?.visible || !item.Window.window)
+        if (!item?.visible || !item.enabled || !item.Window.window)
             return false;
         item.forceActiveFocus(reason);
         return true;

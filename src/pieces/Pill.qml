@@ -10,6 +10,7 @@ Pressable {
     property color color: Theme.text
     property bool filled: false
     property bool raised: false
+    property real widest: Infinity
 
     readonly property color ink: filled ? Theme.onAccent : color
 
@@ -44,6 +45,8 @@ Pressable {
         spacing: 6
 
         Symbol {
+            id: mark
+
             visible: pill.icon !== ""
             anchors.verticalCenter: parent.verticalCenter
             size: 12
@@ -53,6 +56,9 @@ Pressable {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(Math.ceil(implicitWidth),
+                            pill.widest - 24 - (mark.visible ? mark.width + row.spacing : 0))
+            tellsWhole: true
             size: Theme.body
             weight: pill.filled ? Font.DemiBold : Font.Medium
             color: pill.ink

@@ -18,6 +18,9 @@ T.Popup {
         around: popover.contentItem
     }
 
+    // What had the keyboard before does not take it back.
+    signal keptOut()
+
     function openAt(byKey: bool) {
         popover.byKey = byKey;
         open();
@@ -25,7 +28,8 @@ T.Popup {
 
     // The keyboard goes back to what had it.
     function giveBack() {
-        cameFrom.giveBack(cameFrom.ringed ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        if (cameFrom.item && !cameFrom.giveBack(cameFrom.ringed ? Qt.TabFocusReason : Qt.PopupFocusReason))
+            keptOut();
         cameFrom.item = null;
     }
 

@@ -15,6 +15,7 @@ Flickable {
     readonly property Item inside: hold.inside
     readonly property TextEdit text: inside as TextEdit
     readonly property Item whole: writing(inside) ?? inside
+    readonly property bool writes: text !== null || (inside as TextInput) !== null
     // The content is about to follow what grew in it.
     property bool grew: false
 
@@ -61,8 +62,13 @@ Flickable {
 
     onWholeChanged: follow()
     onInsideChanged: follow()
+    // What is written in stays in sight, also where its room shrinks.
+    onHeightChanged: {
+        if (writes)
+            follow();
+    }
     onContentHeightChanged: {
-        if (grew)
+        if (grew || (inside as TextInput))
             follow();
         grew = false;
     }

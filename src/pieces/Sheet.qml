@@ -26,6 +26,20 @@ Popover {
             confirmed();
     }
 
+    // By Return, which is not meant for what nobody can have read: not as the second of two quick
+    // presses, and not where the words have changed under the finger.
+    function pressByKey() {
+        if (!unread.running)
+            press();
+    }
+
+    readonly property Timer unread: Timer {
+        interval: Qt.styleHints.mouseDoubleClickInterval
+    }
+
+    onSaysChanged: unread.restart()
+    onAboutToShow: unread.restart()
+
     readonly property Item over: T.Overlay.overlay
     readonly property real room: (over?.height ?? 0) - 2 * Theme.gap24
 
@@ -58,7 +72,7 @@ Popover {
                 return;
             event.accepted = true;
             if (!event.isAutoRepeat)
-                sheet.press();
+                sheet.pressByKey();
         }
 
         Label {

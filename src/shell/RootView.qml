@@ -148,6 +148,7 @@ FocusScope {
                 send: view.send
                 upload: view.upload
                 onChoosing: chooser.open()
+                onKeptOut: view.ticket?.takeKeyboard()
             }
 
             PdfChooser {

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -16,6 +17,15 @@ Item {
     property string words: ""
     property string label: ""
 
+    // Where sheets and popovers are.
+    readonly property Item floats: open || shown.visible ? T.Overlay.overlay : null
+
+    // While there are any, it is seen over these, too.
+    function rise() {
+        const any = Array.from(floats?.children ?? []).some(each => each !== shown);
+        shown.parent = any ? floats : layer;
+    }
+
     function giveBack() {
         if (hold.inside && !before.giveBack(Qt.TabFocusReason))
             keptOut();
@@ -26,6 +36,7 @@ Item {
         undo();
     }
 
+    onFloatsChanged: rise()
     onToastChanged: {
         if (toast.undoLabel === "")
             giveBack();
@@ -36,6 +47,14 @@ Item {
         }
         // Last, so that it comes into sight with its own words.
         open = toast.id !== "";
+    }
+
+    Connections {
+        target: layer.floats
+
+        function onChildrenChanged() {
+            Qt.callLater(layer.rise);
+        }
     }
 
     CameFrom {
@@ -70,8 +89,9 @@ Item {
     ToastView {
         id: shown
 
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: layer.height - height - (layer.open ? 62 : 46)
+        z: 1
+        x: Math.round(((parent?.width ?? 0) - width) / 2)
+        y: (parent?.height ?? 0) - height - (layer.open ? 62 : 46)
         visible: opacity > 0
         opacity: layer.open ? 1 : 0
         widest: Math.min(560, layer.width - 2 * Theme.gap24)

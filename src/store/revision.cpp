@@ -21,14 +21,15 @@ std::string headerOf(const std::string& text) {
 }
 
 API::Request requestOf(const FileItem& file, const std::string& path, const std::string& note,
-                       std::shared_ptr<HttpBody> pdf) {
+                       std::shared_ptr<HttpBody> pdf, std::stop_token stop) {
   const std::string name = path.substr(path.rfind('/') + 1);
   return {.path = "api/files/" + file.id + "/versions",
           .method = "PUT",
           .stream = std::move(pdf),
           .contentType = "application/pdf",
           .headers = {{"x-filename", headerOf(name)}, {"x-note", headerOf(note)}},
-          .timeout = kPatience};
+          .timeout = kPatience,
+          .stop = std::move(stop)};
 }
 
 // The number that the service gave, or the next one when it tells none.
@@ -63,7 +64,9 @@ Task<> Store::putRevision(FileItem file, std::string path, std::string note, Ses
     toast.set(Toast{pdf ? kTooBig : kNotSent});
     co_return;
   }
-  auto call = api_.ask<Json>(requestOf(file, path, note, pdf));
+  // Nobody waits for what an ended session began to send.
+  const auto stop = loop_ ? loop_->get_token() : std::stop_token{};
+  auto call = api_.ask<Json>(requestOf(file, path, note, pdf, stop));
   const auto answer = co_await std::move(call);
   if (session != session_) co_return;
   if (answer) {

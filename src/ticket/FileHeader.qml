@@ -205,5 +205,6 @@ Item {
         approval: head.approval
         send: head.send
         upload: head.upload
+        onKeptOut: head.takeKeyboard()
     }
 }

@@ -87,6 +87,7 @@ void FileModel::toggleNotes() { store_.toggleNotes(); }
 
 void FileModel::openNotes() {
   if (!store_.notesOpen()) store_.toggleNotes();
+  store_.setSideTab("page");
 }
 
 void FileModel::pressReview() { pressReviewButton(store_); }

@@ -157,6 +157,18 @@ TEST_F(ApprovalButtons, MailNobodyOnceAllHaveAnswered) {
   EXPECT_THAT(desk.opener.opened, IsEmpty());
 }
 
+TEST_F(ApprovalButtons, MailNobodyOfARoundThatIsOver) {
+  file().approval = "pending";
+  file().share = shareOf("https://proofs.example/s/1");
+  FileDetail detail = detailOf(file());
+  detail.approval = Approval{.state = "changes", .asked = {kMara, kOlo}};
+  show(detail);
+  EXPECT_FALSE(button("emailAgain").enabled) << "the board is ahead of it";
+  detail.approval->state = "pending";
+  show(detail);
+  EXPECT_TRUE(button("emailAgain").enabled);
+}
+
 TEST_F(ApprovalButtons, MailThoseWhoHaveNotAnswered) {
   file().approval = "pending";
   file().share = shareOf("https://proofs.example/s/1");

@@ -49,6 +49,10 @@ Item {
             tryVerify(() => sheet.opened);
         }
 
+        function rest() {
+            tryVerify(() => !sheet.unread.running);
+        }
+
         function cleanup() {
             sheet.close();
             tryVerify(() => !sheet.visible);
@@ -68,6 +72,7 @@ Item {
             sheet.canConfirm = false;
             line.field.focus = false;
             sheet.contentItem.forceActiveFocus();
+            rest();
             keyClick(Qt.Key_Return);
             compare(confirmed.count, 0);
             sheet.canConfirm = true;
@@ -76,6 +81,20 @@ Item {
             keyClick(Qt.Key_Return);
             compare(confirmed.count, 1);
             verify(sheet.opened, "To close it is the owner's.");
+        }
+
+        function test_isNotConfirmedByTheKeyThatOpenedIt() {
+            line.field.focus = false;
+            sheet.contentItem.forceActiveFocus();
+            keyClick(Qt.Key_Return);
+            compare(confirmed.count, 0);
+            rest();
+            sheet.says = "other words";
+            keyClick(Qt.Key_Return);
+            compare(confirmed.count, 0, "Nobody can have read them.");
+            rest();
+            keyClick(Qt.Key_Return);
+            compare(confirmed.count, 1);
         }
 
         function test_isCancelledByEsc() {

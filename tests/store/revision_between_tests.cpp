@@ -123,7 +123,7 @@ TEST_F(RevisionMeanwhile, AnAnswerAfterASignOutIsNobodys) {
     const std::size_t put = desk.http.exchanges.size() - 1;
     nextSession();
     const std::size_t sent = desk.http.exchanges.size();
-    EXPECT_THAT(store().busy(), ElementsAre("revision")) << "it is still going out";
+    EXPECT_THAT(store().busy(), ElementsAre("revision")) << "a PUT that cannot be stopped";
     answer(put, late);
     EXPECT_FALSE(store().toast());
     EXPECT_TRUE(store().signedIn());
@@ -132,6 +132,16 @@ TEST_F(RevisionMeanwhile, AnAnswerAfterASignOutIsNobodys) {
     EXPECT_EQ(store().page().at("t1"), 4);
     EXPECT_TRUE(store().busy().empty());
   }
+}
+
+TEST_F(RevisionMeanwhile, ASignOutStopsItForWhoeverComesNext) {
+  store().startLoop();
+  desk.time.run();
+  upload();
+  EXPECT_THAT(store().busy(), ElementsAre("revision"));
+  nextSession();
+  EXPECT_TRUE(store().busy().empty());
+  EXPECT_FALSE(store().toast()) << "nobody is told";
 }
 
 TEST_F(RevisionMeanwhile, A401OfAPollEndsTheSessionAndItStaysAtThat) {

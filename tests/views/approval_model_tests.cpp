@@ -181,9 +181,23 @@ TEST_F(ApprovalModels, ForgetARenewalWithThePopover) {
 TEST_F(ApprovalModels, TellNoStoryThatIsNotRead) {
   show(detailOf(file()));
   EXPECT_EQ(history.origin()["line"], "");
-  history.setRead(true);
+  QObject one;
+  QObject other;
+  history.reads(&one, true);
   EXPECT_EQ(history.origin()["line"], "The supplier sent the proof");
   EXPECT_EQ(history.history()["nothing"], "Nothing yet.");
+  // While one view gives way to another both read it for a moment.
+  history.reads(&other, true);
+  history.reads(&one, false);
+  history.reads(&one, false);
+  FileDetail later = detailOf(file());
+  later.file.supplier = "Halden";
+  later.origin = Origin{.supplier = "Halden"};
+  show(later);
+  EXPECT_EQ(history.origin()["line"], "Halden sent the proof");
+  history.reads(&other, false);
+  show(detailOf(file()));
+  EXPECT_EQ(history.origin()["line"], "Halden sent the proof") << "nobody pays for it any more";
 }
 
 TEST_F(ApprovalModels, FollowTheListOfApprovers) {

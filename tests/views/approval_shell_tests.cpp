@@ -3,6 +3,7 @@
 #include <QTest>
 #include <algorithm>
 
+#include "views/sights.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -38,6 +39,22 @@ class ApprovalShell : public ViewTest {
   }
   bool closes(const QString& dialog) {
     return QTest::qWaitFor([&] { return !has(dialog, QAccessible::Dialog); });
+  }
+  // Gives the keyboard to that button, as Tab would.
+  bool takeUp(const QString& button) {
+    for (QQuickItem* pill : seen(window()->contentItem(), "Pill")) {
+      if (!pill->property("title").toString().startsWith(button)) continue;
+      pill->forceActiveFocus(Qt::TabFocusReason);
+      return pill->hasActiveFocus();
+    }
+    return false;
+  }
+  bool isAtTheTitle() {
+    const QString title = QString::fromStdString(store().currentFile()->heading());
+    return QTest::qWaitFor([&] {
+      const QQuickItem* at = window()->activeFocusItem();
+      return at && at->property("text").toString() == title;
+    });
   }
 };
 
@@ -123,6 +140,80 @@ TEST_F(ApprovalShell, KeepsThePopoverInANarrowWindow) {
     ASSERT_TRUE(button) << name;
     EXPECT_TRUE(whole.contains(button->rect())) << name;
   }
+}
+
+TEST_F(ApprovalShell, ShowsAToastOverASheet) {
+  for (const QSize size : kSizes) {
+    open(size);
+    ASSERT_TRUE(press("Upload revision"));
+    ASSERT_TRUE(opens("Upload v3"));
+    settle();
+    store().toast.set(Toast{"That didn't go through. Try again."});
+    settle();
+    QQuickItem* toast = seen(window()->contentItem(), "ToastView").front();
+    EXPECT_TRUE(toast->parentItem()->inherits("QQuickOverlay"));
+    const QRectF rect = toast->mapRectToScene(toast->boundingRect());
+    EXPECT_NEAR(rect.center().x(), window()->width() / 2.0, 1);
+    EXPECT_NEAR(rect.bottom(), window()->height() - 62, 1);
+    models()["upload"].value<UploadModel*>()->end();
+    ASSERT_TRUE(closes("Upload v3"));
+    settle();
+    EXPECT_FALSE(toast->parentItem()->inherits("QQuickOverlay"));
+    EXPECT_NEAR(toast->mapRectToScene(toast->boundingRect()).bottom(), window()->height() - 62, 1);
+    store().toast.set(std::nullopt);
+    settle();
+  }
+}
+
+TEST_F(ApprovalShell, HandsTheKeyboardToTheTitleWhenTheStateTakesItsButtonsAway) {
+  auto board = *store().board();
+  board.files[0].approval = "approved";
+  store().board.set(board);
+  desk.time.run();
+  open();
+  ASSERT_TRUE(takeUp("Mark sent to "));
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  board.files[0].approval = "sent";
+  store().board.set(board);
+  settle();
+  EXPECT_TRUE(isAtTheTitle());
+}
+
+TEST_F(ApprovalShell, HandsTheKeyboardToTheTitleWhenASheetHasNobodyToGiveItBackTo) {
+  open();
+  ASSERT_TRUE(takeUp("Upload revision"));
+  QTest::keyClick(window(), Qt::Key_Return);
+  ASSERT_TRUE(opens("Upload v3"));
+  settle();
+  auto board = *store().board();
+  board.files[0].approval = "sent";
+  store().board.set(board);
+  settle();
+  QTest::keyClick(window(), Qt::Key_Escape);
+  ASSERT_TRUE(closes("Upload v3"));
+  EXPECT_TRUE(isAtTheTitle());
+}
+
+TEST_F(ApprovalShell, KeepsTheStoryUpToDateWhenAnotherPanelTellsIt) {
+  store().prefs.showNotes.set(true);
+  store().setSideTab("history");
+  open();
+  store().selection.set({"t2"});
+  settle();
+  store().selection.set({"t1"});
+  settle();
+  QTest::qWait(50);
+  EXPECT_TRUE(models()["history"].value<HistoryModel*>()->read());
+  resize({760, 540});
+  store().notesDrawer.set(true);
+  QTest::qWait(500);
+  settle();
+  EXPECT_TRUE(models()["history"].value<HistoryModel*>()->read());
+  resize({1500, 940});
+  QTest::qWait(500);
+  settle();
+  EXPECT_TRUE(models()["history"].value<HistoryModel*>()->read());
 }
 
 TEST_F(ApprovalShell, TurnsToTheStoryAndBack) {

@@ -1,7 +1,9 @@
 // The approval's views in windows of their own, used as a reviewer would.
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
+#include <QStyleHints>
 #include <QTest>
 
 #include "approval/ApprovalModel.hpp"
@@ -28,7 +30,10 @@ class ApprovalViews : public ViewTest {
     });
     store().selection.set({"t1"});
     desk.time.run();
+    // No two presses here are a double press.
+    QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
   }
+  ~ApprovalViews() override { QGuiApplication::styleHints()->setMouseDoubleClickInterval(-1); }
 
   void change(const std::function<void(BoardState&)>& how) {
     BoardState board = *store().board();
@@ -117,6 +122,34 @@ TEST_F(ApprovalViews, SendByKeyAlone) {
   EXPECT_EQ(posted()[0], R"(POST api/files/t1/approval {"action":"request",)"
                          R"("approvers":["mara@tessarine.example","olo@tessarine.example"],)"
                          R"("note":"Look at p3"})");
+}
+
+TEST_F(ApprovalViews, SendNothingByTheSecondOfTwoQuickPresses) {
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  key(Qt::Key_Return);
+  EXPECT_TRUE(posted().empty()) << "it opened the sheet and no more";
+  type("rina@tessarine.example");
+  key(Qt::Key_Return);
+  key(Qt::Key_Return);
+  EXPECT_EQ(posted().size(), 1U) << "she was added and nothing was sent out";
+  EXPECT_TRUE(send_.open());
+}
+
+TEST_F(ApprovalViews, SendNothingThatChangedUnderTheFinger) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  change([](BoardState& board) { board.files[0].version = 2; });
+  ASSERT_TRUE(opens("Send v2 for approval"));
+  key(Qt::Key_Return);
+  EXPECT_TRUE(posted().empty());
+  EXPECT_TRUE(send_.open());
 }
 
 TEST_F(ApprovalViews, GiveTheKeyboardBack) {
