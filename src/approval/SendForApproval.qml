@@ -94,6 +94,8 @@ Sheet {
                     checked: person.value.picked
                     // Where another has moved under the pointer, they are not meant.
                     says: person.value.email
+                    // Return is the sheet's; a box is ticked by Space.
+                    Keys.forwardTo: [sheet.contentItem]
                     onToggled: checked => sheet.send.pick(person.value.email, checked)
                 }
 
@@ -162,6 +164,7 @@ Sheet {
                 width: choices.width
                 text: option.label
                 chosen: option.key === sheet.view.then
+                Keys.forwardTo: [sheet.contentItem]
                 onClicked: sheet.send.setAfter(option.key)
             }
         }

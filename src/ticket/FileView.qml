@@ -49,7 +49,7 @@ Item {
         id: top
 
         // A low window keeps most of its room for the page.
-        readonly property real highest: Math.max(96, ticket.height * 0.3, ticket.height - 560)
+        readonly property real highest: Math.max(96, ticket.height * 0.36, ticket.height - 560)
 
         width: parent.width
         // Whole, so that what lies below stands on whole pixels.

@@ -152,6 +152,21 @@ TEST_F(ApprovalViews, SendNothingThatChangedUnderTheFinger) {
   EXPECT_TRUE(send_.open());
 }
 
+TEST_F(ApprovalViews, SendByReturnOnABoxToo) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  QTest::keyClick(window(), Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_EQ(focused(), "Olo Brandt");
+  key(Qt::Key_Space);
+  EXPECT_TRUE(posted().empty());
+  key(Qt::Key_Return);
+  ASSERT_EQ(posted().size(), 1U);
+  EXPECT_TRUE(posted()[0].find(kMara) != std::string::npos);
+  EXPECT_TRUE(posted()[0].find(kOlo) == std::string::npos) << "Space had unticked them";
+}
+
 TEST_F(ApprovalViews, GiveTheKeyboardBack) {
   showCard();
   window()->contentItem()->nextItemInFocusChain(true)->forceActiveFocus(Qt::TabFocusReason);
