@@ -9,15 +9,28 @@ ApproversModel::ApproversModel(Store& store)
 }
 
 void ApproversModel::update() {
-  if (section_.show(approversSection(store_))) emit sectionChanged();
+  if (!store_.board()) clear();
+  if (section_.show(approversSection(store_, adding_))) emit sectionChanged();
 }
 
-bool ApproversModel::valid(const QString& typed) {
-  return companyAddress(typed.toStdString()).has_value();
+void ApproversModel::type(std::string& field, const QString& text) {
+  if (!store_.board() || field == text.toStdString()) return;
+  field = text.toStdString();
+  emit typedChanged();
+  update();
 }
 
-bool ApproversModel::add(const QString& typed, const QString& name) {
-  return addApprover(store_, typed.toStdString(), name.toStdString()).has_value();
+void ApproversModel::clear() {
+  if (adding_.empty() && addName_.empty()) return;
+  adding_.clear();
+  addName_.clear();
+  emit typedChanged();
+}
+
+void ApproversModel::add() {
+  if (!addApprover(store_, adding_, addName_)) return;
+  clear();
+  update();
 }
 
 void ApproversModel::remove(const QString& email) { removeApprover(store_, email.toStdString()); }

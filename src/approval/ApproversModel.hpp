@@ -1,4 +1,4 @@
-// The list of the key approvers, for its view. Main thread only.
+// The list of the key approvers and who is typed beside it, for their view. Main thread only.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -14,6 +14,9 @@ class ApproversModel : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(Qml<ApproversSectionView> section READ section NOTIFY sectionChanged)
+  // They end with the session, and where an approver is added.
+  Q_PROPERTY(QString adding READ adding WRITE setAdding NOTIFY typedChanged)
+  Q_PROPERTY(QString addName READ addName WRITE setAddName NOTIFY typedChanged)
 
  public:
   // The store must outlive the model.
@@ -21,19 +24,26 @@ class ApproversModel : public QObject {
 
   Qml<ApproversSectionView> section() const { return section_.qml(); }
 
-  // Whether it is an address that can be added. `saving` of the section counts beside it.
-  Q_INVOKABLE static bool valid(const QString& typed);
-  // False when nothing is done.
-  Q_INVOKABLE bool add(const QString& typed, const QString& name);
+  QString adding() const { return QString::fromStdString(adding_); }
+  void setAdding(const QString& text) { type(adding_, text); }
+  QString addName() const { return QString::fromStdString(addName_); }
+  void setAddName(const QString& text) { type(addName_, text); }
+
+  Q_INVOKABLE void add();
   Q_INVOKABLE void remove(const QString& email);
 
  signals:
   void sectionChanged();
+  void typedChanged();
 
  private:
+  void type(std::string& field, const QString& text);
+  void clear();  // what is typed
   void update();
 
   Store& store_;
+  std::string adding_;
+  std::string addName_;
   Shown<ApproversSectionView> section_;
   Changes::Subscription onChange_;
 };

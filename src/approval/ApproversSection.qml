@@ -101,11 +101,23 @@ Card {
 
         width: parent.width
         example: section.view.example
-        canAdd: !section.view.saving && section.approvers.valid(adding.email)
+        enabled: section.view.here
+        canAdd: section.view.canAdd
+        onEmailChanged: section.approvers.adding = adding.email
+        onNameChanged: section.approvers.addName = adding.name
         onAdded: {
-            if (section.approvers.add(adding.email, adding.name))
-                adding.clear();
+            section.approvers.add();
             adding.take(Qt.OtherFocusReason);
+        }
+    }
+
+    Connections {
+        target: section.approvers
+
+        // Who was added is typed no more, nor what a session that has ended left behind.
+        function onTypedChanged() {
+            adding.email = section.approvers.adding;
+            adding.name = section.approvers.addName;
         }
     }
 }

@@ -67,14 +67,18 @@ void removeApprover(Store& store, const std::string& email) {
   store.saveApprovers(list);
 }
 
-ApproversSectionView approversSection(const Store& store) {
-  ApproversSectionView view{
-      .rows = {}, .none = {}, .example = addressExample(), .saving = isSavingApprovers(store)};
+ApproversSectionView approversSection(const Store& store, std::string_view typed) {
+  ApproversSectionView view{.here = store.board().has_value(),
+                            .rows = {},
+                            .none = {},
+                            .example = addressExample(),
+                            .canAdd = canAddApprover(store, typed),
+                            .saving = isSavingApprovers(store)};
   for (const Guest& guest : keyApprovers(store)) {
     const std::string name = guest.shownName();
     view.rows.push_back({.email = guest.email, .name = name, .removeHelp = "Remove " + name});
   }
-  if (view.rows.empty()) view.none = "No key approvers yet.";
+  if (view.here && view.rows.empty()) view.none = "No key approvers yet.";
   return view;
 }
 

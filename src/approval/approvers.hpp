@@ -37,14 +37,17 @@ struct KeyApproverView {
 BOOST_DESCRIBE_STRUCT(KeyApproverView, (), (email, name, removeHelp))
 
 struct ApproversSectionView {
+  bool here = false;  // there is a board; without one nobody can be told of, or added
   std::vector<KeyApproverView> rows;
   std::string none;     // said in place of rows
   std::string example;  // of an address
+  bool canAdd = false;
   bool saving = false;
   bool operator==(const ApproversSectionView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(ApproversSectionView, (), (rows, none, example, saving))
+BOOST_DESCRIBE_STRUCT(ApproversSectionView, (), (here, rows, none, example, canAdd, saving))
 
-ApproversSectionView approversSection(const Store& store);
+// `typed` is the address in the field.
+ApproversSectionView approversSection(const Store& store, std::string_view typed);
 
 }  // namespace vellix

@@ -51,12 +51,14 @@ INSTANTIATE_TEST_SUITE_P(
 class Approvers : public ApprovalTest {};
 
 TEST_F(Approvers, AreListedInTheBoardsOrder) {
-  EXPECT_EQ(approversSection(store()),
-            (ApproversSectionView{.rows = {{kMara, "Mara Quell", "Remove Mara Quell"},
+  EXPECT_EQ(approversSection(store(), ""),
+            (ApproversSectionView{.here = true,
+                                  .rows = {{kMara, "Mara Quell", "Remove Mara Quell"},
                                            {kOlo, "Olo Brandt", "Remove Olo Brandt"},
                                            {kTeva, "teva", "Remove teva"}},
                                   .none = "",
                                   .example = "name@" + kDomain,
+                                  .canAdd = false,
                                   .saving = false}));
 }
 
@@ -64,9 +66,27 @@ TEST_F(Approvers, SayThatThereAreNone) {
   for (const auto& none : {std::optional<std::vector<Guest>>{}, {std::vector<Guest>{}}}) {
     board.approvers = none;
     publish();
-    EXPECT_EQ(approversSection(store()).none, "No key approvers yet.");
-    EXPECT_THAT(approversSection(store()).rows, IsEmpty());
+    EXPECT_EQ(approversSection(store(), "").none, "No key approvers yet.");
+    EXPECT_THAT(approversSection(store(), "").rows, IsEmpty());
   }
+}
+
+TEST_F(Approvers, AreNotToldOfWithoutABoard) {
+  store().board.set(std::nullopt);
+  EXPECT_EQ(approversSection(store(), "rina@" + kDomain),
+            (ApproversSectionView{.here = false,
+                                  .rows = {},
+                                  .none = "",
+                                  .example = "name@" + kDomain,
+                                  .canAdd = false,
+                                  .saving = false}));
+}
+
+TEST_F(Approvers, CanBeAddedByAnAddressWhileNothingIsSaved) {
+  EXPECT_TRUE(approversSection(store(), "RINA@" + kDomain).canAdd);
+  EXPECT_FALSE(approversSection(store(), "rina@elsewhere.example").canAdd);
+  removeApprover(store(), kOlo);
+  EXPECT_FALSE(approversSection(store(), "rina@" + kDomain).canAdd);
 }
 
 TEST_F(Approvers, AreSavedAsAWhole) {
@@ -108,7 +128,7 @@ TEST_F(Approvers, AreNotAddedByAnythingElse) {
 
 TEST_F(Approvers, WaitWhileTheListIsBeingSaved) {
   removeApprover(store(), kOlo);
-  EXPECT_TRUE(approversSection(store()).saving);
+  EXPECT_TRUE(approversSection(store(), "").saving);
   removeApprover(store(), kMara);
   EXPECT_FALSE(canAddApprover(store(), "rina@" + kDomain));
   EXPECT_FALSE(addApprover(store(), "rina@" + kDomain, ""));
@@ -118,7 +138,7 @@ TEST_F(Approvers, WaitWhileTheListIsBeingSaved) {
 TEST_F(Approvers, GoWithoutAnyOfTheirAddress) {
   board.approvers = std::vector<Guest>{{.email = kMara}, {.email = kMara, .name = "Twice"}};
   publish();
-  EXPECT_EQ(approversSection(store()).rows.size(), 1U);
+  EXPECT_EQ(approversSection(store(), "").rows.size(), 1U);
   removeApprover(store(), kMara);
   EXPECT_THAT(asked(), ElementsAre(R"(POST api/approvers {"approvers":[]})"));
 }

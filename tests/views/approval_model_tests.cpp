@@ -201,13 +201,42 @@ TEST_F(ApprovalModels, TellNoStoryThatIsNotRead) {
 }
 
 TEST_F(ApprovalModels, FollowTheListOfApprovers) {
-  EXPECT_TRUE(ApproversModel::valid(" Rina@tessarine.example"));
-  EXPECT_FALSE(ApproversModel::valid("rina@elsewhere.example"));
-  EXPECT_FALSE(approvers.add("rina@elsewhere.example", ""));
   approvers.remove(kOlo);
   desk.time.run();
   EXPECT_TRUE(approvers.section()["saving"].toBool());
   EXPECT_EQ(sent(), 1U);
+}
+
+TEST_F(ApprovalModels, AddTheApproverThatIsTyped) {
+  approvers.setAddName("Rina");
+  approvers.setAdding("rina@elsewhere.example");
+  EXPECT_FALSE(approvers.section()["canAdd"].toBool());
+  approvers.add();
+  EXPECT_EQ(approvers.adding(), "rina@elsewhere.example") << "it can still be mended";
+  EXPECT_EQ(sent(), 0U);
+  approvers.setAdding(" Rina@tessarine.example");
+  EXPECT_TRUE(approvers.section()["canAdd"].toBool());
+  const QSignalSpy typed{&approvers, &ApproversModel::typedChanged};
+  approvers.add();
+  EXPECT_EQ(approvers.adding(), "");
+  EXPECT_EQ(approvers.addName(), "");
+  EXPECT_EQ(typed.size(), 1);
+  ASSERT_EQ(sent(), 1U);
+  EXPECT_NE(asked()[0].find(R"({"email":"rina@tessarine.example","name":"Rina"})"),
+            std::string::npos);
+}
+
+TEST_F(ApprovalModels, ForgetTheApproverThatIsTypedWithTheSession) {
+  approvers.setAdding("rina@tessarine.example");
+  approvers.setAddName("Rina");
+  signOut();
+  EXPECT_EQ(approvers.adding(), "");
+  EXPECT_EQ(approvers.addName(), "");
+  EXPECT_FALSE(approvers.section()["canAdd"].toBool());
+  approvers.setAdding("lost@tessarine.example");
+  EXPECT_EQ(approvers.adding(), "") << "there is no list to add anybody to";
+  publish();
+  EXPECT_EQ(approvers.adding(), "");
 }
 
 }  // namespace

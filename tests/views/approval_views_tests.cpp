@@ -331,6 +331,35 @@ TEST_F(ApprovalViews, RemoveAndAddApprovers) {
   EXPECT_EQ(reader().enabled("Remove Mara Quell"), 0) << "one change at a time";
 }
 
+TEST_F(ApprovalViews, LeaveNoApproverToTheNextSession) {
+  show("Approval/ApproversSection", {{"approvers", QVariant::fromValue(&approvers_)}}, {460, 540});
+  const auto text = [this](const QString& field) {
+    return reader().find(field, QAccessible::EditableText)->text(QAccessible::Value);
+  };
+  const BoardState board = *store().board();
+  reader().find("Address", QAccessible::EditableText)->setText(QAccessible::Value, "rina@x");
+  reader().find("Name", QAccessible::EditableText)->setText(QAccessible::Value, "Rina");
+  settle();
+  EXPECT_EQ(approvers_.adding(), "rina@x");
+  EXPECT_EQ(approvers_.addName(), "Rina");
+  approvers_.setAdding("rina@tessarine.example");
+  settle();
+  ASSERT_EQ(text("Address"), "rina@tessarine.example");
+  EXPECT_EQ(reader().enabled("Add"), 1);
+  store().signOut(true);
+  settle();
+  EXPECT_EQ(reader().enabled("Add"), 0);
+  EXPECT_FALSE(has("No key approvers yet.", QAccessible::StaticText));
+  EXPECT_FALSE(has("Mara Quell, mara@tessarine.example", QAccessible::ListItem));
+  store().board.set(board);
+  settle();
+  EXPECT_TRUE(has("Mara Quell, mara@tessarine.example", QAccessible::ListItem));
+  EXPECT_EQ(text("Address"), "");
+  EXPECT_EQ(text("Name"), "");
+  change([](BoardState& held) { held.approvers.reset(); });
+  EXPECT_TRUE(has("No key approvers yet.", QAccessible::StaticText));
+}
+
 TEST_F(ApprovalViews, ChooseAVersion) {
   change([](BoardState& board) { board.files[0].version = 2; });
   FileDetail detail = lighthouse();
