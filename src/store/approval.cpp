@@ -64,8 +64,12 @@ void Store::saveApprovers(const std::vector<Guest>& list) {
   for (const Guest& guest : list) {
     body.approvers.push_back({guest.email, guest.name.value_or("")});
   }
+  // On the board at once, since the next list is made from it and the poll behind this may fail.
+  const Heard pass = [this, list](const Json::Object&) {
+    if (board()) board.edit([&](auto& held) { held->approvers = list; });
+  };
   action("approvers", "Saved the approvers.",
-         [this, body = std::move(body)] { return tell("api/approvers", body); });
+         [this, body = std::move(body), pass] { return tell("api/approvers", body, pass); });
 }
 
 }  // namespace vellix

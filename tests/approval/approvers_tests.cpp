@@ -143,6 +143,29 @@ TEST_F(Approvers, GoWithoutAnyOfTheirAddress) {
   EXPECT_THAT(asked(), ElementsAre(R"(POST api/approvers {"approvers":[]})"));
 }
 
+// The poll behind a list that was saved fails: the next list is made from it all the same.
+TEST_F(Approvers, AreNotLostWithThePollBehindThem) {
+  routes.set(kStateLine, answerOf(500));
+  ASSERT_TRUE(addApprover(store(), "ada@" + kDomain, "Ada"));
+  routes.set("POST api/approvers", answerOf(200, "{}"));
+  desk.time.run();
+  ASSERT_FALSE(isSavingApprovers(store()));
+  ASSERT_TRUE(store().problem());
+  EXPECT_EQ(approversSection(store(), "").rows.back().email, "ada@" + kDomain);
+  ASSERT_TRUE(addApprover(store(), "ben@" + kDomain, "Ben"));
+  EXPECT_THAT(asked().back(),
+              testing::HasSubstr(R"({"email":"teva@tessarine.example","name":""},)"
+                                 R"({"email":"ada@tessarine.example","name":"Ada"},)"
+                                 R"({"email":"ben@tessarine.example","name":"Ben"})"));
+}
+
+TEST_F(Approvers, StayAsTheyWereWhenTheListIsRefused) {
+  routes.set("POST api/approvers", answerOf(409, R"({"error":"Not you."})"));
+  removeApprover(store(), kOlo);
+  desk.time.run();
+  EXPECT_EQ(approversSection(store(), "").rows.size(), 3U);
+}
+
 TEST_F(Approvers, AreNotRemovedWhenTheyAreGone) {
   removeApprover(store(), "rina@" + kDomain);
   EXPECT_THAT(asked(), IsEmpty());
