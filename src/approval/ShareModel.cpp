@@ -17,6 +17,7 @@ std::string ShareModel::ticket() const {
 void ShareModel::update() {
   const FileItem* file = store_.currentFile();
   if (button_.show(file ? shareButton(*file) : ShareButtonView{})) emit buttonChanged();
+  follow(renewal_, store_, ticket());
   if (popover_.show(sharePopover(store_, ticket(), renewal_))) emit popoverChanged();
 }
 

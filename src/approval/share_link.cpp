@@ -108,6 +108,11 @@ void pressRenew(Store& store, const std::string& ticket, ShareRenewal& renewal) 
   store.setShare(*file, std::nullopt, std::nullopt, true);
 }
 
+void follow(ShareRenewal& renewal, const Store& store, const std::string& ticket) {
+  const FileItem* file = ticketOnBoard(store, ticket);
+  if (!file || urlOf(*file) != renewal.sureOf) renewal = {};
+}
+
 void copyShareLink(Store& store, const std::string& ticket) {
   if (const FileItem* file = linked(store, ticket)) store.copyLink(*file);
 }

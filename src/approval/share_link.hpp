@@ -22,7 +22,7 @@ BOOST_DESCRIBE_STRUCT(ShareButtonView, (), (label, icon))
 ShareButtonView shareButton(const FileItem& file);
 
 // A new link takes two presses, since the old one is lost. The second is meant for the link that
-// was there at the first, and for no other.
+// was there at the first, and for no other: it ends with that link.
 struct ShareRenewal {
   std::string sureOf;  // the link that was; empty before the first press
 };
@@ -52,6 +52,8 @@ SharePopoverView sharePopover(const Store& store, const std::string& ticket,
 void switchShare(Store& store, const std::string& ticket, bool on);
 void chooseAccess(Store& store, const std::string& ticket, std::string_view access);
 void pressRenew(Store& store, const std::string& ticket, ShareRenewal& renewal);
+// The link that the first press was made for may be off, or another by now.
+void follow(ShareRenewal& renewal, const Store& store, const std::string& ticket);
 // With the link, as long as it is on.
 void copyShareLink(Store& store, const std::string& ticket);
 void copyShareForNotion(Store& store, const std::string& ticket);

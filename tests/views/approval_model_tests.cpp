@@ -178,6 +178,34 @@ TEST_F(ApprovalModels, ForgetARenewalWithThePopover) {
   EXPECT_EQ(sent(), 1U);
 }
 
+TEST_F(ApprovalModels, ForgetARenewalWithItsLink) {
+  const auto serve = [this](const std::string& url, bool enabled) {
+    file().share = shareOf(url, enabled);
+    publish();
+  };
+  struct Case {
+    const char* name;
+    std::function<void()> change;
+  };
+  for (const Case& each : {Case{"off", [&] { serve("https://proofs.example/s/1", false); }},
+                           Case{"another", [&] { serve("https://proofs.example/s/2", true); }},
+                           Case{"off the board", [&] {
+                                  store().board.set(boardOf({}));
+                                  desk.time.run();
+                                }}}) {
+    serve("https://proofs.example/s/1", true);
+    share.renew();
+    ASSERT_EQ(share.popover()["renew"], "Make a new link?") << each.name;
+    publish();
+    ASSERT_EQ(share.popover()["renew"], "Make a new link?") << "the same board once more";
+    each.change();
+    serve("https://proofs.example/s/1", true);
+    EXPECT_EQ(share.popover()["renew"], "Make a new link") << each.name;
+    EXPECT_EQ(share.popover()["warning"], "") << each.name;
+  }
+  EXPECT_EQ(sent(), 0U);
+}
+
 TEST_F(ApprovalModels, TellNoStoryThatIsNotRead) {
   show(detailOf(file()));
   EXPECT_EQ(history.origin()["line"], "");
