@@ -38,7 +38,15 @@ Card {
         Accessible.role: Accessible.List
         Accessible.name: section.title
 
+        KeyboardHold {
+            id: hold
+
+            around: list
+        }
+
         Repeater {
+            id: people
+
             model: KeyedRows {
                 by: "email"
                 rows: section.view.rows
@@ -48,6 +56,10 @@ Card {
                 id: person
 
                 required property keyApproverView value
+
+                function take() {
+                    remove.forceActiveFocus(hold.ringed ? Qt.TabFocusReason : Qt.OtherFocusReason);
+                }
 
                 width: list.width
                 height: 40
@@ -87,11 +99,23 @@ Card {
                     anchors.verticalCenter: parent.verticalCenter
                     symbol: "minus.circle"
                     help: person.value.removeHelp
-                    enabled: !section.view.saving
+                    // The keyboard stays until the row goes.
+                    idle: section.view.saving
                     // Where the row of another has moved under the pointer, that is not meant.
                     says: person.value.email
                     onClicked: section.approvers.remove(person.value.email)
                 }
+            }
+
+            // The keyboard goes on to the next row, else to the one before.
+            onItemRemoved: (index, item) => {
+                if (!hold.isIn(item))
+                    return;
+                const beside = people.itemAt(index) ?? people.itemAt(index - 1);
+                if (beside && beside !== item)
+                    beside.take();
+                else
+                    adding.take(Qt.TabFocusReason);
             }
         }
     }

@@ -27,15 +27,15 @@ Window {
         focus: true
         settings: window.settings
         approvers: window.approvers
-        Keys.onEscapePressed: window.close()
     }
 
     CommandKeys {
         commands: window.commands
     }
 
+    // Whatever has the keyboard, and if nothing has.
     Shortcut {
-        sequence: "Ctrl+W"
+        sequences: ["Ctrl+W", "Escape"]
         onActivated: window.close()
     }
 }

@@ -33,6 +33,33 @@ class MenuViews : public ViewTest {
     }
     return nullptr;
   }
+  // Opened by key, and with the keyboard.
+  QQuickWindow* openSettings() {
+    window()->requestActivate();
+    if (!QTest::qWaitForWindowActive(window())) return nullptr;
+    key(Qt::Key_Comma, Qt::ControlModifier);
+    QQuickWindow* settings = settingsWindow();
+    if (!settings) return nullptr;
+    settings->requestActivate();
+    return QTest::qWaitForWindowActive(settings) ? settings : nullptr;
+  }
+  static QString focusedNameIn(QQuickWindow* one) {
+    auto* seen = one->activeFocusItem()
+                     ? QAccessible::queryAccessibleInterface(one->activeFocusItem())
+                     : nullptr;
+    return seen ? seen->text(QAccessible::Name) : QString{};
+  }
+  void tabTo(QQuickWindow* one, const QString& name) {
+    for (int tab = 0; tab < 24 && focusedNameIn(one) != name; ++tab) {
+      QTest::keyClick(one, Qt::Key_Tab);
+    }
+    ASSERT_EQ(focusedNameIn(one), name);
+  }
+  void serveApprovers(const std::vector<Guest>& list) {
+    BoardState board = *store().board();
+    board.approvers = list;
+    serveBoard(board, "\"a" + std::to_string(list.size()) + "\"");
+  }
   // What was asked of the Mac mini.
   std::vector<std::string> jobs() {
     std::vector<std::string> all;
@@ -281,6 +308,68 @@ TEST_F(MenuViews, TheSettingsOpenInAWindowOfTheirOwnOnceAndCloseOnEsc) {
   key(Qt::Key_Comma, Qt::ControlModifier);
   EXPECT_TRUE(settings->isVisible());
   EXPECT_EQ(QGuiApplication::topLevelWindows().size(), before + 1);
+}
+
+const std::vector<Guest> kThree{{.email = "mara@tessarine.example", .name = "Mara"},
+                                {.email = "olo@tessarine.example", .name = "Olo"},
+                                {.email = "teva@tessarine.example", .name = "Teva"}};
+
+TEST_F(MenuViews, TheSettingsKeepTheKeyboardWhereAnApproverIsRemoved) {
+  serveTheDay();
+  serveApprovers(kThree);
+  poll();
+  open();
+  routes.leaveOpen("POST api/approvers");
+  serveApprovers(kThree);
+  poll();
+  QQuickWindow* settings = openSettings();
+  ASSERT_TRUE(settings);
+  struct Step {
+    const char* removed;
+    std::vector<Guest> left;
+    const char* then;
+  };
+  for (const Step& step :
+       {Step{"Remove Olo", {kThree[0], kThree[2]}, "Remove Teva"},
+        Step{"Remove Teva", {kThree[0]}, "Remove Mara"}, Step{"Remove Mara", {}, "Address"}}) {
+    tabTo(settings, step.removed);
+    serveApprovers(step.left);
+    QTest::keyClick(settings, Qt::Key_Space);
+    settle();
+    EXPECT_EQ(focusedNameIn(settings), step.removed) << "while it is being saved";
+    answer(desk.http.exchanges.size() - 1, answerOf(200, "{}"));
+    settle();
+    EXPECT_EQ(focusedNameIn(settings), step.then);
+    EXPECT_TRUE(settings->activeFocusItem()->isEnabled());
+  }
+  QTest::keyClick(settings, Qt::Key_Escape);
+  EXPECT_FALSE(settings->isVisible());
+}
+
+TEST_F(MenuViews, EscClosesTheSettingsWhateverHasTheKeyboard) {
+  open();
+  routes.leaveOpen("POST api/approvers");
+  serveApprovers(kThree);
+  poll();
+  QQuickWindow* settings = openSettings();
+  ASSERT_TRUE(settings);
+  tabTo(settings, "Remove Olo");
+  QTest::keyClick(settings, Qt::Key_Space);
+  settle();
+  ASSERT_EQ(store().busy().count("approvers"), 1U);
+  QTest::keyClick(settings, Qt::Key_Escape);
+  EXPECT_FALSE(settings->isVisible()) << "while the list is being saved";
+
+  ASSERT_EQ(openSettings(), settings);
+  settings->activeFocusItem()->setFocus(false);
+  settings->contentItem()->forceActiveFocus();
+  QTest::keyClick(settings, Qt::Key_Escape);
+  EXPECT_FALSE(settings->isVisible()) << "nothing has the keyboard";
+
+  ASSERT_EQ(openSettings(), settings);
+  tabTo(settings, "Name");
+  QTest::keyClick(settings, Qt::Key_Escape);
+  EXPECT_FALSE(settings->isVisible()) << "somebody writes";
 }
 
 }  // namespace
