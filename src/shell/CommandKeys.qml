@@ -4,11 +4,13 @@ import QtQml.Models
 import QtQuick
 import Vellix.Shell
 
-// The shortcuts of all commands, one each, whatever shows the menus.
+// The shortcuts of the commands, one each, whatever shows the menus: of all in the main window, in
+// another only of those that are to be had everywhere.
 Item {
     id: keys
 
     required property CommandsModel commands
+    property bool elsewhere: false
 
     Instantiator {
         model: keys.commands.shortcuts.length
@@ -18,7 +20,7 @@ Item {
             readonly property shortcutView command: keys.commands.shortcuts[index]
 
             sequences: command.sequences
-            enabled: keys.enabled && command.enabled
+            enabled: keys.enabled && command.enabled && (!keys.elsewhere || command.everywhere)
             autoRepeat: command.repeats
             onActivated: keys.commands.run(command.key)
         }

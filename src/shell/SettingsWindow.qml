@@ -30,6 +30,7 @@ Window {
     }
 
     CommandKeys {
+        elsewhere: true
         commands: window.commands
     }
 

@@ -88,10 +88,12 @@ MenuView menu(const char* title, const std::array<Command, N>& commands, const S
 
 template <std::size_t N>
 void addShortcuts(std::vector<ShortcutView>& views, const std::array<Command, N>& commands,
-                  const Store& store) {
+                  const Store& store, bool everywhere = false) {
   for (const Command& command : commands) {
-    ShortcutView view{
-        .key = command.key, .enabled = command.enabled(store), .repeats = command.repeats};
+    ShortcutView view{.key = command.key,
+                      .enabled = command.enabled(store),
+                      .repeats = command.repeats,
+                      .everywhere = everywhere};
     for (const std::string sequence : {command.shortcut, command.also}) {
       if (!sequence.empty()) view.sequences.push_back(sequence);
     }
@@ -118,7 +120,7 @@ std::vector<MenuView> menuBar(const Store& store) {
 
 std::vector<ShortcutView> shortcuts(const Store& store) {
   std::vector<ShortcutView> views;
-  addShortcuts(views, kApplication, store);
+  addShortcuts(views, kApplication, store, true);
   addShortcuts(views, kReview, store);
   addShortcuts(views, kView, store);
   return views;

@@ -31,10 +31,11 @@ struct ShortcutView {
   std::string key;                     // of the command
   std::vector<std::string> sequences;  // portable
   bool enabled = true;
-  bool repeats = false;  // held down, it goes on
+  bool repeats = false;     // held down, it goes on
+  bool everywhere = false;  // also in a window that does not show what the others act on
   bool operator==(const ShortcutView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats))
+BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats, everywhere))
 
 // The application's own menu first.
 std::vector<MenuView> menuBar(const Store& store);

@@ -69,7 +69,8 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
 }
 
 std::string lineOf(const ShortcutView& one) {
-  std::string line = one.key + (one.enabled ? "" : " (off)") + (one.repeats ? " (repeats)" : "");
+  std::string line = one.key + (one.enabled ? "" : " (off)") + (one.repeats ? " (repeats)" : "") +
+                     (one.everywhere ? " (everywhere)" : "");
   for (const auto& sequence : one.sequences) line += " " + sequence;
   return line;
 }
@@ -78,11 +79,11 @@ TEST_F(SignedOutCommands, HaveTheirShortcuts) {
   std::vector<std::string> lines;
   for (const auto& one : shortcuts(store())) lines.push_back(lineOf(one));
   EXPECT_EQ(lines,
-            (std::vector<std::string>{"settings Ctrl+,", "quit Ctrl+Q", "sync (off) Ctrl+Shift+S",
-                                      "refresh (off) Ctrl+R", "report (off) Ctrl+Shift+P",
-                                      "markReviewed (off) Ctrl+D", "activity Ctrl+Y",
-                                      "zoomIn (repeats) Ctrl+= Ctrl++", "zoomOut (repeats) Ctrl+-",
-                                      "fitPage Ctrl+0", "notes Ctrl+Alt+I"}));
+            (std::vector<std::string>{
+                "settings (everywhere) Ctrl+,", "quit (everywhere) Ctrl+Q",
+                "sync (off) Ctrl+Shift+S", "refresh (off) Ctrl+R", "report (off) Ctrl+Shift+P",
+                "markReviewed (off) Ctrl+D", "activity Ctrl+Y", "zoomIn (repeats) Ctrl+= Ctrl++",
+                "zoomOut (repeats) Ctrl+-", "fitPage Ctrl+0", "notes Ctrl+Alt+I"}));
 }
 
 TEST_F(Commands, HaveTheirShortcutsWhileTheyAreOffered) {

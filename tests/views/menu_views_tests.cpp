@@ -372,5 +372,29 @@ TEST_F(MenuViews, EscClosesTheSettingsWhateverHasTheKeyboard) {
   EXPECT_FALSE(settings->isVisible()) << "somebody writes";
 }
 
+TEST_F(MenuViews, TheSettingsActOnNoTicketBehindThem) {
+  open();
+  store().selection.set({"t1"});
+  settle();
+  models()["send"].value<SendModel*>()->begin();
+  settle();
+  QQuickWindow* settings = nullptr;
+  emit windowModels()["commands"].value<CommandsModel*>() -> settingsWanted();
+  settings = settingsWindow();
+  ASSERT_TRUE(settings);
+  settings->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(settings));
+  const auto before = desk.http.exchanges.size();
+  for (const Qt::Key letter : {Qt::Key_D, Qt::Key_R, Qt::Key_Equal, Qt::Key_Y}) {
+    QTest::keyClick(settings, letter, Qt::ControlModifier);
+    settle();
+  }
+  EXPECT_EQ(desk.http.exchanges.size(), before);
+  EXPECT_EQ(store().zoom(), 1.0);
+  EXPECT_FALSE(store().showActivity());
+  QTest::keyClick(settings, Qt::Key_W, Qt::ControlModifier);
+  EXPECT_FALSE(settings->isVisible());
+}
+
 }  // namespace
 }  // namespace vellix
