@@ -3,10 +3,10 @@
 import json
 import sys
 
+from clipboard import FIELD, pasted
 from desk import Desk, expect, run, wait_until
 
 TICKET = "carto-text"
-FIELD = ("text", "entry")
 BUTTON = ("button", "push button")
 
 
@@ -17,19 +17,6 @@ def told(service, start, count):
 
 def link_of(service):
     return service.state()["files"][TICKET]["file"]["share"]
-
-
-def pasted(desk):
-    """The clipboard, as the field of a note has it."""
-    reader = desk.reader
-    reader.click(reader.find(name="Write a note for the report", roles=FIELD))
-    reader.key("ctrl+a")
-    reader.key("ctrl+v")
-    text = wait_until("something to be pasted", lambda: reader.text(
-        reader.find(name="Write a note for the report", roles=FIELD)))
-    reader.key("ctrl+a")
-    reader.key("BackSpace")
-    return text
 
 
 def away(desk):
@@ -63,6 +50,11 @@ def shared(desk):
     expect(pasted(desk) == link_of(service)["embed_url"], "the embed link is not on the clipboard")
 
     old = link_of(service)["url"]
+    reader.press_named("Shared", roles=BUTTON)
+    reader.press_named("Copy link")
+    away(desk)
+    expect(pasted(desk) == old, "the link is not on the clipboard")
+
     reader.press_named("Shared", roles=BUTTON)
     reader.press_named("Make a new link")
     reader.find(name="The old link stops working.")
