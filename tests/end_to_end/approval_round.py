@@ -4,10 +4,10 @@ import json
 import sys
 
 from chooser import ASKS, choose_pdf
+from clipboard import FIELD, pasted
 from desk import Desk, expect, run, wait_until
 
 TICKET = "carto-text"
-FIELD = ("text", "entry")
 BUTTON = ("button", "push button")
 
 
@@ -60,6 +60,8 @@ def round_of_approval(build):
         reader.find(name="Approval", roles=("heading",))
         reader.press_named("Send for approval")
         send_out(desk, 1, "Look at p33", 1)
+        link = service.state()["files"][TICKET]["file"]["share"]["embed_url"]
+        expect(pasted(desk) == link, "the link for Notion is not on the clipboard")
         becomes(desk, "pending", "Waiting on Mira and Tomas")
 
         service.approvers_answer(TICKET, "changes", "The rule is off.", "mira@tessarine.example")
