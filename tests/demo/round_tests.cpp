@@ -1,4 +1,6 @@
 // Rounds of approval and the pages of share links.
+#include <algorithm>
+
 #include "demo_service.hpp"
 #include "written_pdf.hpp"
 
@@ -97,6 +99,23 @@ TEST_F(Rounds, AreAnsweredByThemselvesAndAnAnswerStands) {
   Int said = 0;
   for (const Event& event : *detail(id).history) said += event.kind == "approved";
   EXPECT_EQ(said, 2);
+}
+
+TEST_F(Rounds, AreAskedToSeeToARealIssueByTheLastOfThem) {
+  const std::string id = "carto-jacket";
+  const auto findings = detail(id).findings;
+  const auto issue = std::ranges::find(findings, "open", &Finding::state);
+  ASSERT_NE(issue, findings.end());
+  ASSERT_EQ(statusOf(post("/api/findings/" + issue->id, R"({"state":"issue"})")), 200);
+  ASSERT_EQ(statusOf(post("/demo/waits", R"({"approvers":false})")), 200);
+  ASSERT_EQ(act(id, kAsk), 200);
+  EXPECT_TRUE(eventually([&](const BoardState&) { return detail(id).file.approval == "changes"; }));
+  const FileDetail now = detail(id);
+  EXPECT_EQ(now.file.approval_by, "tomas@tessarine.example");
+  EXPECT_EQ(now.approval->answers.at("mira@tessarine.example").kind, "approved");
+  const Answer& last = now.approval->answers.at("tomas@tessarine.example");
+  EXPECT_EQ(last.kind, "changes");
+  EXPECT_EQ(last.note, "Please see to this first: " + issue->title + ".");
 }
 
 TEST_F(Rounds, KeepTheApproversAsSent) {
