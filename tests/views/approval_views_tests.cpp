@@ -1,109 +1,15 @@
 // The approval's views in windows of their own, used as a reviewer would.
-#include <QAccessible>
 #include <QGuiApplication>
-#include <QQmlComponent>
 #include <QQuickItem>
 #include <QStyleHints>
 #include <QTest>
 
-#include "approval/ApprovalModel.hpp"
-#include "approval/ApproversModel.hpp"
-#include "approval/HistoryModel.hpp"
-#include "approval/SendModel.hpp"
-#include "approval/ShareModel.hpp"
-#include "approval/UploadModel.hpp"
-#include "views/view_test.hpp"
+#include "views/approval_views_test.hpp"
 
 namespace vellix {
 namespace {
 
-constexpr const char* kMara = "mara@tessarine.example";
-constexpr const char* kOlo = "olo@tessarine.example";
-
-class ApprovalViews : public ViewTest {
- protected:
-  ApprovalViews() {
-    serveTheDay();
-    change([](BoardState& board) {
-      board.approvers = std::vector<Guest>{{.email = kMara, .name = "Mara Quell"},
-                                           {.email = kOlo, .name = "Olo Brandt"}};
-    });
-    store().selection.set({"t1"});
-    desk.time.run();
-    // No two presses here are a double press.
-    QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
-  }
-  ~ApprovalViews() override { QGuiApplication::styleHints()->setMouseDoubleClickInterval(-1); }
-
-  void change(const std::function<void(BoardState&)>& how) {
-    BoardState board = *store().board();
-    how(board);
-    store().board.set(board);
-    if (window())
-      settle();
-    else
-      desk.time.run();
-  }
-  // The card, and the sheets beside it.
-  void showCard(QSize size = {760, 540}) {
-    const QVariantMap models{{"approval", QVariant::fromValue(&approval_)},
-                             {"send", QVariant::fromValue(&send_)},
-                             {"upload", QVariant::fromValue(&upload_)}};
-    show("Approval/ApprovalCard", models, size);
-    QQmlComponent component{engine(), QUrl{"qrc:/qt/qml/Vellix/Approval/ApprovalSheets.qml"}};
-    auto* sheets = qobject_cast<QQuickItem*>(component.createWithInitialProperties(
-        {{"send", models["send"]}, {"upload", models["upload"]}}));
-    ASSERT_TRUE(sheets) << component.errorString().toStdString();
-    sheets->setParent(window());
-    sheets->setParentItem(window()->contentItem());
-    theme()->setReducedMotion(true);
-    window()->requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
-  }
-  bool has(const QString& name, QAccessible::Role role) { return reader().find(name, role); }
-  bool opens(const QString& dialog) {
-    return QTest::qWaitFor([&] { return has(dialog, QAccessible::Dialog); });
-  }
-  bool closes(const QString& dialog) {
-    return QTest::qWaitFor([&] { return !has(dialog, QAccessible::Dialog); });
-  }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(window(), letter.toLatin1());
-    settle();
-  }
-  void key(Qt::Key key) {
-    QTest::keyClick(window(), key);
-    settle();
-  }
-  QString focused() {
-    QAccessibleInterface* at = QAccessible::queryAccessibleInterface(window()->activeFocusItem());
-    return at ? at->text(QAccessible::Name) : QString{};
-  }
-  std::vector<std::string> posted() {
-    std::vector<std::string> all;
-    for (const auto& each : desk.http.exchanges) {
-      if (!each.line().starts_with("GET")) {
-        all.push_back(each.line() + " " + each.request.body.value_or(""));
-      }
-    }
-    return all;
-  }
-
-  // They go with the engine, after the views.
-  template <class Model, class... Args>
-  Model& made(Args&... args) {
-    auto* model = new Model{args...};
-    model->setParent(engine());
-    return *model;
-  }
-
-  ApprovalModel& approval_ = made<ApprovalModel>(store(), desk.time, desk.calendar);
-  SendModel& send_ = made<SendModel>(store());
-  UploadModel& upload_ = made<UploadModel>(store());
-  ShareModel& share_ = made<ShareModel>(store());
-  HistoryModel& history_ = made<HistoryModel>(store(), desk.time, desk.calendar);
-  ApproversModel& approvers_ = made<ApproversModel>(store());
-};
+class ApprovalViews : public ApprovalViewsTest {};
 
 TEST_F(ApprovalViews, SendByKeyAlone) {
   showCard();

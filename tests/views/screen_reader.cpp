@@ -48,6 +48,17 @@ int ScreenReader::enabled(const QString& name, QAccessible::Role role) const {
   return count;
 }
 
+QStringList ScreenReader::told(QAccessibleInterface* object) const {
+  QStringList all;
+  visit(object, [&](QAccessibleInterface* each) {
+    const QString name = each->text(QAccessible::Name);
+    const QString more = each->text(QAccessible::Description);
+    if (!name.isEmpty()) all.append(more.isEmpty() ? name : name + " | " + more);
+    return false;
+  });
+  return all;
+}
+
 QStringList ScreenReader::names(QAccessible::Role role) const {
   QStringList all;
   visit(QAccessible::queryAccessibleInterface(window_), [&](QAccessibleInterface* each) {

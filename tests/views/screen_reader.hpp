@@ -19,6 +19,9 @@ class ScreenReader {
   bool press(const QString& name, QAccessible::Role role = QAccessible::Button) const;
   // How many visible objects of this name and role are enabled.
   int enabled(const QString& name, QAccessible::Role role = QAccessible::Button) const;
+  // What is read out of it and of what is visible in it, in order: names, and what describes them.
+  // Empty for null.
+  QStringList told(QAccessibleInterface* object) const;
   // The names of all visible objects of the role, in order.
   QStringList names(QAccessible::Role role) const;
 
