@@ -15,9 +15,6 @@ class ApprovalStates : public ApprovalViewsTest {
     detail.versions = std::vector<Version>{{.n = 1, .status = "done"}, {.n = 2, .status = status}};
     return detail;
   }
-  static void shareIt(BoardState& board) {
-    board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
-  }
   void showChips() {
     show("Approval/VersionChips", {{"approval", QVariant::fromValue(&approval_)}}, {460, 100});
   }

@@ -60,9 +60,7 @@ TEST_F(ApprovalTexts, OfTheUploadSheet) {
 }
 
 TEST_F(ApprovalTexts, OfTheSharePopover) {
-  change([](BoardState& board) {
-    board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
-  });
+  change(shareIt);
   showShare();
   ASSERT_TRUE(press("Shared"));
   ASSERT_TRUE(opens("Share link"));

@@ -25,6 +25,10 @@ ApprovalViewsTest::~ApprovalViewsTest() {
   QGuiApplication::styleHints()->setMouseDoubleClickInterval(-1);
 }
 
+void ApprovalViewsTest::shareIt(BoardState& board) {
+  board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
+}
+
 void ApprovalViewsTest::change(const std::function<void(BoardState&)>& how) {
   BoardState board = *store().board();
   how(board);

@@ -13,6 +13,8 @@ class ApprovalViewsTest : public ViewTest {
   ApprovalViewsTest();
   ~ApprovalViewsTest() override;
 
+  // Gives the first ticket a link, "https://proofs.example/s/1".
+  static void shareIt(BoardState& board);
   // As if the board had been polled, or the ticket's detail fetched.
   void change(const std::function<void(BoardState&)>& how);
   void tell(const FileDetail& detail);

@@ -201,9 +201,7 @@ TEST_F(ApprovalViews, SwitchTheLink) {
   ASSERT_EQ(posted().size(), 1U);
   EXPECT_EQ(posted()[0], R"(POST api/files/t1/share {"enabled":true})");
   store().busy.set({});
-  change([](BoardState& board) {
-    board.files[0].share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
-  });
+  change(shareIt);
   EXPECT_TRUE(has("Shared", QAccessible::Button));
   ASSERT_TRUE(press("Copy link"));
   EXPECT_EQ(desk.clipboard.texts.back(), "https://proofs.example/s/1");
