@@ -101,6 +101,7 @@ Card {
                     help: person.value.removeHelp
                     // The keyboard stays until the row goes.
                     idle: section.view.saving
+                    opacity: idle ? 0.45 : 1
                     // Where the row of another has moved under the pointer, that is not meant.
                     says: person.value.email
                     onClicked: section.approvers.remove(person.value.email)
