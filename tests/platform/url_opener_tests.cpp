@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/UrlCatcher.hpp"
+#include "support/UrlCatcher.hpp"
 
 namespace vellix {
 namespace {
