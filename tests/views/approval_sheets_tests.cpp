@@ -72,6 +72,11 @@ TEST_F(ApprovalSheets, AreStillOpenWhereTheListChangesInTheSettings) {
 }
 
 TEST_F(ApprovalSheets, KeepWhatIsTypedToSendWhereTheWindowShrinks) {
+  change([](BoardState& board) {
+    for (int i = 0; i < 12; ++i) {
+      board.approvers->push_back({.email = "a" + std::to_string(i) + "@tessarine.example"});
+    }
+  });
   openToSend(kSizes.back());
   type("rina");
   key(Qt::Key_Tab);
@@ -83,6 +88,8 @@ TEST_F(ApprovalSheets, KeepWhatIsTypedToSendWhereTheWindowShrinks) {
   EXPECT_EQ(fieldText("A line for them"), "Look at p3");
   EXPECT_EQ(focused(), "A line for them");
   expectInSight({"Cancel", "Send for approval"});
+  EXPECT_LT(reader().find("Send v1 for approval", QAccessible::Dialog)->rect().height(), 540)
+      << "between title and buttons it scrolls";
   type("0");
   EXPECT_EQ(send_.note(), "Look at p30") << "the keyboard is still there";
 }
