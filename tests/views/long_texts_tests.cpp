@@ -9,14 +9,16 @@
 namespace vellix {
 namespace {
 
+constexpr const char* kMara = "mara@tessarine.example";
+constexpr const char* kOlo = "olo@tessarine.example";
 const std::string kEndless(5 * kMostShown, 'm');
 
 // What a record is known and told apart by.
 bool isKey(std::string_view field) {
   static const std::set<std::string_view> keys{
-      "id",    "file_id",    "status", "kind",    "severity", "state",    "role",
-      "track", "assignee",   "email",  "tz",      "color",    "img",      "thumb",
-      "photo", "finding_id", "side",   "against", "by",       "approval", "resolved_by"};
+      "id",       "file_id", "status", "kind",     "severity",    "state", "role",  "track",
+      "assignee", "email",   "tz",     "color",    "img",         "thumb", "photo", "finding_id",
+      "side",     "against", "by",     "approval", "resolved_by", "url",   "access"};
   return keys.contains(field);
 }
 
@@ -52,10 +54,35 @@ void collect(const QQuickItem* root, std::vector<qsizetype>& lengths) {
 
 class LongTexts : public ViewTest {
  protected:
-  void expectBounded() {
+  // All that is told of the round of approval, of the ticket's versions and of its story.
+  static void fillTheRound(FileDetail& detail) {
+    detail.file.version = detail.version = 2;
+    detail.file.approval = "changes";
+    detail.approval = Approval{.asked = {kMara, kOlo}, .requested_by = kMara, .note = ""};
+    detail.approval->answers = {{kMara, {.kind = "changes", .note = ""}},
+                                {kOlo, {.kind = "approved", .note = ""}}};
+    detail.versions = std::vector<Version>{{.n = 1}, {.n = 2, .by = kOlo}};
+    detail.origin = Origin{.refs = std::vector<Ref>{{.role = "submitted"}}};
+    detail.history = std::vector<Event>{{.id = 1, .at = 1, .by = kMara, .kind = "comment"},
+                                        {.id = 2, .at = 2, .by = kOlo, .kind = "changes"}};
+    fill(*detail.approval);
+    fill(*detail.versions);
+    fill(*detail.origin);
+    fill(*detail.history);
+  }
+  // The ticket, and whom it can be sent to.
+  void fillTheBoard(FileItem& file) {
+    file.share = ShareInfo{.enabled = true, .url = "https://proofs.example/s/1"};
+    BoardState board = *store().board();
+    board.approvers = std::vector<Guest>{{.email = kMara}, {.email = kOlo}};
+    fill(*board.approvers);
+    board.files[0] = file;
+    store().board.set(board);
+  }
+  void expectBounded(std::size_t atLeast = 20) {
     std::vector<qsizetype> lengths;
     collect(window()->contentItem(), lengths);
-    ASSERT_GT(lengths.size(), 20U);
+    ASSERT_GT(lengths.size(), atLeast);
     const auto longest = std::ranges::max(lengths);
     EXPECT_LE(longest, kMostShown + 1);
     EXPECT_GT(longest, kMostOnALine) << "the endless texts are there";
@@ -86,6 +113,37 @@ TEST_F(LongTexts, AreLaidOutToABound) {
   store().toast.set(Toast{kEndless});
   showMain({1'500, 940});
   settle();
+  expectBounded();
+}
+
+TEST_F(LongTexts, OfTheRoundAreLaidOutToABound) {
+  serveTheDay();
+  FileDetail detail = lighthouse();
+  fillTheRound(detail);
+  fill(detail.file.supplier);
+  fillTheBoard(detail.file);
+  store().details.set({{"t1", detail}});
+  store().selection.set({"t1"});
+  showMain({1'500, 940});
+  expectBounded();
+  ASSERT_TRUE(press("History", QAccessible::PageTab));
+  expectBounded();
+  ASSERT_TRUE(press("Upload revision"));
+  expectBounded();
+  QVariantMap parts = windowModels();
+  show("Approval/ApproversSection", {{"approvers", parts["approvers"]}}, {460, 540});
+  expectBounded(4);
+}
+
+TEST_F(LongTexts, OfWhoIsAskedAreLaidOutToABound) {
+  serveTheDay();
+  FileDetail detail = lighthouse();
+  detail.file.approval = "revised";
+  fillTheBoard(detail.file);
+  store().details.set({{"t1", detail}});
+  store().selection.set({"t1"});
+  showMain({1'500, 940});
+  ASSERT_TRUE(press("Send v1 for approval"));
   expectBounded();
 }
 
