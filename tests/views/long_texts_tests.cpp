@@ -16,9 +16,9 @@ const std::string kEndless(5 * kMostShown, 'm');
 // What a record is known and told apart by.
 bool isKey(std::string_view field) {
   static const std::set<std::string_view> keys{
-      "id",       "file_id", "status", "kind",     "severity",    "state", "role",  "track",
-      "assignee", "email",   "tz",     "color",    "img",         "thumb", "photo", "finding_id",
-      "side",     "against", "by",     "approval", "resolved_by", "url",   "access"};
+      "id",       "file_id", "status", "kind",     "severity", "state",       "role",  "track",
+      "assignee", "email",   "tz",     "color",    "img",      "thumb",       "photo", "finding_id",
+      "side",     "against", "by",     "approval", "asked",    "resolved_by", "url",   "access"};
   return keys.contains(field);
 }
 
