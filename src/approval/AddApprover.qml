@@ -39,7 +39,7 @@ Item {
     Timer {
         id: justAdded
 
-        interval: Qt.styleHints.mouseDoubleClickInterval
+        interval: Application.styleHints.mouseDoubleClickInterval
     }
 
     implicitHeight: address.implicitHeight

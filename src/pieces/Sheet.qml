@@ -34,7 +34,7 @@ Popover {
     }
 
     readonly property Timer unread: Timer {
-        interval: Qt.styleHints.mouseDoubleClickInterval
+        interval: Application.styleHints.mouseDoubleClickInterval
     }
 
     onSaysChanged: unread.restart()

@@ -53,8 +53,16 @@ Item {
         target: layer.floats
 
         function onChildrenChanged() {
-            Qt.callLater(layer.rise);
+            rising.restart();
         }
+    }
+
+    // Once all that comes or goes with it has come or gone.
+    Timer {
+        id: rising
+
+        interval: 0
+        onTriggered: layer.rise()
     }
 
     CameFrom {
