@@ -10,7 +10,7 @@ Column {
 
     required property historyBlockView block
 
-    spacing: Theme.gap4
+    spacing: Theme.gap8
 
     Accessible.role: Accessible.List
     Accessible.name: block.head

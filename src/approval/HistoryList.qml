@@ -62,11 +62,12 @@ Column {
 
     Item {
         width: parent.width
-        height: title.implicitHeight
+        height: title.implicitHeight + Theme.gap12
 
         Label {
             id: title
 
+            anchors.bottom: parent.bottom
             size: Theme.lead
             weight: Font.DemiBold
             text: "History"
