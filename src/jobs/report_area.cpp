@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gateway/url.hpp"
+#include "jobs/job_block.hpp"
 #include "records/words.hpp"
 #include "store/people.hpp"
 
@@ -26,10 +27,6 @@ const Job* reportJob(const Store& store, const Ids& ids) {
     if (Ids(asked.begin(), asked.end()) == ids) return &job;
   }
   return nullptr;
-}
-
-bool isBeingStopped(const Store& store, const Job& job) {
-  return store.busy().contains("stop-" + job.id);
 }
 
 std::string warningOf(const Job* job) {
