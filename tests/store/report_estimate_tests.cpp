@@ -1,4 +1,6 @@
 // When a report will be there.
+#include <gmock/gmock.h>
+
 #include <cmath>
 #include <limits>
 
@@ -86,12 +88,13 @@ TEST_P(ReportWordings, GoByTheSecondsLeft) { EXPECT_EQ(toldOf(GetParam().left), 
 INSTANTIATE_TEST_SUITE_P(
     All, ReportWordings,
     testing::Values(Wording{-4'000, "Almost ready…"}, Wording{0, "Almost ready…"},
-                    Wording{5, "Almost ready…"}, Wording{5.1, "Ready in about 10 sec"},
-                    Wording{6, "Ready in about 10 sec"}, Wording{10, "Ready in about 10 sec"},
-                    Wording{10.1, "Ready in about 15 sec"}, Wording{40, "Ready in about 40 sec"},
-                    Wording{54.9, "Ready in about 55 sec"}, Wording{55, "Ready in about 1 min"},
-                    Wording{75, "Ready in about 1 min"}, Wording{89, "Ready in about 1 min"},
-                    Wording{90, "Ready in about 2 min"}, Wording{600, "Ready in about 10 min"}));
+                    Wording{5, "Almost ready…"}, Wording{5.001, "Ready in about 10 sec"},
+                    Wording{6, "Ready in about 10 sec"}, Wording{9.999, "Ready in about 10 sec"},
+                    Wording{10, "Ready in about 10 sec"}, Wording{10.1, "Ready in about 15 sec"},
+                    Wording{40, "Ready in about 40 sec"}, Wording{54.9, "Ready in about 55 sec"},
+                    Wording{55, "Ready in about 1 min"}, Wording{75, "Ready in about 1 min"},
+                    Wording{89, "Ready in about 1 min"}, Wording{90, "Ready in about 2 min"},
+                    Wording{600, "Ready in about 10 min"}));
 
 TEST_F(ReportEstimates, BearAnyTime) {
   Job job = jobOf("running");
@@ -103,6 +106,44 @@ TEST_F(ReportEstimates, BearAnyTime) {
     job.started = started;
     EXPECT_EQ(told(job), text) << started;
   }
+}
+
+TEST_F(ReportEstimates, BearAnyTimeOfTheSync) {
+  for (const auto& [started, text] :
+       {std::pair{-1e300, "After the sync. Ready in about 2 min"},
+        {-kInfinite, "After the sync. Ready in about 2 min"},
+        {std::nan(""), "After the sync. Almost ready…"},
+        {kInfinite, "After the sync. Ready in about 16666666667 min"}}) {
+    Job sync = jobOf("running", "sync");
+    sync.started = started;
+    showSync(sync);
+    EXPECT_EQ(told(jobOf("queued")), text) << started;
+  }
+}
+
+TEST_F(ReportEstimates, BearAnyLengthOfThePast) {
+  Job endless = lasted(10);
+  endless.started = -kInfinite;
+  Job unknown = lasted(10);
+  unknown.finished = std::nan("");
+  showJobs({endless, unknown});
+  EXPECT_EQ(store().typicalReportSeconds(), kInfinite);
+  EXPECT_EQ(told(jobOf("queued")), "Ready in about 16666666667 min");
+}
+
+TEST_F(ReportEstimates, NeverCountUpwards) {
+  Job job = jobOf("running");
+  job.started = now();
+  std::vector<std::string> texts;
+  for (int second = 0; second < 200; ++second) {
+    const std::string text = store().reportEstimate(job, momentOf(*job.started + second * 1000.0));
+    if (texts.empty() || texts.back() != text) texts.push_back(text);
+  }
+  EXPECT_THAT(texts, testing::ElementsAre(
+                         "Ready in about 1 min", "Ready in about 55 sec", "Ready in about 50 sec",
+                         "Ready in about 45 sec", "Ready in about 40 sec", "Ready in about 35 sec",
+                         "Ready in about 30 sec", "Ready in about 25 sec", "Ready in about 20 sec",
+                         "Ready in about 15 sec", "Ready in about 10 sec", "Almost ready…"));
 }
 
 TEST_F(ReportEstimates, BeginWithTheWholeWhileNobodySaysWhenItBegan) {
@@ -141,8 +182,13 @@ INSTANTIATE_TEST_SUITE_P(
     All, QueuedReports,
     testing::Values(
         Queue{"NoSync", {}, {}, {}, kOneMinute}, Queue{"Queued", "queued", 400, {}, kOneMinute},
-        Queue{"Done", "done", 400, {}, kOneMinute}, Queue{"Stuck", "stuck", 400, {}, kOneMinute},
+        Queue{"Done", "done", 400, {}, kOneMinute}, Queue{"Failed", "failed", 400, {}, kOneMinute},
+        Queue{"Stopped", "stopped", 400, {}, kOneMinute},
+        Queue{"Stuck", "stuck", 400, {}, kOneMinute},
         Queue{"Running", "running", 400, {}, "After the sync. Ready in about 3 min"},
+        // The sync is taken to last another minute at the least: from here on it stays at that.
+        Queue{"RunningForSevenMinutes", "running", 420, {}, "After the sync. Ready in about 2 min"},
+        Queue{"JustBegun", "running", 0, {}, "After the sync. Ready in about 9 min"},
         Queue{"RunningForLong", "running", 900, {}, "After the sync. Ready in about 2 min"},
         Queue{"KnownByItsCreation", "running", {}, 400, "After the sync. Ready in about 3 min"},
         Queue{"ByTheStartFirst", "running", 400, 900, "After the sync. Ready in about 3 min"},
