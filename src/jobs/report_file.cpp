@@ -1,9 +1,8 @@
 #include "jobs/report_file.hpp"
 
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
+#include <unicode/unistr.h>
 
-#include <cstdint>
 #include <string_view>
 
 #include "pieces/shown_text.hpp"
@@ -14,6 +13,8 @@ namespace {
 
 constexpr std::string_view kUntitled = "Vellix report";
 constexpr std::string_view kEnding = ".pdf";
+// Stands for what is no UTF-8.
+constexpr UChar32 kBroken = 0xfffd;
 
 // Ends a line or steers a terminal.
 bool isControl(UChar32 letter) {
@@ -29,24 +30,24 @@ bool isSeen(UChar32 letter) {
 
 // A name of one file that reads in the order it is written in. It may still begin or end in blanks.
 std::string harmless(std::string_view title) {
-  std::string name;
+  icu::UnicodeString name;
   bool seen = false;
-  const auto size = static_cast<std::int32_t>(title.size());
-  for (std::int32_t begin = 0, next = 0; next < size; begin = next) {
-    UChar32 letter = U_SENTINEL;
-    U8_NEXT(title.data(), next, size, letter);
-    const bool broken = letter < 0;
-    if (broken || u_hasBinaryProperty(letter, UCHAR_BIDI_CONTROL)) continue;
+  const auto letters = icu::UnicodeString::fromUTF8({title.data(), static_cast<int>(title.size())});
+  for (int i = 0; i < letters.length(); i = letters.moveIndex32(i, 1)) {
+    const UChar32 letter = letters.char32At(i);
+    if (letter == kBroken || u_hasBinaryProperty(letter, UCHAR_BIDI_CONTROL)) continue;
     seen = seen || isSeen(letter);
     if (letter == '/' || letter == '\\') {
-      name += '-';
+      name.append(u'-');
     } else if (isControl(letter)) {
-      name += ' ';
+      name.append(u' ');
     } else {
-      name += title.substr(begin, next - begin);
+      name.append(letter);
     }
   }
-  return seen ? name : std::string{};
+  std::string text;
+  if (seen) name.toUTF8String(text);
+  return text;
 }
 
 // What begins with a dot is hidden, or is no name at all.

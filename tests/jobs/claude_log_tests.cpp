@@ -244,7 +244,7 @@ TEST_F(ClaudeLogs, ShowTheTechnicalLog) {
 TEST_F(ClaudeLogs, KeepTheLogThatIsReadWhenANewerJobComes) {
   board.jobs = {cameAt("a", 1)};
   technical.arrived(*technical.press("a"), "09:41 began");
-  board.jobs.push_back(cameAt("b", 2));
+  board.jobs = {cameAt("b", 2), cameAt("a", 1)};
   EXPECT_EQ(view().technical.job, "a");
   EXPECT_EQ(view().technical.text, "09:41 began");
   technical.press("a");
