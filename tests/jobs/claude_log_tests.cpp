@@ -42,6 +42,7 @@ class ClaudeLogs : public StoreTest {
   template <class Rows>
   static std::vector<std::string> keysOf(const Rows& rows) {
     std::vector<std::string> keys;
+    keys.reserve(rows.size());
     for (const auto& row : rows) keys.push_back(row.key);
     return keys;
   }
