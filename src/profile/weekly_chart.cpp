@@ -1,0 +1,26 @@
+#include "profile/weekly_chart.hpp"
+
+#include <algorithm>
+
+#include "profile/counts.hpp"
+
+namespace vellix {
+
+std::vector<WeekBarView> weeklyChart(const std::vector<WeekCount>& weeks,
+                                     const Calendar& calendar) {
+  Int largest = 0;
+  for (const WeekCount& week : weeks) largest = std::max(largest, week.count);
+  std::vector<WeekBarView> bars;
+  bars.reserve(weeks.size());
+  for (const WeekCount& week : weeks) {
+    const std::string reviewed = countText(week.count) + " reviewed";
+    const std::string date = calendar.monthAndDay(momentOf(week.start));
+    bars.push_back({.key = std::to_string(bars.size()),
+                    .fraction = fractionOf(week.count, largest),
+                    .caption = reviewed + " · week of " + date,
+                    .spoken = date + ": " + reviewed});
+  }
+  return bars;
+}
+
+}  // namespace vellix
