@@ -33,12 +33,12 @@ std::string sentence(const std::string& kind, const std::string& text) {
 
 Int heldPage(Int page) { return std::max<Int>(page, 0); }
 
+}  // namespace
+
 std::string placeOf(const FileItem& file, const std::optional<Int>& page) {
   // Pages are counted from 0, and told from 1.
   return file.heading() + (page ? " · p" + Page{.i = heldPage(*page)}.name() : "");
 }
-
-}  // namespace
 
 std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar& calendar) {
   std::vector<ActivityRow> rows;

@@ -1,6 +1,7 @@
 // Who did what: the board's events, each as one line.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ BOOST_DESCRIBE_STRUCT(ActivityRow, (), (key, avatar, who, said, when, where, spo
 
 // In the board's order; none without a board.
 std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar& calendar);
+
+// The ticket, and the page in it as people count. What lies before the first page is the first.
+std::string placeOf(const FileItem& file, const std::optional<Int>& page);
 
 // Selects the event's ticket alone and goes to its page. False when the board has no such ticket.
 bool openEvent(Store& store, const std::string& key);
