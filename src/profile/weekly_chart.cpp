@@ -15,10 +15,13 @@ std::vector<WeekBarView> weeklyChart(const std::vector<WeekCount>& weeks,
   for (const WeekCount& week : weeks) {
     const std::string reviewed = countText(week.count) + " reviewed";
     const std::string date = calendar.monthAndDay(momentOf(week.start));
-    bars.push_back({.key = std::to_string(bars.size()),
+    WeekBarView bar{.key = std::to_string(bars.size()),
                     .fraction = fractionOf(week.count, largest),
-                    .caption = reviewed + " · week of " + date,
-                    .spoken = date + ": " + reviewed});
+                    .caption = reviewed,
+                    .spoken = date};
+    bar.caption += " · week of " + date;
+    bar.spoken += ": " + reviewed;
+    bars.push_back(std::move(bar));
   }
   return bars;
 }

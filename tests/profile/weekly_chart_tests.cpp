@@ -15,6 +15,7 @@ constexpr double kThirdOfNovember = 1'793'664'000'000;  // 2026, midnight
 
 std::vector<WeekBarView> chartOf(const std::vector<Int>& counts) {
   std::vector<WeekCount> weeks;
+  weeks.reserve(counts.size());
   for (const Int count : counts) {
     weeks.push_back(
         {.start = kThirdOfNovember + kWeek * static_cast<double>(weeks.size()), .count = count});
