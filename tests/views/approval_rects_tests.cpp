@@ -15,6 +15,7 @@ struct Case {
   const char* state;
   int approvers;
 };
+BOOST_DESCRIBE_STRUCT(Case, (), (state, approvers))
 
 class CardRects : public ApprovalViewsTest, public testing::WithParamInterface<Case> {
  protected:

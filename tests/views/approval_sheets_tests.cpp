@@ -112,6 +112,7 @@ struct Move {
   const char* sending;  // what is then said in the sheet; empty while it can still be done
   const char* uploading;
 };
+BOOST_DESCRIBE_STRUCT(Move, (), (state, sending, uploading))
 
 class ApprovalSheetsMovedOn : public ApprovalSheets, public testing::WithParamInterface<Move> {
  protected:
