@@ -40,7 +40,7 @@ inline std::string writtenPdf(const std::vector<WrittenPage>& pages, bool encryp
     const WrittenPage& page = pages[i];
     std::string cut;
     for (const double edge : page.cut) cut += number(edge) + " ";
-    if (!cut.empty()) cut = "/CropBox[" + cut + "]";
+    if (!cut.empty()) cut.insert(0, "/CropBox[").append("]");
     objects.push_back("<</Type/Page/Parent 2 0 R/MediaBox[0 0 " + number(page.width) + " " +
                       number(page.height) + "]" + cut + "/Rotate " + std::to_string(page.turned) +
                       "/Resources<</Font<</F 3 0 R>>>>/Contents " + std::to_string(5 + 2 * i) +

@@ -25,9 +25,11 @@ FileItem ticketAt(std::string id, Int rev, std::optional<Int> version = std::nul
 FileDetail detailOf(FileItem file, std::vector<Finding> findings = {});
 
 class StoreTest : public testing::Test {
+ public:
+  ~StoreTest() override;
+
  protected:
   explicit StoreTest(std::optional<std::string> token = "token-1");
-  ~StoreTest() override;
 
   Desk desk;
   Routes routes{desk.http};

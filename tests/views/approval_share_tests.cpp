@@ -15,11 +15,13 @@ constexpr const char* kPost = "POST api/files/t1/share";
 qint64 present = 1'000'000'000;
 
 class SharePopover : public ApprovalViewsTest {
+ public:
+  ~SharePopover() override { Sight::clock = nullptr; }
+
  protected:
   SharePopover() {
     Sight::clock = [] { return present; };
   }
-  ~SharePopover() override { Sight::clock = nullptr; }
 
   void openByKey(const QString& button) {
     window()->contentItem()->nextItemInFocusChain(true)->forceActiveFocus(Qt::TabFocusReason);

@@ -6,12 +6,14 @@
 namespace vellix {
 
 class ApprovalViewsTest : public ViewTest {
+ public:
+  ~ApprovalViewsTest() override;
+
  protected:
   static constexpr const char* kMara = "mara@tessarine.example";
   static constexpr const char* kOlo = "olo@tessarine.example";
 
   ApprovalViewsTest();
-  ~ApprovalViewsTest() override;
 
   // Gives the first ticket a link, "https://proofs.example/s/1".
   static void shareIt(BoardState& board);
