@@ -68,9 +68,19 @@ Flickable {
             follow();
     }
     onContentHeightChanged: {
-        if (grew || (inside as TextInput))
+        if (grew)
             follow();
         grew = false;
+        if (inside as TextInput)
+            following.restart();
+    }
+
+    // Once what has come or gone above it has been laid out.
+    Timer {
+        id: following
+
+        interval: 0
+        onTriggered: area.follow()
     }
 
     ListKeys {

@@ -33,6 +33,7 @@ Item {
         function init() {
             above.height = 300;
             area.height = 400;
+            tryCompare(line, "y", 300);
             area.contentY = 0;
             line.take(Qt.TabFocusReason);
         }
@@ -50,6 +51,7 @@ Item {
 
         function test_keepsWhatIsWrittenInInSightAsMoreComesAboveIt() {
             above.height = 900;
+            tryCompare(line, "y", 900);
             tryVerify(isInSight);
         }
 
