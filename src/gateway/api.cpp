@@ -23,6 +23,8 @@ Failure failureOf(HttpError error) {
       return Failure::offline("Can't reach the Vellix server right now.");
     case HttpError::bodyLost:
       return Failure::unwritable("the body could not be read to its end");
+    case HttpError::notKept:
+      return Failure::unreadable("the answer could not be kept");
     case HttpError::timedOut:
     case HttpError::cancelled:
     case HttpError::tooLarge:
@@ -91,6 +93,7 @@ HttpRequest API::build(const Request& request) {
                        QueryItems(request.query.begin(), request.query.end()));
   http.timeout = request.timeout.value_or(kTimeout);
   http.lane = laneOf(request);
+  http.sink = request.sink;
   const auto set = [&](const std::string& name, const std::string& value) {
     const auto held = std::ranges::find_if(
         http.headers, [&](const auto& entry) { return sameHeader(entry.first, name); });

@@ -34,6 +34,7 @@ class API {
     Result<std::string> json{std::string{}};  // encoded body; empty for none
     std::optional<std::string> data;          // raw body, used when there is no JSON
     std::shared_ptr<HttpBody> stream;         // raw body, used when there is neither
+    std::shared_ptr<HttpSink> sink;           // takes the body of what succeeds
     std::optional<std::string> contentType;
     std::optional<std::string> etag;  // If-None-Match
     std::map<std::string, std::string> query;

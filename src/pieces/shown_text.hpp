@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "records/words.hpp"
+
 namespace vellix {
 
 // In characters.
 inline constexpr int kMostShown = 20'000;
 inline constexpr int kMostOnALine = 1'000;
-
-inline bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }
 
 // Whether a text is short enough to be shown to its end.
 inline bool shownWhole(std::string_view text) {

@@ -14,4 +14,7 @@ bool hasWords(const std::optional<std::string>& words);
 std::string wordsOr(const std::optional<std::string>& words, std::string_view otherwise);
 inline std::string wordsOf(const std::optional<std::string>& words) { return wordsOr(words, {}); }
 
+// Of UTF-8.
+inline bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }
+
 }  // namespace vellix

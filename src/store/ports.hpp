@@ -6,8 +6,10 @@
 #include "platform/ports/badge.hpp"
 #include "platform/ports/clipboard.hpp"
 #include "platform/ports/defaults.hpp"
+#include "platform/ports/downloads.hpp"
 #include "platform/ports/local_files.hpp"
 #include "platform/ports/main_loop.hpp"
+#include "platform/ports/photos.hpp"
 #include "platform/ports/url_opener.hpp"
 #include "platform/ports/windows.hpp"
 #include "records/records.hpp"
@@ -32,6 +34,8 @@ struct StorePorts {
   LocalFiles& files;
   Clipboard& clipboard;
   UrlOpener& opener;
+  Downloads& downloads;
+  Photos& photos;
 };
 
 }  // namespace vellix

@@ -86,6 +86,11 @@ Task<> Store::refresh(std::stop_token stop) {
   problem.set(std::nullopt);
   lastOK.set(ports_.loop.now());
   updateBadge();
+  if (profile()) {
+    auto figures = loadStats(stop);
+    co_await std::move(figures);
+    if (session != session_) co_return;
+  }
   if (const FileItem* file = currentFile()) {
     auto load = loadDetail(*file, false, stop);
     co_await std::move(load);

@@ -42,8 +42,7 @@ Int numberIn(const API::Answer<Json>& answer, const FileItem& file) {
 }  // namespace
 
 void Store::uploadRevision(FileItem file, std::string path, std::string note) {
-  const auto holder = holders_.find(kRevision);
-  if (holder != holders_.end() && holder->second == session_) return;
+  if (holds(kRevision)) return;
   hold(kRevision);
   spawn(sendRevision(std::move(file), std::move(path), std::move(note), session_));
 }
@@ -64,9 +63,7 @@ Task<> Store::putRevision(FileItem file, std::string path, std::string note, Ses
     toast.set(Toast{pdf ? kTooBig : kNotSent});
     co_return;
   }
-  // Nobody waits for what an ended session began to send.
-  const auto stop = loop_ ? loop_->get_token() : std::stop_token{};
-  auto call = api_.ask<Json>(requestOf(file, path, note, pdf, stop));
+  auto call = api_.ask<Json>(requestOf(file, path, note, pdf, sessionEnd()));
   const auto answer = co_await std::move(call);
   if (session != session_) co_return;
   if (answer) {

@@ -98,12 +98,17 @@ void Store::reconcileSelection() {
   if (stays) return;
   const FileItem* chosen = firstDue(list);
   if (!chosen && !list.empty()) chosen = list.front();
-  select(chosen ? std::set{chosen->id} : std::set<std::string>{});
+  choose(chosen ? std::set{chosen->id} : std::set<std::string>{});
+}
+
+void Store::choose(std::set<std::string> tickets) {
+  selection.set(std::move(tickets));
+  clearFocus();
 }
 
 void Store::select(std::set<std::string> tickets) {
-  selection.set(std::move(tickets));
-  clearFocus();
+  choose(std::move(tickets));
+  profile.set(std::nullopt);
 }
 
 void Store::toggleSelected(const std::string& ticket) {

@@ -24,6 +24,13 @@ Store::Store(API& api, SignIn& signIn, Prefs& preferences, Ports ports)
 
 void Store::spawn(Task<> task) { tasks_.start(afterTurn(ports_.loop, std::move(task))); }
 
+std::stop_token Store::sessionEnd() const { return loop_ ? loop_->get_token() : std::stop_token{}; }
+
+bool Store::holds(const std::string& key) const {
+  const auto holder = holders_.find(key);
+  return holder != holders_.end() && holder->second == session_;
+}
+
 void Store::hold(const std::string& key) {
   holders_[key] = session_;
   auto keys = busy();

@@ -83,13 +83,13 @@ class Store {
   Published<bool> mineOnly;
   Published<std::map<std::string, Int>> viewVersion{changes, kViewVersion};  // older, by ticket id
   Published<std::string> sideTab{changes, kPanels, "page"};
+  Published<std::optional<std::string>> profile{changes, kPanels};  // whose page is open
+  Published<std::optional<Stats>> stats{changes, kStats};
   // For what is still to come: no screen reads these, and nothing but staging sets one.
   Published<std::string> against{changes, kCanvas, "submitted"};
   Published<bool> pinning{changes, kDraft, false};
   Published<std::optional<std::pair<double, double>>> draftPin{changes, kDraft};
   Published<std::optional<std::string>> draftFinding{changes, kDraft};
-  Published<std::optional<std::string>> profile{changes, kPanels};
-  Published<std::optional<Stats>> stats{changes, kStats};
   bool sample = false;  // staged without a server: all polling is off
   std::optional<std::string> etag;
   std::map<std::string, std::string> fileTags;  // "{id}#{version}" to Etag
@@ -120,7 +120,8 @@ class Store {
   void setQueue(std::string value);
   void setMineOnly(bool flag);
   void reconcileSelection();
-  void select(std::set<std::string> tickets);  // these alone, and no finding
+  // These alone, and no finding, in front of whatever page was open.
+  void select(std::set<std::string> tickets);
   void toggleSelected(const std::string& ticket);
   void toggleFocus(const std::string& finding);
   void clearFocus();
@@ -191,6 +192,17 @@ class Store {
   // When a report that waits or is being made will be there, in words.
   std::string reportEstimate(const Job& job, Moment now) const;
 
+  // Fetches the PDF into the person's downloads and opens it there. A second press while it is
+  // under way does nothing.
+  void openReport(Report report);
+  // Makes the person's photo of the picture at the local path. One at a time.
+  void changePhoto(std::string path);
+
+  // Whose page is open: an address, or none. What it shows is fetched anew.
+  void openProfile(std::optional<std::string> email);
+  // What cannot be had leaves the figures as they are.
+  Task<> loadStats(std::stop_token stop = {});
+
   // Out to the clipboard and the browser. Where there is no link, nothing happens.
   void copyLink(const FileItem& file);
   void copyNotionLink(const FileItem& file);
@@ -247,6 +259,7 @@ class Store {
   // The ticket to review first, other than `except`; null when none waits.
   static const FileItem* firstDue(const std::vector<const FileItem*>& files,
                                   std::string_view except = {});
+  void choose(std::set<std::string> tickets);  // whatever page is open stays in front
   void endDraft();
   void sendNote(NoteBody body, FileItem file);
   void focusNextOpen(const Finding& decided);
@@ -267,9 +280,15 @@ class Store {
     if (heard && session == session_) heard(*answer);
     co_return Done{};
   }
+  Task<> fetchReport(Report report, std::string key, Session session);
+  Task<API::Result<Done>> keepAndOpen(Report report, Session session);
+  Task<> sendPhoto(std::string path, Session session);
+  Task<API::Result<Done>> putPhoto(std::string jpeg);
   Task<> sendRevision(FileItem file, std::string path, std::string note, Session session);
   Task<> putRevision(FileItem file, std::string path, std::string note, Session session);
   Task<> takeUpRevision(FileItem file, Int n, Session session);
+  std::stop_token sessionEnd() const;        // told when nobody waits for an answer any more
+  bool holds(const std::string& key) const;  // for this session
   void hold(const std::string& key);
   void letGo(const std::string& key, Session session);
   void spawn(Task<> task);  // begins in a later turn
@@ -283,6 +302,7 @@ class Store {
   std::map<std::string, Session> holders_;  // of the busy keys: who took each last
   std::set<std::string> doubted_;           // ids of tickets whose detail here is not the service's
   Order lastOrder_ = 0;
+  Order statsAsked_ = 0;                                           // of the figures that are held
   Ahead<Told> decided_;                                            // by finding id
   Ahead<Told> reviewed_;                                           // by ticket id
   std::shared_ptr<Store*> self_ = std::make_shared<Store*>(this);  // held weakly by callbacks

@@ -91,7 +91,7 @@ void Store::advanceAfterReview(BoardState changed, const std::string& id) {
   board.set(std::move(changed));
   if (selection() != std::set{id} || !prefs.autoAdvance()) return;
   const FileItem* next = firstDue(filesInQueue(effectiveQueue()), id);
-  select({next ? next->id : id});
+  choose({next ? next->id : id});
 }
 
 void Store::assign(FileItem file, std::string email) {

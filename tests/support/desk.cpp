@@ -8,9 +8,9 @@ Desk::~Desk() = default;
 
 Store& Desk::store() {
   if (!store_) {
-    store_.emplace(
-        api, signIn, prefs,
-        Store::Ports{time, defaults, windows, pictures, badge, files, clipboard, opener});
+    store_.emplace(api, signIn, prefs,
+                   Store::Ports{time, defaults, windows, pictures, badge, files, clipboard, opener,
+                                downloads, photos});
   }
   return *store_;
 }

@@ -26,6 +26,8 @@ struct Desk {
   FakeOpener opener;
   FakeClipboard clipboard;
   FakeLocalFiles files{time};
+  FakeDownloads downloads{time};
+  FakePhotos photos{time};
   FakeUuids uuids;
   FakePrefetch pictures;
   FakeBadge badge;

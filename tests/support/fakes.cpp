@@ -65,6 +65,57 @@ Pending<std::shared_ptr<HttpBody>> FakeLocalFiles::open(std::string path) {
   return resolver.pending();
 }
 
+class FakeDownloads::Arriving : public Download, public ReportFolder {
+ public:
+  explicit Arriving(FakeDownloads& downloads) : downloads_(downloads) {}
+
+  bool write(std::string_view bytes) override {
+    if (!downloads_.full) bytes_ += bytes;
+    return !downloads_.full;
+  }
+
+  Pending<std::optional<std::string>> keep(Naming naming) override {
+    const Resolver<std::optional<std::string>> resolver;
+    downloads_.loop_.post([this, resolver, naming = std::move(naming)] {
+      const auto name = naming(*this);
+      resolver(name ? std::optional{"file:///downloads/" + *name} : std::nullopt);
+    });
+    return resolver.pending();
+  }
+
+  Place look(const std::string& name) override {
+    const auto found = downloads_.files.find(name);
+    if (found == downloads_.files.end()) return Place::free;
+    return found->second == bytes_ ? Place::same : Place::taken;
+  }
+
+  Written write(const std::string& name) override {
+    if (downloads_.closed) return Written::failed;
+    downloads_.files[name] = bytes_;
+    return Written::whole;
+  }
+
+ private:
+  FakeDownloads& downloads_;
+  std::string bytes_;
+};
+
+std::shared_ptr<Download> FakeDownloads::begin() {
+  ++begun;
+  return std::make_shared<Arriving>(*this);
+}
+
+Pending<PhotoResult> FakePhotos::make(std::string path) {
+  asked.push_back(path);
+  const auto found = made.find(path);
+  const PhotoResult result =
+      found == made.end() ? std::unexpected(PhotoFailure::notLoaded) : found->second;
+  const Resolver<PhotoResult> resolver;
+  if (meanwhile) loop_.post(meanwhile);
+  loop_.post([resolver, result] { resolver(result); });
+  return resolver.pending();
+}
+
 std::string FakeUuids::fresh() {
   return "0f8fad5b-d9cb-469f-a165-70867728950" + std::to_string(++given);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <set>
 
@@ -9,9 +10,11 @@
 #include "platform/ports/calendar.hpp"
 #include "platform/ports/clipboard.hpp"
 #include "platform/ports/defaults.hpp"
+#include "platform/ports/downloads.hpp"
 #include "platform/ports/local_files.hpp"
 #include "platform/ports/machine.hpp"
 #include "platform/ports/main_loop.hpp"
+#include "platform/ports/photos.hpp"
 #include "platform/ports/token_store.hpp"
 #include "platform/ports/url_opener.hpp"
 #include "platform/ports/uuids.hpp"
@@ -89,6 +92,38 @@ class FakeLocalFiles : public LocalFiles {
 
   std::map<std::string, std::int64_t> sizes;  // by path; no other can be read
   std::vector<std::string> opened;
+
+ private:
+  MainLoop& loop_;
+};
+
+// A folder of downloads in memory. What is kept has the URL "file:///downloads/" and its name.
+class FakeDownloads : public Downloads {
+ public:
+  explicit FakeDownloads(MainLoop& loop) : loop_(loop) {}
+
+  std::shared_ptr<Download> begin() override;
+
+  std::map<std::string, std::string> files;  // by name
+  bool full = false;                         // takes no more bytes
+  bool closed = false;                       // takes no more files
+  int begun = 0;
+
+ private:
+  class Arriving;
+
+  MainLoop& loop_;
+};
+
+class FakePhotos : public Photos {
+ public:
+  explicit FakePhotos(MainLoop& loop) : loop_(loop) {}
+
+  Pending<PhotoResult> make(std::string path) override;
+
+  std::map<std::string, PhotoResult> made;  // by path; others are no pictures
+  std::vector<std::string> asked;
+  std::function<void()> meanwhile;  // comes before what is made
 
  private:
   MainLoop& loop_;

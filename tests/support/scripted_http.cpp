@@ -1,6 +1,7 @@
 #include "support/scripted_http.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vellix {
 
@@ -45,7 +46,11 @@ Pending<HttpResult> ScriptedHttp::send(HttpRequest request, std::stop_token stop
 }
 
 void ScriptedHttp::answer(const Exchange& exchange, HttpResult result) {
-  loop_.post([resolver = exchange.resolver, reader = exchange.request.reader, result]() mutable {
+  loop_.post([resolver = exchange.resolver, reader = exchange.request.reader,
+              sink = exchange.request.sink, result]() mutable {
+    if (result && sink && result->status < 400 && !sink->write(std::exchange(result->body, {}))) {
+      result = std::unexpected(HttpError::notKept);
+    }
     if (result && reader) reader(*result);
     resolver(std::move(result));
   });

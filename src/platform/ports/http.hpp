@@ -10,6 +10,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -43,12 +44,21 @@ class HttpBody {
   virtual std::optional<std::size_t> read(char* to, std::size_t most) = 0;
 };
 
+// Takes a body piece by piece, as it comes in. Written to on one thread at a time.
+class HttpSink {
+ public:
+  virtual ~HttpSink() = default;
+  // False once no more can be taken.
+  virtual bool write(std::string_view bytes) = 0;
+};
+
 struct HttpRequest {
   std::string method;
   std::string url;  // absolute, percent-encoded
   std::vector<std::pair<std::string, std::string>> headers;
   std::optional<std::string> body;
   std::shared_ptr<HttpBody> stream;  // in place of a body, and read once
+  std::shared_ptr<HttpSink> sink;    // takes the body of an answer below 400, in its place
   // The longest silence on the wire, from when the request goes out: the time that it waits for
   // its turn does not count.
   Milliseconds timeout{60'000};
@@ -66,6 +76,7 @@ enum class HttpError {
   tooLarge,
   notHttp,   // an answer came that is not HTTP
   bodyLost,  // the stream had fewer bytes than it announced: the service has got no whole body
+  notKept,   // the sink took no more
   other,
 };
 
@@ -76,7 +87,8 @@ class Http {
   virtual ~Http() = default;
   // Callable from the main thread; resolves there. A POST or PUT reaches the service at most
   // once. Redirects stay within the origin of the URL. A stop ends the exchange as `cancelled`.
-  // An answer has a bound and fails as `tooLarge` beyond; of one that says what went wrong, with a
+  // An answer has a bound, a larger one where it goes into a sink, and fails as `tooLarge` beyond;
+  // of one that says what went wrong, with a
   // status of 400 or more, the body ends where its own bound is.
   virtual Pending<HttpResult> send(HttpRequest request, std::stop_token stop) = 0;
 };

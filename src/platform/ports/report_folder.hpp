@@ -1,4 +1,4 @@
-// The folder that reports are put into, with one report at hand that has arrived whole. Names are
+// The folder that reports are put into, with one report at hand that has come in whole. Names are
 // single ones, of at most 255 bytes; what a file is called until it is whole is the folder's own.
 // Calls may wait for the disk: any one thread, but not the main one.
 #pragma once

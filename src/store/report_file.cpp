@@ -1,12 +1,12 @@
-#include "jobs/report_file.hpp"
+#include "store/report_file.hpp"
 
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <string_view>
 
-#include "pieces/shown_text.hpp"
 #include "records/trimmed.hpp"
+#include "records/words.hpp"
 
 namespace vellix {
 namespace {

@@ -1,5 +1,5 @@
 // The names that reports get.
-#include "jobs/report_file.hpp"
+#include "store/report_file.hpp"
 
 #include <gmock/gmock.h>
 
