@@ -30,9 +30,17 @@ std::optional<std::string> Faults::replace(const Json& list) {
       fault.afterBytes = static_cast<std::size_t>(std::clamp(*bytes, 0.0, 1e9));
     }
     fault.dripMs = static_cast<Int>(std::clamp(numberAt(entry, "drip_ms").value_or(0), 0.0, 6e4));
+    if (const auto bytes = numberAt(entry, "bytes")) {
+      fault.bytes = static_cast<std::size_t>(std::clamp(*bytes, 0.0, 1e9));
+    }
+    if (const auto bytes = numberAt(entry, "cut_at")) {
+      fault.cutAt = static_cast<std::size_t>(std::clamp(*bytes, 0.0, 1e9));
+    }
     const bool slow = fault.held || fault.delayMs > 0 || fault.dripMs > 0;
-    if (!fault.status && !fault.cut && !fault.garbage && !slow) {
-      return "A fault needs one of status, cut, garbage, held, delay_ms and drip_ms.";
+    const bool other = fault.cut || fault.garbage || fault.bytes || fault.cutAt;
+    if (!fault.status && !other && !slow) {
+      return "A fault needs one of status, cut, cut_at, garbage, bytes, held, delay_ms and "
+             "drip_ms.";
     }
     faults.push_back(std::move(fault));
   }

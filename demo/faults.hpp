@@ -23,7 +23,9 @@ struct Fault {
   bool garbage = false;
   bool after = false;                     // let the request have its effect first
   std::optional<std::size_t> afterBytes;  // once so much of the body has come, the rest unread
-  Int dripMs = 0;                         // wait before each kDrip of the body
+  Int dripMs = 0;                         // wait before each kDrip of the body, also of an answer's
+  std::optional<std::size_t> bytes;       // answer with a made-up PDF of so many
+  std::optional<std::size_t> cutAt;       // break the answer off behind so many bytes of its body
 };
 
 class Faults {

@@ -3,8 +3,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
+#include <chrono>
+#include <thread>
 
 namespace vellix::demo {
 namespace {
@@ -39,6 +42,26 @@ void hangUpBehind(int remotePort) {
     drained += static_cast<std::size_t>(got);
   }
   shutdown(fd, SHUT_RDWR);
+}
+
+// Makes the body as it goes out, however long it is.
+void sendInPieces(Reply reply, int remotePort, httplib::Response& to) {
+  const std::size_t length = reply.bytes.value_or(reply.body.size());
+  const auto type = reply.type;
+  const auto next = [reply = std::move(reply), remotePort](std::size_t at, std::size_t left,
+                                                           httplib::DataSink& sink) {
+    static const std::string filler = "%PDF-1.4\n" + std::string(kDrip - 9, '\n');
+    if (reply.dripMs > 0) std::this_thread::sleep_for(std::chrono::milliseconds(reply.dripMs));
+    const std::size_t until = std::min(reply.cutAt.value_or(at + left), at + left);
+    if (until <= at) {
+      shutdown(socketTo(remotePort), SHUT_RDWR);
+      return false;
+    }
+    const std::size_t size = std::min(until - at, kDrip - at % kDrip);
+    const char* from = reply.bytes ? filler.data() + at % kDrip : reply.body.data() + at;
+    return sink.write(from, size);
+  };
+  if (length > 0) to.set_content_provider(length, type, next);
 }
 
 Request headOf(const httplib::Request& from) {
@@ -95,7 +118,12 @@ void Server::answer(Service& service, const httplib::Request& from, httplib::Res
     to.set_header("Connection", "close");
     to.set_header(kUnread, "true");
   }
-  if (reply->status != 304) to.set_content(reply->body, reply->type);
+  if (reply->status == 304) return;
+  if (reply->bytes || reply->cutAt || reply->dripMs > 0) {
+    sendInPieces(*std::move(reply), from.remote_port, to);
+  } else {
+    to.set_content(reply->body, reply->type);
+  }
 }
 
 bool Server::serve(Service& service) {

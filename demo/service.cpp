@@ -39,6 +39,9 @@ std::optional<Reply> replyOf(const Fault& fault) {
   } else if (fault.status) {
     reply.status = *fault.status;
     reply.body = fault.body.value_or("{\"error\":\"A fault was asked for.\"}");
+  } else if (fault.bytes) {
+    reply.bytes = fault.bytes;
+    reply.type = "application/pdf";
   } else {
     return std::nullopt;
   }
@@ -129,6 +132,10 @@ Reply Service::answer(const Begun& begun, const Request& request) {
   Reply reply;
   if (!faulty || begun.fault->after) reply = route(request);
   if (faulty) reply = *faulty;
+  if (begun.fault) {
+    reply.cutAt = begun.fault->cutAt;
+    reply.dripMs = begun.fault->dripMs;
+  }
   if (!reply.cut) note(begun, [&](LogEntry& entry) { entry.status = reply.status; });
   return reply;
 }
