@@ -103,7 +103,7 @@ Reply Service::serveSignedIn(const Request& request, const std::string& me) {
   if (const auto id = behind(path, "/api/jobs/"); get && id) {
     const Job* job = state_.job(*id);
     if (job == nullptr) return errorReply(404, "There is no such job.");
-    return jsonReply(JobAnswer{job->id, job->kind, job->status, state_.logOf(*job)});
+    return jsonReply(JobAnswer{job->id, job->kind, job->status, state_.logOf(job->id)});
   }
   if (request.method == "PUT" && path == "/api/me/photo") {
     return replyOf(state_.setPhoto(request.body, me));

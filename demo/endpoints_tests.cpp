@@ -76,6 +76,13 @@ Reply Service::serveTests(const Request& request) {
     state_.setWaits(flagAt(*body, "approvers"), flagAt(*body, "checks"));
     return {};
   }
+  if (request.path == "/demo/worker" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const auto done =
+        state_.setWorker(textAt(*body, "hold"), textAt(*body, "fail"), flagAt(*body, "silent"));
+    return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
   return errorReply(404, "There is nothing here.");
 }
 

@@ -27,6 +27,7 @@ void State::advance(double now) {
   }
   now_ = std::max(now_, now);
   goOnWithChecks();
+  goOnWithReport();
 }
 
 void State::setWaits(std::optional<bool> approvers, std::optional<bool> checks) {

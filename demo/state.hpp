@@ -13,6 +13,7 @@
 
 #include "catalog.hpp"
 #include "records/json.hpp"
+#include "report_pdf.hpp"
 
 namespace vellix::demo {
 
@@ -75,7 +76,7 @@ class State {
   Outcome<FileDetail> detailOf(const std::string& id, std::optional<Int> version) const;
   Stats stats() const;
   const Job* job(const std::string& id) const;
-  std::string logOf(const Job& job) const;
+  std::string logOf(const std::string& jobId) const;
   const std::string* pdfOf(const std::string& reportId) const;
   const std::vector<Ticket>& tickets() const { return tickets_; }
 
@@ -111,6 +112,12 @@ class State {
   Done stopJob(const std::string& id, const std::string& by);
   Done setPhoto(std::string bytes, const std::string& by);
 
+  // How the worker goes on from now. It stays at the step of the name `hold`, "queued" for the line
+  // ahead of the first, empty for nowhere; the job at work, else the next one, fails with `failure`
+  // as what is to check; and it says nothing at all any more, until it is told not to be `silent`.
+  Done setWorker(std::optional<std::string> hold, std::optional<std::string> failure,
+                 std::optional<bool> silent);
+
   // Everyone asked who has not answered says now what `kind` tells, "approved" or "changes"; only
   // `approver`, when one is named.
   Done answerNow(const std::string& id, const std::string& approver, const std::string& kind,
@@ -133,6 +140,7 @@ class State {
   void openRounds();
   void openNotes();
   void openJobs();
+  void remember(const Job& job, const std::vector<FileDetail>& tickets);
   Ticket* find(const std::string& id);
   std::pair<Ticket*, Finding*> findFinding(const std::string& id);
   FileItem itemOf(const Ticket& ticket) const;
@@ -161,10 +169,32 @@ class State {
   void goOnWithChecks();
   void showPages(const Check& check);
   void finishCheck(Check& check);
-  Job* liveJob(const std::string& id);
-  void stepJob(const std::string& id, std::size_t step);
-  void finishJob(Job& job);
+  struct Worker {
+    std::string hold;
+    std::string failure;
+    bool silent = false;
+    Int silences = 0;
+    Int turn = 0;                                   // what was planned for an earlier one is off
+    std::vector<FileDetail> gathered;               // what the job at work is about
+    std::future<std::string> pdf;                   // of a report, drawn beside
+    bool waitsForPdf = false;                       // nothing else is left to do
+    std::vector<std::future<std::string>> dropped;  // drawn for a job that was stopped
+  };
+  Job* runningJob();
+  Job* nextInLine();
+  std::vector<Job*> liveJobs();  // oldest first
+  void goOn(double wait);
+  void work();
+  void begin(Job& job);
+  void letGo();
+  void giveWay(Job& stuck);
+  void nextStep(Job& job);
+  void goOnWithReport();
+  void watchSilence();
+  void end(Job& job, const std::string& status, std::optional<Summary> summary);
+  void finishSync(Job& job);
   void finishReport(Job& job);
+  ReportAsked reportOn(const std::vector<FileDetail>& tickets) const;
   void scheduleColleague();
 
   Pictures& pictures_;
@@ -182,8 +212,11 @@ class State {
   std::vector<Event> events_;  // oldest first
   std::vector<Job> jobs_;      // newest first; a sync is kept apart
   std::optional<Job> sync_;
+  std::vector<Job> oldSyncs_;    // no longer on the board
   std::vector<Report> reports_;  // newest first
   std::map<std::string, std::string> pdfs_;
+  std::map<std::string, std::string> logs_;  // by job
+  Worker worker_;
   std::map<std::string, std::string> tokens_;                         // to e-mail
   std::map<std::string, std::pair<std::string, std::string>> codes_;  // to e-mail and nonce
   std::map<std::string, std::string> links_;  // every link's key there ever was, to its ticket

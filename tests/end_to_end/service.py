@@ -66,6 +66,11 @@ class Service:
         self._ask("POST", "demo/answers",
                   {"file_id": file_id, "kind": kind, "note": note, "by": by})
 
+    def worker(self, **how):
+        """How the worker goes on: hold="Comparing pages" (a step, "queued", or "" to go on),
+        fail="what is to check" for the job at work or the next, silent=True until it is False."""
+        self._ask("POST", "demo/worker", how)
+
     def proof(self, file_id, version=0, repaired=False):
         """A version's PDF, the newest by default; repaired, as it was sent to be printed."""
         query = urllib.parse.urlencode({"file_id": file_id, "v": version, "repaired": int(repaired)})
