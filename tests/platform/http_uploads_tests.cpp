@@ -1,4 +1,5 @@
 // Bodies that are streamed from the disk.
+#include "platform/MemoryPeak.hpp"
 #include "platform/http_uploads.hpp"
 
 #include <atomic>
@@ -33,14 +34,6 @@ TEST_F(HttpUpload, GoesOutAsItLiesOnTheDisk) {
   }
 }
 
-std::int64_t kilobytes(const std::string& field) {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with(field + ":")) return std::stol(line.substr(field.size() + 1));
-  }
-  return -1;
-}
-
 TEST_F(HttpUpload, TakesLittleMemoryHoweverLongItIs) {
   Sum got;
   LoopbackServer* self = nullptr;
@@ -53,10 +46,9 @@ TEST_F(HttpUpload, TakesLittleMemoryHoweverLongItIs) {
   const auto path = write(kMost);
   QtHttp http;
   ASSERT_TRUE(exchange(http, request("GET", server.url("/ping"), HttpLane::transfers)));
-  std::ofstream("/proc/self/clear_refs") << 5;  // the peak begins anew
-  const std::int64_t before = kilobytes("VmRSS");
+  const MemoryPeak peak;
   ASSERT_TRUE(exchange(http, put(server, path)).has_value());
-  EXPECT_LT(kilobytes("VmHWM") - before, 16 * 1'024);
+  EXPECT_LT(peak.kilobytes(), 16 * 1'024);
   EXPECT_EQ(got.count, kMost);
   EXPECT_EQ(got.value, sent_.value);
 }

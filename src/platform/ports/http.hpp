@@ -88,8 +88,8 @@ class Http {
   // Callable from the main thread; resolves there. A POST or PUT reaches the service at most
   // once. Redirects stay within the origin of the URL. A stop ends the exchange as `cancelled`.
   // An answer has a bound, a larger one where it goes into a sink, and fails as `tooLarge` beyond;
-  // of one that says what went wrong, with a
-  // status of 400 or more, the body ends where its own bound is.
+  // of one that says what went wrong, with a status of 400 or more, the body ends where its own
+  // bound is. A sink is let go before the answer comes.
   virtual Pending<HttpResult> send(HttpRequest request, std::stop_token stop) = 0;
 };
 

@@ -114,7 +114,8 @@ void HttpExchange::start(std::shared_ptr<QNetworkAccessManager> manager) {
 QNetworkReply* HttpExchange::sendThrough(QNetworkAccessManager& manager) {
   const QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(request_.url), QUrl::StrictMode);
   if (!isSendable(request_, url)) return nullptr;
-  QNetworkRequest out = networkRequest(request_, url, limits_.answer);
+  QNetworkRequest out =
+      networkRequest(request_, url, request_.sink ? limits_.sunk : limits_.answer);
   if (request_.method == "GET") return manager.get(out);
   if (request_.method == "HEAD") return manager.head(out);
   auto body = bodyOf(request_);
@@ -159,28 +160,40 @@ int HttpExchange::status() const {
   return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
+std::int64_t HttpExchange::mostBytes() const {
+  if (refuses()) return limits_.refusal;
+  return request_.sink ? limits_.sunk : limits_.answer;
+}
+
 // What says beforehand that it is too long need not come.
 void HttpExchange::judgeLength() {
   progressed();
   const auto length = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong();
   const bool hasBody = request_.method != "HEAD" && !refuses();
-  if (hasBody && length > limits_.answer) abort(HttpError::tooLarge);
+  if (hasBody && length > mostBytes()) abort(HttpError::tooLarge);
 }
 
 void HttpExchange::readSome() {
   if (!done_) return;
   progressed();
-  const qint64 most = refuses() ? limits_.refusal : limits_.answer;
+  const std::int64_t most = mostBytes();
   std::array<char, 65'536> chunk;
   qint64 count = 0;
   while ((count = reply_->read(chunk.data(), chunk.size())) > 0) {
-    body_.append(chunk.data(), static_cast<std::size_t>(count));
-    if (static_cast<qint64>(body_.size()) <= most) continue;
-    if (!refuses()) return abort(HttpError::tooLarge);
+    received_ += count;
+    if (received_ > most && !refuses()) return abort(HttpError::tooLarge);
+    if (!take({chunk.data(), static_cast<std::size_t>(count)})) return abort(HttpError::notKept);
+    if (received_ <= most) continue;
     body_.resize(static_cast<std::size_t>(most));
     stopReply();
     return concludeWith(responseOf(*reply_, std::move(body_)));
   }
+}
+
+bool HttpExchange::take(std::string_view piece) {
+  if (sinks()) return request_.sink->write(piece);
+  body_.append(piece);
+  return true;
 }
 
 void HttpExchange::finished() {
@@ -193,7 +206,7 @@ void HttpExchange::finished() {
     return conclude(std::unexpected(reason));
   }
   HttpResponse response = responseOf(*reply_, std::move(body_));
-  if (isCutShort(response, request_.method)) {
+  if (isCutShort(response, request_.method, received_)) {
     return conclude(std::unexpected(HttpError::connectionLost));
   }
   concludeWith(std::move(response));
@@ -228,6 +241,7 @@ void HttpExchange::conclude(HttpResult result) {
   if (!done_) return;
   idle_.stop();
   whole_.stop();
+  request_.sink.reset();
   const auto done = std::exchange(done_, nullptr);
   done(std::move(result));
 }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "platform/ports/http.hpp"
 #include "platform/qt/UploadDevice.hpp"
@@ -14,7 +15,8 @@
 namespace vellix {
 
 struct ExchangeLimits {
-  std::int64_t answer;  // bytes of the body, as they are handed on
+  std::int64_t answer;                        // bytes of the body, as they are handed on
+  std::int64_t sunk = std::int64_t{2} << 30;  // the same, of one that a sink takes
   // Bytes of the body of a status of 400 or more, which holds a sentence at best.
   std::int64_t refusal = std::int64_t{64} << 10;
   std::optional<Milliseconds> whole;  // from when the request goes out to the end of its answer
@@ -42,7 +44,10 @@ class HttpExchange : public QObject {
   HttpError reasonOf(QNetworkReply::NetworkError error) const;
   int status() const;
   bool refuses() const { return status() >= 400; }
+  bool sinks() const { return request_.sink && !refuses(); }
+  std::int64_t mostBytes() const;
   void judgeLength();
+  bool take(std::string_view piece);
   void readSome();
   void finished();
   void abort(HttpError reason);
@@ -56,7 +61,8 @@ class HttpExchange : public QObject {
   std::shared_ptr<QNetworkAccessManager> manager_;
   std::unique_ptr<UploadDevice> upload_;
   std::unique_ptr<QNetworkReply> reply_;
-  std::string body_;
+  std::string body_;  // what no sink took
+  std::int64_t received_ = 0;
   QTimer idle_;
   QTimer whole_;
   bool connected_ = false;

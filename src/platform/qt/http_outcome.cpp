@@ -66,12 +66,11 @@ HttpResponse responseOf(const QNetworkReply& reply, std::string body) {
   return response;
 }
 
-bool isCutShort(const HttpResponse& response, const std::string& method) {
+bool isCutShort(const HttpResponse& response, const std::string& method, std::int64_t received) {
   if (method == "HEAD" || hasNoBody(response.status)) return false;
   if (response.header("content-encoding")) return false;
   const auto announced = response.header("content-length");
-  return announced &&
-         QByteArray::fromStdString(*announced).trimmed().toULongLong() > response.body.size();
+  return announced && QByteArray::fromStdString(*announced).trimmed().toLongLong() > received;
 }
 
 }  // namespace vellix

@@ -17,7 +17,7 @@ bool machineHasNetwork();
 
 HttpResponse responseOf(const QNetworkReply& reply, std::string body);
 
-// Whether fewer bytes came than were announced. A compressed body is not judged.
-bool isCutShort(const HttpResponse& response, const std::string& method);
+// Whether fewer bytes of the body came than were announced. A compressed body is not judged.
+bool isCutShort(const HttpResponse& response, const std::string& method, std::int64_t received);
 
 }  // namespace vellix
