@@ -3,7 +3,6 @@
 #include <QDeadlineTimer>
 #include <QThread>
 #include <memory>
-#include <mutex>
 #include <utility>
 
 #include "platform/qt/HttpLaneQueue.hpp"
@@ -40,18 +39,10 @@ class QtHttp::Lanes : public QObject {
   HttpLaneQueue transfers_;
 };
 
-struct QtHttp::Desk {
-  std::mutex mutex;
-  QObject* context;  // none once the main thread has gone
-};
-
-QtHttp::QtHttp(HttpLimits limits) : desk_(std::make_shared<Desk>()), thread_(new QThread) {
-  desk_->context = &context_;
-  const auto answer = [this, desk = desk_](std::uint64_t id, HttpResult result) {
+QtHttp::QtHttp(HttpLimits limits) : thread_(new QThread) {
+  const auto answer = [this, door = over_.door()](std::uint64_t id, HttpResult result) {
     const auto shared = std::make_shared<HttpResult>(std::move(result));
-    const auto deliver = [this, id, shared] { finish(id, std::move(*shared)); };
-    const std::scoped_lock lock(desk->mutex);
-    if (desk->context) QMetaObject::invokeMethod(desk->context, deliver, Qt::QueuedConnection);
+    door([this, id, shared] { finish(id, std::move(*shared)); });
   };
   lanes_ = new Lanes(limits, answer);
   lanes_->moveToThread(thread_);
@@ -65,8 +56,6 @@ QtHttp::~QtHttp() {
   thread_->quit();
   // A thread that is held up is left behind: it answers to nobody any more.
   if (thread_->wait(QDeadlineTimer(kPatienceAtEnd))) delete thread_;
-  const std::scoped_lock lock(desk_->mutex);
-  desk_->context = nullptr;
 }
 
 Pending<HttpResult> QtHttp::send(HttpRequest request, std::stop_token stop) {
@@ -95,8 +84,7 @@ void QtHttp::cancel(std::uint64_t id) {
   const auto lane = running_.at(id).lane;
   const auto drop = [lanes = lanes_, lane, id] { lanes->of(lane).drop(id); };
   QMetaObject::invokeMethod(lanes_, drop, Qt::QueuedConnection);
-  const auto tell = [this, id] { finish(id, std::unexpected(HttpError::cancelled)); };
-  QMetaObject::invokeMethod(&context_, tell, Qt::QueuedConnection);
+  over_.door()([this, id] { finish(id, std::unexpected(HttpError::cancelled)); });
 }
 
 void QtHttp::finish(std::uint64_t id, HttpResult result) {

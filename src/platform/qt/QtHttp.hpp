@@ -1,14 +1,13 @@
 // HTTP over Qt's network access, on a thread of its own.
 #pragma once
 
-#include <QObject>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 
 #include "platform/ports/pictures.hpp"
+#include "platform/qt/HandOver.hpp"
 #include "platform/qt/HttpExchange.hpp"
 
 class QThread;
@@ -47,11 +46,7 @@ class QtHttp : public Http {
   void cancel(std::uint64_t id);
   void finish(std::uint64_t id, HttpResult result);
 
-  // Where answers are handed over. What the thread still does when it is left behind finds nobody.
-  struct Desk;
-
-  QObject context_;
-  std::shared_ptr<Desk> desk_;
+  HandOver over_;
   std::map<std::uint64_t, Running> running_;
   std::uint64_t lastId_ = 0;
   QThread* thread_;
