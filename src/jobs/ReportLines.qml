@@ -10,10 +10,16 @@ Column {
     property bool leading: false
 
     // As wide as they are before they wrap.
-    readonly property real natural: Math.max(warning.implicitWidth, made.implicitWidth + driveRoom)
-    readonly property real driveRoom: report.area.driveLink !== "" ? drive.width + Theme.gap8 : 0
+    readonly property real natural: Math.max(warning.implicitWidth, made.implicitWidth + openRoom + driveRoom,
+                                             opens && !told ? several.implicitWidth : 0)
+    readonly property openReportView open: report.area.open
+    readonly property bool opens: open.report !== ""
+    // Beside what tells of the report, or alone and with words of its own.
+    readonly property bool told: report.area.made !== ""
+    readonly property real openRoom: opens && told ? opener.width + Theme.gap4 : 0
+    readonly property real driveRoom: report.area.driveLink !== "" ? drive.width + Theme.gap4 : 0
 
-    visible: report.area.warning !== "" || report.area.made !== ""
+    visible: report.area.warning !== "" || told || opens
     spacing: Theme.gap4
 
     Label {
@@ -30,19 +36,31 @@ Column {
     }
 
     Row {
-        visible: lines.report.area.made !== ""
+        visible: lines.told
         x: lines.leading ? 0 : lines.width - width
-        spacing: Theme.gap8
+        spacing: Theme.gap4
 
         Label {
             id: made
 
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, lines.width - lines.driveRoom)
+            width: Math.min(implicitWidth, lines.width - lines.openRoom - lines.driveRoom)
             tellsWhole: true
             size: Theme.note
             color: Theme.faint
             text: lines.report.area.made
+        }
+
+        IconButton {
+            id: opener
+
+            visible: lines.opens
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "arrow.down.doc"
+            size: 13
+            help: lines.open.label
+            busy: lines.open.opening
+            onClicked: lines.report.open()
         }
 
         LinkPill {
@@ -54,5 +72,18 @@ Column {
             icon: "link"
             url: lines.report.area.driveLink
         }
+    }
+
+    Pill {
+        id: several
+
+        visible: lines.opens && !lines.told
+        x: lines.leading ? 0 : lines.width - width
+        height: 28
+        raised: true
+        title: lines.open.label
+        icon: "arrow.down.doc"
+        busy: lines.open.opening
+        onClicked: lines.report.open()
     }
 }

@@ -16,6 +16,7 @@ void ReportModel::update() {
 }
 
 void ReportModel::make() { makeReport(store_); }
+void ReportModel::open() { openShownReport(store_); }
 void ReportModel::stop() { stopReport(store_); }
 void ReportModel::tick() { update(); }
 

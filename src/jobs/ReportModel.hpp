@@ -22,6 +22,7 @@ class ReportModel : public QObject {
   Qml<ReportAreaView> area() const { return area_.qml(); }
 
   Q_INVOKABLE void make();
+  Q_INVOKABLE void open();
   Q_INVOKABLE void stop();
   Q_INVOKABLE void tick();  // the estimate moves with the time
 

@@ -6,6 +6,7 @@
 
 namespace vellix {
 
+VELLIX_VIEW(OpenReportView, openReportView)
 VELLIX_VIEW(ReportAreaView, reportAreaView)
 
 }  // namespace vellix

@@ -38,11 +38,15 @@ std::string warningOf(const Job* job) {
   return "The last report didn't finish.";
 }
 
-const Report* newestReport(const Store& store, const std::string& id) {
-  if (!store.board()) return nullptr;
-  const auto found = std::ranges::find_if(store.board()->reports, [&](const Report& report) {
-    return std::ranges::find(report.file_ids, id) != report.file_ids.end();
-  });
+// Of one ticket any that tells of it too; of several the one on just these.
+const Report* newestReport(const Store& store, const Ids& ids) {
+  if (!store.board() || ids.empty()) return nullptr;
+  const bool several = store.selection().size() > 1;
+  const auto isIt = [&](const Report& report) {
+    const Ids told(report.file_ids.begin(), report.file_ids.end());
+    return several ? told == ids : told.contains(*ids.begin());
+  };
+  const auto found = std::ranges::find_if(store.board()->reports, isIt);
   return found == store.board()->reports.end() ? nullptr : &*found;
 }
 
@@ -68,20 +72,23 @@ ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calend
   const auto files = selectedFiles(store);
   ReportAreaView view;
   view.canMake = canMakeReport(store);
-  const Job* job = reportJob(store, idsOf(files));
+  const Ids ids = idsOf(files);
+  const Job* job = reportJob(store, ids);
   if (job && job->active()) {
     view.working = true;
     view.progress = store.reportEstimate(*job, now);
     view.stopping = isBeingStopped(store, *job);
   }
   view.warning = warningOf(job);
+  const Report* report = newestReport(store, ids);
   if (store.selection().size() > 1) {
     view.button = "Make one report";
+    view.open = openReportView(store, report, calendar);
     return view;
   }
-  const Report* report = files.empty() ? nullptr : newestReport(store, files.front()->id);
   view.button = report ? "New report" : "Make report";
   if (!report) return view;
+  view.open = openReportView(store, report, "Open the report");
   view.made = madeBy(store, *report, calendar);
   if (report->drive_link && isLinkTarget(*report->drive_link)) view.driveLink = *report->drive_link;
   return view;
@@ -98,6 +105,11 @@ void makeReport(Store& store) {
   std::vector<std::string> ids;
   for (const FileItem* file : selectedFiles(store)) ids.push_back(file->id);
   store.requestReport(std::move(ids));
+}
+
+void openShownReport(Store& store) {
+  const Report* report = newestReport(store, idsOf(selectedFiles(store)));
+  if (report) openReport(store, report->id);
 }
 
 void stopReport(Store& store) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "jobs/open_report.hpp"
 #include "platform/ports/calendar.hpp"
 #include "store/store.hpp"
 
@@ -18,10 +19,12 @@ struct ReportAreaView {
   std::string warning;    // why the last one did not come
   std::string made;       // whose the newest is, and of which day
   std::string driveLink;  // where it lies; empty when it is not told
+  OpenReportView open;    // the newest on all that is selected
   bool operator==(const ReportAreaView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(ReportAreaView, (),
-                      (working, progress, stopping, button, canMake, warning, made, driveLink))
+                      (working, progress, stopping, button, canMake, warning, made, driveLink,
+                       open))
 
 // What is selected and on the board, in its order. Owned by the Store.
 std::vector<const FileItem*> selectedFiles(const Store& store);
@@ -33,6 +36,8 @@ ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calend
 bool canMakeReport(const Store& store);
 // One report on all of the tickets that are selected.
 void makeReport(Store& store);
+// Opens the report that reportArea offers.
+void openShownReport(Store& store);
 // Stops the report job that reportArea shows, if it is there still and not being stopped.
 void stopReport(Store& store);
 

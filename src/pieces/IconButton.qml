@@ -1,16 +1,19 @@
 import QtQuick
 import Vellix.Pieces
 
-// A bare symbol that is pressed; its help is its name. `checked` lights it.
+// A bare symbol that is pressed; its help is its name. `checked` lights it. While busy a spinner
+// takes its place.
 Pressable {
     id: button
 
     required property string symbol
     property real size: 15
     property bool checked: false
+    property bool busy: false
     property color color: checked ? Theme.accent : Theme.muted
 
     label: help
+    idle: busy
     implicitWidth: Math.round(size) + 11
     implicitHeight: implicitWidth
     pressedScale: 0.94
@@ -27,9 +30,17 @@ Pressable {
     }
 
     Symbol {
+        visible: !button.busy
         anchors.centerIn: parent
         size: button.size
         name: button.symbol
+        color: button.color
+    }
+
+    Spinner {
+        visible: button.busy
+        anchors.centerIn: parent
+        size: button.size
         color: button.color
     }
 }

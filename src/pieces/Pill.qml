@@ -1,7 +1,8 @@
 import QtQuick
 import Vellix.Pieces
 
-// A small capsule button: filled with its colour, raised on the ground, or tinted.
+// A small capsule button: filled with its colour, raised on the ground, or tinted. While busy a
+// spinner takes the icon's place.
 Pressable {
     id: pill
 
@@ -10,11 +11,13 @@ Pressable {
     property color color: Theme.text
     property bool filled: false
     property bool raised: false
+    property bool busy: false
     property real widest: Infinity
 
     readonly property color ink: filled ? Theme.onAccent : color
 
     label: title
+    idle: busy
     radius: height / 2
     implicitWidth: Math.ceil(row.implicitWidth) + 24
     implicitHeight: 26
@@ -47,17 +50,24 @@ Pressable {
         Symbol {
             id: mark
 
-            visible: pill.icon !== ""
+            visible: pill.icon !== "" && !pill.busy
             anchors.verticalCenter: parent.verticalCenter
             size: 12
             name: pill.icon
             color: pill.ink
         }
 
+        Spinner {
+            visible: pill.busy
+            anchors.verticalCenter: parent.verticalCenter
+            size: 12
+            color: pill.ink
+        }
+
         Label {
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(Math.ceil(implicitWidth),
-                            pill.widest - 24 - (mark.visible ? mark.width + row.spacing : 0))
+                            pill.widest - 24 - (pill.icon !== "" || pill.busy ? mark.width + row.spacing : 0))
             tellsWhole: true
             size: Theme.body
             weight: pill.filled ? Font.DemiBold : Font.Medium

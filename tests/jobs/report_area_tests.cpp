@@ -175,6 +175,85 @@ TEST_F(ReportAreas, TellWhoseTheFirstReportIs) {
   }
 }
 
+struct Opened {
+  const char* name;
+  std::set<std::string> selection;
+  std::vector<Ids> reports;  // the tickets of each; their ids are r0, r1 and so on
+  const char* report;
+  const char* label;
+};
+BOOST_DESCRIBE_STRUCT(Opened, (), (name, selection, reports, report, label))
+
+class OpenedReports : public ReportAreas, public testing::WithParamInterface<Opened> {};
+
+TEST_P(OpenedReports, AreTheFirstOnWhatIsSelected) {
+  std::vector<Report> reports;
+  for (const Ids& ids : GetParam().reports) {
+    reports.push_back(
+        {.id = "r" + std::to_string(reports.size()), .file_ids = ids, .at = 1'700'000'000'000});
+  }
+  showReports(reports);
+  store().selection.set(GetParam().selection);
+  EXPECT_EQ(view().open, (OpenReportView{GetParam().report, GetParam().label}));
+  openShownReport(store());
+  desk.time.run();
+  const std::string opened = GetParam().report;
+  EXPECT_EQ(desk.http.matching("GET api/reports/").size(), opened.empty() ? 0U : 1U);
+  if (!opened.empty()) {
+    EXPECT_EQ(desk.http.exchanges.back().line(), "GET api/reports/" + opened + "/pdf");
+  }
+}
+
+constexpr const char* kOpens = "Open the report";
+constexpr const char* kOpensOfDay = "Open the report from Nov 14";
+INSTANTIATE_TEST_SUITE_P(
+    All, OpenedReports,
+    testing::Values(
+        Opened{"None", {"t1"}, {}, "", ""}, Opened{"OfAnother", {"t1"}, {{"t2"}}, "", ""},
+        Opened{"ItsOwn", {"t1"}, {{"t2"}, {"t1"}, {"t1"}}, "r1", kOpens},
+        Opened{"WithAnother", {"t1"}, {{"t2", "t1"}}, "r0", kOpens},
+        Opened{"SeveralInAnotherOrder", {"t1", "t2"}, {{"t2", "t1"}}, "r0", kOpensOfDay},
+        Opened{"SeveralOfOne", {"t1", "t2"}, {{"t1"}, {"t2"}}, "", ""},
+        Opened{"SeveralOfMore", {"t1", "t2"}, {{"t1", "t2", "t3"}}, "", ""},
+        Opened{
+            "SeveralFirst", {"t1", "t2"}, {{"t1"}, {"t1", "t2"}, {"t2", "t1"}}, "r1", kOpensOfDay},
+        Opened{"OnNothing", {}, {{}, {"t1"}}, "", ""}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(ReportAreas, TellThatAReportIsBeingOpened) {
+  showReports({{.id = "r", .file_ids = {"t1"}}});
+  EXPECT_FALSE(view().open.opening);
+  openShownReport(store());
+  desk.time.run();
+  EXPECT_TRUE(view().open.opening);
+  openShownReport(store());
+  openReport(store(), "r");
+  desk.time.run();
+  EXPECT_EQ(desk.http.matching("GET api/reports/r/pdf").size(), 1U) << "not twice";
+  store().busy.set({"open-other", "open-"});
+  EXPECT_FALSE(view().open.opening);
+}
+
+TEST_F(ReportAreas, OpenNoReportThatTheBoardDoesNotTellOf) {
+  showReports({{.id = "", .file_ids = {"t1"}}});
+  EXPECT_EQ(view().open, OpenReportView{}) << "there is nothing to ask for";
+  EXPECT_EQ(view().button, "New report");
+  openShownReport(store());
+  openReport(store(), "");
+  openReport(store(), "gone");
+  store().board.set(std::nullopt);
+  openShownReport(store());
+  openReport(store(), "r");
+  desk.time.run();
+  EXPECT_TRUE(desk.http.exchanges.empty());
+}
+
+TEST_F(ReportAreas, OpenAReportOfNoDay) {
+  showReports({{.id = "r", .file_ids = {"t1", "t2"}}});
+  store().selection.set({"t1", "t2"});
+  EXPECT_EQ(view().open.label, kOpens);
+}
+
 TEST_F(ReportAreas, MakeNoSecondReportWhileOneIsAskedFor) {
   EXPECT_TRUE(view().canMake);
   store().busy.set({"report"});

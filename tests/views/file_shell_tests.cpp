@@ -307,6 +307,44 @@ TEST_F(FileShell, TellsWhatBecameOfReports) {
   EXPECT_TRUE(reader().find("New report", QAccessible::Button));
 }
 
+TEST_F(FileShell, OpensTheReportOfTheTicket) {
+  serveTheDay();
+  change([](BoardState& board) { board.reports = {{.id = "r", .file_ids = {"t1"}}}; });
+  showMain({1'500, 940});
+  tabTo("Open the report");
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(desk.http.matching("GET api/reports/r/pdf").size(), 1U);
+  EXPECT_EQ(reader().enabled("Open the report"), 0) << "while it is on its way";
+  EXPECT_EQ(keyed(), "Open the report") << "where the keyboard stays";
+  const auto opener = [this] { return seen(window()->activeFocusItem(), "Spinner").size(); };
+  EXPECT_EQ(opener(), 1);
+  QTest::keyClick(window(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(desk.http.matching("GET api/reports/r/pdf").size(), 1U);
+  store().busy.set({});
+  settle();
+  EXPECT_EQ(reader().enabled("Open the report"), 1);
+  EXPECT_EQ(opener(), 0);
+}
+
+TEST_F(FileShell, OpensOneReportOnSeveralTickets) {
+  serveTheDay();
+  change([](BoardState& board) {
+    board.reports = {{.id = "one", .file_ids = {"t1"}},
+                     {.id = "both", .file_ids = {"t2", "t1"}, .at = 1'700'000'000'000}};
+  });
+  showMain({760, 540});
+  store().selection.set({"t2", "t1"});
+  settle();
+  ASSERT_TRUE(press("Open the report from Nov 14"));
+  EXPECT_EQ(desk.http.matching("GET api/reports/both/pdf").size(), 1U);
+  EXPECT_EQ(reader().enabled("Open the report from Nov 14"), 0);
+  store().selection.set({"t2", "t3"});
+  settle();
+  EXPECT_FALSE(reader().find("Open the report from Nov 14", QAccessible::Button));
+}
+
 TEST_F(FileShell, NamesSeveralTicketsAndMakesOneReport) {
   serveTheDay();
   showMain({1'500, 940});

@@ -71,6 +71,16 @@ TEST_F(ReportModels, CountDownAtEachTick) {
   EXPECT_EQ(reports.count(), 1);
 }
 
+TEST_F(ReportModels, OpenTheReport) {
+  board.reports = {{.id = "r", .file_ids = {"t1"}}};
+  showBoard();
+  EXPECT_EQ(report("open").toMap()["report"], "r");
+  model().open();
+  desk.time.run();
+  EXPECT_EQ(desk.http.exchanges.back().line(), "GET api/reports/r/pdf");
+  EXPECT_TRUE(report("open").toMap()["opening"].toBool());
+}
+
 TEST_F(ReportModels, SpeakOfOneReportOnSeveralTickets) {
   EXPECT_EQ(report("button"), "Make report");
   select({"t1", "t2"});
