@@ -22,11 +22,18 @@ void WatchedPictures::bring(const QString& key, const PictureRoom& room, QObject
   });
 }
 
+bool WatchedPictures::isAtHand(const QString& key) {
+  const QSize whole = pictures_.atHand(key, PictureRoom()).whole;
+  const PictureRoom room = roomOnPage(whole, room_);
+  return isExact(pictures_.atHand(key, room), room);
+}
+
 void WatchedPictures::note(const QString& key, const PictureRoom& room, const Pixels& pixels) {
   if (!isPage(room) || !isExact(pixels, room)) return;
   given_ = key;
   pixels_ = pixels.image.size();
   shown_ = room.size;
+  room_ = room.page;
 }
 
 }  // namespace vellix::bench

@@ -20,6 +20,8 @@ class WatchedPictures : public PictureSource {
   QSize pixels() const { return pixels_; }  // the size of that picture
   QSize shown() const { return shown_; }    // the size it was asked for
   int waits() const { return waits_; }      // pages that were not at hand
+  // Whether the picture of a page could be painted in the next frame, exactly as it is to be shown.
+  bool isAtHand(const QString& key);
 
  private:
   void note(const QString& key, const PictureRoom& room, const Pixels& pixels);
@@ -28,6 +30,7 @@ class WatchedPictures : public PictureSource {
   QString given_;
   QSize pixels_;
   QSize shown_;
+  QSizeF room_;  // of pages of any shape
   int waits_ = 0;
 };
 

@@ -2,12 +2,14 @@
 #include <QGuiApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <algorithm>
 
 #include "Desk.hpp"
 #include "WatchedPictures.hpp"
 #include "children.hpp"
 #include "measure.hpp"
 #include "report.hpp"
+#include "store/open_page.hpp"
 
 namespace vellix::bench {
 namespace {
@@ -95,16 +97,32 @@ void measurePolls(Desk& desk, const std::string& server, const std::string& toke
   }
 }
 
+bool areAtHand(WatchedPictures& pictures, const Page& page) {
+  const auto isAtHand = [&](const std::optional<std::string>& key) {
+    return !key || pictures.isAtHand(QString::fromStdString(*key));
+  };
+  const auto refs = page.refs.value_or(std::map<std::string, RefPage>{});
+  return isAtHand(page.img) &&
+         std::ranges::all_of(refs, [&](const auto& ref) { return isAtHand(ref.second.img); });
+}
+
 // The next page's shown pictures are there before anybody asks for them.
 void stepToNeighbour(Desk& desk) {
   WatchedPictures watched(desk.pictures());
   PictureSource& before = desk.pictures();
   desk.setPictures(watched);
   const RemoteImage* page = desk.page();
-  desk.frames().settle(1500);
+  desk.frames().settle();
   const QString shown = page->key();
   const int waits = watched.waits();
-  desk.compare().stepPage(desk.compare().bar()["last"].toBool() ? -1 : 1);
+  const int step = desk.compare().bar()["last"].toBool() ? -1 : 1;
+  const FileDetail& detail = *desk.store().currentDetail();
+  const Page& next = detail.file.pages->at(pageIndex(desk.store(), detail.file) + step);
+  // The service paints them at the first request for them.
+  if (!waitUntil([&] { return areAtHand(watched, next); }, 20'000, 20)) {
+    tellFault("the next page's pictures were not made ready");
+  }
+  desk.compare().stepPage(step);
   if (!waitUntil([&] { return page->key() != shown && watched.given() == page->key(); })) {
     return tellFault("the next page was never shown");
   }
