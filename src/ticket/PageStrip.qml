@@ -36,10 +36,18 @@ Item {
         function openRow(): int {
             return Math.min(strip.file.openPage, count - 1);
         }
+        // A page and its neighbours, the one that has to be in sight last.
+        function around(index: int): var {
+            return [index - 1, index + 1, index].map(row => Math.max(0, Math.min(row, count - 1)));
+        }
         // Puts the strip where a page is in sight with its neighbours.
         function place(index: int) {
-            for (const row of [index - 1, index + 1, index])
-                positionViewAtIndex(Math.max(0, Math.min(row, count - 1)), ListView.Contain);
+            for (const row of around(index))
+                positionViewAtIndex(row, ListView.Contain);
+        }
+        // Where that is; no number while they are not all made.
+        function placeOf(index: int): real {
+            return around(index).reduce((y, row) => motion.placeToShow(itemAtIndex(row), y, height), contentY);
         }
         // Makes a page the current one and brings it into view with its neighbours, gliding there
         // when it is near. With `keyed` it gets the keyboard, and the ring, before the list makes it
@@ -49,14 +57,19 @@ Item {
                 return;
             glide.stop();
             const from = contentY;
+            let to = placeOf(index);
+            // Pages that are made are not let go, to be made anew, for a look at where they lie.
+            const known = motion.glides(from, to, height, gliding);
             motion.placing = true;
-            place(index);
-            const to = contentY;
+            if (!known) {
+                place(index);
+                to = contentY;
+            }
             if (keyed)
                 itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
             currentIndex = index;
-            const glides = motion.glides(from, to, height, gliding);
-            if (glides)
+            const glides = known || motion.glides(from, to, height, gliding);
+            if (glides && !known)
                 contentY = from;
             motion.placing = false;
             if (!glides)

@@ -1,4 +1,5 @@
 // The strip of small pages, worked by pointer and by key.
+#include <QSignalSpy>
 #include <QTest>
 
 #include "views/sights.hpp"
@@ -225,6 +226,22 @@ TEST_F(PageStripViews, ComeToThePageOnShowWhateverGrowsOnTheWay) {
   settle();
   pressFromAbove();
   EXPECT_TRUE(inSight("8") && inSight("9"));
+}
+
+TEST_F(PageStripViews, GoStraightToAPageThatIsMade) {
+  open(40);
+  stand();
+  Int last = 0;
+  while (inSight(QString::number(last + 2))) ++last;
+  ASSERT_GT(last, 1);
+  ASSERT_TRUE(cell(QString::number(last + 2))) << "the next one, out of sight";
+  const QSignalSpy moved{list(), SIGNAL(contentYChanged())};
+  store().page.set({{"t1", last}});
+  desk.time.run();
+  EXPECT_EQ(list()->property("currentIndex").toInt(), last);
+  EXPECT_EQ(moved.count(), 0) << "there and back lets go of pages and makes others";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return inSight(QString::number(last + 2)); }));
+  EXPECT_TRUE(inSight(QString::number(last + 1)));
 }
 
 TEST_F(PageStripViews, KeepTheKeyboardAndThePointerWhileThingsChange) {
