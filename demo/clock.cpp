@@ -23,4 +23,14 @@ double atLocal(double now, int days, int hour, int minute) {
   return static_cast<double>(std::mktime(&day)) * 1000;
 }
 
+long localDay(double at) {
+  const auto seconds = static_cast<std::time_t>(std::floor(at / 1000));
+  std::tm day{};
+  localtime_r(&seconds, &day);
+  const std::chrono::year_month_day date{std::chrono::year(day.tm_year + 1900),
+                                         std::chrono::month(static_cast<unsigned>(day.tm_mon + 1)),
+                                         std::chrono::day(static_cast<unsigned>(day.tm_mday))};
+  return std::chrono::sys_days(date).time_since_epoch().count();
+}
+
 }  // namespace vellix::demo

@@ -11,4 +11,7 @@ double nowMs();
 // `hour`:`minute` local time of the day that is `days` after the day of `now`.
 double atLocal(double now, int days, int hour, int minute);
 
+// The local day of a moment: 0 is 1 January 1970, whatever the clocks were moved by.
+long localDay(double at);
+
 }  // namespace vellix::demo

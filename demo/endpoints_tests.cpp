@@ -1,6 +1,7 @@
 // What tests may ask of the demo service beside the contract: its log, its state, faults, the
-// colleague and the approvers at a chosen moment, checks that do not end, and pages with many
-// findings. A version's PDF, "/demo/proof", is made in service.cpp, outside the lock.
+// colleague and the approvers at a chosen moment, checks that do not end, pages with many findings,
+// how the worker goes on, and people who come and go. A version's PDF, "/demo/proof", is made in
+// service.cpp, outside the lock.
 #include <vector>
 
 #include "body.hpp"
@@ -81,6 +82,16 @@ Reply Service::serveTests(const Request& request) {
     if (!body) return errorReply(400, "That is not JSON.");
     const auto done =
         state_.setWorker(textAt(*body, "hold"), textAt(*body, "fail"), flagAt(*body, "silent"));
+    return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  if (request.path == "/demo/people" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const std::string email = textAt(*body, "email").value_or("");
+    const auto done = flagAt(*body, "gone").value_or(false)
+                          ? state_.removePerson(email)
+                          : state_.addPerson(email, textAt(*body, "name").value_or(""),
+                                             flagAt(*body, "counted").value_or(true));
     return done ? Reply{} : errorReply(done.error().status, done.error().text);
   }
   return errorReply(404, "There is nothing here.");

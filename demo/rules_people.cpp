@@ -1,4 +1,6 @@
 // The reviewers: their photos, and what the colleague does.
+#include <QBuffer>
+#include <QImageReader>
 #include <algorithm>
 
 #include "body.hpp"
@@ -7,6 +9,8 @@
 namespace vellix::demo {
 namespace {
 
+constexpr std::size_t kMostPhoto = 4'000'000;
+constexpr int kMostAcross = 2048;
 constexpr double kColleague = 50'000;
 
 Done refuse(int status, std::string text) {
@@ -16,12 +20,51 @@ Done refuse(int status, std::string text) {
 }  // namespace
 
 Done State::setPhoto(std::string bytes, const std::string& by) {
-  if (!bytes.starts_with("\xFF\xD8")) return refuse(400, "A photo is a JPEG.");
+  if (bytes.size() > kMostPhoto) return refuse(413, "That photo is too big.");
+  QBuffer buffer;
+  buffer.setData(bytes.data(), static_cast<int>(bytes.size()));
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, "jpeg");
+  const QSize size = reader.size();
+  if (size.width() > kMostAcross || size.height() > kMostAcross) {
+    return refuse(413, "That photo is too big.");
+  }
+  // A decoder makes do with the half of a picture; where its end is missing it was cut off.
+  const bool whole =
+      bytes.find("\xFF\xD9", bytes.size() - std::min<std::size_t>(bytes.size(), 64)) !=
+      std::string::npos;
+  if (!size.isValid() || !whole || reader.read().isNull()) return refuse(400, "A photo is a JPEG.");
   const auto user = std::ranges::find(users_, by, &Person::email);
   if (user == users_.end()) return refuse(404, "Nobody here has that address.");
   user->photo = nextId("photos/") + ".jpg";
   pictures_.put(*user->photo, std::move(bytes));
   record(nullptr, "photo", by, "Changed their photo");
+  return {};
+}
+
+Done State::addPerson(const std::string& email, const std::string& name, bool counted) {
+  if (email.find('@') == std::string::npos || name.empty()) {
+    return refuse(400, "A person needs an address and a name.");
+  }
+  if (std::ranges::find(users_, email, &Person::email) != users_.end()) {
+    return refuse(400, "That person is here already.");
+  }
+  users_.push_back({.email = email, .name = name, .color = "#c2410c"});
+  if (counted) {
+    uncounted_.erase(email);
+  } else {
+    uncounted_.insert(email);
+  }
+  touch(nullptr);
+  return {};
+}
+
+Done State::removePerson(const std::string& email) {
+  if (std::erase_if(users_, [&](const Person& user) { return user.email == email; }) == 0) {
+    return refuse(404, "Nobody here has that address.");
+  }
+  std::erase_if(tokens_, [&](const auto& token) { return token.second == email; });
+  touch(nullptr);
   return {};
 }
 

@@ -8,7 +8,7 @@
 namespace vellix::demo {
 
 State::State(Pictures& pictures, std::string address, double now, double pace, bool colleague)
-    : pictures_(pictures), address_(std::move(address)), now_(now), pace_(pace) {
+    : pictures_(pictures), address_(std::move(address)), opened_(now), now_(now), pace_(pace) {
   open(now);
   openRounds();
   openNotes();

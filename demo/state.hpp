@@ -110,7 +110,11 @@ class State {
   // Jobs and people.
   Done startJob(const Json& body, const std::string& by);
   Done stopJob(const std::string& id, const std::string& by);
+  // A JPEG, whole, of no more than 4 MB and 2048 pixels a side.
   Done setPhoto(std::string bytes, const std::string& by);
+  // Someone comes to the board, without figures for `counted` false, or leaves it.
+  Done addPerson(const std::string& email, const std::string& name, bool counted);
+  Done removePerson(const std::string& email);
 
   // How the worker goes on from now. It stays at the step of the name `hold`, "queued" for the line
   // ahead of the first, empty for nowhere; the job at work, else the next one, fails with `failure`
@@ -199,6 +203,7 @@ class State {
 
   Pictures& pictures_;
   std::string address_;
+  double opened_ = 0;
   double now_ = 0;
   double pace_ = 1;
   Int rev_ = 100;
@@ -206,6 +211,7 @@ class State {
   Int nextNumber_ = 1;
   std::minstd_rand colleague_{17};
   std::vector<Person> users_;
+  std::set<std::string> uncounted_;  // of whom there are no figures
   std::vector<Guest> guests_;
   std::vector<Guest> approvers_;
   std::vector<Ticket> tickets_;

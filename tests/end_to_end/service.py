@@ -71,6 +71,13 @@ class Service:
         fail="what is to check" for the job at work or the next, silent=True until it is False."""
         self._ask("POST", "demo/worker", how)
 
+    def someone_comes(self, email, name, counted=True):
+        """One more person on the board; without figures, unless they are counted."""
+        self._ask("POST", "demo/people", {"email": email, "name": name, "counted": counted})
+
+    def someone_leaves(self, email):
+        self._ask("POST", "demo/people", {"email": email, "gone": True})
+
     def proof(self, file_id, version=0, repaired=False):
         """A version's PDF, the newest by default; repaired, as it was sent to be printed."""
         query = urllib.parse.urlencode({"file_id": file_id, "v": version, "repaired": int(repaired)})
