@@ -20,11 +20,20 @@ constexpr int kMostScans = 32;
 constexpr qint64 kSignature = 16;
 constexpr qint64 kOurs = 4;  // bytes a pixel, of the formats that we hold
 
+const QByteArray kHeic = "heic";
+
+// As its files name themselves: of one picture, of several, or in general.
+bool isHeic(const QByteArray& start) {
+  static const QByteArrayList kinds{"heic", "heix", "heim", "heis", "hevc", "hevx", "mif1", "msf1"};
+  return start.mid(4, 4) == "ftyp" && kinds.contains(start.mid(8, 4));
+}
+
 // The reader's name of the format; empty for what is not wanted.
-QByteArray formatOf(const QByteArray& start) {
+QByteArray formatOf(const QByteArray& start, PictureFormats formats) {
   if (start.startsWith("\xFF\xD8\xFF")) return "jpeg";
   if (start.startsWith("\x89PNG\r\n\x1A\n")) return "png";
   if (start.startsWith("RIFF") && start.mid(8, 4) == "WEBP") return "webp";
+  if (formats == PictureFormats::photos && isHeic(start)) return kHeic;
   return {};
 }
 
@@ -34,8 +43,8 @@ bool isAcceptable(QSize size) {
 }
 
 struct Reading {
-  explicit Reading(QIODevice* device) {
-    const QByteArray format = formatOf(device->peek(kSignature));
+  explicit Reading(QIODevice* device, PictureFormats formats = PictureFormats::shown) {
+    const QByteArray format = formatOf(device->peek(kSignature), formats);
     if (format.isEmpty()) return;
     reader = std::make_unique<QImageReader>(device, format);
     reader->setAutoDetectImageFormat(false);
@@ -74,7 +83,7 @@ std::int64_t decodingBytes(const Reading& reading, const JpegMarks& marks, int r
   qint64 bytes = pixels * bits / 8 + marks.coefficientBytes;
   // Formats of as many bits are made ours in place.
   if (bits != 8 * kOurs || reading.turned) bytes += pixels * kOurs;
-  if (format == "webp") bytes += pixels * kOurs;  // its reader's own copy
+  if (format == "webp" || format == kHeic) bytes += pixels * kOurs;  // its reader's own copy
   return bytes;
 }
 
@@ -82,6 +91,40 @@ QImage inOurFormat(QImage image) {
   const auto format =
       image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   return std::move(image).convertToFormat(format);
+}
+
+// None when it takes too much at every reduction.
+std::optional<int> affordable(const Reading& reading, const JpegMarks& marks, int reduction,
+                              std::int64_t bytes) {
+  const bool jpeg = reading.reader->format() == "jpeg";
+  while (decodingBytes(reading, marks, reduction) > bytes) {
+    if (!jpeg || reduction >= kReductions[0]) return std::nullopt;
+    reduction *= 2;
+  }
+  return reduction;
+}
+
+QImage decode(const Reading& reading, const QByteArray& bytes, int wish, DecodingBudget& budget,
+              std::optional<DecodingBudget::Share>& share) {
+  const bool jpeg = reading.reader->format() == "jpeg";
+  JpegMarks marks;
+  if (jpeg) {
+    marks = jpegMarks(bytes);
+    // The library fills what is missing of a cut one with grey and says nothing.
+    if (!marks.whole || marks.scans > kMostScans) return {};
+  }
+  const auto reduction = affordable(reading, marks, wish, budget.bytes());
+  if (!reduction) return {};
+  share.emplace(budget, decodingBytes(reading, marks, *reduction));
+  if (jpeg && *reduction > 1) askReduced(*reading.reader, reading.stored, *reduction);
+
+  QImage image;
+  if (!reading.reader->read(&image) || image.isNull()) return {};
+  const QSize wanted = reducedSize(reading.shown(), *reduction);
+  if (image.size() != wanted) {
+    image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  return inOurFormat(std::move(image));
 }
 
 }  // namespace
@@ -119,34 +162,29 @@ std::optional<QSize> pictureSize(const Picture& encoded) {
   return reading.reader ? std::optional{reading.shown()} : std::nullopt;
 }
 
+bool readsHeic() { return QImageReader::supportedImageFormats().contains(kHeic); }
+
+bool beginsLikePicture(const QByteArray& bytes, PictureFormats formats) {
+  return !formatOf(bytes.first(std::min<qsizetype>(bytes.size(), kSignature)), formats).isEmpty();
+}
+
 QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget,
                      std::optional<DecodingBudget::Share>& share) {
   QByteArray held = bytes;
   QBuffer buffer(&held);
   if (!buffer.open(QIODevice::ReadOnly)) return {};
   const Reading reading(&buffer);
-  if (!reading.reader) return {};
-  const bool jpeg = reading.reader->format() == "jpeg";
-  JpegMarks marks;
-  if (jpeg) {
-    marks = jpegMarks(bytes);
-    // The library fills what is missing of a cut one with grey and says nothing.
-    if (!marks.whole || marks.scans > kMostScans) return {};
-  }
-  while (decodingBytes(reading, marks, reduction) > budget.bytes()) {
-    if (!jpeg || reduction >= kReductions[0]) return {};
-    reduction *= 2;
-  }
-  share.emplace(budget, decodingBytes(reading, marks, reduction));
-  if (jpeg && reduction > 1) askReduced(*reading.reader, reading.stored, reduction);
+  return reading.reader ? decode(reading, bytes, reduction, budget, share) : QImage();
+}
 
-  QImage image;
-  if (!reading.reader->read(&image) || image.isNull()) return {};
-  const QSize wanted = reducedSize(reading.shown(), reduction);
-  if (image.size() != wanted) {
-    image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  }
-  return inOurFormat(std::move(image));
+QImage decodePhoto(const QByteArray& bytes, QSize least, DecodingBudget& budget,
+                   std::optional<DecodingBudget::Share>& share) {
+  QByteArray held = bytes;
+  QBuffer buffer(&held);
+  if (!buffer.open(QIODevice::ReadOnly)) return {};
+  const Reading reading(&buffer, PictureFormats::photos);
+  if (!reading.reader) return {};
+  return decode(reading, bytes, reductionFor(reading.shown(), least), budget, share);
 }
 
 }  // namespace vellix

@@ -29,11 +29,23 @@ std::optional<QSize> pictureSize(const Picture& encoded);
 // them. None when they cannot be read.
 std::optional<QByteArray> encodedBytes(const Picture& encoded);
 
+// What is shown comes as JPEG, PNG or WebP. Photos of a person's own may be HEIC as well, which is
+// read where Qt has a reader of it.
+enum class PictureFormats { shown, photos };
+bool readsHeic();
+
+// Whether the bytes begin like a picture of those formats, which may be broken behind that.
+bool beginsLikePicture(const QByteArray& bytes, PictureFormats formats);
+
 // The pixels at a reduction, opaque or with premultiplied alpha; at a greater one where these would
 // take more than the budget has. A null image when the picture does not decode to its end, is coded
 // in more scans than any encoder writes, or takes too much at every reduction. Waits for its share
 // of the budget, which is `share`'s until the caller is done with the pixels.
 QImage decodePicture(const QByteArray& bytes, int reduction, DecodingBudget& budget,
                      std::optional<DecodingBudget::Share>& share);
+
+// The same of a photo, at the greatest reduction that has so many pixels where it has as many.
+QImage decodePhoto(const QByteArray& bytes, QSize least, DecodingBudget& budget,
+                   std::optional<DecodingBudget::Share>& share);
 
 }  // namespace vellix
