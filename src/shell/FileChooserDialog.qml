@@ -1,13 +1,16 @@
 import QtQuick
 import QtQuick.Dialogs
 
-// The desktop's own chooser of a PDF; Qt's own where the desktop has none.
+// The desktop's own chooser of a file; Qt's own where the desktop has none.
 Item {
     id: chooser
 
     signal chosen(file: url)
 
-    function open() {
+    // Filters are names of kinds with their patterns.
+    function ask(title: string, filters: list<string>) {
+        dialog.title = title;
+        dialog.nameFilters = filters;
         dialog.open();
     }
 
@@ -18,8 +21,6 @@ Item {
     FileDialog {
         id: dialog
 
-        title: "Pick the revised PDF. The low-res export is fine."
-        nameFilters: ["PDF (*.pdf *.PDF)"]
         onAccepted: chooser.chosen(selectedFile)
     }
 }

@@ -2,31 +2,15 @@ import QtQuick
 import Vellix.Approval
 import Vellix.Shell
 
-// Asks for the PDF that is to be uploaded. The desktop's chooser is loaded when it is first wanted.
-Item {
+// Asks for the PDF that is to be uploaded.
+FileChooser {
     id: chooser
 
     required property UploadModel upload
 
-    function open() {
-        dialog.active = true;
-        (dialog.item as PdfDialog)?.open();
-    }
-
-    Loader {
-        id: dialog
-
-        active: false
-        source: "PdfDialog.qml"
-    }
-
-    Connections {
-        target: dialog.item
-
-        function onChosen(file: url) {
-            chooser.upload.choose(file);
-        }
-    }
+    title: "Pick the revised PDF. The low-res export is fine."
+    filters: ["PDF (*.pdf *.PDF)"]
+    onChosen: file => upload.choose(file)
 
     // For nobody, it asks no more.
     Connections {
@@ -34,7 +18,7 @@ Item {
 
         function onOpenChanged() {
             if (!chooser.upload.open)
-                (dialog.item as PdfDialog)?.close();
+                chooser.close();
         }
     }
 }

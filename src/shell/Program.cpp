@@ -25,7 +25,8 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
       store_(api_, signIn_, prefs_,
-             {loop_, defaults, windows_, images_, badge_, localFiles_, clipboard_, opener_}),
+             {loop_, defaults, windows_, images_, badge_, localFiles_, clipboard_, opener_,
+              downloads_, photos_}),
       board_(store_, defaults, loop_, calendar_),
       activity_(store_, loop_, calendar_),
       plan_(store_, loop_, calendar_),
@@ -43,6 +44,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       signInScreen_(store_, api_, browser_, loop_),
       commands_(store_),
       settings_(prefs_),
+      photo_(store_),
       root_(store_, loop_) {}
 
 void Program::begin() {

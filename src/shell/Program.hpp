@@ -18,12 +18,14 @@
 #include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "pictures/CachedPictures.hpp"
+#include "pictures/QtPhotos.hpp"
 #include "pictures/QtPictureDecoder.hpp"
 #include "platform/linux/LauncherBadge.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/qt/QtCalendar.hpp"
 #include "platform/qt/QtClipboard.hpp"
 #include "platform/qt/QtDefaults.hpp"
+#include "platform/qt/QtDownloads.hpp"
 #include "platform/qt/QtHttp.hpp"
 #include "platform/qt/QtLocalFiles.hpp"
 #include "platform/qt/QtMachine.hpp"
@@ -33,6 +35,7 @@
 #include "platform/qt/QtUuids.hpp"
 #include "platform/qt/QtWindows.hpp"
 #include "shell/CommandsModel.hpp"
+#include "shell/PhotoModel.hpp"
 #include "shell/RootModel.hpp"
 #include "shell/SettingsModel.hpp"
 #include "shell/SignInModel.hpp"
@@ -73,6 +76,8 @@ class Program {
   QtUrlOpener opener_;
   QtClipboard clipboard_;
   QtLocalFiles localFiles_;
+  QtDownloads downloads_;
+  QtPhotos photos_;
   QtUuids uuids_;
   API api_;
   WaitingBrowser browser_{loop_, opener_};
@@ -102,6 +107,7 @@ class Program {
   SignInModel signInScreen_;
   CommandsModel commands_;
   SettingsModel settings_;
+  PhotoModel photo_;
   RootModel root_;  // told last: a view it makes finds the other models up to date
   QQmlApplicationEngine engine_;
 };

@@ -3,6 +3,7 @@
 #include <QQmlComponent>
 
 #include "pieces/Symbol.hpp"
+#include "shell/PhotoModel.hpp"
 #include "shell/mark_lab.hpp"
 #include "views/view_test.hpp"
 
@@ -275,7 +276,9 @@ class EveryView : public ViewTest {
         {"Shell/PanelShot",
          {{"which", "share"}, pick("approval"), pick("send"), pick("upload"), pick("share")}},
         {"Shell/PdfChooser", {pick("upload")}},
-        {"Shell/PdfDialog", {}},
+        {"Shell/FileChooser", {{"title", "Pick one"}, {"filters", QStringList{"PDF (*.pdf)"}}}},
+        {"Shell/FileChooserDialog", {}},
+        {"Shell/PhotoChooser", {{"photo", QVariant::fromValue(&photo_)}}},
         {"Shell/SettingsView", {pick("settings"), pick("approvers")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
@@ -338,6 +341,7 @@ class EveryView : public ViewTest {
   }
 
   QQmlComponent panel_{engine()};
+  PhotoModel photo_{store()};
   Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };

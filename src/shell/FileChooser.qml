@@ -1,0 +1,37 @@
+import QtQuick
+import Vellix.Shell
+
+// Asks for a file of the person's. The desktop's chooser is loaded when it is first wanted.
+Item {
+    id: chooser
+
+    property string title
+    // Names of kinds with their patterns.
+    property list<string> filters
+
+    signal chosen(file: url)
+
+    function open() {
+        dialog.active = true;
+        (dialog.item as FileChooserDialog)?.ask(title, filters);
+    }
+
+    function close() {
+        (dialog.item as FileChooserDialog)?.close();
+    }
+
+    Loader {
+        id: dialog
+
+        active: false
+        source: "FileChooserDialog.qml"
+    }
+
+    Connections {
+        target: dialog.item
+
+        function onChosen(file: url) {
+            chooser.chosen(file);
+        }
+    }
+}
