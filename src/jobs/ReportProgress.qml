@@ -11,13 +11,18 @@ Pillbox {
     // As wide as it has been: what stands beside it does not move with each digit.
     property real widest: 0
 
-    readonly property bool seen: visible && Window.visibility !== Window.Hidden
-                                 && Window.visibility !== Window.Minimized
+    readonly property alias seen: sight.now
 
     tone: "blue"
     spinning: true
     width: Math.max(widest, implicitWidth)
     onImplicitWidthChanged: widest = Math.max(widest, implicitWidth)
+
+    InSight {
+        id: sight
+
+        item: pill
+    }
 
     Timer {
         running: pill.seen

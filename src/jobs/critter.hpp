@@ -43,7 +43,8 @@ CritterGrid critterGrid(double width, double height);
 
 // As wide as it has to be for its height.
 double critterWidth(double size);
-// How far it has moved down, in logical pixels. It bobs while the worker is busy.
+// How far it is moved down, in logical pixels: upwards is below 0. It bobs while the worker is
+// busy.
 double critterShift(bool busy, bool up);
 
 }  // namespace vellix

@@ -66,6 +66,20 @@ class EveryView : public ViewTest {
                                            .who = "Renny Vale",
                                            .said = "Asked Mara to approve",
                                            .when = "5 min ago"}}};
+    const QVariantMap job =
+        toQml(JobBlockView{
+                  .key = "j",
+                  .kind = "running",
+                  .line = "Comparing p3",
+                  .steps = stepsList({"Read the mail", "Comparing p3"}, true),
+                  .footer = "Started by You · just now",
+                  .stopKey = "stop-j",
+                  .result = {.icon = "checkmark.circle.fill",
+                             .title = "Done",
+                             .tone = "green",
+                             .lines = {{.key = "0", .text = "Filed 2 proofs", .icon = "checkmark"}},
+                             .by = "By You"}})
+            .toMap();
     own_ = {
         {"Approval/AddApprover", {{"example", "name@tessarine.example"}, {"canAdd", true}}},
         {"Approval/ApprovalCard", {pick("approval"), pick("send"), pick("upload")}},
@@ -156,6 +170,14 @@ class EveryView : public ViewTest {
           {"spoken", "2 to look at, 1 real issue, 1 note"},
           pick("pictures")}},
         {"Ticket/PageStrip", {pick("file"), pick("pictures")}},
+        {"Jobs/ClaudeCritter", {{"busy", true}}},
+        {"Jobs/JobBlock", {{"job", job}}},
+        {"Jobs/JobFooter", {{"job", job}}},
+        {"Jobs/JobHead", {{"job", job}}},
+        {"Jobs/MarkedLine", {{"text", "Filed 2 proofs"}, {"icon", "checkmark"}}},
+        {"Jobs/ResultBlock", {{"result", job["result"]}}},
+        {"Jobs/StepsList", {{"list", job["steps"]}}},
+        {"Jobs/WorkingLine", {}},
         {"Jobs/ReportButtons", {pick("report")}},
         {"Jobs/ReportLines", {pick("report")}},
         {"Jobs/ReportWork", {pick("report")}},
