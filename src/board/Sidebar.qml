@@ -1,14 +1,16 @@
 import QtQuick
 import Vellix.Board
+import Vellix.Jobs
 import Vellix.Pictures
 import Vellix.Pieces
 
-// The left column: the brand, the board of tickets, the sync and the people.
+// The left column: the brand, the board of tickets, the sync, what the worker does, and the people.
 Rectangle {
     id: sidebar
 
     required property BoardModel board
     required property ActivityModel activity
+    required property ClaudeLogModel log
     required property PictureSource pictures
 
     signal commanded(string key)
@@ -72,8 +74,17 @@ Rectangle {
         anchors.bottom: people.top
         anchors.bottomMargin: Theme.gap12
         x: Theme.gap12
-        width: parent.width - 2 * x
+        width: claude.x - Theme.gap8 - x
         board: sidebar.board
+    }
+
+    ClaudeLogButton {
+        id: claude
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.gap12
+        anchors.verticalCenter: sync.verticalCenter
+        log: sidebar.log
     }
 
     PeopleBar {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string_view>
 
+#include "pieces/shown_text.hpp"
 #include "records/friendly_time.hpp"
 #include "store/people.hpp"
 
@@ -55,9 +56,17 @@ TechnicalLogView technicalView(const Jobs& listed, const TechnicalLog& technical
                         .shown = its && technical.text()};
   if (view.shown) {
     view.button = "Hide the technical log";
-    view.text = *technical.text();
+    view.text = shownTo(*technical.text(), kMostShown);
   }
   return view;
+}
+
+// Null when the board tells of none.
+const Report* reportOf(const Store& store, const Job& job) {
+  const auto& reports = store.board()->reports;
+  if (!job.result || !job.result->report_id) return nullptr;
+  const auto report = std::ranges::find(reports, *job.result->report_id, &Report::id);
+  return report == reports.end() ? nullptr : &*report;
 }
 
 ReportRowView rowOf(const Store& store, const Job& job, Moment now, const Calendar& calendar) {
@@ -71,6 +80,7 @@ ReportRowView rowOf(const Store& store, const Job& job, Moment now, const Calend
     row.title = "Stopped";
     row.tone = "gray";
   }
+  row.open = openReportView(store, reportOf(store, job), calendar);
   if (job.finished) row.when = friendlyTime(momentOf(*job.finished), now, calendar);
   row.who = displayName(store, job.requested_by);
   row.spoken = row.title + (row.when.empty() ? "" : ", " + row.when) + ", " + row.who;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "jobs/job_block.hpp"
+#include "jobs/open_report.hpp"
 #include "jobs/technical_log.hpp"
 
 namespace vellix {
@@ -18,16 +19,17 @@ struct ReportRowView {
   std::string when;  // it ended; empty when that is not told
   std::string who;
   std::string spoken;  // what a screen reader says of it
+  OpenReportView open;
   bool operator==(const ReportRowView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(ReportRowView, (), (key, icon, title, tone, when, who, spoken))
+BOOST_DESCRIBE_STRUCT(ReportRowView, (), (key, icon, title, tone, when, who, spoken, open))
 
 struct TechnicalLogView {
   std::string job;     // the id of the one it is of; empty where no job is told of
   std::string button;  // shows or hides it
   bool loading = false;
   bool shown = false;
-  std::string text;
+  std::string text;  // as much of it as is laid out
   bool operator==(const TechnicalLogView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(TechnicalLogView, (), (job, button, loading, shown, text))

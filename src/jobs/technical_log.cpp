@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "records/json.hpp"
-
 namespace vellix {
 
 std::optional<TechnicalLogRequest> TechnicalLog::press(const std::string& job) {
@@ -29,9 +27,8 @@ void TechnicalLog::discard() {
   text_.reset();
 }
 
-std::optional<std::string> technicalLogIn(std::string_view answer) {
-  const auto json = decodeJson(answer);
-  const Json* log = json ? json->find("log") : nullptr;
+std::optional<std::string> technicalLogIn(const Json& answer) {
+  const Json* log = answer.find("log");
   if (!log || !log->text()) return std::nullopt;
   return *log->text();
 }

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
+
+#include "records/json.hpp"
 
 namespace vellix {
 
@@ -39,6 +40,6 @@ class TechnicalLog {
 };
 
 // The log in what the service answers; none when it holds none.
-std::optional<std::string> technicalLogIn(std::string_view answer);
+std::optional<std::string> technicalLogIn(const Json& answer);
 
 }  // namespace vellix

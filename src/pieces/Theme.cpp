@@ -24,6 +24,7 @@ Theme::Theme(QObject* parent) : QObject(parent) {
   family_ = firstInstalled({"Inter"}, QFontDatabase::GeneralFont);
   serif_ = firstInstalled({"New York", "EB Garamond", "EB Garamond 12", "Georgia", "Noto Serif"},
                           QFontDatabase::GeneralFont);
+  fixed_ = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
   qApp->installEventFilter(this);
   takeDark(systemIsDark());
 }

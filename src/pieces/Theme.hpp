@@ -78,6 +78,7 @@ class Theme : public QObject {
   // where the platform draws them.
   Q_PROPERTY(QString family READ family CONSTANT)
   Q_PROPERTY(QString serif READ serif CONSTANT)
+  Q_PROPERTY(QString fixed READ fixed CONSTANT)  // of equal widths
   Q_PROPERTY(qreal pointsPerPixel READ pointsPerPixel CONSTANT)
   VELLIX_CONSTANT(qreal, tiny, 11)
   VELLIX_CONSTANT(qreal, small, 11.5)
@@ -123,6 +124,7 @@ class Theme : public QObject {
   PaperTones* onPaper() { return &onPaper_; }
   QString family() const { return family_; }
   QString serif() const { return serif_; }
+  QString fixed() const { return fixed_; }
   qreal pointsPerPixel() const;
   int hover() const { return reducedMotion_ ? 0 : 120; }
   int standard() const { return reducedMotion_ ? 0 : 320; }
@@ -150,6 +152,7 @@ class Theme : public QObject {
   PaperTones onPaper_;
   QString family_;
   QString serif_;
+  QString fixed_;
 };
 
 #undef VELLIX_COLOUR

@@ -25,6 +25,7 @@ Window {
     required property PlanModel plan
     required property FileModel file
     required property ReportModel report
+    required property ClaudeLogModel log
     required property CompareModel compare
     required property InspectorModel inspector
     required property NotesModel notes
@@ -75,6 +76,7 @@ Window {
         plan: window.plan
         file: window.file
         report: window.report
+        log: window.log
         compare: window.compare
         inspector: window.inspector
         notes: window.notes

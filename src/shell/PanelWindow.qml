@@ -1,5 +1,6 @@
 import QtQuick
 import Vellix.Approval
+import Vellix.Jobs
 import Vellix.Pieces
 import Vellix.Shell
 
@@ -14,13 +15,14 @@ Window {
     required property SendModel send
     required property UploadModel upload
     required property ShareModel share
+    required property ClaudeLogModel log
     required property string panel
     required property markLabView lab
     required property var symbols
     // For a picture, which has the size that is asked.
     property bool staged: false
 
-    readonly property var panels: ({ lab: lab, settings: settingsPanel, send: sheet, upload: sheet, share: sheet })
+    readonly property var panels: ({ lab: lab, settings: settingsPanel, send: sheet, upload: sheet, share: sheet, log: logPanel })
 
     title: "Vellix"
     width: 1500
@@ -72,6 +74,19 @@ Window {
                 height: parent.height
                 settings: window.settings
                 approvers: window.approvers
+            }
+        }
+    }
+
+    Component {
+        id: logPanel
+
+        Item {
+            ClaudeLog {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: 380
+                height: parent.height
+                log: window.log
             }
         }
     }

@@ -15,6 +15,7 @@
 #include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "jobs/ClaudeLogModel.hpp"
 #include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "pictures/CachedPictures.hpp"
@@ -95,6 +96,7 @@ class Program {
   PlanModel plan_;
   FileModel file_;
   ReportModel report_;
+  ClaudeLogModel log_;
   CompareModel compare_;
   InspectorModel inspector_;
   NotesModel notes_;

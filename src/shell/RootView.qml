@@ -19,6 +19,7 @@ FocusScope {
     required property SignInModel signIn
     required property BoardModel board
     required property ActivityModel activity
+    required property ClaudeLogModel log
     required property PlanModel plan
     required property FileModel file
     required property ReportModel report
@@ -76,6 +77,7 @@ FocusScope {
                 width: view.root.sidebarWidth(view.width)
                 board: view.board
                 activity: view.activity
+                log: view.log
                 pictures: view.pictures
                 onCommanded: key => view.commanded(key)
             }

@@ -9,7 +9,8 @@ namespace vellix {
 namespace {
 
 // The panels that can stand alone.
-constexpr std::array<std::string_view, 5> kPanels{"lab", "settings", "send", "upload", "share"};
+constexpr std::array<std::string_view, 6> kPanels{"lab",    "settings", "send",
+                                                  "upload", "share",    "log"};
 
 constexpr double kLongestSide = 32'767;
 

@@ -173,6 +173,20 @@ TEST_F(ClaudeLogs, SayWhenAndForWhomAReportWasMade) {
   EXPECT_EQ(view().reports[0].spoken, "Done, 5 min ago, Teva");
 }
 
+TEST_F(ClaudeLogs, OfferTheReportThatAJobMade) {
+  board.jobs = {named("a", "done"), named("b", "failed"), named("c", "done")};
+  board.jobs[0].result = JobResult{.report_id = "r"};
+  board.jobs[1].result = JobResult{.report_id = "gone"};
+  board.reports = {{.id = "other"}, {.id = "r", .at = 1'700'000'000'000}};
+  EXPECT_EQ(view().reports[0].open, (OpenReportView{"r", "Open the report from Nov 14"}));
+  EXPECT_EQ(view().reports[1].open, OpenReportView{});
+  EXPECT_EQ(view().reports[2].open, OpenReportView{});
+  store().busy.set({"open-r"});
+  EXPECT_TRUE(view().reports[0].open.opening);
+  store().busy.set({"open-other"});
+  EXPECT_FALSE(view().reports[0].open.opening);
+}
+
 TEST_F(ClaudeLogs, BearJobsOfOneId) {
   board.sync = named("9223372036854775808", "running", "sync");
   board.jobs = {named("9223372036854775808", "running"), named("9223372036854775808", "done"),
@@ -240,6 +254,12 @@ TEST_F(ClaudeLogs, ShowTheTechnicalLog) {
       (TechnicalLogView{.job = "a", .button = kHidesLog, .shown = true, .text = "09:41 began"}));
   technical.press("a");
   EXPECT_EQ(view().technical, (TechnicalLogView{.job = "a", .button = kShowsLog}));
+}
+
+TEST_F(ClaudeLogs, ShowOfALongLogNoMoreThanCanBeLaidOut) {
+  board.jobs = {cameAt("a", 1)};
+  technical.arrived(*technical.press("a"), std::string(3 << 20, 'x'));
+  EXPECT_EQ(view().technical.text, std::string(20'000, 'x') + "…");
 }
 
 TEST_F(ClaudeLogs, KeepTheLogThatIsReadWhenANewerJobComes) {

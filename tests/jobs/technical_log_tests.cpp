@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "records/described.hpp"
-
 namespace vellix {
 namespace {
 
@@ -127,38 +123,6 @@ TEST_F(TechnicalLogs, AreNotOfAJobWithoutAnId) {
   EXPECT_FALSE(log.press(""));
   expectHidden();
 }
-
-struct AnswerCase {
-  const char* name;
-  std::string answer;
-  std::optional<std::string> log;
-};
-BOOST_DESCRIBE_STRUCT(AnswerCase, (), (name, answer, log))
-
-class TechnicalLogAnswers : public testing::TestWithParam<AnswerCase> {};
-
-TEST_P(TechnicalLogAnswers, AreReadForTheirLog) {
-  EXPECT_EQ(technicalLogIn(GetParam().answer), GetParam().log);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, TechnicalLogAnswers,
-    testing::Values(
-        AnswerCase{"Text", R"({"log": "one\ntwo"})", "one\ntwo"},
-        AnswerCase{"AmongTheRest", R"({"id": "j", "log": "one", "steps": []})", "one"},
-        AnswerCase{"WithALongId", R"({"id": 9223372036854775807, "log": "one"})", "one"},
-        AnswerCase{"WithALongerId", R"({"id": 184467440737095516150, "log": "one"})", "one"},
-        AnswerCase{"Empty", R"({"log": ""})", ""},
-        AnswerCase{"Number", R"({"log": 7})", std::nullopt},
-        AnswerCase{"Null", R"({"log": null})", std::nullopt},
-        AnswerCase{"ListOfTexts", R"({"log": ["one"]})", std::nullopt},
-        AnswerCase{"NoLog", R"({"id": "j"})", std::nullopt},
-        AnswerCase{"DeeperDown", R"({"job": {"log": "one"}})", std::nullopt},
-        AnswerCase{"NoObject", R"(["log"])", std::nullopt},
-        AnswerCase{"TextAlone", R"("log")", std::nullopt},
-        AnswerCase{"NoJson", "<html>", std::nullopt}, AnswerCase{"Nothing", "", std::nullopt},
-        AnswerCase{"CutShort", R"({"log": "on)", std::nullopt}),
-    [](const auto& each) { return each.param.name; });
 
 }  // namespace
 }  // namespace vellix

@@ -78,6 +78,7 @@ TEST(Staging, TakesASizeOfExactlyTwoNumbers) {
 TEST(Staging, KnowsThePanelsThatStandAlone) {
   EXPECT_EQ(panelAlone({"vellix", "--panel", "lab"}), "lab");
   EXPECT_EQ(panelAlone({"vellix", "--panel", "settings"}), "settings");
+  EXPECT_EQ(panelAlone({"vellix", "--panel", "log"}), "log");
   for (const char* sheet : {"send", "upload", "share"}) {
     EXPECT_EQ(panelAlone({"vellix", "--panel", sheet}), sheet);
   }

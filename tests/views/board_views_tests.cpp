@@ -15,7 +15,10 @@ class BoardViews : public ViewTest {
     serveTheDay();
     const auto all = models();
     show("Board/Sidebar",
-         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {{"board", all["board"]},
+          {"activity", all["activity"]},
+          {"log", all["log"]},
+          {"pictures", all["pictures"]}},
          {284, 700});
   }
   BoardModel& model() { return *models()["board"].value<BoardModel*>(); }

@@ -13,7 +13,10 @@ class ColumnLooks : public ViewTest {
   void showColumn() {
     const auto all = models();
     show("Board/Sidebar",
-         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {{"board", all["board"]},
+          {"activity", all["activity"]},
+          {"log", all["log"]},
+          {"pictures", all["pictures"]}},
          {284, 700});
   }
   void change(const std::function<void(BoardState&)>& how) {

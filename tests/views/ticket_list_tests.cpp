@@ -24,7 +24,10 @@ class TicketLists : public ViewTest {
     serve();
     const auto all = models();
     show("Board/Sidebar",
-         {{"board", all["board"]}, {"activity", all["activity"]}, {"pictures", all["pictures"]}},
+         {{"board", all["board"]},
+          {"activity", all["activity"]},
+          {"log", all["log"]},
+          {"pictures", all["pictures"]}},
          {284, 700});
   }
   void serve() {

@@ -82,6 +82,7 @@ QVariantMap ViewTest::models() {
     plan_.emplace(store(), desk.time, desk.calendar);
     file_.emplace(store(), desk.time, desk.calendar);
     report_.emplace(store(), desk.time, desk.calendar);
+    log_.emplace(store(), desk.api, desk.time, desk.calendar);
     compare_.emplace(store(), desk.time);
     inspector_.emplace(store(), desk.time, desk.calendar);
     notes_.emplace(store(), desk.time, desk.calendar);
@@ -103,6 +104,7 @@ QVariantMap ViewTest::models() {
           {"plan", QVariant::fromValue(&*plan_)},
           {"file", QVariant::fromValue(&*file_)},
           {"report", QVariant::fromValue(&*report_)},
+          {"log", QVariant::fromValue(&*log_)},
           {"compare", QVariant::fromValue(&*compare_)},
           {"inspector", QVariant::fromValue(&*inspector_)},
           {"notes", QVariant::fromValue(&*notes_)},

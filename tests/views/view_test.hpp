@@ -16,6 +16,7 @@
 #include "board/PlanModel.hpp"
 #include "compare/CompareModel.hpp"
 #include "inspector/InspectorModel.hpp"
+#include "jobs/ClaudeLogModel.hpp"
 #include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "pieces/Theme.hpp"
@@ -70,6 +71,7 @@ class ViewTest : public StoreTest {
   std::optional<PlanModel> plan_;
   std::optional<FileModel> file_;
   std::optional<ReportModel> report_;
+  std::optional<ClaudeLogModel> log_;
   std::optional<CompareModel> compare_;
   std::optional<InspectorModel> inspector_;
   std::optional<NotesModel> notes_;
