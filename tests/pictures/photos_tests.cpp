@@ -8,6 +8,7 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <filesystem>
 #include <fstream>
 #include <vector>
 
@@ -20,6 +21,8 @@
 
 namespace vellix {
 namespace {
+
+namespace fs = std::filesystem;
 
 // A picture of one colour: in four inks, as printers have it, cyan and black without, magenta at
 // three quarters, yellow at its full.
@@ -295,8 +298,9 @@ TEST_F(PhotoTest, IsNotMadeOfMoreThanThereMayBe) {
     EXPECT_EQ(result.error(), PhotoFailure::notMade);
   }
   const auto large = encoded("png", testImage(800, 600));
-  EXPECT_TRUE(made(large, 800 * 600 * 4));
-  EXPECT_EQ(made(large, 800 * 600 * 4 - 1), PhotoResult(std::unexpected(PhotoFailure::notMade)));
+  constexpr std::int64_t kNeeded = std::int64_t{800} * 600 * 4;
+  EXPECT_TRUE(made(large, kNeeded));
+  EXPECT_EQ(made(large, kNeeded - 1), PhotoResult(std::unexpected(PhotoFailure::notMade)));
 }
 
 TEST_F(PhotoTest, IsMadeOfAHundredMegapixelsInLittleMemory) {
@@ -337,6 +341,7 @@ TEST_F(PhotoFile, IsToldByItsContentAndNotItsName) {
   const auto picture = encoded("png", testImage(60, 40));
   for (const char* name : {"me.png", "me.jpg", "me.txt", "me", "燈台.png", "\xff\xfe.png"}) {
     EXPECT_TRUE(made(write(name, picture))) << name;
+    fs::remove(at(name));
   }
 }
 

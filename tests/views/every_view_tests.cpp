@@ -14,6 +14,7 @@ class EveryView : public ViewTest {
  protected:
   EveryView() {
     serveTheDay();
+    photo_->setParent(engine());  // for as long as the views
     panel_.setData("import QtQuick\nItem {}", {});
     // Values like those that the models bring.
     const QVariantMap due{{"text", "Overdue 5 min"},
@@ -318,7 +319,7 @@ class EveryView : public ViewTest {
         {"Shell/PdfChooser", {pick("upload")}},
         {"Shell/FileChooser", {{"title", "Pick one"}, {"filters", QStringList{"PDF (*.pdf)"}}}},
         {"Shell/FileChooserDialog", {}},
-        {"Shell/PhotoChooser", {{"photo", QVariant::fromValue(&photo_)}}},
+        {"Shell/PhotoChooser", {{"photo", QVariant::fromValue(photo_)}}},
         {"Shell/SettingsView", {pick("settings"), pick("approvers")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
@@ -378,7 +379,7 @@ class EveryView : public ViewTest {
   }
 
   QQmlComponent panel_{engine()};
-  PhotoModel photo_{store()};
+  PhotoModel* photo_ = new PhotoModel(store());
   Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };

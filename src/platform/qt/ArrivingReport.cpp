@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QByteArray>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -62,10 +63,7 @@ bool holdTheSame(int one, int other) {
 }
 
 // What a file system answers that gives no file two names.
-bool hasNoLinks(int error) {
-  return error == EPERM || error == ENOTSUP || error == EOPNOTSUPP || error == EMLINK ||
-         error == ENOSYS;
-}
+constexpr std::array kNoLinks{EPERM, ENOTSUP, EOPNOTSUPP, EMLINK, ENOSYS};
 
 // Whether that file is the one of that name.
 bool isAt(int file, int folder, const std::string& name) {
@@ -173,7 +171,8 @@ ReportFolder::Written ArrivingReport::nameLocked(const std::string& name) {
     return Written::whole;
   }
   if (errno == EEXIST) return Written::taken;
-  return hasNoLinks(errno) ? nameOverOwn(name) : Written::failed;
+  const bool otherwise = std::ranges::find(kNoLinks, errno) != kNoLinks.end();
+  return otherwise ? nameOverOwn(name) : Written::failed;
 }
 
 // Takes the name with an empty file and puts the report into that one's place.
