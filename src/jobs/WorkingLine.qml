@@ -54,7 +54,7 @@ Item {
 
         target: shimmer
         property: "opacity"
-        from: 0
+        from: 0.4
         to: 1
         duration: Theme.standard
     }
