@@ -1,7 +1,6 @@
 #include "jobs/CritterDrawing.hpp"
 
 #include <QPainter>
-#include <cmath>
 
 namespace vellix {
 
@@ -14,18 +13,15 @@ void CritterDrawing::setSize(qreal size) {
   emit sizeChanged();
 }
 
-// Each edge lies on the device's pixels: between them cells would blur, or show where they meet.
+// Without smoothing each edge lies on the device's pixels: between them cells would blur, and show
+// where they meet.
 void CritterDrawing::draw(QPainter& painter, const QRectF& rect) const {
   const CritterGrid grid = critterGrid(rect.width(), rect.height());
-  const qreal scale = painter.transform().m11();
-  const auto edge = [scale](qreal at) { return std::round(at * scale) / scale; };
   painter.setRenderHint(QPainter::Antialiasing, false);
   for (const CritterCell& cell : critterCells()) {
-    const qreal x = rect.x() + grid.x + cell.column * grid.cell;
-    const qreal y = rect.y() + grid.y + cell.row * grid.cell;
-    painter.fillRect(
-        QRectF(QPointF(edge(x), edge(y)), QPointF(edge(x + grid.cell), edge(y + grid.cell))),
-        color());
+    painter.fillRect(QRectF(rect.x() + grid.x + cell.column * grid.cell,
+                            rect.y() + grid.y + cell.row * grid.cell, grid.cell, grid.cell),
+                     color());
   }
 }
 

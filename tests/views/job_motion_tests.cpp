@@ -1,7 +1,5 @@
 // What moves while the worker is busy, and when it rests.
-#include <QAbstractAnimation>
 #include <QTest>
-#include <QTimer>
 
 #include "views/sights.hpp"
 #include "views/view_test.hpp"
@@ -101,7 +99,6 @@ TEST_F(JobMotion, EndsWhereItIsReduced) {
   showView("Jobs/WorkingLine");
   theme()->setReducedMotion(true);
   EXPECT_EQ(root->property("phase").toReal(), -1) << "no light lies on the line";
-  const QObjectList children = root->children();
   EXPECT_EQ(running(), 1) << "the next line still comes";
 }
 
