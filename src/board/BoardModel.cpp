@@ -70,4 +70,8 @@ void BoardModel::requestSync() { askForSync(store_); }
 
 void BoardModel::stopSync() { vellix::stopSync(store_); }
 
+void BoardModel::togglePage(const QString& email) {
+  vellix::togglePage(store_, email.toStdString());
+}
+
 }  // namespace vellix

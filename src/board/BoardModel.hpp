@@ -43,6 +43,8 @@ class BoardModel : public QObject {
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void requestSync();
   Q_INVOKABLE void stopSync();
+  // Opens that person's page, or closes it where it is open.
+  Q_INVOKABLE void togglePage(const QString& email);
 
  signals:
   void headChanged();

@@ -17,6 +17,27 @@ Item {
     // A command of the program's was chosen, by its key.
     signal commanded(string key)
 
+    // The keyboard goes to that person; false when there is no such person.
+    function takeKeyboard(email: string): bool {
+        for (let i = 0; i < people.count; ++i) {
+            const person = people.itemAt(i) as Pressable;
+            if (person?.email !== email)
+                continue;
+            person.forceActiveFocus(Qt.TabFocusReason);
+            return true;
+        }
+        return false;
+    }
+    // That person was chosen by key.
+    function keyed(email: string): bool {
+        for (let i = 0; i < people.count; ++i) {
+            const person = people.itemAt(i) as Pressable;
+            if (person?.email === email)
+                return person.visualFocus;
+        }
+        return false;
+    }
+
     // Many people move together, so that all of them find room.
     readonly property real step: people.count < 2 ? 0
         : Math.min(38, (ends.x - Theme.gap8 - 30) / (people.count - 1))
@@ -31,18 +52,28 @@ Item {
 
         model: bar.board.people
 
-        Item {
+        Pressable {
             id: person
 
             required property int index
+            required property string email
             required property avatarView avatar
             required property bool ring
             required property bool here
 
+            help: label
+            radius: width / 2
             x: index * bar.step
-            z: -index
+            z: visualFocus ? 1 : -index
             width: 30
             height: 30
+            expandable: true
+            expanded: ring
+            // Of two quick presses the second would close what the first has opened.
+            says: ring
+            onClicked: bar.board.togglePage(email)
+
+            Accessible.description: here ? "In Vellix now" : ""
 
             // Hides the neighbour that it covers.
             Rectangle {
@@ -58,7 +89,8 @@ Item {
                 pictures: bar.pictures
                 size: 30
                 ring: person.ring
-                Accessible.description: person.here ? "In Vellix now" : ""
+                help: ""
+                Accessible.ignored: true
             }
 
             // The dot's own ring is in the colour of the column.
@@ -119,7 +151,11 @@ Item {
                     x: account.width - width
                     y: -height - Theme.gap4
                     label: "Account"
-                    entries: [{ key: "signOut", text: "Sign out", enabled: true, shortcut: "" }]
+                    entries: [
+                        { key: "changePhoto", text: "Change my photo…", enabled: true },
+                        { key: "", text: "", enabled: false },
+                        { key: "signOut", text: "Sign out", enabled: true },
+                    ]
                     onPicked: key => bar.commanded(key)
                 }
             }

@@ -15,6 +15,8 @@ Rectangle {
 
     signal commanded(string key)
 
+    readonly property alias people: people
+
     color: Theme.column
 
     Accessible.role: Accessible.Pane

@@ -12,6 +12,7 @@ Item {
     required property PictureSource pictures
     property real size: 20
     property bool ring: false
+    property string help: who.help
 
     readonly property color ink: who.color === "" ? Theme.muted : who.color
 
@@ -67,6 +68,6 @@ Item {
 
     ToolTipArea {
         anchors.fill: parent
-        text: avatar.who.help
+        text: avatar.help
     }
 }

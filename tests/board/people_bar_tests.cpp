@@ -44,5 +44,32 @@ TEST_F(PeopleBar, RingsThePersonWhoseProfileIsOpen) {
   EXPECT_TRUE(people()[1].ring);
 }
 
+TEST_F(PeopleBar, SaysWhoseFiguresAreBehindEachPerson) {
+  BoardState board = boardOf({});
+  const auto labelFor = [&](const std::string& name) {
+    board.users[1].name = name;
+    store().board.set(board);
+    return people()[1].label;
+  };
+  store().board.set(board);
+  EXPECT_EQ(people()[0].label, "Your page and stats");
+  EXPECT_EQ(people()[1].label, "Jorvas's page and stats");
+  EXPECT_EQ(labelFor("  Mara   Quell "), "Mara's page and stats");
+  EXPECT_EQ(labelFor(""), "jorvas@tessarine.example's page and stats");
+  EXPECT_EQ(labelFor("   "), "jorvas@tessarine.example's page and stats");
+  board.me.email = kJorvas;
+  EXPECT_EQ(labelFor("Jorvas Lind"), "Your page and stats");
+}
+
+TEST_F(PeopleBar, OpensAPageAndClosesIt) {
+  store().board.set(boardOf({}));
+  togglePage(store(), kRenny);
+  EXPECT_EQ(store().profile(), kRenny);
+  togglePage(store(), kJorvas);
+  EXPECT_EQ(store().profile(), kJorvas) << "another's is the other page";
+  togglePage(store(), kJorvas);
+  EXPECT_FALSE(store().profile());
+}
+
 }  // namespace
 }  // namespace vellix

@@ -59,7 +59,7 @@ def look_around(build):
             for entry in service.requests("GET", "api/state")))
 
         # Both people were here within the last minutes.
-        for person in ("Renny Vale", "Jorvas Lind"):
+        for person in ("Your page and stats", "Jorvas's page and stats"):
             wait_until(f"{person} to be here", lambda person=person: "In Vellix now" in [
                 reader.description(node) for node in reader.find_all(person)])
         desk.close_window()
