@@ -53,6 +53,26 @@ void stageDraft(Staged& staged) {
                            .h = 0.1};
 }
 
+// A page that has just begun, and that of somebody else, are to be looked at as well.
+void stageProfile(Staged& staged, std::string_view which, Moment now) {
+  const BoardState& board = staged.sample->board;
+  std::string person = board.me.email;
+  if (which == "colleague") {
+    const auto other = std::ranges::find_if(
+        board.users, [&](const Person& each) { return each.email != board.me.email; });
+    if (other != board.users.end()) person = other->email;
+  }
+  staged.profile = person;
+  if (which == "adding") return;
+  staged.stats = madeUpStats(board, person, now);
+  if (which != "empty") return;
+  PersonStats none;
+  for (const WeekCount& week : staged.stats->users[person].weekly) {
+    none.weekly.push_back({.start = week.start});
+  }
+  staged.stats->users[person] = std::move(none);
+}
+
 }  // namespace
 
 void stageSample(Store& store, Sample sample, const Arguments& arguments, Moment now) {
@@ -65,11 +85,7 @@ void stageSample(Store& store, Sample sample, const Arguments& arguments, Moment
   }
   staged.showActivity = asked("--activity");
   if (asked("--draft")) stageDraft(staged);
-  if (asked("--profile")) {
-    const BoardState& board = staged.sample->board;
-    staged.profile = board.me.email;
-    staged.stats = madeUpStats(board, board.me.email, now);
-  }
+  if (asked("--profile")) stageProfile(staged, argument(arguments, "--profile").value_or(""), now);
   if (const auto zoom = argument(arguments, "--zoom")) staged.zoom = numberIn(*zoom);
   staged.notesDrawer = asked("--narrow");
   if (asked("--history")) staged.sideTab = "history";

@@ -182,6 +182,24 @@ TEST_F(StagedStore, OpensOnesOwnProfileWithMadeUpFigures) {
                                         .at = wireOf(kNow) - 3'600'000}));
 }
 
+TEST_F(StagedStore, OpensAProfileInItsOtherStates) {
+  stage({"--profile", "adding"});
+  EXPECT_EQ(store().profile(), "renny@tessarine.example");
+  EXPECT_FALSE(store().stats());
+  stage({"--profile", "empty"});
+  const PersonStats& none = store().stats()->users.at("renny@tessarine.example");
+  EXPECT_EQ(none.reviewed, 0);
+  EXPECT_TRUE(none.mentions.empty());
+  ASSERT_EQ(none.weekly.size(), 8U);
+  for (const WeekCount& week : none.weekly) EXPECT_EQ(week.count, 0);
+  stage({"--profile", "colleague"});
+  EXPECT_EQ(store().profile(), "jorvas@tessarine.example");
+  EXPECT_EQ(store().stats()->users.at("jorvas@tessarine.example").reviewed, 39);
+  stage({"--profile", "--dark"});
+  EXPECT_EQ(store().profile(), "renny@tessarine.example") << "the next flag is none of these";
+  EXPECT_EQ(store().stats()->users.at("renny@tessarine.example").reviewed, 39);
+}
+
 TEST_F(StagedStore, MentionsNobodyWhereNobodyIs) {
   BoardState alone = boardOf({ticketOf("a")});
   alone.users.resize(1);
