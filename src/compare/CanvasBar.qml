@@ -251,13 +251,13 @@ Rectangle {
 
     Shortcut {
         sequence: "Ctrl+Up"
-        enabled: !bar.view.first
+        enabled: bar.visible && !bar.view.first
         onActivated: bar.compare.stepPage(-1)
     }
 
     Shortcut {
         sequence: "Ctrl+Down"
-        enabled: !bar.view.last
+        enabled: bar.visible && !bar.view.last
         onActivated: bar.compare.stepPage(1)
     }
 }

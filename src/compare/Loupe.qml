@@ -130,7 +130,7 @@ Item {
 
     Shortcut {
         sequence: "Esc"
-        enabled: loupe.shown && loupe.takesEscape
+        enabled: loupe.visible && loupe.shown && loupe.takesEscape
         onActivated: loupe.compare.closeLoupe()
     }
 }

@@ -63,6 +63,8 @@ class Theme : public QObject {
   VELLIX_COLOUR(hoverFill, "#0a1d1917", "#0affffff")
   VELLIX_COLOUR(quietFill, "#0f1d1917", "#0fffffff")
   VELLIX_COLOUR(trackFill, "#0d1d1917", "#12ffffff")
+  // Along the inner edge of what is let into the ground.
+  VELLIX_COLOUR(bevelLine, "#b3ffffff", "#0dffffff")
   VELLIX_COLOUR(selectedFill, "#1ae4572e", "#1af06a3f")
   VELLIX_COLOUR(selectedLine, "#59e4572e", "#59f06a3f")
   VELLIX_COLOUR(focusLine, "#99e4572e", "#99f06a3f")

@@ -50,11 +50,11 @@ MilestoneView viewOf(const Milestone& milestone, Int have) {
   MilestoneView view{.id = std::string{milestone.id},
                      .icon = std::string{milestone.icon},
                      .earned = have >= milestone.need,
-                     .state = "Earned",
+                     .progress = "Earned",
                      .fraction = fractionOf(have, milestone.need),
                      .spoken = {}};
-  if (!view.earned) view.state = countText(have) + " of " + std::to_string(milestone.need);
-  view.spoken = view.id + ", " + view.state;
+  if (!view.earned) view.progress = countText(have) + " of " + std::to_string(milestone.need);
+  view.spoken = view.id + ", " + view.progress;
   return view;
 }
 

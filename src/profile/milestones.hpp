@@ -13,12 +13,12 @@ struct MilestoneView {
   std::string id;  // and its title
   std::string icon;
   bool earned = false;
-  std::string state;    // "Earned", or how far it is
-  double fraction = 0;  // of its bar; 1 when it is earned, and has none
-  std::string spoken;   // what a screen reader says of it
+  std::string progress;  // "Earned", or how far it is
+  double fraction = 0;   // of its bar; 1 when it is earned, and has none
+  std::string spoken;    // what a screen reader says of it
   bool operator==(const MilestoneView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(MilestoneView, (), (id, icon, earned, state, fraction, spoken))
+BOOST_DESCRIBE_STRUCT(MilestoneView, (), (id, icon, earned, progress, fraction, spoken))
 
 struct MilestonesView {
   std::string title;

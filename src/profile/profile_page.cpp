@@ -1,6 +1,8 @@
 #include "profile/profile_page.hpp"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 
 #include "store/people.hpp"
 
@@ -13,16 +15,35 @@ std::optional<PillView> herePill(const BoardState& board, const std::string& ema
   return PillView{.text = "In Vellix now", .icon = "circle.fill", .tone = "green"};
 }
 
+// Where a drawing in white is no clearer than one in ink.
+constexpr double kHalfLight = 0.35;
+
+// One of the three channels, as the eye takes it, from 0 to 1.
+double lightOf(const std::string& color, std::size_t at) {
+  int value = 0;
+  std::from_chars(color.data() + at, color.data() + at + 2, value, 16);
+  return std::pow(value / 255.0, 2.2);
+}
+
 }  // namespace
+
+std::string inkOn(const std::string& color) {
+  if (color.size() != 7) return {};
+  const double light =
+      0.2126 * lightOf(color, 1) + 0.7152 * lightOf(color, 3) + 0.0722 * lightOf(color, 5);
+  return light > kHalfLight ? "#1d1917" : "#ffffff";
+}
 
 ProfileHeadView profileHead(const Store& store, const std::string& email, Moment now) {
   ProfileHeadView view{.email = email,
                        .avatar = avatarOf(email, store),
+                       .ink = {},
                        .name = personName(store, email),
                        .here = {},
                        .changePhoto = {},
                        .changing = store.busy().contains("photo"),
                        .adding = figuresOf(store, email) ? "" : "Adding it up…"};
+  view.ink = inkOn(view.avatar.color);
   if (const auto& board = store.board()) {
     view.here = herePill(*board, email, now);
     if (board->me.email == email) view.changePhoto = "Change my photo";

@@ -9,6 +9,7 @@ import Vellix.Jobs
 import Vellix.Notes
 import Vellix.Pictures
 import Vellix.Pieces
+import Vellix.Profile
 import Vellix.Shell
 import Vellix.Ticket
 
@@ -35,6 +36,7 @@ Window {
     required property ShareModel share
     required property HistoryModel history
     required property ApproversModel approvers
+    required property ProfileModel profile
     required property PictureSource pictures
 
     title: "Vellix"
@@ -85,6 +87,7 @@ Window {
         upload: window.upload
         share: window.share
         history: window.history
+        profile: window.profile
         pictures: window.pictures
         onCommanded: key => window.commands.run(key)
     }

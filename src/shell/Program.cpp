@@ -42,6 +42,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       share_(store_),
       history_(store_, loop_, calendar_),
       approvers_(store_),
+      profile_(store_, loop_, calendar_),
       signInScreen_(store_, api_, browser_, loop_),
       commands_(store_),
       settings_(prefs_),
@@ -88,6 +89,7 @@ QVariantMap Program::parts() {
       {"share", QVariant::fromValue(&share_)},
       {"history", QVariant::fromValue(&history_)},
       {"approvers", QVariant::fromValue(&approvers_)},
+      {"profile", QVariant::fromValue(&profile_)},
       {"pictures", QVariant::fromValue<PictureSource*>(&pictures_)},
   };
 }

@@ -35,6 +35,7 @@
 #include "platform/qt/QtUrlOpener.hpp"
 #include "platform/qt/QtUuids.hpp"
 #include "platform/qt/QtWindows.hpp"
+#include "profile/ProfileModel.hpp"
 #include "shell/CommandsModel.hpp"
 #include "shell/PhotoModel.hpp"
 #include "shell/RootModel.hpp"
@@ -106,6 +107,7 @@ class Program {
   ShareModel share_;
   HistoryModel history_;
   ApproversModel approvers_;
+  ProfileModel profile_;
   SignInModel signInScreen_;
   CommandsModel commands_;
   SettingsModel settings_;

@@ -7,9 +7,9 @@ namespace vellix {
 RootModel::RootModel(Store& store, MainLoop& loop)
     : store_(store),
       timer_(store, loop),
-      onChange_(store.changes.observe(
-          Store::kSignedIn | Store::kBoard | Store::kSelection | Store::kProblem | Store::kToast,
-          [this] { update(); })),
+      onChange_(store.changes.observe(Store::kSignedIn | Store::kBoard | Store::kSelection |
+                                          Store::kPanels | Store::kProblem | Store::kToast,
+                                      [this] { update(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { emit appearanceChanged(); })) {
   update();
 }

@@ -7,6 +7,7 @@ import Vellix.Jobs
 import Vellix.Notes
 import Vellix.Pictures
 import Vellix.Pieces
+import Vellix.Profile
 import Vellix.Shell
 import Vellix.Ticket
 
@@ -31,17 +32,28 @@ FocusScope {
     required property UploadModel upload
     required property ShareModel share
     required property HistoryModel history
+    required property ProfileModel profile
     required property PictureSource pictures
 
     // A command of the menus' was chosen in the view, by its key.
     signal commanded(string key)
 
     readonly property rootViewValue shown: root.view
-    readonly property string openFile: shown.content === "file" ? shown.file : ""
+    readonly property bool atPerson: shown.content === "profile"
+    // What somebody writes there is still there behind a person's page.
+    readonly property string openFile: shown.content === "file" || atPerson ? shown.file : ""
     // The view of that ticket.
     property FileView ticket: null
+    // The page of a person over it.
+    property ProfileView page: null
 
     focus: true
+
+    // Wherever the keyboard is, as long as nothing there takes it.
+    Keys.onEscapePressed: event => {
+        event.accepted = page !== null;
+        page?.leaving();
+    }
 
     Loader {
         anchors.fill: parent
@@ -121,9 +133,14 @@ FocusScope {
                         if (hold.held && hold.ringed)
                             view.ticket.takeKeyboard();
                     }
+                    onItemRemoved: (index, item) => {
+                        if (view.ticket === item)
+                            view.ticket = null;
+                    }
 
                     FileView {
                         anchors.fill: parent
+                        visible: view.page === null
                         file: view.file
                         report: view.report
                         plan: view.plan
@@ -140,8 +157,44 @@ FocusScope {
 
                 Loader {
                     anchors.fill: parent
-                    active: view.openFile === ""
+                    active: view.openFile === "" && !view.atPerson
                     sourceComponent: view.shown.content === "multi" ? multiView : plainView
+                }
+
+                Repeater {
+                    model: view.atPerson ? [view.shown.person] : []
+                    onItemAdded: (index, item) => {
+                        before.note(view.Window.activeFocusItem);
+                        view.page = item as ProfileView;
+                        if (sidebar.people.keyed(view.shown.person))
+                            view.page.takeKeyboard();
+                        else
+                            view.page.forceActiveFocus(Qt.MouseFocusReason);
+                    }
+                    onItemRemoved: (index, item) => {
+                        const quiet = hold.inside === item;
+                        view.page = null;
+                        if (quiet && !view.atPerson)
+                            before.giveBack(Qt.OtherFocusReason);
+                        else if (hold.held && hold.ringed && !view.atPerson)
+                            view.ticket?.takeKeyboard();
+                    }
+
+                    ProfileView {
+                        anchors.fill: parent
+                        profile: view.profile
+                        pictures: view.pictures
+                        onPhotoWanted: view.commanded("changePhoto")
+                        onLeaving: {
+                            if (hold.inside && hold.inside !== view.page && hold.ringed)
+                                sidebar.people.takeKeyboard(person.email);
+                            view.profile.back();
+                        }
+                    }
+                }
+
+                CameFrom {
+                    id: before
                 }
             }
 

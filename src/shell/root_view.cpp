@@ -21,6 +21,11 @@ RootViewValue rootView(const Store& store) {
     view.content = "loading";
     view.line = "Loading the board…";
   }
+  // Over all of them, each of which is as it was behind it.
+  if (store.profile()) {
+    view.content = "profile";
+    view.person = *store.profile();
+  }
   return view;
 }
 

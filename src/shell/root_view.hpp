@@ -9,8 +9,9 @@ namespace vellix {
 
 struct RootViewValue {
   bool signedIn = false;
-  std::string content;  // "multi", "file", "empty" or "loading"
-  std::string file;     // id of the ticket on show
+  std::string content;  // "profile", "multi", "file", "empty" or "loading"
+  std::string person;   // whose profile it is
+  std::string file;     // id of the ticket on show, or behind the profile
   std::string headline;
   std::string line;
   bool offline = false;  // the banner stands
@@ -18,7 +19,7 @@ struct RootViewValue {
   bool operator==(const RootViewValue&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(RootViewValue, (),
-                      (signedIn, content, file, headline, line, offline, problem))
+                      (signedIn, content, person, file, headline, line, offline, problem))
 
 RootViewValue rootView(const Store& store);
 

@@ -36,12 +36,12 @@ TEST_P(EachMilestone, TellsHowFarItIs) {
   const std::string need = std::to_string(GetParam().need);
   for (const Int have : {Int{0}, GetParam().need - 1}) {
     const auto row = with(have);
-    const std::string state = std::to_string(have) + " of " + need;
+    const std::string progress = std::to_string(have) + " of " + need;
     EXPECT_FALSE(row.earned) << have;
-    EXPECT_EQ(row.state, state);
+    EXPECT_EQ(row.progress, progress);
     EXPECT_DOUBLE_EQ(row.fraction,
                      static_cast<double>(have) / static_cast<double>(GetParam().need));
-    EXPECT_EQ(row.spoken, std::string{GetParam().id} + ", " + state);
+    EXPECT_EQ(row.spoken, std::string{GetParam().id} + ", " + progress);
   }
 }
 
@@ -49,7 +49,7 @@ TEST_P(EachMilestone, IsEarnedFromItsNeedOn) {
   for (const Int have : {GetParam().need, GetParam().need + 1, kMost}) {
     const auto row = with(have);
     EXPECT_TRUE(row.earned) << have;
-    EXPECT_EQ(row.state, "Earned");
+    EXPECT_EQ(row.progress, "Earned");
     EXPECT_EQ(row.fraction, 1);
     EXPECT_EQ(row.spoken, std::string{GetParam().id} + ", Earned");
   }
@@ -122,8 +122,8 @@ TEST(Milestones, CountThoseThatAreEarned) {
 
 TEST(Milestones, TakeAKindThatIsNotToldForNone) {
   const auto rows = milestones({.by_kind = {{"words", 4}}}).rows;
-  EXPECT_EQ(rows[10].state, "0 of 1");
-  EXPECT_EQ(rows[11].state, "0 of 1");
+  EXPECT_EQ(rows[10].progress, "0 of 1");
+  EXPECT_EQ(rows[11].progress, "0 of 1");
 }
 
 TEST(Milestones, AreLostWhereTheFiguresFallBack) {

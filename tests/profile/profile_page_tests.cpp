@@ -109,5 +109,29 @@ TEST_F(ProfilePage, KeepsTheFiguresOfWhoHasLeft) {
   EXPECT_NE(figuresOf(store(), kJorvas), nullptr);
 }
 
+struct InkCase {
+  const char* name;
+  const char* color;
+  const char* ink;
+};
+BOOST_DESCRIBE_STRUCT(InkCase, (), (name, color, ink))
+
+class ProfileInk : public ProfilePage, public testing::WithParamInterface<InkCase> {};
+
+TEST_P(ProfileInk, IsReadOnTheColourOfThePage) {
+  board.users[1].color = GetParam().color;
+  publish();
+  EXPECT_EQ(head().ink, GetParam().ink);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ProfileInk,
+    testing::Values(InkCase{"Dark", "#000000", "#ffffff"}, InkCase{"Light", "#FFFFFF", "#1d1917"},
+                    InkCase{"Purple", "#7442e8", "#ffffff"}, InkCase{"Blue", "#1a84f0", "#ffffff"},
+                    InkCase{"Orange", "#e07a2c", "#ffffff"},
+                    InkCase{"Yellow", "#ffe14d", "#1d1917"}, InkCase{"Lime", "#9be83a", "#1d1917"},
+                    InkCase{"None", "", ""}, InkCase{"NoColour", "red", ""}),
+    [](const auto& each) { return each.param.name; });
+
 }  // namespace
 }  // namespace vellix

@@ -69,6 +69,21 @@ TEST_F(RootViews, KeepSeveralSelectedAheadOfEverythingElse) {
   EXPECT_EQ(view().file, "");
 }
 
+TEST_F(RootViews, ShowAProfileAheadOfEverything) {
+  store().profile.set("renny@tessarine.example");
+  EXPECT_EQ(view().content, "profile") << "before the board, too";
+  show(two());
+  for (const Ids& selected : {Ids{}, Ids{"b"}, Ids{"a", "b"}}) {
+    store().selection.set(selected);
+    EXPECT_EQ(view().content, "profile");
+    EXPECT_EQ(view().person, "renny@tessarine.example");
+    EXPECT_EQ(view().file, selected == Ids{"b"} ? "b" : "") << "waits behind it";
+  }
+  store().profile.set(std::nullopt);
+  EXPECT_EQ(view().content, "multi");
+  EXPECT_EQ(view().person, "");
+}
+
 TEST_F(RootViews, ShowTheBannerOnlyOverABoard) {
   EXPECT_FALSE(view().offline);
   store().problem.set(kOfflineText);

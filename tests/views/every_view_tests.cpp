@@ -15,6 +15,11 @@ class EveryView : public ViewTest {
   EveryView() {
     serveTheDay();
     photo_->setParent(engine());  // for as long as the views
+    store().stats.set(Stats{.users = {{store().board()->me.email, PersonStats{}}}});
+    store().profile.set(store().board()->me.email);
+    models();
+    store().profile.set(std::nullopt);
+    desk.time.run();
     panel_.setData("import QtQuick\nItem {}", {});
     // Values like those that the models bring.
     const QVariantMap due{{"text", "Overdue 5 min"},
@@ -293,6 +298,69 @@ class EveryView : public ViewTest {
         {"Notes/TagChip", {{"chip", chip}}},
         {"Notes/TagChips", {{"tags", QVariantList{chip}}}},
         {"Notes/TagPicker", {{"tags", QVariant::fromValue(tags_)}}},
+        {"Profile/Bevel", {}},
+        {"Profile/Figure", {{"text", "89%"}}},
+        {"Profile/FigureTile",
+         {{"title", "On time"},
+          {"value", "89%"},
+          {"note", "35 of 39 inside the window"},
+          {"spoken", "On time: 89%"}}},
+        {"Profile/IssueBar",
+         {{"index", 0},
+          {"word", "Words"},
+          {"fraction", 0.5},
+          {"count", "9"},
+          {"spoken", "Words: 9"},
+          {"colour", "#7442e8"}}},
+        {"Profile/IssueBars", {pick("profile"), {"colour", "#7442e8"}}},
+        {"Profile/MentionList", {pick("profile"), pick("pictures")}},
+        {"Profile/MentionRow",
+         {{"index", 0},
+          {"ticket", "t1"},
+          {"avatar", who},
+          {"who", "Renny"},
+          {"text", "Is it?"},
+          {"when", "1 hr ago"},
+          {"where", "The Lighthouse · p3"},
+          {"spoken", "Renny: Is it?"},
+          pick("pictures")}},
+        {"Profile/MilestoneCell",
+         {{"id", "10 reviews"},
+          {"icon", "square.stack.3d.up"},
+          {"earned", false},
+          {"progress", "9 of 10"},
+          {"fraction", 0.9},
+          {"spoken", "10 reviews, 9 of 10"},
+          {"colour", "#7442e8"},
+          {"ink", "#ffffff"}}},
+        {"Profile/Milestones", {pick("profile"), {"colour", "#7442e8"}, {"ink", "#ffffff"}}},
+        {"Profile/OnTimeRing", {{"ring", toQml(onTimeRing(89))}, {"colour", "#7442e8"}}},
+        {"Profile/OpenList", {pick("profile"), pick("pictures")}},
+        {"Profile/OpenRow",
+         {{"index", 0},
+          {"id", "t1"},
+          {"heading", "The Lighthouse"},
+          {"subline", "PO 7"},
+          {"thumb", "thumb-1"},
+          {"due", due},
+          {"approval", pill},
+          {"spoken", "The Lighthouse"},
+          pick("pictures")}},
+        {"Profile/ProfileFigures",
+         {pick("profile"), pick("pictures"), {"colour", "#7442e8"}, {"ink", "#ffffff"}}},
+        {"Profile/ProfileHead",
+         {{"person", pick("profile").second.value<ProfileModel*>()->head()}, pick("pictures")}},
+        {"Profile/ProfileView", {pick("profile"), pick("pictures")}},
+        {"Profile/ProgressBar", {{"value", 0.4}, {"color", "#7442e8"}}},
+        {"Profile/Tiles", {pick("profile")}},
+        {"Profile/ValueList", {{"label", "Open now"}}},
+        {"Profile/WeekBar",
+         {{"index", 0},
+          {"fraction", 0.4},
+          {"caption", "7 reviewed · week of Nov 3"},
+          {"spoken", "Nov 3: 7 reviewed"},
+          {"colour", "#7442e8"}}},
+        {"Profile/WeeklyChart", {pick("profile"), {"colour", "#7442e8"}}},
         {"Shell/LabButtons", {}},
         {"Shell/LabMarks", lab},
         {"Shell/LabPillSection",
@@ -390,6 +458,7 @@ TEST_F(EveryView, OfTheCanvasLoads) { loadAll("Compare"); }
 TEST_F(EveryView, OfTheJobsLoads) { loadAll("Jobs"); }
 TEST_F(EveryView, OfTheInspectorLoads) { loadAll("Inspector"); }
 TEST_F(EveryView, OfTheNotesLoads) { loadAll("Notes"); }
+TEST_F(EveryView, OfTheProfileLoads) { loadAll("Profile"); }
 TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
 TEST_F(EveryView, OfTheTicketLoads) { loadAll("Ticket"); }
 
@@ -401,6 +470,9 @@ TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {
       store().selection.set(selection);
       resize(size);
     }
+    store().profile.set(store().board()->me.email);
+    resize(size);
+    store().profile.set(std::nullopt);
   }
 }
 

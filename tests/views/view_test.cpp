@@ -92,6 +92,7 @@ QVariantMap ViewTest::models() {
     share_.emplace(store());
     history_.emplace(store(), desk.time, desk.calendar);
     approvers_.emplace(store());
+    profile_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.api, desk.browser, desk.time);
     commands_.emplace(store());
     settings_.emplace(store().prefs);
@@ -113,6 +114,7 @@ QVariantMap ViewTest::models() {
           {"upload", QVariant::fromValue(&*upload_)},
           {"share", QVariant::fromValue(&*share_)},
           {"history", QVariant::fromValue(&*history_)},
+          {"profile", QVariant::fromValue(&*profile_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};
 }
 

@@ -20,6 +20,7 @@
 #include "jobs/ReportModel.hpp"
 #include "notes/NotesModel.hpp"
 #include "pieces/Theme.hpp"
+#include "profile/ProfileModel.hpp"
 #include "shell/CommandsModel.hpp"
 #include "shell/RootModel.hpp"
 #include "shell/SettingsModel.hpp"
@@ -81,6 +82,7 @@ class ViewTest : public StoreTest {
   std::optional<ShareModel> share_;
   std::optional<HistoryModel> history_;
   std::optional<ApproversModel> approvers_;
+  std::optional<ProfileModel> profile_;
   std::optional<CommandsModel> commands_;
   std::optional<SettingsModel> settings_;
   std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();
