@@ -16,6 +16,8 @@ CommandsModel::CommandsModel(Store& store)
 void CommandsModel::run(const QString& key) {
   if (key == QLatin1String{"settings"}) {
     emit settingsWanted();
+  } else if (key == QLatin1String{"changePhoto"}) {
+    if (isEnabled(store_, key.toStdString())) emit photoWanted();
   } else if (key == QLatin1String{"quit"}) {
     emit endWanted();
   } else {

@@ -31,6 +31,7 @@ class CommandsModel : public QObject {
   void menusChanged();
   void shortcutsChanged();
   void settingsWanted();
+  void photoWanted();
   void endWanted();
 
  private:

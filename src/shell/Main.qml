@@ -20,6 +20,7 @@ Window {
     required property RootModel root
     required property SignInModel signIn
     required property CommandsModel commands
+    required property PhotoModel photo
     required property SettingsModel settings
     required property BoardModel board
     required property ActivityModel activity
@@ -97,6 +98,12 @@ Window {
         commands: window.commands
     }
 
+    PhotoChooser {
+        id: photoChooser
+
+        photo: window.photo
+    }
+
     OnDemand {
         id: preferences
 
@@ -113,6 +120,9 @@ Window {
 
         function onEndWanted() {
             window.close();
+        }
+        function onPhotoWanted() {
+            photoChooser.open();
         }
         function onSettingsWanted() {
             window.settings.update();

@@ -73,6 +73,7 @@ QVariantMap Program::parts() {
       {"signIn", QVariant::fromValue(&signInScreen_)},
       {"root", QVariant::fromValue(&root_)},
       {"commands", QVariant::fromValue(&commands_)},
+      {"photo", QVariant::fromValue(&photo_)},
       {"settings", QVariant::fromValue(&settings_)},
       {"board", QVariant::fromValue(&board_)},
       {"activity", QVariant::fromValue(&activity_)},

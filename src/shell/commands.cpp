@@ -12,6 +12,9 @@ namespace {
 
 bool always(const Store&) { return true; }
 bool whileSignedIn(const Store& store) { return store.signedIn(); }
+bool whilePhotoStays(const Store& store) {
+  return store.signedIn() && !store.busy().contains("photo");
+}
 // Each as its button, which a shortcut must not outrun.
 bool whileReportable(const Store& store) { return store.currentFile() && canMakeReport(store); }
 bool whileReviewable(const Store& store) {
@@ -42,6 +45,7 @@ struct Command {
 constexpr Command kSeparator{};
 
 constexpr std::array kApplication{
+    Command{"changePhoto", "Change my photo…", "", whilePhotoStays},
     Command{"signOut", "Sign out", "", whileSignedIn, signOut},
     kSeparator,
     Command{"settings", "Settings…", "Ctrl+,"},
@@ -102,12 +106,17 @@ void addShortcuts(std::vector<ShortcutView>& views, const std::array<Command, N>
 }
 
 template <std::size_t N>
-bool runIn(const std::array<Command, N>& commands, Store& store, std::string_view key) {
+const Command* findIn(const std::array<Command, N>& commands, std::string_view key) {
   const auto found = std::ranges::find(
       commands, key, [](const Command& one) { return std::string_view{one.key}; });
-  if (found == commands.end()) return false;
-  if (found->enabled(store)) found->run(store);
-  return true;
+  return found == commands.end() ? nullptr : &*found;
+}
+
+// Null when there is none of that key.
+const Command* commandOf(std::string_view key) {
+  if (const Command* found = findIn(kApplication, key)) return found;
+  if (const Command* found = findIn(kReview, key)) return found;
+  return findIn(kView, key);
 }
 
 }  // namespace
@@ -126,9 +135,13 @@ std::vector<ShortcutView> shortcuts(const Store& store) {
   return views;
 }
 
+bool isEnabled(const Store& store, std::string_view key) {
+  const Command* command = commandOf(key);
+  return command && command->enabled(store);
+}
+
 void runCommand(Store& store, std::string_view key) {
-  [[maybe_unused]] const bool known =
-      runIn(kApplication, store, key) || runIn(kReview, store, key) || runIn(kView, store, key);
+  if (isEnabled(store, key)) commandOf(key)->run(store);
 }
 
 }  // namespace vellix

@@ -42,8 +42,11 @@ std::vector<MenuView> menuBar(const Store& store);
 // Of every command that has one.
 std::vector<ShortcutView> shortcuts(const Store& store);
 
+// False for a key that is no command's.
+bool isEnabled(const Store& store, std::string_view key);
+
 // Carries out the command of that key. Nothing happens for one that is disabled, or is not the
-// Store's business (the settings window, the end of the program).
+// Store's business (the choice of a photo, the settings window, the end of the program).
 void runCommand(Store& store, std::string_view key);
 
 }  // namespace vellix

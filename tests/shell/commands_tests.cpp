@@ -46,6 +46,7 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
     }
   }
   EXPECT_EQ(lines, (std::vector<std::string>{"[Vellix]",
+                                             "Change my photo… ",
                                              "Sign out ",
                                              "-",
                                              "Settings… Ctrl+,",
@@ -107,6 +108,13 @@ TEST_F(SignedOutCommands, ADisabledOneDoesNothing) {
   EXPECT_TRUE(lines().empty());
   EXPECT_FALSE(store().refreshing());
   EXPECT_TRUE(store().busy().empty());
+}
+
+TEST_F(Commands, ChangeOnePhotoAtATime) {
+  EXPECT_TRUE(enabled("changePhoto"));
+  store().busy.set({"photo"});
+  EXPECT_FALSE(isEnabled(store(), "changePhoto"));
+  EXPECT_FALSE(isEnabled(store(), "nothing"));
 }
 
 TEST_F(Commands, OfATicketNeedExactlyOne) {

@@ -3,7 +3,6 @@
 #include <QQmlComponent>
 
 #include "pieces/Symbol.hpp"
-#include "shell/PhotoModel.hpp"
 #include "shell/mark_lab.hpp"
 #include "views/view_test.hpp"
 
@@ -14,7 +13,6 @@ class EveryView : public ViewTest {
  protected:
   EveryView() {
     serveTheDay();
-    photo_->setParent(engine());  // for as long as the views
     store().stats.set(Stats{.users = {{store().board()->me.email, PersonStats{}}}});
     store().profile.set(store().board()->me.email);
     models();
@@ -387,7 +385,7 @@ class EveryView : public ViewTest {
         {"Shell/PdfChooser", {pick("upload")}},
         {"Shell/FileChooser", {{"title", "Pick one"}, {"filters", QStringList{"PDF (*.pdf)"}}}},
         {"Shell/FileChooserDialog", {}},
-        {"Shell/PhotoChooser", {{"photo", QVariant::fromValue(photo_)}}},
+        {"Shell/PhotoChooser", {{"photo", windowModels()["photo"]}}},
         {"Shell/SettingsView", {pick("settings"), pick("approvers")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
@@ -447,7 +445,6 @@ class EveryView : public ViewTest {
   }
 
   QQmlComponent panel_{engine()};
-  PhotoModel* photo_ = new PhotoModel(store());
   Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };

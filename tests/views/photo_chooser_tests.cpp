@@ -11,10 +11,7 @@ namespace {
 
 class PhotoChooser : public ViewTest {
  protected:
-  PhotoChooser() {
-    serveTheDay();
-    photo_->setParent(engine());  // for as long as the views
-  }
+  PhotoChooser() { serveTheDay(); }
 
   void showChooser() {
     show("Shell/PhotoChooser", {{"photo", QVariant::fromValue(photo_)}}, kSizes.front());
@@ -38,7 +35,7 @@ class PhotoChooser : public ViewTest {
   }
   bool asks() { return dialog() && dialog()->property("visible").toBool(); }
 
-  PhotoModel* photo_ = new PhotoModel(store());
+  PhotoModel* photo_ = windowModels()["photo"].value<PhotoModel*>();
 };
 
 TEST_F(PhotoChooser, IsLoadedWhenItIsFirstWanted) {

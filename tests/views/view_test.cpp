@@ -95,6 +95,7 @@ QVariantMap ViewTest::models() {
     profile_.emplace(store(), desk.time, desk.calendar);
     signIn_.emplace(store(), desk.api, desk.browser, desk.time);
     commands_.emplace(store());
+    photo_.emplace(store());
     settings_.emplace(store().prefs);
     root_.emplace(store(), desk.time);
   }
@@ -121,6 +122,7 @@ QVariantMap ViewTest::models() {
 QVariantMap ViewTest::windowModels() {
   models();
   return {{"commands", QVariant::fromValue(&*commands_)},
+          {"photo", QVariant::fromValue(&*photo_)},
           {"approvers", QVariant::fromValue(&*approvers_)},
           {"settings", QVariant::fromValue(&*settings_)}};
 }

@@ -22,6 +22,7 @@
 #include "pieces/Theme.hpp"
 #include "profile/ProfileModel.hpp"
 #include "shell/CommandsModel.hpp"
+#include "shell/PhotoModel.hpp"
 #include "shell/RootModel.hpp"
 #include "shell/SettingsModel.hpp"
 #include "shell/SignInModel.hpp"
@@ -84,6 +85,7 @@ class ViewTest : public StoreTest {
   std::optional<ApproversModel> approvers_;
   std::optional<ProfileModel> profile_;
   std::optional<CommandsModel> commands_;
+  std::optional<PhotoModel> photo_;
   std::optional<SettingsModel> settings_;
   std::unique_ptr<QQmlApplicationEngine> engine_ = std::make_unique<QQmlApplicationEngine>();
   std::unique_ptr<QQuickView> view_;
