@@ -69,7 +69,7 @@ Done State::removePerson(const std::string& email) {
 }
 
 Done State::colleagueActs(const std::string& fileId, const std::string& text,
-                          const std::string& by) {
+                          const std::string& by, const std::vector<std::string>& tags) {
   Ticket* ticket = find(fileId);
   if (ticket == nullptr) return refuse(404, "There is no such ticket.");
   const auto user = std::ranges::find(users_, by, &Person::email);
@@ -80,6 +80,7 @@ Done State::colleagueActs(const std::string& fileId, const std::string& text,
   note.file_id = fileId;
   note.page = 0;
   note.text = text;
+  if (!tags.empty()) note.tags = tags;
   note.by = by;
   note.at = now_;
   ticket->notes.push_back({note, ticket->newest().record.n});

@@ -132,7 +132,8 @@ class State {
   // The check finds so many more changed words on that page, one below the other.
   Done findMore(const std::string& fileId, Int page, Int count);
   // The other reviewer does something now; `fileId` empty for a ticket of the colleague's choice.
-  Done colleagueActs(const std::string& fileId, const std::string& text, const std::string& by);
+  Done colleagueActs(const std::string& fileId, const std::string& text, const std::string& by,
+                     const std::vector<std::string>& tags = {});
 
  private:
   struct Happening {

@@ -1,5 +1,7 @@
 #include "board/BoardModel.hpp"
 
+#include <utility>
+
 namespace vellix {
 namespace {
 
@@ -36,6 +38,8 @@ void BoardModel::updateColumn() {
   if (liveDot_.show(vellix::liveDot(store_, now, calendar_))) emit liveDotChanged();
   if (syncCard_.show(vellix::syncCard(store_))) emit syncCardChanged();
   people_.setRows(peopleBar(store_, now));
+  const bool changing = store_.busy().contains("photo");
+  if (std::exchange(changingPhoto_, changing) != changing) emit changingPhotoChanged();
 }
 
 void BoardModel::select(const QString& id, bool command) {

@@ -22,6 +22,8 @@ class BoardModel : public QObject {
   Q_PROPERTY(Qml<LiveDotView> liveDot READ liveDot NOTIFY liveDotChanged)
   Q_PROPERTY(Qml<SyncCardView> syncCard READ syncCard NOTIFY syncCardChanged)
   Q_PROPERTY(QAbstractItemModel* people READ people CONSTANT)
+  // A photo is on its way: another one is not taken.
+  Q_PROPERTY(bool changingPhoto READ changingPhoto NOTIFY changingPhotoChanged)
 
  public:
   // What is passed must outlive the model.
@@ -32,6 +34,7 @@ class BoardModel : public QObject {
   Qml<LiveDotView> liveDot() const { return liveDot_.qml(); }
   Qml<SyncCardView> syncCard() const { return syncCard_.qml(); }
   QAbstractItemModel* people() { return &people_; }
+  bool changingPhoto() const { return changingPhoto_; }
 
   // `command` tells whether the Command key was held.
   Q_INVOKABLE void select(const QString& id, bool command);
@@ -50,6 +53,7 @@ class BoardModel : public QObject {
   void headChanged();
   void liveDotChanged();
   void syncCardChanged();
+  void changingPhotoChanged();
 
  private:
   void update();
@@ -65,6 +69,7 @@ class BoardModel : public QObject {
   Shown<LiveDotView> liveDot_;
   Shown<SyncCardView> syncCard_;
   RowsModel<PersonView, &PersonView::email> people_;
+  bool changingPhoto_ = false;
   Changes::Subscription onChange_;
   Changes::Subscription onPrefs_;
   Changes::Subscription onAny_;

@@ -152,7 +152,7 @@ Item {
                     y: -height - Theme.gap4
                     label: "Account"
                     entries: [
-                        { key: "changePhoto", text: "Change my photo…", enabled: true },
+                        { key: "changePhoto", text: "Change my photo…", enabled: !bar.board.changingPhoto },
                         { key: "", text: "", enabled: false },
                         { key: "signOut", text: "Sign out", enabled: true },
                     ]

@@ -34,8 +34,9 @@ SyncCardView syncCard(const Store& store) {
 }
 
 bool canSync(const Store& store) {
-  const SyncCardView card = syncCard(store);
-  return store.signedIn() && !card.working && !card.busy;
+  const auto& board = store.board();
+  const bool atWork = board && board->sync && board->sync->active();
+  return store.signedIn() && !atWork && !store.busy().contains("sync");
 }
 
 void askForSync(Store& store) {

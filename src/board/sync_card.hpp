@@ -23,7 +23,7 @@ BOOST_DESCRIBE_STRUCT(SyncCardView, (),
 
 SyncCardView syncCard(const Store& store);
 
-// Not while one stands or is asked for.
+// Not while one waits, is at work or is asked for. One that was given up can be asked for anew.
 bool canSync(const Store& store);
 void askForSync(Store& store);
 

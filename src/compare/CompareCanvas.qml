@@ -31,9 +31,12 @@ Rectangle {
 
     // What the loupe hides of the stage.
     readonly property real covered: compare.loupe.open ? loupe.height + 2 * Theme.gap12 : 0
-    readonly property bool seen: Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
+    InSight {
+        id: sight
 
-    onSeenChanged: compare.setSeen(seen)
+        item: canvas
+        onNowChanged: canvas.compare.setSeen(now)
+    }
 
     function scrollTo(to: point) {
         if (to.x === stage.contentX && to.y === stage.contentY)
@@ -63,6 +66,7 @@ Rectangle {
 
     onZoomChanged: relay()
     Component.onCompleted: {
+        compare.setSeen(sight.now);
         relay();
         // A ticket that comes back with its draft.
         if (card.open)

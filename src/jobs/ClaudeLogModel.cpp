@@ -10,7 +10,8 @@ ClaudeLogModel::ClaudeLogModel(Store& store, API& api, const MainLoop& clock,
       technical_(api, [this] { update(); }),
       onChange_(store.changes.observe(Store::kBoard | Store::kBusy | Store::kPolled,
                                       [this] { update(); })),
-      onSession_(store.changes.observe(Store::kSignedIn, [this] { endSession(); })) {
+      onSession_(
+          store.changes.observe(Store::kSignedIn | Store::kBoard, [this] { followSession(); })) {
   update();
 }
 
@@ -23,7 +24,9 @@ void ClaudeLogModel::update() {
   if (log_.show(claudeLog(store_, technical_.log(), clock_.now(), calendar_))) emit logChanged();
 }
 
-void ClaudeLogModel::endSession() {
+// One session may follow another without a sign-out; the board goes with each.
+void ClaudeLogModel::followSession() {
+  if (store_.signedIn() && store_.board()) return;
   technical_.discard();
   update();
 }

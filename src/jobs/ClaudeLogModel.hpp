@@ -38,7 +38,7 @@ class ClaudeLogModel : public QObject {
 
  private:
   void update();
-  void endSession();
+  void followSession();
 
   Store& store_;
   const MainLoop& clock_;

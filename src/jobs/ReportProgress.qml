@@ -17,6 +17,8 @@ Pillbox {
     spinning: true
     width: Math.max(widest, implicitWidth)
     onImplicitWidthChanged: widest = Math.max(widest, implicitWidth)
+    // For the next report it begins anew.
+    onVisibleChanged: widest = visible ? implicitWidth : 0
 
     InSight {
         id: sight

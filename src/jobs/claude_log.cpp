@@ -56,7 +56,8 @@ TechnicalLogView technicalView(const Jobs& listed, const TechnicalLog& technical
                         .shown = its && technical.text()};
   if (view.shown) {
     view.button = "Hide the technical log";
-    view.text = shownTo(*technical.text(), kMostShown);
+    // Why it failed stands at the end.
+    view.text = shownFrom(*technical.text(), kMostShown);
   }
   return view;
 }

@@ -93,7 +93,9 @@ Writing {
 
     Shortcut {
         sequence: "Esc"
-        enabled: card.open
+        // Held down behind a person's page it ends that page, and no more.
+        autoRepeat: false
+        enabled: card.visible && card.open
         onActivated: card.notes.dropDraft()
     }
 

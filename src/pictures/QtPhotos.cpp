@@ -1,7 +1,6 @@
 #include "pictures/QtPhotos.hpp"
 
 #include <QByteArray>
-#include <optional>
 #include <utility>
 
 #include "pictures/PhotoMaking.hpp"
@@ -10,17 +9,15 @@
 namespace vellix {
 namespace {
 
-std::optional<QByteArray> bytesAt(const std::string& path) {
-  const auto file = OpenedFile::open(path);
-  if (!file || file->size() > kMostPhoto) return std::nullopt;
-  QByteArray bytes(static_cast<qsizetype>(file->size()), Qt::Uninitialized);
-  if (!file->read(bytes.data(), static_cast<std::size_t>(bytes.size()))) return std::nullopt;
-  return bytes;
-}
-
 PhotoResult photoOf(const std::string& path, DecodingBudget& budget) {
-  const auto bytes = bytesAt(path);
-  return bytes ? makePhoto(*bytes, budget) : std::unexpected(PhotoFailure::notLoaded);
+  const auto file = OpenedFile::open(path);
+  if (!file) return std::unexpected(PhotoFailure::notLoaded);
+  if (file->size() > kMostPhoto) return std::unexpected(PhotoFailure::notMade);
+  QByteArray bytes(static_cast<qsizetype>(file->size()), Qt::Uninitialized);
+  if (!file->read(bytes.data(), static_cast<std::size_t>(bytes.size()))) {
+    return std::unexpected(PhotoFailure::notLoaded);
+  }
+  return makePhoto(bytes, budget);
 }
 
 }  // namespace
@@ -28,7 +25,7 @@ PhotoResult photoOf(const std::string& path, DecodingBudget& budget) {
 Pending<PhotoResult> QtPhotos::make(std::string path) {
   return errands_.run<PhotoResult>(
       [path = std::move(path), budget = budget_] { return photoOf(path, *budget); },
-      std::unexpected(PhotoFailure::notLoaded));
+      std::unexpected(PhotoFailure::notMade));
 }
 
 }  // namespace vellix

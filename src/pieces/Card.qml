@@ -30,6 +30,7 @@ Rectangle {
         size: Theme.row
         weight: Font.DemiBold
         text: card.title
+        Accessible.role: Accessible.Heading
     }
 
     Column {

@@ -14,7 +14,9 @@ Ring {
     color: Theme.text
 
     RotationAnimation on rotation {
-        running: ring.spinning && ring.visible && !Theme.reducedMotion
+        // As InSight tells; every pill has a ring, and hardly one of them turns.
+        running: ring.spinning && ring.visible && ring.Window.visibility !== Window.Hidden
+                 && ring.Window.visibility !== Window.Minimized && !Theme.reducedMotion
         from: 0
         to: 360
         duration: 1500

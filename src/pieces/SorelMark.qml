@@ -36,8 +36,14 @@ Item {
         color: Theme.ink
     }
 
+    InSight {
+        id: sight
+
+        item: mark
+    }
+
     SequentialAnimation {
-        running: mark.working && mark.visible && !Theme.reducedMotion
+        running: mark.working && sight.now && !Theme.reducedMotion
         loops: Animation.Infinite
         onStopped: mark.open = 0
 

@@ -15,6 +15,12 @@ Item {
     Accessible.role: Accessible.Animation
     Accessible.name: "Working"
 
+    InSight {
+        id: sight
+
+        item: spinner
+    }
+
     Ring {
         anchors.fill: parent
         thickness: Math.max(1.5, spinner.size / 9)
@@ -28,7 +34,7 @@ Item {
         sweep: 0.28
 
         RotationAnimation on rotation {
-            running: spinner.on && spinner.visible && !Theme.reducedMotion
+            running: spinner.on && sight.now && !Theme.reducedMotion
             from: 0
             to: 360
             duration: 900

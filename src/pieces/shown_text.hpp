@@ -29,4 +29,13 @@ inline std::string shownTo(std::string_view text, int most) {
   return shown;
 }
 
+// The last so many characters of it, behind an ellipsis for what comes before.
+inline std::string shownFrom(std::string_view text, int most) {
+  auto before = std::ranges::count_if(text, beginsCharacter) - most;
+  if (before <= 0) return std::string{text};
+  const auto start =
+      std::ranges::find_if(text, [&](char byte) { return beginsCharacter(byte) && before-- == 0; });
+  return "…" + std::string{start, text.end()};
+}
+
 }  // namespace vellix

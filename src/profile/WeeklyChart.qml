@@ -52,7 +52,9 @@ Item {
 
         interval: 0
         onTriggered: {
-            if (bars.overflows)
+            if (bars.activeFocus)
+                bars.positionViewAtIndex(bars.currentIndex, ListView.Contain);
+            else if (bars.overflows)
                 bars.positionViewAtEnd();
         }
     }

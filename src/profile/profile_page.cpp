@@ -42,7 +42,9 @@ ProfileHeadView profileHead(const Store& store, const std::string& email, Moment
                        .here = {},
                        .changePhoto = {},
                        .changing = store.busy().contains("photo"),
-                       .adding = figuresOf(store, email) ? "" : "Adding it up…"};
+                       .adding = {}};
+  // Without a board nobody knows what is open.
+  if (!store.board() || !figuresOf(store, email)) view.adding = "Adding it up…";
   view.ink = inkOn(view.avatar.color);
   if (const auto& board = store.board()) {
     view.here = herePill(*board, email, now);

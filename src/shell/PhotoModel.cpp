@@ -9,15 +9,17 @@ namespace vellix {
 
 PhotoModel::PhotoModel(Store& store)
     : store_(store),
-      onChange_(store.changes.observe(Store::kBusy | Store::kSignedIn, [this] { update(); })) {
+      onChange_(store.changes.observe(Store::kBusy | Store::kBoard | Store::kSignedIn,
+                                      [this] { update(); })) {
   update();
 }
 
 void PhotoModel::update() {
   const bool changing = store_.busy().contains("photo");
   if (std::exchange(changing_, changing) != changing) emit changingChanged();
-  const bool signedIn = store_.signedIn();
-  if (std::exchange(signedIn_, signedIn) && !signedIn) emit ended();
+  // One session may follow another without a sign-out; the board goes with each.
+  const bool here = store_.signedIn() && store_.board();
+  if (std::exchange(here_, here) && !here) emit ended();
 }
 
 QStringList PhotoModel::filters() {

@@ -38,7 +38,7 @@ class PhotoModel : public QObject {
 
   Store& store_;
   bool changing_ = false;
-  bool signedIn_ = false;
+  bool here_ = false;
   Changes::Subscription onChange_;
 };
 

@@ -49,6 +49,14 @@ FocusScope {
 
     focus: true
 
+    // For what stands in front.
+    function takeKeyboard() {
+        if (page)
+            page.takeKeyboard();
+        else
+            ticket?.takeKeyboard();
+    }
+
     // Wherever the keyboard is, as long as nothing there takes it.
     Keys.onEscapePressed: event => {
         event.accepted = page !== null;
@@ -130,7 +138,7 @@ FocusScope {
                     model: view.openFile === "" ? [] : [view.openFile]
                     onItemAdded: (index, item) => {
                         view.ticket = item as FileView;
-                        if (hold.held && hold.ringed)
+                        if (!view.page && hold.held && hold.ringed)
                             view.ticket.takeKeyboard();
                     }
                     onItemRemoved: (index, item) => {
@@ -203,7 +211,7 @@ FocusScope {
                 send: view.send
                 upload: view.upload
                 onChoosing: chooser.open()
-                onKeptOut: view.ticket?.takeKeyboard()
+                onKeptOut: view.takeKeyboard()
             }
 
             PdfChooser {
@@ -248,6 +256,6 @@ FocusScope {
         anchors.fill: parent
         toast: view.root.toast
         onUndo: view.root.undo()
-        onKeptOut: view.ticket?.takeKeyboard()
+        onKeptOut: view.takeKeyboard()
     }
 }

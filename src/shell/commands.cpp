@@ -15,11 +15,13 @@ bool whileSignedIn(const Store& store) { return store.signedIn(); }
 bool whilePhotoStays(const Store& store) {
   return store.signedIn() && !store.busy().contains("photo");
 }
-// Each as its button, which a shortcut must not outrun.
-bool whileReportable(const Store& store) { return store.currentFile() && canMakeReport(store); }
+// Each as its button, which a shortcut must not outrun. Behind a person's page there is none.
+bool whileReportable(const Store& store) {
+  return !store.profile() && store.currentFile() && canMakeReport(store);
+}
 bool whileReviewable(const Store& store) {
   const ReviewButtonView button = reviewButton(store);
-  return button.enabled && button.ends;
+  return !store.profile() && button.enabled && button.ends;
 }
 
 void nothing(Store&) {}  // the window's own business

@@ -29,6 +29,10 @@ def make(reader, button):
     reader.press_named(button, roles=BUTTON)
     reader.find(contains="Ready in about")
     reader.find(name="New report", roles=BUTTON, limit=60)
+    reader.press_named("What Claude did on the Mac mini", roles=BUTTON)
+    reader.find(contains="Done, just now", roles=("list item",))
+    reader.key("Escape")
+    reader.gone(name="Reports", roles=("heading",))
     reader.find(contains="Report by You · ")
 
 
@@ -64,7 +68,7 @@ def open_a_report(build):
         service.fail_with({"path": "/api/reports/", "status": 500})
         press_open(reader)
         reader.find("A fault was asked for.")
-        service.fail_with({"path": "/api/reports/", "cut": True})
+        service.fail_with({"path": "/api/reports/", "cut_at": 1_000})
         press_open(reader)
         reader.find("This Mac is offline. Vellix will catch up when it's back.")
         expect(sorted(downloads.iterdir()) == sorted([file, second]), "a broken one was kept")

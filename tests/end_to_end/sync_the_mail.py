@@ -34,6 +34,14 @@ def sync(build):
         reader.find("Sync", roles=BUTTON, limit=60)
         wait_until("the new proof", lambda: len(tickets(reader)) == len(before) + 1)
 
+        # So says the log of the worker, and of the proof whose barcode it has doubts about.
+        reader.press_named("What Claude did on the Mac mini", roles=BUTTON)
+        reader.find(name="Last sync", roles=("heading",))
+        reader.find(name="Needs a look")
+        reader.find(contains="By You")
+        reader.key("Escape")
+        reader.gone(name="Last sync")
+
         reader.press_named("Sync")
         reader.press(reader.find("Stop", roles=BUTTON))
         stopped = service.wait_for_request("POST", "api/jobs/job-")[0]

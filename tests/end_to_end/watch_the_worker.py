@@ -43,7 +43,7 @@ def raw_log(reader, service):
     reader.press_named(TECHNICAL)
     reader.find(name=HIDE)
     asked = service.wait_for_request("GET", "api/jobs/")
-    reader.find(contains="job " + asked[0]["path"].rsplit("/", 1)[1])
+    reader.find(contains="picked up " + asked[0]["path"].rsplit("/", 1)[1])
     reader.press_named(HIDE)
     reader.find(name=TECHNICAL)
     expect(len(service.requests("GET", "api/jobs/")) == 1, "it was fetched to be hidden")

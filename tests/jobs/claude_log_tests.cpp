@@ -258,8 +258,11 @@ TEST_F(ClaudeLogs, ShowTheTechnicalLog) {
 
 TEST_F(ClaudeLogs, ShowOfALongLogNoMoreThanCanBeLaidOut) {
   board.jobs = {cameAt("a", 1)};
-  technical.arrived(*technical.press("a"), std::string(3 << 20, 'x'));
-  EXPECT_EQ(view().technical.text, std::string(20'000, 'x') + "…");
+  technical.arrived(*technical.press("a"), std::string(3 << 20, 'x') + "\nfailed: é");
+  EXPECT_EQ(view().technical.text, "…" + std::string(19'990, 'x') + "\nfailed: é");
+  technical.press("a");
+  technical.arrived(*technical.press("a"), std::string(20'000, 'x'));
+  EXPECT_EQ(view().technical.text, std::string(20'000, 'x'));
 }
 
 TEST_F(ClaudeLogs, KeepTheLogThatIsReadWhenANewerJobComes) {

@@ -352,11 +352,13 @@ TEST_F(PhotoFile, IsNotLoadedWhereThereIsNone) {
     return small + QByteArray(static_cast<qsizetype>(size) - small.size(), 'x');
   };
   EXPECT_TRUE(made(write("most.jpg", padded(kMostPhoto))));
-  for (const auto& path : {at("missing"), at(""), at("pipe"), std::string("/dev/zero"),
-                           std::string(), write("text.jpg", "no picture"), write("empty.jpg", ""),
-                           write("large.jpg", padded(kMostPhoto + 1))}) {
+  for (const auto& path :
+       {at("missing"), at(""), at("pipe"), std::string("/dev/zero"), std::string(),
+        write("text.jpg", "no picture"), write("empty.jpg", "")}) {
     EXPECT_EQ(made(path), PhotoResult(std::unexpected(PhotoFailure::notLoaded))) << path;
   }
+  EXPECT_EQ(made(write("large.jpg", padded(kMostPhoto + 1))),
+            PhotoResult(std::unexpected(PhotoFailure::notMade)));
 }
 
 TEST_F(PhotoFile, IsNotMadeWhereItIsBroken) {

@@ -101,6 +101,12 @@ TEST_F(ProfilePage, AddsUpUntilThereAreFigures) {
   EXPECT_EQ(figuresOf(store(), kRenny)->reviewed, 4);
 }
 
+TEST_F(ProfilePage, AddsUpUntilThereIsABoard) {
+  store().stats.set(Stats{.at = 1, .users = {{kRenny, {.reviewed = 4}}}});
+  store().board.set(std::nullopt);
+  EXPECT_EQ(head(kRenny).adding, "Adding it up…") << "nobody knows what is open";
+}
+
 TEST_F(ProfilePage, KeepsTheFiguresOfWhoHasLeft) {
   store().stats.set(Stats{.at = 1, .users = {{kJorvas, {.reviewed = 4}}}});
   board.users.pop_back();

@@ -117,6 +117,16 @@ TEST_F(Commands, ChangeOnePhotoAtATime) {
   EXPECT_FALSE(isEnabled(store(), "nothing"));
 }
 
+TEST_F(Commands, LeaveATicketBehindAPersonsPageAlone) {
+  serveOne();
+  store().profile.set("renny@tessarine.example");
+  for (const char* key : {"report", "markReviewed"}) {
+    EXPECT_FALSE(enabled(key)) << key;
+    run(key);
+    EXPECT_EQ(desk.http.count("POST"), 0U) << key;
+  }
+}
+
 TEST_F(Commands, OfATicketNeedExactlyOne) {
   for (const char* key : {"report", "markReviewed"}) EXPECT_FALSE(enabled(key)) << key;
   serveOne();
@@ -179,7 +189,7 @@ TEST_F(Commands, DoNotAskForASyncTwiceAtATime) {
 }
 
 TEST_F(Commands, AskForNoSyncWhileOneStands) {
-  for (const char* status : {"queued", "running", "stuck"}) {
+  for (const char* status : {"queued", "running"}) {
     BoardState board = boardOf({});
     board.sync = jobOf(status, "sync");
     store().board.set(board);
@@ -187,10 +197,14 @@ TEST_F(Commands, AskForNoSyncWhileOneStands) {
     run("sync");
   }
   EXPECT_EQ(desk.http.count("POST api/jobs"), 0U);
-  BoardState board = boardOf({});
-  board.sync = jobOf("done", "sync");
-  store().board.set(board);
-  EXPECT_TRUE(enabled("sync"));
+  for (const char* status : {"done", "stuck"}) {
+    BoardState board = boardOf({});
+    board.sync = jobOf(status, "sync");
+    store().board.set(board);
+    EXPECT_TRUE(enabled("sync")) << status;
+  }
+  run("sync");
+  EXPECT_EQ(desk.http.count("POST api/jobs"), 1U) << "of one that was given up";
 }
 
 TEST_F(Commands, AskForNoSecondReportOnTheSameTicket) {

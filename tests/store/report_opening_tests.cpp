@@ -87,6 +87,7 @@ struct FailureCase {
   HttpResult result;
   const char* toast;
 };
+BOOST_DESCRIBE_STRUCT(FailureCase, (), (name, toast))
 
 class FailedReport : public ReportOpening, public testing::WithParamInterface<FailureCase> {};
 

@@ -81,6 +81,7 @@ struct FailureCase {
   const char* name;
   HttpResult result;
 };
+BOOST_DESCRIBE_STRUCT(FailureCase, (), (name))
 
 class FailedStats : public StatsTest, public testing::WithParamInterface<FailureCase> {};
 

@@ -249,7 +249,7 @@ TEST_F(ApprovalShell, StagesItsSheetsByThemselves) {
   all.insert(windowModels());
   QVariantMap parts{{"panel", ""}, {"lab", QVariantMap{}}, {"symbols", QStringList{}}};
   for (const char* part :
-       {"root", "settings", "approvers", "approval", "send", "upload", "share"}) {
+       {"root", "log", "settings", "approvers", "approval", "send", "upload", "share"}) {
     parts[part] = all[part];
   }
   // As it is sent, all three can be worked with.

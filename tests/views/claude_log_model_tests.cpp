@@ -130,6 +130,16 @@ TEST_F(ClaudeLogModels, HideTheTechnicalLogAgain) {
   EXPECT_EQ(desk.http.matching("GET api/jobs/").size(), 1U);
 }
 
+TEST_F(ClaudeLogModels, DropTheTechnicalLogWithTheBoardItWasOf) {
+  read();
+  pressTechnical();
+  answerTechnical("09:41 began");
+  store().board.set(std::nullopt);
+  desk.time.run();
+  showBoard();
+  EXPECT_FALSE(technical()["shown"].toBool()) << "one session follows another";
+}
+
 TEST_F(ClaudeLogModels, DropTheTechnicalLogWithTheSession) {
   read();
   pressTechnical();

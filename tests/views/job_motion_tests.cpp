@@ -9,7 +9,7 @@ namespace {
 
 class JobMotion : public ViewTest {
  protected:
-  void showView(const char* view, QVariantMap properties = {}) {
+  void showView(const QString& view, QVariantMap properties = {}) {
     show(view, properties, {400, 60});
     theme()->setReducedMotion(false);
     root = qobject_cast<QQuickView*>(window())->rootObject();
@@ -73,10 +73,15 @@ TEST_F(JobMotion, OfTheCreatureLeavesItSharp) {
 }
 
 TEST_F(JobMotion, CostsNothingWhenHidden) {
-  for (const char* view : {"Jobs/ClaudeCritter", "Jobs/WorkingLine"}) {
-    SCOPED_TRACE(view);
-    QVariantMap properties;
-    if (QByteArray{view}.endsWith("Critter")) properties["busy"] = true;
+  const std::vector<std::pair<QString, QVariantMap>> moving{
+      {"Jobs/ClaudeCritter", {{"busy", true}}},
+      {"Jobs/WorkingLine", {}},
+      {"Jobs/ReportProgress", {{"text", "Almost ready…"}}},
+      {"Pieces/Spinner", {}},
+      {"Pieces/DashedRing", {{"spinning", true}}},
+      {"Pieces/SorelMark", {{"working", true}}}};
+  for (const auto& [view, properties] : moving) {
+    SCOPED_TRACE(view.toStdString());
     showView(view, properties);
     EXPECT_GT(running(), 0);
     root->setVisible(false);

@@ -157,6 +157,30 @@ TEST_F(ProfileShell, KeepsWhatWasWrittenBehindIt) {
   EXPECT_EQ(window()->activeFocusItem(), field) << "and goes on being written";
 }
 
+TEST_F(ProfileShell, KeepsTheNoteOnThePageBehindIt) {
+  begin();
+  store().beginDraft(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.5, .y = 0.5});
+  settle();
+  click(avatar(kMine));
+  ASSERT_TRUE(pageIsOpen());
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(pageIsOpen());
+  EXPECT_TRUE(store().draft());
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(store().draft()) << "in front, it is ended by it";
+}
+
+TEST_F(ProfileShell, BlinksNoPanesBehindIt) {
+  begin();
+  store().setMode(CompareMode::blink);
+  settle();
+  const auto asleep = desk.time.sleeping();
+  click(avatar(kMine));
+  EXPECT_EQ(desk.time.sleeping(), asleep - 1);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(desk.time.sleeping(), asleep);
+}
+
 TEST_F(ProfileShell, TurnsNoPagesBehindIt) {
   begin();
   click(avatar(kMine));
@@ -211,6 +235,10 @@ TEST_F(ProfileShell, OffersAPhotoAndTheWayOutInTheMenu) {
   }));
   EXPECT_EQ(reader().names(QAccessible::MenuItem).filter("photo"), QStringList{"Change my photo…"});
   EXPECT_EQ(reader().names(QAccessible::Separator).size(), 1);
+  EXPECT_FALSE(reader().find("Change my photo…", QAccessible::MenuItem)->state().disabled);
+  store().busy.set({"photo"});
+  settle();
+  EXPECT_TRUE(reader().find("Change my photo…", QAccessible::MenuItem)->state().disabled);
 }
 
 TEST_F(ProfileShell, AsksForAPhotoFromTheMenuAndThePage) {

@@ -52,6 +52,27 @@ TEST_F(ProfileViews, TellAllOfItInOrder) {
   EXPECT_EQ(rowsOf("Milestones 7 of 13").value(0), "First review, Earned");
 }
 
+TEST_F(ProfileViews, DrawNoBarInWhatIsEarned) {
+  serveRich();
+  open(kRenny);
+  showPage({1'200, 2'400});
+  const auto cells = seen(window()->contentItem(), "MilestoneCell");
+  ASSERT_EQ(cells.size(), 13);
+  for (QQuickItem* cell : cells) {
+    EXPECT_EQ(seen(cell, "ProgressBar").size(), cell->property("earned").toBool() ? 0 : 1);
+  }
+}
+
+TEST_F(ProfileViews, DrawTheRingOfTheRate) {
+  serveRich();
+  open(kRenny);
+  showPage({1'200, 2'400});
+  const auto rings = seen(seen(window()->contentItem(), "OnTimeRing").value(0), "Ring");
+  ASSERT_EQ(rings.size(), 2);
+  for (QQuickItem* ring : rings) EXPECT_EQ(ring->size(), QSizeF(150, 150));
+  EXPECT_DOUBLE_EQ(rings[1]->property("sweep").toReal(), 0.89);
+}
+
 TEST_F(ProfileViews, StandInOneColumnWhereItIsNarrow) {
   serveRich();
   open(kRenny);
