@@ -50,10 +50,10 @@ Reply Service::serveTests(const Request& request) {
   if (request.path == "/demo/colleague" && post) {
     const auto body = decodeJson(request.body);
     if (!body) return errorReply(400, "That is not JSON.");
-    const auto done = state_.colleagueActs(textAt(*body, "file_id").value_or("salt-text"),
-                                           textAt(*body, "text").value_or("Had a look at this."),
-                                           textAt(*body, "by").value_or(kJorvas),
-                                           textsAt(*body, "tags"));
+    const auto done =
+        state_.colleagueActs(textAt(*body, "file_id").value_or("salt-text"),
+                             textAt(*body, "text").value_or("Had a look at this."),
+                             textAt(*body, "by").value_or(kJorvas), textsAt(*body, "tags"));
     return done ? Reply{} : errorReply(done.error().status, done.error().text);
   }
   if (request.path == "/demo/findings" && post) {

@@ -6,8 +6,8 @@ Item {
     id: chooser
 
     property string title
-    // Names of kinds with their patterns.
-    property list<string> filters
+    // A list of the names of kinds with their patterns.
+    property var filters: []
 
     signal chosen(file: url)
 

@@ -8,7 +8,7 @@ Item {
     signal chosen(file: url)
 
     // Filters are names of kinds with their patterns.
-    function ask(title: string, filters: list<string>) {
+    function ask(title: string, filters: var) {
         dialog.title = title;
         dialog.nameFilters = filters;
         dialog.open();

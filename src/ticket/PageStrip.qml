@@ -36,18 +36,20 @@ Item {
         function openRow(): int {
             return Math.min(strip.file.openPage, count - 1);
         }
-        // A page and its neighbours, the one that has to be in sight last.
-        function around(index: int): var {
-            return [index - 1, index + 1, index].map(row => Math.max(0, Math.min(row, count - 1)));
+        function held(row: int): int {
+            return Math.max(0, Math.min(row, count - 1));
         }
-        // Puts the strip where a page is in sight with its neighbours.
+        // Puts the strip where a page is in sight with its neighbours, and last of all the page.
         function place(index: int) {
-            for (const row of around(index))
-                positionViewAtIndex(row, ListView.Contain);
+            for (const row of [index - 1, index + 1, index])
+                positionViewAtIndex(held(row), ListView.Contain);
         }
         // Where that is; no number while they are not all made.
         function placeOf(index: int): real {
-            return around(index).reduce((y, row) => motion.placeToShow(itemAtIndex(row), y, height), contentY);
+            let y = contentY;
+            for (const row of [index - 1, index + 1, index])
+                y = motion.placeToShow(itemAtIndex(held(row)), y, height);
+            return y;
         }
         // Makes a page the current one and brings it into view with its neighbours, gliding there
         // when it is near. With `keyed` it gets the keyboard, and the ring, before the list makes it
