@@ -68,8 +68,8 @@ Done State::removePerson(const std::string& email) {
   return {};
 }
 
-Done State::colleagueActs(const std::string& fileId, const std::string& text,
-                          const std::string& by, const std::vector<std::string>& tags) {
+Done State::colleagueActs(const std::string& fileId, const std::string& text, const std::string& by,
+                          const std::vector<std::string>& tags) {
   Ticket* ticket = find(fileId);
   if (ticket == nullptr) return refuse(404, "There is no such ticket.");
   const auto user = std::ranges::find(users_, by, &Person::email);
