@@ -102,9 +102,10 @@ void State::scheduleColleague() {
     if (!open.empty()) {
       const auto& [ticket, finding] = open[colleague_() % open.size()];
       if (colleague_() % 2 == 0) {
-        (void)colleagueActs(ticket, "I’ll ask the supplier about this one.", kJorvas);
+        [[maybe_unused]] const Done said =
+            colleagueActs(ticket, "I’ll ask the supplier about this one.", kJorvas);
       } else {
-        (void)setFinding(finding, "issue", kJorvas);
+        [[maybe_unused]] const Done decided = setFinding(finding, "issue", kJorvas);
       }
     }
     scheduleColleague();
