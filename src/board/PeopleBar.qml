@@ -17,25 +17,22 @@ Item {
     // A command of the program's was chosen, by its key.
     signal commanded(string key)
 
-    // The keyboard goes to that person; false when there is no such person.
-    function takeKeyboard(email: string): bool {
-        for (let i = 0; i < people.count; ++i) {
-            const person = people.itemAt(i) as Pressable;
-            if (person?.email !== email)
-                continue;
-            person.forceActiveFocus(Qt.TabFocusReason);
-            return true;
-        }
-        return false;
-    }
-    // That person was chosen by key.
-    function keyed(email: string): bool {
+    // Null when there is no such person.
+    function buttonOf(email: string): Pressable {
         for (let i = 0; i < people.count; ++i) {
             const person = people.itemAt(i) as Pressable;
             if (person?.email === email)
-                return person.visualFocus;
+                return person;
         }
-        return false;
+        return null;
+    }
+    // The keyboard goes to that person, where there is one.
+    function takeKeyboard(email: string) {
+        buttonOf(email)?.forceActiveFocus(Qt.TabFocusReason);
+    }
+    // That person was chosen by key.
+    function keyed(email: string): bool {
+        return buttonOf(email)?.visualFocus ?? false;
     }
 
     // Many people move together, so that all of them find room.

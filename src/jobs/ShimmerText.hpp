@@ -24,8 +24,8 @@ class ShimmerText : public vellix::GridItem {
  public:
   using GridItem::GridItem;
 
-  void setText(const QString& text) { change(text_, text); }
-  void setFont(const QFont& font) { change(font_, font); }
+  void setText(const QString& text) { changeLine(text_, text); }
+  void setFont(const QFont& font) { changeLine(font_, font); }
   void setColor(const QColor& color) { change(color_, color); }
   void setLight(const QColor& light) { change(light_, light); }
   void setPhase(qreal phase) { change(phase_, phase); }
@@ -39,13 +39,19 @@ class ShimmerText : public vellix::GridItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
+  // The light moves with every frame, and nothing of the line's size with it.
   template <class T>
   void change(T& member, const T& value) {
     if (member == value) return;
     member = value;
-    measure();
     polish();
     emit looksChanged();
+  }
+  template <class T>
+  void changeLine(T& member, const T& value) {
+    if (member == value) return;
+    change(member, value);
+    measure();
   }
   void measure();
 
