@@ -8,27 +8,20 @@ ClaudeLogModel::ClaudeLogModel(Store& store, API& api, const MainLoop& clock,
       clock_(clock),
       calendar_(calendar),
       technical_(api, [this] { update(); }),
-      onChange_(store.changes.observe(Store::kBoard | Store::kBusy | Store::kPolled,
-                                      [this] { update(); })),
-      onSession_(
-          store.changes.observe(Store::kSignedIn | Store::kBoard, [this] { followSession(); })) {
+      onChange_(store.changes.observe(
+          Store::kSignedIn | Store::kBoard | Store::kBusy | Store::kPolled, [this] { update(); })) {
   update();
 }
 
 void ClaudeLogModel::update() {
+  // One session may follow another without a sign-out; the board goes with each.
+  if (!store_.signedIn() || !store_.board()) technical_.discard();
   if (busy_ != store_.anyJobActive()) {
     busy_ = !busy_;
     emit busyChanged();
   }
   if (readers_.empty()) return;
   if (log_.show(claudeLog(store_, technical_.log(), clock_.now(), calendar_))) emit logChanged();
-}
-
-// One session may follow another without a sign-out; the board goes with each.
-void ClaudeLogModel::followSession() {
-  if (store_.signedIn() && store_.board()) return;
-  technical_.discard();
-  update();
 }
 
 void ClaudeLogModel::reads(QObject* reader, bool reading) {

@@ -38,7 +38,6 @@ class ClaudeLogModel : public QObject {
 
  private:
   void update();
-  void followSession();
 
   Store& store_;
   const MainLoop& clock_;
@@ -48,7 +47,6 @@ class ClaudeLogModel : public QObject {
   Shown<ClaudeLogView> log_;
   TechnicalLogFetch technical_;
   Changes::Subscription onChange_;
-  Changes::Subscription onSession_;
 };
 
 }  // namespace vellix

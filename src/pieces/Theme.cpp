@@ -24,7 +24,6 @@ Theme::Theme(QObject* parent) : QObject(parent) {
   family_ = firstInstalled({"Inter"}, QFontDatabase::GeneralFont);
   serif_ = firstInstalled({"New York", "EB Garamond", "EB Garamond 12", "Georgia", "Noto Serif"},
                           QFontDatabase::GeneralFont);
-  fixed_ = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
   qApp->installEventFilter(this);
   takeDark(systemIsDark());
 }
@@ -82,5 +81,8 @@ void Theme::follow() {
   takeDark(dark);
   emit darkChanged();
 }
+
+// Looked up where it is wanted: hardly anybody reads a raw log.
+QString Theme::fixed() { return QFontDatabase::systemFont(QFontDatabase::FixedFont).family(); }
 
 }  // namespace vellix

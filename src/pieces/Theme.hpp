@@ -126,7 +126,7 @@ class Theme : public QObject {
   PaperTones* onPaper() { return &onPaper_; }
   QString family() const { return family_; }
   QString serif() const { return serif_; }
-  QString fixed() const { return fixed_; }
+  static QString fixed();
   qreal pointsPerPixel() const;
   int hover() const { return reducedMotion_ ? 0 : 120; }
   int standard() const { return reducedMotion_ ? 0 : 320; }
@@ -154,7 +154,6 @@ class Theme : public QObject {
   PaperTones onPaper_;
   QString family_;
   QString serif_;
-  QString fixed_;
 };
 
 #undef VELLIX_COLOUR
