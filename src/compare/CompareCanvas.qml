@@ -31,11 +31,11 @@ Rectangle {
 
     // What the loupe hides of the stage.
     readonly property real covered: compare.loupe.open ? loupe.height + 2 * Theme.gap12 : 0
-    InSight {
-        id: sight
 
+    InSight {
         item: canvas
         onNowChanged: canvas.compare.setSeen(now)
+        Component.onCompleted: canvas.compare.setSeen(now)
     }
 
     function scrollTo(to: point) {
@@ -66,7 +66,6 @@ Rectangle {
 
     onZoomChanged: relay()
     Component.onCompleted: {
-        compare.setSeen(sight.now);
         relay();
         // A ticket that comes back with its draft.
         if (card.open)
@@ -85,9 +84,7 @@ Rectangle {
             canvas.scrollTo(canvas.compare.stage.revealSelected(Qt.point(stage.contentX, stage.contentY),
                                                                 canvas.covered));
         }
-        function onDrafted() {
-            card.begin();
-        }
+        function onDrafted() { card.begin(); }
     }
 
     ParallelAnimation {

@@ -2,7 +2,7 @@
 #include "records/words.hpp"
 #include "store/people.hpp"
 #include "store/share_links.hpp"
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 namespace {

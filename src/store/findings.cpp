@@ -1,7 +1,7 @@
 // Deciding a finding: shown at once, settled by the service, and taken back by Undo.
 #include <algorithm>
 
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 namespace {

@@ -1,5 +1,5 @@
 // Asking the worker on the Mac mini for work, and stopping it. The jobs come back with the board.
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 namespace {

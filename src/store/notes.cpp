@@ -1,6 +1,6 @@
 // Writing notes and changing them. Nothing is shown before the service has it.
 #include "records/trimmed.hpp"
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 

@@ -1,7 +1,7 @@
 // A ticket's link, under which colleagues open it in their browser.
 #include "records/words.hpp"
 #include "store/share_links.hpp"
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 namespace {

@@ -242,13 +242,7 @@ class Store {
   // Posts what is shown ahead as of `shown`, if it is, and notes whether the service took it.
   template <class Body>
   Task<API::Result<Done>> tellAhead(Ahead<Told>& ahead, std::string id, std::optional<Order> shown,
-                                    std::string path, Body body) {
-    auto call = tell(std::move(path), std::move(body));
-    auto outcome = co_await std::move(call);
-    if (shown && outcome) ahead.taken(id, *shown, order());
-    if (shown && !outcome) ahead.refused(id, *shown);
-    co_return outcome;
-  }
+                                    std::string path, Body body);
   Order order() { return ++lastOrder_; }
   std::optional<std::string> myEmail() const;
   // Since when the board shows it; none when it does not.
@@ -272,14 +266,7 @@ class Store {
   using Heard = std::function<void(const Json::Object&)>;
   // Posts. What the service says to it is for the session that asked.
   template <class Body>
-  Task<API::Result<Done>> tell(std::string path, Body body, Heard heard = nullptr) {
-    const auto session = session_;
-    auto call = api_.post(std::move(path), std::move(body));
-    const auto answer = co_await std::move(call);
-    if (!answer) co_return std::unexpected(answer.error());
-    if (heard && session == session_) heard(*answer);
-    co_return Done{};
-  }
+  Task<API::Result<Done>> tell(std::string path, Body body, Heard heard = nullptr);
   Task<> fetchReport(Report report, std::string key, Session session);
   Task<API::Result<Done>> keepAndOpen(Report report, Session session);
   Task<> sendPhoto(std::string path, Session session);

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "records/words.hpp"
-#include "store/store.hpp"
+#include "store/store_tell.hpp"
 
 namespace vellix {
 namespace {
