@@ -37,6 +37,7 @@ function(vellix_folder)
     target_include_directories(vellix_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}
                                                      ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(vellix_${name} PUBLIC vellix_core Qt6::Quick ${arg_LINK})
+    target_precompile_headers(vellix_${name} REUSE_FROM vellix_read_ahead)
     set_property(GLOBAL APPEND PROPERTY VELLIX_MODULES vellix_${name})
     if("ViewTypes.hpp" IN_LIST arg_MODELS)
       set_property(GLOBAL APPEND PROPERTY VELLIX_VIEW_TYPES ${name}/ViewTypes.hpp)
