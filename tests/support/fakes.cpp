@@ -24,6 +24,10 @@ void FakeDefaults::setText(const std::string& key, const std::string& value) { t
 
 void FakeDefaults::setFlag(const std::string& key, bool value) { flags[key] = value; }
 
+void FakeDefaults::writeDown() {
+  if (canWrite) onDisk = texts;
+}
+
 bool FakeDefaults::lasting() const { return canWrite; }
 
 std::optional<std::string> FakeTokenStore::read() {

@@ -29,10 +29,12 @@ class FakeDefaults : public Defaults {
   std::optional<bool> flag(const std::string& key) const override;
   void setText(const std::string& key, const std::string& value) override;
   void setFlag(const std::string& key, bool value) override;
+  void writeDown() override;
   bool lasting() const override;
 
   std::map<std::string, std::string> texts;
   std::map<std::string, bool> flags;
+  std::map<std::string, std::string> onDisk;  // of the texts, what a crash would leave
   bool canWrite = true;
 };
 

@@ -17,6 +17,9 @@ class Defaults {
   // Readable at once; on disk soon after. A file that cannot be written is not an error here.
   virtual void setText(const std::string& key, const std::string& value) = 0;
   virtual void setFlag(const std::string& key, bool value) = 0;
+  // What was set so far is on the disk when it returns, whatever becomes of the process then; as
+  // far as anything can be written.
+  virtual void writeDown() = 0;
   // False while nothing can be written down: what is set then lasts for the run alone.
   virtual bool lasting() const = 0;
 };

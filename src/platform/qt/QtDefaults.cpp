@@ -51,6 +51,8 @@ void QtDefaults::setFlag(const std::string& key, bool value) {
   settings_.setValue(keyOf(key), value);
 }
 
+void QtDefaults::writeDown() { settings_.sync(); }
+
 bool QtDefaults::lasting() const { return settings_.isWritable(); }
 
 }  // namespace vellix

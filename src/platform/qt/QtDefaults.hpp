@@ -23,6 +23,7 @@ class QtDefaults : public Defaults {
   std::optional<bool> flag(const std::string& key) const override;
   void setText(const std::string& key, const std::string& value) override;
   void setFlag(const std::string& key, bool value) override;
+  void writeDown() override;
   bool lasting() const override;
 
  private:
