@@ -1,10 +1,10 @@
 #include "shell/Capture.hpp"
 
 #include <QGuiApplication>
-#include <QPixmap>
 #include <QQuickWindow>
-#include <QScreen>
 #include <algorithm>
+
+#include "platform/System.hpp"
 
 namespace vellix {
 namespace {
@@ -33,7 +33,7 @@ int captureWindow(const QString& path, bool asOnScreen) {
   auto* window = qobject_cast<QQuickWindow*>(firstWindow());
   if (!window) return kNoWindow;
   if (asOnScreen) {
-    if (QScreen* screen = window->screen()) screen->grabWindow(window->winId()).save(path, "PNG");
+    grabWindow(*window, path);
     return kDone;
   }
   const QImage bitmap = window->grabWindow();

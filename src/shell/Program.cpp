@@ -21,7 +21,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
     : arguments_(std::move(arguments)),
       loop_(loop),
       api_(shotPath(arguments_) ? static_cast<Http&>(closed_) : http_, tokens, defaults),
-      signIn_(api_, {defaults, machine_, browser_, uuids_}),
+      signIn_(api_, {defaults, machine_, systemSignIn_.browser(waiting_), uuids_}),
       images_(api_, loop_, decoder_, files_),
       prefs_(loop_, defaults),
       store_(api_, signIn_, prefs_,
@@ -43,7 +43,7 @@ Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arg
       history_(store_, loop_, calendar_),
       approvers_(store_),
       profile_(store_, loop_, calendar_),
-      signInScreen_(store_, api_, browser_, loop_),
+      signInScreen_(store_, api_, waiting_, loop_),
       commands_(store_),
       settings_(prefs_),
       photo_(store_),
@@ -112,10 +112,10 @@ QVariantMap Program::panelOf(const std::string& panel) {
   };
 }
 
-void Program::follow(const PortalLook& look) {
+void Program::follow(const SystemLook& look) {
   auto* theme = engine_.singletonInstance<Theme*>(qmlTypeId("Vellix.Pieces", 1, 0, "Theme"));
   const auto take = [theme, &look] { theme->followSystem(look.look()); };
-  QObject::connect(&look, &PortalLook::changed, theme, take);
+  QObject::connect(&look, &SystemLook::changed, theme, take);
   take();
 }
 

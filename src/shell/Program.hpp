@@ -21,8 +21,7 @@
 #include "pictures/CachedPictures.hpp"
 #include "pictures/QtPhotos.hpp"
 #include "pictures/QtPictureDecoder.hpp"
-#include "platform/linux/LauncherBadge.hpp"
-#include "platform/linux/PortalLook.hpp"
+#include "platform/System.hpp"
 #include "platform/qt/QtCalendar.hpp"
 #include "platform/qt/QtClipboard.hpp"
 #include "platform/qt/QtDefaults.hpp"
@@ -58,7 +57,7 @@ class Program {
   // False when the window could not be made.
   bool show();
   // From now on the theme goes with the desktop's look, which must outlive the program.
-  void follow(const PortalLook& look);
+  void follow(const SystemLook& look);
   // Once shown: puts the window where the person sees it.
   void bringForward(const QByteArray& activationToken);
   Store& store() { return store_; }
@@ -72,7 +71,7 @@ class Program {
   QtCalendar calendar_;
   QtWindows windows_;
   QtMachine machine_;
-  LauncherBadge badge_;
+  SystemBadge badge_;
   QtHttp http_;
   ClosedHttp closed_{loop_};
   QtUrlOpener opener_;
@@ -82,7 +81,8 @@ class Program {
   QtPhotos photos_;
   QtUuids uuids_;
   API api_;
-  WaitingBrowser browser_{loop_, opener_};
+  WaitingBrowser waiting_{loop_, opener_};
+  SystemSignIn systemSignIn_{loop_};
   SignIn signIn_;
   PixelCache pixels_;
   QtPictureDecoder decoder_{pixels_};

@@ -10,9 +10,7 @@
 #include <utility>
 
 #include "gateway/late_token_store.hpp"
-#include "platform/linux/DesktopApplication.hpp"
-#include "platform/linux/PortalLook.hpp"
-#include "platform/linux/TokenStores.hpp"
+#include "platform/System.hpp"
 #include "shell/Program.hpp"
 
 namespace vellix {
@@ -48,7 +46,7 @@ StartRequest requestOf(const QStringList& arguments, const QByteArray& activatio
 
 class Run {
  public:
-  Run(QGuiApplication& application, DesktopApplication& desktop, StartRequest request)
+  Run(QGuiApplication& application, SystemApplication& desktop, StartRequest request)
       : application_(application),
         arguments_(plain(application.arguments())),
         desktop_(desktop),
@@ -105,9 +103,9 @@ class Run {
 
   QGuiApplication& application_;
   const Arguments arguments_;
-  DesktopApplication& desktop_;
+  SystemApplication& desktop_;
   const StartRequest request_;
-  PortalLook look_;  // asked ahead of the first picture
+  SystemLook look_;  // asked ahead of the first picture
   QtMainLoop loop_;
   QtDefaults defaults_;
   LateTokenStore tokens_{openTokenStore(configFolder()), loop_};
@@ -133,7 +131,7 @@ int main(int argc, char* argv[]) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   }
   const auto request = requestOf(application.arguments(), activationToken);
-  DesktopApplication desktop{QDBusConnection::sessionBus(), kDesktopName};
+  SystemApplication desktop;
   if (!standsApart(plain(application.arguments())) && desktop.handOver(request)) return 0;
   return Run{application, desktop, request}.exec();
 }

@@ -66,7 +66,7 @@ def complaints(files):
 def main(src):
     root = Path(src)
     files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for pattern in ("*.hpp", "*.cpp", "*.qml") for path in root.rglob(pattern)}
+             for pattern in ("*.hpp", "*.cpp", "*.mm", "*.qml") for path in root.rglob(pattern)}
     said = complaints(files)
     for sentence in said:
         print(sentence)

@@ -5,23 +5,16 @@
 #include <QByteArray>
 #include <QDBusConnection>
 #include <QObject>
-#include <QStringList>
 #include <functional>
 #include <optional>
 #include <vector>
+
+#include "platform/qt/start_request.hpp"
 
 namespace vellix {
 
 // The name of the desktop entry and on the bus.
 inline constexpr const char* kDesktopName = "example.tessarine.Vellix";
-
-// What a start asks for: the window in front, and what there is to open.
-struct StartRequest {
-  QStringList urls;
-  // Lets the window come to the front where the desktop guards it; empty without one.
-  QByteArray activationToken;
-  bool operator==(const StartRequest&) const = default;
-};
 
 // What the desktop gave this process to come to the front with. Ask ahead of the QGuiApplication,
 // which may take it away.
@@ -33,7 +26,8 @@ class DesktopApplication : public QObject {
 
  public:
   // Does nothing yet. Without a bus it stays alone.
-  DesktopApplication(QDBusConnection bus, const QString& name);
+  explicit DesktopApplication(QDBusConnection bus = QDBusConnection::sessionBus(),
+                              const QString& name = kDesktopName);
   ~DesktopApplication() override;
 
   // True when another instance has taken the request, and this process has nothing left to do.
