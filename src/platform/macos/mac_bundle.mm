@@ -1,6 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include <charconv>
+#include <string_view>
 
 #include "platform/macos/mac_bundle.hpp"
 
@@ -12,7 +13,9 @@ std::optional<std::string> textOf(id value) {
   return std::string{[value UTF8String]};
 }
 
-std::int64_t buildOf(const std::string& text) {
+// Digits behind a sign or none, and nothing else.
+std::int64_t buildOf(std::string_view text) {
+  if (text.starts_with("+") && !text.starts_with("+-")) text.remove_prefix(1);
   std::int64_t build = 1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), build);
   return error == std::errc{} && end == text.data() + text.size() ? build : 1;
