@@ -6,12 +6,14 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QTimer>
+#include <cstdio>
 #include <optional>
 #include <utility>
 
 #include "gateway/late_token_store.hpp"
 #include "platform/System.hpp"
 #include "shell/Program.hpp"
+#include "shell/usage.hpp"
 
 namespace vellix {
 namespace {
@@ -119,6 +121,10 @@ class Run {
 
 int main(int argc, char* argv[]) {
   using namespace vellix;
+  if (const auto text = usage({argv, argv + argc})) {
+    std::fputs(text->c_str(), stdout);
+    return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
   giveFreedPicturesBack();
   const QByteArray activationToken = givenActivationToken();
   QGuiApplication application{argc, argv};
