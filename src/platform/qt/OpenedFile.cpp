@@ -18,8 +18,15 @@ std::int64_t nanoseconds(const timespec& time) {
 // None for what is no file.
 std::optional<OpenedFile::State> stateOf(const struct stat& told) {
   if (!S_ISREG(told.st_mode)) return std::nullopt;
-  return OpenedFile::State{told.st_dev, told.st_ino, told.st_size, nanoseconds(told.st_mtim),
-                           nanoseconds(told.st_ctim)};
+#ifdef __APPLE__  // which has other names for them
+  const timespec written = told.st_mtimespec;
+  const timespec touched = told.st_ctimespec;
+#else
+  const timespec written = told.st_mtim;
+  const timespec touched = told.st_ctim;
+#endif
+  return OpenedFile::State{static_cast<std::uint64_t>(told.st_dev), told.st_ino, told.st_size,
+                           nanoseconds(written), nanoseconds(touched)};
 }
 
 std::optional<OpenedFile::State> stateOf(int file) {
