@@ -4,9 +4,23 @@
 #include <gtest/gtest.h>
 #include <qt6keychain/keychain.h>
 
+#include "platform/macos/TokenStores.hpp"
+#include "platform/macos/mac_bundle.hpp"
 #include "platform/waiting.hpp"
 
 namespace vellix {
+
+namespace {
+
+// What the running copy is taken to be.
+std::optional<std::string> bundleIdentifier;
+
+}  // namespace
+
+RunningCopy runningCopy(std::int64_t built) {
+  return {.identifier = bundleIdentifier, .bundle = {}, .process = 1, .build = built};
+}
+
 namespace {
 
 using Token = std::optional<std::string>;
@@ -92,6 +106,28 @@ TEST_F(KeychainTokenStoreTest, WhatIsNoTextIsNoToken) {
   job.setBinaryData(QByteArray("\xff\xfe\x01", 3));
   carryOut(job);
   EXPECT_EQ(found(), std::nullopt);
+}
+
+TEST_F(KeychainTokenStoreTest, IsOpenedUnderTheBundlesIdentifier) {
+  opened()->add("first");
+  EXPECT_TRUE(waitUntil([] { return found() == "first"; }));
+  bundleIdentifier = kService;
+  const auto opening = openTokenStore("a folder that is none");
+  EXPECT_FALSE(opening.resolved()) << "in a later turn";
+  const auto store = await(opening);
+  ASSERT_TRUE(store);
+  EXPECT_EQ((*store)->read(), "first");
+}
+
+TEST_F(KeychainTokenStoreTest, WithoutABundleItIsTheProgramsOwnName) {
+  bundleIdentifier.reset();
+  const auto store = await(openTokenStore({}));
+  ASSERT_TRUE(store);
+  (*store)->add("unbundled");
+  EXPECT_TRUE(await((*store)->settled()));
+  EXPECT_EQ(found("com.rennyvale.Sorel"), "unbundled");
+  (*store)->remove();
+  EXPECT_TRUE(await((*store)->settled()));
 }
 
 TEST(WithoutAKeychain, TheTokenLastsForTheRun) {
