@@ -2,12 +2,12 @@
 #pragma once
 
 #ifdef __APPLE__
-#include "platform/macos/TokenStores.hpp"
 #include "platform/macos/LaunchedApplication.hpp"
 #include "platform/macos/MacBadge.hpp"
 #include "platform/macos/MacLook.hpp"
 #include "platform/macos/MacSignInBrowser.hpp"
 #include "platform/macos/MacWakes.hpp"
+#include "platform/macos/TokenStores.hpp"
 #include "platform/macos/grab_window.hpp"
 #include "platform/macos/mac_bundle.hpp"
 #else
