@@ -54,10 +54,8 @@ Reply Service::serve(const Request& request) {
   const bool post = request.method == "POST";
   if (get && path == "/signin") return signInPage(request);
   if (get && path == "/signin/back" && handBack) return signedInPage(request);
-  if (get && path == "/version.json") {
-    return jsonReply(VersionInfo{"1.0", 1, "https://proofs.tessarine.example/vellix.dmg",
-                                 std::nullopt, std::nullopt});
-  }
+  if (get && path == "/version.json") return jsonReply(feed_.newest());
+  if (get && path == "/download") return {200, feed_.page(), "text/html; charset=utf-8"};
   if (post && path == "/api/login/exchange") {
     const auto body = decodeJson(request.body);
     const auto code = body ? textAt(*body, "code") : std::nullopt;

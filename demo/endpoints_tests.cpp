@@ -1,7 +1,7 @@
 // What tests may ask of the demo service beside the contract: its log, its state, faults, the
 // colleague and the approvers at a chosen moment, checks that do not end, pages with many findings,
-// how the worker goes on, and people who come and go. A version's PDF, "/demo/proof", is made in
-// service.cpp, outside the lock.
+// how the worker goes on, people who come and go, and a newer build. A version's PDF,
+// "/demo/proof", is made in service.cpp, outside the lock.
 #include <vector>
 
 #include "body.hpp"
@@ -84,6 +84,12 @@ Reply Service::serveTests(const Request& request) {
     const auto done =
         state_.setWorker(textAt(*body, "hold"), textAt(*body, "fail"), flagAt(*body, "silent"));
     return done ? Reply{} : errorReply(done.error().status, done.error().text);
+  }
+  if (request.path == "/demo/feed" && post) {
+    const auto body = decodeJson(request.body);
+    if (!body) return errorReply(400, "That is not JSON.");
+    const auto wrong = feed_.replace(*body);
+    return wrong ? errorReply(400, *wrong) : Reply{};
   }
   if (request.path == "/demo/people" && post) {
     const auto body = decodeJson(request.body);

@@ -65,7 +65,7 @@ std::optional<std::string> behind(const std::string& path, const std::string& pr
 }
 
 Service::Service(const std::string& address, double pace, bool colleague)
-    : state_(pictures_, address, nowMs(), pace, colleague) {}
+    : state_(pictures_, address, nowMs(), pace, colleague), feed_(address) {}
 
 Begun Service::begin(const Request& head) {
   if (head.path.starts_with("/demo/")) return {};

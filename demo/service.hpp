@@ -9,6 +9,7 @@
 #include <string>
 
 #include "faults.hpp"
+#include "feed.hpp"
 #include "state.hpp"
 
 namespace vellix::demo {
@@ -97,6 +98,7 @@ class Service {
   Pictures pictures_;
   State state_;
   Faults faults_;
+  Feed feed_;
   std::condition_variable released_;  // other faults were asked for
   std::mutex logMutex_;
   std::deque<LogEntry> log_;

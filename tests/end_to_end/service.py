@@ -78,6 +78,15 @@ class Service:
     def someone_leaves(self, email):
         self._ask("POST", "demo/people", {"email": email, "gone": True})
 
+    def newest(self):
+        """What is said of the client's newest build."""
+        return self._ask("GET", "version.json")
+
+    def feed(self, **newest):
+        """Says that of the client's newest build (version, build, url, notes, min_build); of what is
+        left out the truth, which is this very build."""
+        self._ask("POST", "demo/feed", newest)
+
     def proof(self, file_id, version=0, repaired=False):
         """A version's PDF, the newest by default; repaired, as it was sent to be printed."""
         query = urllib.parse.urlencode({"file_id": file_id, "v": version, "repaired": int(repaired)})
