@@ -1,9 +1,12 @@
 #include "platform/qt/QtDefaults.hpp"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <csignal>
 
 #include "platform/waiting.hpp"
 #include "support/words_of_rows.hpp"
@@ -62,6 +65,22 @@ TEST_F(QtDefaultsTest, IsOnDiskSoonWithoutAnEnd) {
   defaults.setText("ServerURL", "http://localhost:1");
   EXPECT_TRUE(waitUntil([this] { return content().contains("ServerURL=http://localhost:1"); }));
   EXPECT_TRUE(content().startsWith("[General]"));
+}
+
+// No turn of the loop and no end: what comes next may be the last of it.
+TEST_F(QtDefaultsTest, IsOnDiskOnceItIsWrittenDown) {
+  const pid_t program = ::fork();
+  if (program == 0) {
+    QtDefaults defaults(path_);
+    defaults.setText("UpdateTried", "41");
+    defaults.writeDown();
+    ::kill(::getpid(), SIGKILL);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(program, &status, 0), program);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_TRUE(content().contains("UpdateTried=41\n"));
+  EXPECT_EQ(QtDefaults(path_).text("UpdateTried"), "41");
 }
 
 TEST_F(QtDefaultsTest, ReadsWhatAPersonWrote) {

@@ -9,12 +9,11 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QProcess>
 #include <QTemporaryDir>
 
+#include "platform/PrivateBus.hpp"
 #include "platform/waiting.hpp"
 
 namespace vellix {
@@ -27,36 +26,6 @@ const QString kPath = "/org/freedesktop/portal/desktop";
 const QString kInterface = "org.freedesktop.portal.Settings";
 const QString kAppearance = "org.freedesktop.appearance";
 const QString kDesktop = "org.gnome.desktop.interface";
-
-// A bus with no services that it could start.
-class PrivateBus {
- public:
-  PrivateBus() {
-    QFile config(home_.filePath("bus.conf"));
-    EXPECT_TRUE(config.open(QIODevice::WriteOnly));
-    config.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig><type>session</type><listen>unix:path=)" +
-                 home_.filePath("bus").toUtf8() + R"(</listen><auth>EXTERNAL</auth>
-<policy context="default"><allow send_destination="*" eavesdrop="true"/>
-<allow eavesdrop="true"/><allow own="*"/></policy></busconfig>)");
-    config.close();
-    daemon_.start("dbus-daemon",
-                  {"--config-file=" + config.fileName(), "--nofork", "--print-address=1"});
-    EXPECT_TRUE(daemon_.waitForReadyRead(20'000));
-    address = QString::fromUtf8(daemon_.readLine()).trimmed();
-  }
-  ~PrivateBus() {
-    daemon_.kill();
-    daemon_.waitForFinished();
-  }
-
-  QString address;
-
- private:
-  QTemporaryDir home_;
-  QProcess daemon_;
-};
 
 class FakePortal : public QDBusVirtualObject {
  public:
