@@ -4,7 +4,9 @@
 #ifdef __APPLE__
 #include "platform/macos/LaunchedApplication.hpp"
 #include "platform/macos/MacBadge.hpp"
+#include "platform/macos/MacDefaults.hpp"
 #include "platform/macos/MacLook.hpp"
+#include "platform/macos/MacMachine.hpp"
 #include "platform/macos/MacSignInBrowser.hpp"
 #include "platform/macos/MacWakes.hpp"
 #include "platform/macos/TokenStores.hpp"
@@ -18,6 +20,8 @@
 #include "platform/linux/WindowSignIn.hpp"
 #include "platform/linux/grab_window.hpp"
 #include "platform/linux/no_bundle.hpp"
+#include "platform/qt/QtDefaults.hpp"
+#include "platform/qt/QtMachine.hpp"
 #endif
 
 namespace vellix {
@@ -25,13 +29,17 @@ namespace vellix {
 #ifdef __APPLE__
 using SystemApplication = LaunchedApplication;
 using SystemBadge = MacBadge;
+using SystemDefaults = MacDefaults;
 using SystemLook = MacLook;
+using SystemMachine = MacMachine;
 using SystemSignIn = MacSignInBrowser;
 using SystemWakes = MacWakes;
 #else
 using SystemApplication = DesktopApplication;
 using SystemBadge = LauncherBadge;
+using SystemDefaults = QtDefaults;
 using SystemLook = PortalLook;
+using SystemMachine = QtMachine;
 using SystemSignIn = WindowSignIn;
 #endif
 

@@ -17,7 +17,7 @@ QUrl urlOf(const char* view) {
 
 }  // namespace
 
-Program::Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arguments arguments)
+Program::Program(QtMainLoop& loop, Defaults& defaults, TokenStore& tokens, Arguments arguments)
     : arguments_(std::move(arguments)),
       loop_(loop),
       api_(shotPath(arguments_) ? static_cast<Http&>(closed_) : http_, tokens, defaults),

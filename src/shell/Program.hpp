@@ -24,11 +24,9 @@
 #include "platform/System.hpp"
 #include "platform/qt/QtCalendar.hpp"
 #include "platform/qt/QtClipboard.hpp"
-#include "platform/qt/QtDefaults.hpp"
 #include "platform/qt/QtDownloads.hpp"
 #include "platform/qt/QtHttp.hpp"
 #include "platform/qt/QtLocalFiles.hpp"
-#include "platform/qt/QtMachine.hpp"
 #include "platform/qt/QtMainLoop.hpp"
 #include "platform/qt/QtPictureFiles.hpp"
 #include "platform/qt/QtUrlOpener.hpp"
@@ -49,7 +47,7 @@ namespace vellix {
 // Main thread; lives from the first picture to the end of the process.
 class Program {
  public:
-  Program(QtMainLoop& loop, QtDefaults& defaults, TokenStore& tokens, Arguments arguments = {});
+  Program(QtMainLoop& loop, Defaults& defaults, TokenStore& tokens, Arguments arguments = {});
 
   // Stages the Store, or has it poll for a session that is there. A turn of the main loop later the
   // first request is on its way, while the window is made.
@@ -70,7 +68,7 @@ class Program {
   QtMainLoop& loop_;
   QtCalendar calendar_;
   QtWindows windows_;
-  QtMachine machine_;
+  SystemMachine machine_;
   SystemBadge badge_;
   QtHttp http_;
   ClosedHttp closed_{loop_};

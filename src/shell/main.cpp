@@ -12,6 +12,7 @@
 
 #include "gateway/late_token_store.hpp"
 #include "platform/System.hpp"
+#include "platform/qt/QtDefaults.hpp"
 #include "shell/Program.hpp"
 #include "shell/usage.hpp"
 
@@ -109,7 +110,7 @@ class Run {
   const StartRequest request_;
   SystemLook look_;  // asked ahead of the first picture
   QtMainLoop loop_;
-  QtDefaults defaults_;
+  SystemDefaults defaults_;
   LateTokenStore tokens_{openTokenStore(configFolder()), loop_};
   std::optional<Program> program_;
   bool settled_ = false;

@@ -12,6 +12,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from foundation import compiled
+
 ROOT = Path(__file__).resolve().parents[2]
 MACOS = ROOT / "packaging/macos"
 ICONSET = sys.argv.pop(1)
@@ -126,17 +128,7 @@ int main(int argc, char** argv) {
     def setUpClass(cls):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
-        main = Path(folder.name) / "main.mm"
-        main.write_text(cls.MAIN)
-        cls.program = Path(folder.name) / "told"
-        headers = subprocess.run(["gcc", "-print-file-name=include"], check=True,
-                                 capture_output=True, text=True).stdout.strip()
-        subprocess.run(["clang++-19", "-std=c++23", "-fblocks", "-fobjc-exceptions",
-                        "-fobjc-runtime=gcc", "-fconstant-string-class=NSConstantString",
-                        "-I", ROOT / "src", "-isystem", ROOT / "tests/mac_syntax",
-                        "-isystem", "/usr/include/GNUstep", "-idirafter", headers,
-                        main, ROOT / "src/platform/macos/mac_bundle.mm", "-o", cls.program,
-                        "-lgnustep-base", "-lobjc"], check=True)
+        cls.program = compiled(Path(folder.name), cls.MAIN, "mac_bundle.mm")
 
     def ask(self, program, *arguments):
         return subprocess.run([program, *arguments], check=True, stdout=subprocess.PIPE,
