@@ -20,6 +20,8 @@ HERE = Path(__file__).resolve().parent
 # What a desktop has, and asks about links and names on the bus.
 DESKTOP = ["dbus-daemon", "libglib2.0-bin"]
 SOURCE = "$(CREATED_BY)|$(ORIGIN)|$(REPO_URI)|$(RELEASE)|$(COMPONENT)|$(CODENAME)"
+NEEDS = """It takes root, or for another user namespaces of users: newuidmap, and a range for that user in
+/etc/subuid and /etc/subgid. It takes the sources of apt as well, as far as nothing is kept yet."""
 WELL = ["in the root: all is well"]
 ARCHIVES = "/var/cache/apt/archives"
 
@@ -92,7 +94,7 @@ def made_root(folder, fetched):
                          env=os.environ | {"DEBIAN_FRONTEND": "noninteractive", "LC_ALL": "C.UTF-8"})
     said = [line for line in ran.stdout.splitlines() if line.startswith("in the root: ")]
     if not said or (said == WELL and ran.returncode):
-        raise Trouble(f"mmdebstrap ends with {ran.returncode}:\n{ran.stdout[-4000:]}")
+        raise Trouble(f"mmdebstrap ends with {ran.returncode}:\n{ran.stdout[-4000:]}\n{NEEDS}")
     return [] if said == WELL else said
 
 
