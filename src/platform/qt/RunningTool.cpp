@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <tuple>
 #include <utility>
 
 namespace vellix {
@@ -29,7 +30,7 @@ RunningTool::~RunningTool() {
   killWithAllItStarted(*process_);
   process_->kill();
   // One that does not even go then is left behind.
-  if (!process_->waitForFinished(kPatienceAtEnd)) static_cast<void>(process_.release());
+  if (!process_->waitForFinished(kPatienceAtEnd)) std::ignore = process_.release();
 }
 
 void RunningTool::start(const std::optional<ToolCommand>& command, Milliseconds longest) {

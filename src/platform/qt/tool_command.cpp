@@ -4,7 +4,7 @@ namespace vellix {
 namespace {
 
 std::optional<QString> asTheyAre(const std::string& bytes) {
-  const auto text = QString::fromStdString(bytes);
+  auto text = QString::fromStdString(bytes);
   if (text.contains(QChar(0)) || text.toStdString() != bytes) return std::nullopt;
   return text;
 }
