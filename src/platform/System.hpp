@@ -15,11 +15,13 @@
 #else
 #include "platform/linux/DesktopApplication.hpp"
 #include "platform/linux/LauncherBadge.hpp"
+#include "platform/linux/LogindWakes.hpp"
 #include "platform/linux/PortalLook.hpp"
 #include "platform/linux/TokenStores.hpp"
 #include "platform/linux/WindowSignIn.hpp"
 #include "platform/linux/grab_window.hpp"
 #include "platform/linux/no_bundle.hpp"
+#include "platform/linux/xml_property_list.hpp"
 #include "platform/qt/QtDefaults.hpp"
 #include "platform/qt/QtMachine.hpp"
 #endif
@@ -41,6 +43,8 @@ using SystemDefaults = QtDefaults;
 using SystemLook = PortalLook;
 using SystemMachine = QtMachine;
 using SystemSignIn = WindowSignIn;
+using SystemWakes = LogindWakes;
+inline constexpr auto* textInPropertyList = textInXmlPropertyList;
 #endif
 
 }  // namespace vellix

@@ -13,11 +13,19 @@ CommandsModel::CommandsModel(Store& store)
   update();
 }
 
+void CommandsModel::setCovered(bool covered) {
+  if (covered == covered_) return;
+  covered_ = covered;
+  emit coveredChanged();
+  update();
+}
+
 void CommandsModel::run(const QString& key) {
+  if (!isEnabled(store_, key.toStdString(), covered_)) return;
   if (key == QLatin1String{"settings"}) {
     emit settingsWanted();
   } else if (key == QLatin1String{"changePhoto"}) {
-    if (isEnabled(store_, key.toStdString())) emit photoWanted();
+    emit photoWanted();
   } else if (key == QLatin1String{"quit"}) {
     emit endWanted();
   } else {
@@ -26,8 +34,8 @@ void CommandsModel::run(const QString& key) {
 }
 
 void CommandsModel::update() {
-  if (menus_.show(menuBar(store_))) emit menusChanged();
-  if (shortcuts_.show(vellix::shortcuts(store_))) emit shortcutsChanged();
+  if (menus_.show(menuBar(store_, covered_))) emit menusChanged();
+  if (shortcuts_.show(vellix::shortcuts(store_, covered_))) emit shortcutsChanged();
 }
 
 QString CommandsModel::written(const QString& shortcut) {

@@ -15,6 +15,8 @@ class CommandsModel : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(Qml<std::vector<MenuView>> menus READ menus NOTIFY menusChanged)
   Q_PROPERTY(Qml<std::vector<ShortcutView>> shortcuts READ shortcuts NOTIFY shortcutsChanged)
+  // Something stands in front of everything: only the end of the program is to be had.
+  Q_PROPERTY(bool covered READ covered WRITE setCovered NOTIFY coveredChanged)
 
  public:
   // The Store must outlive the model.
@@ -23,6 +25,9 @@ class CommandsModel : public QObject {
   Qml<std::vector<MenuView>> menus() const { return menus_.qml(); }
   Qml<std::vector<ShortcutView>> shortcuts() const { return shortcuts_.qml(); }
 
+  bool covered() const { return covered_; }
+  void setCovered(bool covered);
+
   Q_INVOKABLE void run(const QString& key);
   // A shortcut as this platform writes it.
   Q_INVOKABLE static QString written(const QString& shortcut);
@@ -30,6 +35,7 @@ class CommandsModel : public QObject {
  signals:
   void menusChanged();
   void shortcutsChanged();
+  void coveredChanged();
   void settingsWanted();
   void photoWanted();
   void endWanted();
@@ -38,6 +44,7 @@ class CommandsModel : public QObject {
   void update();
 
   Store& store_;
+  bool covered_ = false;
   Shown<std::vector<MenuView>> menus_;
   Shown<std::vector<ShortcutView>> shortcuts_;
   Changes::Subscription onChange_;

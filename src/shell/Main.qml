@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Vellix.Approval
 import Vellix.Board
 import Vellix.Compare
@@ -12,6 +13,7 @@ import Vellix.Pieces
 import Vellix.Profile
 import Vellix.Shell
 import Vellix.Ticket
+import Vellix.Update
 
 // The one main window, and the settings window beside it.
 Window {
@@ -38,6 +40,7 @@ Window {
     required property HistoryModel history
     required property ApproversModel approvers
     required property ProfileModel profile
+    required property UpdateModel update
     required property PictureSource pictures
 
     title: "Vellix"
@@ -60,42 +63,72 @@ Window {
             setSource("SystemMenus.qml", { commands: window.commands })
     }
 
-    MenuStrip {
-        id: menus
-
-        visible: !window.systemMenus
-        width: parent.width
-        height: visible ? implicitHeight : 0
-        commands: window.commands
-    }
-
-    RootView {
+    // All of it stays as it is behind a screen that covers it.
+    Item {
         anchors.fill: parent
-        anchors.topMargin: menus.height
-        root: window.root
-        signIn: window.signIn
-        board: window.board
-        activity: window.activity
-        plan: window.plan
-        file: window.file
-        report: window.report
-        log: window.log
-        compare: window.compare
-        inspector: window.inspector
-        notes: window.notes
-        approval: window.approval
-        send: window.send
-        upload: window.upload
-        share: window.share
-        history: window.history
-        profile: window.profile
-        pictures: window.pictures
-        onCommanded: key => window.commands.run(key)
+        visible: !cover.covers
+
+        MenuStrip {
+            id: menus
+
+            visible: !window.systemMenus
+            width: parent.width
+            height: window.systemMenus ? 0 : implicitHeight
+            commands: window.commands
+        }
+
+        RootView {
+            id: view
+
+            anchors.fill: parent
+            anchors.topMargin: menus.height
+            focus: true
+            root: window.root
+            signIn: window.signIn
+            board: window.board
+            activity: window.activity
+            plan: window.plan
+            file: window.file
+            report: window.report
+            log: window.log
+            compare: window.compare
+            inspector: window.inspector
+            notes: window.notes
+            approval: window.approval
+            send: window.send
+            upload: window.upload
+            share: window.share
+            history: window.history
+            profile: window.profile
+            update: window.update
+            pictures: window.pictures
+            onCommanded: key => window.commands.run(key)
+        }
     }
 
     CommandKeys {
         enabled: !window.systemMenus
         commands: window.commands
+    }
+
+    UpdateCover {
+        id: cover
+
+        anchors.fill: parent
+        z: 1
+        update: window.update
+        floats: T.Overlay.overlay
+        onCoversChanged: {
+            if (covers)
+                (preferences.object as SettingsWindow)?.close();
+        }
+        onKeptOut: view.takeKeyboard()
+    }
+
+    Binding {
+        target: window.commands
+        property: "covered"
+        value: cover.covers
     }
 
     PhotoChooser {

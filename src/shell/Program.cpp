@@ -1,5 +1,6 @@
 #include "shell/Program.hpp"
 
+#include <QGuiApplication>
 #include <QWindow>
 
 #include "bridge/value.hpp"
@@ -7,6 +8,7 @@
 #include "pieces/Theme.hpp"
 #include "platform/qt/raise_window.hpp"
 #include "shell/mark_lab.hpp"
+#include "shell/unsent_words.hpp"
 
 namespace vellix {
 namespace {
@@ -27,6 +29,9 @@ Program::Program(QtMainLoop& loop, Defaults& defaults, TokenStore& tokens, Argum
       store_(api_, signIn_, prefs_,
              {loop_, defaults, windows_, images_, badge_, localFiles_, clipboard_, opener_,
               downloads_, photos_}),
+      updater_({api_, http_, defaults, loop_, tools_, updateFiles_, opener_, wakes_,
+                [this] { tasks_.start(endAtRest()); }},
+               runningCopy(API::buildNumber())),
       board_(store_, defaults, loop_, calendar_),
       activity_(store_, loop_, calendar_),
       plan_(store_, loop_, calendar_),
@@ -91,6 +96,7 @@ QVariantMap Program::parts() {
       {"history", QVariant::fromValue(&history_)},
       {"approvers", QVariant::fromValue(&approvers_)},
       {"profile", QVariant::fromValue(&profile_)},
+      {"update", QVariant::fromValue(&update_)},
       {"pictures", QVariant::fromValue<PictureSource*>(&pictures_)},
   };
 }
@@ -117,6 +123,19 @@ void Program::follow(const SystemLook& look) {
   const auto take = [theme, &look] { theme->followSystem(look.look()); };
   QObject::connect(&look, &SystemLook::changed, theme, take);
   take();
+}
+
+// What takes this copy's place waits for its end, so nothing that is under way need be lost.
+Task<> Program::endAtRest() {
+  while (!store_.busy().empty() || holdUnsentWords(QGuiApplication::topLevelWindows())) {
+    const auto pause = loop_.sleep(Milliseconds{1'000}, {});
+    co_await pause;
+  }
+  end();
+}
+
+void Program::end() {
+  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 void Program::bringForward(const QByteArray& activationToken) {

@@ -29,6 +29,8 @@
 #include "platform/qt/QtLocalFiles.hpp"
 #include "platform/qt/QtMainLoop.hpp"
 #include "platform/qt/QtPictureFiles.hpp"
+#include "platform/qt/QtTools.hpp"
+#include "platform/qt/QtUpdateFiles.hpp"
 #include "platform/qt/QtUrlOpener.hpp"
 #include "platform/qt/QtUuids.hpp"
 #include "platform/qt/QtWindows.hpp"
@@ -41,6 +43,7 @@
 #include "shell/Stage.hpp"
 #include "shell/closed_http.hpp"
 #include "ticket/FileModel.hpp"
+#include "update/UpdateModel.hpp"
 
 namespace vellix {
 
@@ -54,13 +57,19 @@ class Program {
   void begin();
   // False when the window could not be made.
   bool show();
+  // Once shown: from now on it learns of newer builds.
+  void keepUpToDate() { updater_.start(); }
   // From now on the theme goes with the desktop's look, which must outlive the program.
   void follow(const SystemLook& look);
   // Once shown: puts the window where the person sees it.
   void bringForward(const QByteArray& activationToken);
   Store& store() { return store_; }
 
+  // Ends the process in a later turn, as if the person had.
+  static void end();
+
  private:
+  Task<> endAtRest();
   QVariantMap parts();
   QVariantMap panelOf(const std::string& panel);
 
@@ -89,6 +98,10 @@ class Program {
   Prefs prefs_;
   Store store_;
   Stage stage_{arguments_, store_, images_, decoder_, loop_};
+  SystemWakes wakes_;
+  QtTools tools_;
+  QtUpdateFiles updateFiles_{textInPropertyList};
+  Updater updater_;
   CachedPictures pictures_{images_, pixels_, store_};
   BoardModel board_;
   ActivityModel activity_;
@@ -110,8 +123,10 @@ class Program {
   CommandsModel commands_;
   SettingsModel settings_;
   PhotoModel photo_;
+  UpdateModel update_{updater_};
   RootModel root_;  // told last: a view it makes finds the other models up to date
   QQmlApplicationEngine engine_;
+  TaskScope tasks_;
 };
 
 }  // namespace vellix

@@ -10,6 +10,7 @@ import Vellix.Pieces
 import Vellix.Profile
 import Vellix.Shell
 import Vellix.Ticket
+import Vellix.Update
 
 // What fills the window: the sign-in screen, or the board beside what is on show; the toast over
 // all of it.
@@ -33,6 +34,7 @@ FocusScope {
     required property ShareModel share
     required property HistoryModel history
     required property ProfileModel profile
+    required property UpdateModel update
     required property PictureSource pictures
 
     // A command of the menus' was chosen in the view, by its key.
@@ -110,11 +112,21 @@ FocusScope {
                 height: parent.height
             }
 
+            UpdateBar {
+                id: updates
+
+                anchors.left: rule.right
+                anchors.right: parent.right
+                update: view.update
+                onKeptOut: view.takeKeyboard()
+            }
+
             OfflineBanner {
                 id: banner
 
                 anchors.left: rule.right
                 anchors.right: parent.right
+                anchors.top: updates.bottom
                 open: view.shown.offline
                 problem: view.shown.problem
             }

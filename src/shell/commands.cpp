@@ -80,24 +80,29 @@ std::string textOf(const Command& command, const Store& store) {
   return command.text;
 }
 
+bool isToBeHad(const Command& command, const Store& store, bool covered) {
+  return command.enabled(store) && (!covered || std::string_view{command.key} == "quit");
+}
+
 template <std::size_t N>
-MenuView menu(const char* title, const std::array<Command, N>& commands, const Store& store) {
+MenuView menu(const char* title, const std::array<Command, N>& commands, const Store& store,
+              bool covered) {
   MenuView view{.title = title, .entries = {}};
   for (const Command& command : commands) {
     view.entries.push_back({.key = command.key,
                             .text = textOf(command, store),
                             .shortcut = command.shortcut,
-                            .enabled = command.enabled(store)});
+                            .enabled = isToBeHad(command, store, covered)});
   }
   return view;
 }
 
 template <std::size_t N>
 void addShortcuts(std::vector<ShortcutView>& views, const std::array<Command, N>& commands,
-                  const Store& store, bool everywhere = false) {
+                  const Store& store, bool covered, bool everywhere = false) {
   for (const Command& command : commands) {
     ShortcutView view{.key = command.key,
-                      .enabled = command.enabled(store),
+                      .enabled = isToBeHad(command, store, covered),
                       .repeats = command.repeats,
                       .everywhere = everywhere};
     for (const std::string sequence : {command.shortcut, command.also}) {
@@ -123,23 +128,23 @@ const Command* commandOf(std::string_view key) {
 
 }  // namespace
 
-std::vector<MenuView> menuBar(const Store& store) {
-  return {menu("Vellix", kApplication, store), menu("Review", kReview, store),
+std::vector<MenuView> menuBar(const Store& store, bool covered) {
+  return {menu("Vellix", kApplication, store, covered), menu("Review", kReview, store, covered),
           // The trailing blank keeps it apart from the system's own menu of that name.
-          menu("View ", kView, store)};
+          menu("View ", kView, store, covered)};
 }
 
-std::vector<ShortcutView> shortcuts(const Store& store) {
+std::vector<ShortcutView> shortcuts(const Store& store, bool covered) {
   std::vector<ShortcutView> views;
-  addShortcuts(views, kApplication, store, true);
-  addShortcuts(views, kReview, store);
-  addShortcuts(views, kView, store);
+  addShortcuts(views, kApplication, store, covered, true);
+  addShortcuts(views, kReview, store, covered);
+  addShortcuts(views, kView, store, covered);
   return views;
 }
 
-bool isEnabled(const Store& store, std::string_view key) {
+bool isEnabled(const Store& store, std::string_view key, bool covered) {
   const Command* command = commandOf(key);
-  return command && command->enabled(store);
+  return command && isToBeHad(*command, store, covered);
 }
 
 void runCommand(Store& store, std::string_view key) {

@@ -37,13 +37,16 @@ struct ShortcutView {
 };
 BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats, everywhere))
 
+// While something stands in front of everything (`covered`), nothing but the end of the program is
+// to be had.
+
 // The application's own menu first.
-std::vector<MenuView> menuBar(const Store& store);
+std::vector<MenuView> menuBar(const Store& store, bool covered = false);
 // Of every command that has one.
-std::vector<ShortcutView> shortcuts(const Store& store);
+std::vector<ShortcutView> shortcuts(const Store& store, bool covered = false);
 
 // False for a key that is no command's.
-bool isEnabled(const Store& store, std::string_view key);
+bool isEnabled(const Store& store, std::string_view key, bool covered = false);
 
 // Carries out the command of that key. Nothing happens for one that is disabled, or is not the
 // Store's business (the choice of a photo, the settings window, the end of the program).

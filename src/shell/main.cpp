@@ -13,8 +13,11 @@
 #include "gateway/late_token_store.hpp"
 #include "platform/System.hpp"
 #include "platform/qt/QtDefaults.hpp"
+#include "platform/qt/QtTools.hpp"
+#include "platform/qt/QtUpdateFiles.hpp"
 #include "shell/Program.hpp"
 #include "shell/usage.hpp"
+#include "update/rename.hpp"
 
 namespace vellix {
 namespace {
@@ -69,6 +72,8 @@ class Run {
   // As a rule the token is read before anything is shown, so the first picture is the right one.
   // Otherwise the program begins signed out, and the board comes with the token.
   Task<> start() {
+    const bool staged = shotPath(arguments_).has_value();
+    if (!staged && renamed()) co_return;
     const auto known = tokens_.primedWithin(kTokenPatience);
     co_await known;
     program_.emplace(loop_, defaults_, tokens_, arguments_);
@@ -80,6 +85,7 @@ class Run {
       co_return;
     }
     program_->follow(look_);
+    if (!staged) program_->keepUpToDate();
     if (standsApart(arguments_)) co_return;
     open(request_.urls);
     desktop_.listen([this](const StartRequest& request) {
@@ -89,6 +95,12 @@ class Run {
     const auto primed = tokens_.primed();
     co_await primed;
     program_->store().resume();
+  }
+
+  static bool renamed() {
+    QtTools tools;
+    QtUpdateFiles files{textInPropertyList};
+    return renameIfNeeded(runningCopy(API::buildNumber()), tools, files, Program::end);
   }
 
   void open(const QStringList& urls) {

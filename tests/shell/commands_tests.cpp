@@ -314,5 +314,20 @@ TEST_F(Commands, AnUnknownOneAndASeparatorDoNothing) {
   EXPECT_TRUE(store().signedIn());
 }
 
+TEST_F(Commands, AreOutOfReachBehindWhatCoversTheWindow) {
+  serveOne();
+  std::vector<std::string> left;
+  for (const auto& menu : menuBar(store(), true)) {
+    for (const auto& one : menu.entries) {
+      if (one.enabled && !one.key.empty()) left.push_back(one.key);
+      EXPECT_EQ(isEnabled(store(), one.key, true), one.key == "quit") << one.key;
+    }
+  }
+  EXPECT_EQ(left, std::vector<std::string>{"quit"});
+  for (const auto& one : shortcuts(store(), true)) {
+    EXPECT_EQ(one.enabled, one.key == "quit") << one.key;
+  }
+}
+
 }  // namespace
 }  // namespace vellix

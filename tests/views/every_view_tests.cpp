@@ -15,6 +15,10 @@ class EveryView : public ViewTest {
     serveTheDay();
     store().stats.set(Stats{.users = {{store().board()->me.email, PersonStats{}}}});
     store().profile.set(store().board()->me.email);
+    updater().latest.set(VersionInfo{.version = "9.9",
+                                     .build = 99,
+                                     .url = "https://pages.tessarine.example/",
+                                     .notes = "Faster pages."});
     models();
     store().profile.set(std::nullopt);
     desk.time.run();
@@ -359,6 +363,9 @@ class EveryView : public ViewTest {
           {"spoken", "Nov 3: 7 reviewed"},
           {"colour", "#7442e8"}}},
         {"Profile/WeeklyChart", {pick("profile"), {"colour", "#7442e8"}}},
+        {"Update/RequiredUpdate", {pick("update")}},
+        {"Update/UpdateBar", {pick("update")}},
+        {"Update/UpdateButtons", {pick("update"), {"says", "It failed."}}},
         {"Shell/LabButtons", {}},
         {"Shell/LabMarks", lab},
         {"Shell/LabPillSection",
@@ -389,6 +396,7 @@ class EveryView : public ViewTest {
         {"Shell/SettingsView", {pick("settings"), pick("approvers")}},
         {"Shell/ToastLayer",
          {{"toast", QVariantMap{{"id", "1"}, {"text", "Marked fine."}, {"undoLabel", "Undo"}}}}},
+        {"Shell/UpdateCover", {pick("update"), {"floats", QVariant::fromValue(&floats_)}}},
         {"Shell/WaitingSheet", {{"open", true}}},
     };
   }
@@ -445,6 +453,7 @@ class EveryView : public ViewTest {
   }
 
   QQmlComponent panel_{engine()};
+  QQuickItem floats_;
   Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };
@@ -458,6 +467,7 @@ TEST_F(EveryView, OfTheNotesLoads) { loadAll("Notes"); }
 TEST_F(EveryView, OfTheProfileLoads) { loadAll("Profile"); }
 TEST_F(EveryView, OfTheShellLoads) { loadAll("Shell"); }
 TEST_F(EveryView, OfTheTicketLoads) { loadAll("Ticket"); }
+TEST_F(EveryView, OfTheUpdateLoads) { loadAll("Update"); }
 
 TEST_F(EveryView, StandsInTheMainWindowAtEverySize) {
   showMain(kSizes.front());

@@ -93,6 +93,7 @@ QVariantMap ViewTest::models() {
     history_.emplace(store(), desk.time, desk.calendar);
     approvers_.emplace(store());
     profile_.emplace(store(), desk.time, desk.calendar);
+    update_.emplace(updater_);
     signIn_.emplace(store(), desk.api, desk.browser, desk.time);
     commands_.emplace(store());
     photo_.emplace(store());
@@ -116,6 +117,7 @@ QVariantMap ViewTest::models() {
           {"share", QVariant::fromValue(&*share_)},
           {"history", QVariant::fromValue(&*history_)},
           {"profile", QVariant::fromValue(&*profile_)},
+          {"update", QVariant::fromValue(&*update_)},
           {"pictures", QVariant::fromValue<PictureSource*>(&pictures)}};
 }
 

@@ -28,6 +28,8 @@
 #include "shell/SignInModel.hpp"
 #include "store/store_test.hpp"
 #include "ticket/FileModel.hpp"
+#include "update/UpdateModel.hpp"
+#include "update/update_fakes.hpp"
 #include "views/plain_pictures.hpp"
 #include "views/screen_reader.hpp"
 
@@ -63,9 +65,19 @@ class ViewTest : public StoreTest {
   void settle();
   void resize(QSize size);
 
+  // The program itself is up to date, as long as the test sets nothing else.
+  Updater& updater() { return updater_; }
+
   PlainPictures pictures;
+  Asked asked;  // of the tools and files of an update
+  FakeTools tools{desk.time, asked};
+  FakeUpdateFiles updateFiles{desk.time, asked};
+  FakeWakes wakes;
 
  private:
+  Updater updater_{{desk.api, desk.http, desk.defaults, desk.time, tools, updateFiles, desk.opener,
+                    wakes, [] {}},
+                   {}};
   std::optional<SignInModel> signIn_;
   std::optional<RootModel> root_;
   std::optional<BoardModel> board_;
@@ -84,6 +96,7 @@ class ViewTest : public StoreTest {
   std::optional<HistoryModel> history_;
   std::optional<ApproversModel> approvers_;
   std::optional<ProfileModel> profile_;
+  std::optional<UpdateModel> update_;
   std::optional<CommandsModel> commands_;
   std::optional<PhotoModel> photo_;
   std::optional<SettingsModel> settings_;
