@@ -196,9 +196,14 @@ class Reader:
                          "click", "1", *after)
 
     def _box(self, node):
+        return self.boxes([node])[0]
+
+    def boxes(self, nodes):
+        """Where each of them is on the screen: left, top, width and height; None for nowhere."""
         on_screen = self.glib.Variant("(u)", (0,))
-        box = self._ask([((node.address, node.path), "Component", "GetExtents", on_screen)])[0]
-        return box[0] if box and box[0][2] > 0 and box[0][3] > 0 else None
+        boxes = self._ask([((node.address, node.path), "Component", "GetExtents", on_screen)
+                           for node in nodes])
+        return [box[0] if box and box[0][2] > 0 and box[0][3] > 0 else None for box in boxes]
 
     def key(self, *keys):
         self.session.run("xdotool", "key", "--clearmodifiers", *keys)
