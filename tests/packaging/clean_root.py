@@ -4,7 +4,7 @@ links and its name on the bus, and leave it as it was.
 clean_root.py BUILD
 
 The root is made by the archive's own tool, from the sources of Debian that this machine has. Packages
-once fetched are kept in BUILD/packaging/fetched. What is done in the root is in in_root.py.
+once fetched are kept in BUILD/tests/packaging/fetched. What is done in the root is in in_root.py.
 """
 
 import os
@@ -99,7 +99,7 @@ def made_root(folder, fetched):
 
 
 def main(build):
-    fetched = Path(build, "packaging", "fetched").resolve()
+    fetched = Path(build, "tests", "packaging", "fetched").resolve()
     fetched.mkdir(parents=True, exist_ok=True)
     with tempfile.TemporaryDirectory(prefix="vellix-root-") as folder:
         deb, _ = pack(build, Path(folder, "packed"))
