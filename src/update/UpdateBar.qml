@@ -12,6 +12,8 @@ FocusScope {
     readonly property updateBarView current: update.bar
     property updateBarView shown: update.bar
     property bool open: false
+    // What shows before that is told twice.
+    property bool complete: false
     // The keyboard was at a button that has gone, and what had it before has gone as well.
     signal keptOut()
 
@@ -35,8 +37,12 @@ FocusScope {
         open = current.open;
     }
 
-    onCurrentChanged: follow()
+    onCurrentChanged: {
+        if (complete)
+            follow();
+    }
     Component.onCompleted: {
+        complete = true;
         shown = current;
         follow();
     }
