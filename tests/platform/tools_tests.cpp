@@ -2,13 +2,13 @@
 #include "platform/qt/QtTools.hpp"
 
 #include <gmock/gmock.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -16,6 +16,17 @@ DETACH = ["hdiutil", "detach", MOUNT, "-force"]
 PATIENT = 60_000  # ms that a tool may take
 HASTY = 4_000     # where one is to hang; the others must still do
 
+NO_PAGE = "The download page didn't answer. Try again in a minute."
+NOT_OURS = "That download isn't signed by Tessarine, so it wasn't installed."
+NOT_NEW = "The download isn't the new build yet. Try again in a few minutes."
+NOT_HERE = ("Vellix can't replace itself where it is. Drag the new Vellix from the window that "
+            "opened into Applications.")
+NOT_DONE = "The update didn't finish. Try again, or download it from the Vellix page."
+
+
+def tool_failed(name):
+    return f"The update check failed ({name}). Try again, or download it from the Vellix page."
+
 
 def verification(app="Vellix.app"):
     """The calls for an image in which all is well, in order."""

@@ -20,6 +20,13 @@ STAGE = Path("/home/caches/SorelUpdate")
 TEAM = "QX9102846T"
 IDENTIFIER = "com.rennyvale.Sorel"
 LIMIT = 30.0  # seconds for any single thing, on a busy machine
+# Where a program may stand, and where none can be replaced by a script.
+FOLDERS = ["/Applications", "/Applications/Two words", "/Applications/it's here",
+           "/Applications/燈台", "/Applications/Läger & co; (old) *?", "/Applications/a#b=c!~%",
+           "/Applications/-rf"]
+UNBEARABLE = ['a "quoted" one', "a $HOME of one", "a `tick`", "a back\\slash", "a\nbreak",
+              '"; rm -rf /Applications; "', "$(rm -rf ${HOME})"]
+STEPS = 12  # no script calls as many tools
 NO_PROCESS = 2 ** 22 + 1  # beyond what the system numbers
 
 
@@ -69,8 +76,8 @@ def build_of(path):
 def orders(wanted=None):
     """What the tools are to do from now on, by their calls: {"hdiutil attach": "fail"}.
 
-    One may "fail" in the midst of its work, "hang" without any, or "work and hang". At "down", which
-    tells at which call and "before", "midway" or "after" it, the whole script ends."""
+    One may "fail" in the midst of its work, "hang" without any, or "work and hang". "down" tells at
+    which call, and "before", "midway" or "after" it, the whole script ends."""
     (STATE / "orders").write_text(json.dumps(wanted or {}), encoding="utf-8")
 
 

@@ -3,9 +3,8 @@
 import subprocess
 from pathlib import Path
 
-from ground import (APPLICATIONS, NO_PROCESS, OnTheGround, build_of, calls, everything, main,
-                    make_bundle, orders, script_text, sign, wait_until, write)
-from swap_script_tests import FOLDERS, STEPS
+from ground import (APPLICATIONS, FOLDERS, NO_PROCESS, STEPS, OnTheGround, build_of, calls,
+                    everything, main, make_bundle, orders, script_text, sign, wait_until, write)
 
 
 class RenameTest(OnTheGround):

@@ -4,9 +4,8 @@ import shutil
 from pathlib import Path
 
 from copy_that_runs import WithACopy
-from ground import (APPLICATIONS, build_of, calls, everything, main, make_bundle, write)
-from install_tests import UNBEARABLE
-from swap_script_tests import FOLDERS
+from ground import (APPLICATIONS, FOLDERS, UNBEARABLE, build_of, calls, everything, main,
+                    make_bundle, write)
 
 SCRIPT = Path("/tmp/vellix-rename.sh")
 

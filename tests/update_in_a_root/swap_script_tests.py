@@ -3,13 +3,8 @@
 import subprocess
 from pathlib import Path
 
-from ground import (APPLICATIONS, NO_PROCESS, STAGE, OnTheGround, build_of, calls, everything, main,
-                    make_bundle, orders, script_text, wait_until, write)
-
-FOLDERS = ["/Applications", "/Applications/Two words", "/Applications/it's here",
-           "/Applications/燈台", "/Applications/Läger & co; (old) *?", "/Applications/a#b=c!~%",
-           "/Applications/-rf"]
-STEPS = 12  # no script calls as many tools
+from ground import (APPLICATIONS, FOLDERS, NO_PROCESS, STAGE, STEPS, OnTheGround, build_of,
+                    calls, everything, main, make_bundle, orders, script_text, wait_until, write)
 
 
 class SwapTest(OnTheGround):
