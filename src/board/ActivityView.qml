@@ -55,7 +55,8 @@ Popover {
         // as long as it can be seen. Afterwards this one would stand in their way.
         Shortcut {
             sequence: "Ctrl+Y"
-            enabled: popover.visible
+            // Not behind what covers it.
+            enabled: popover.visible && popover.contentItem.visible
             autoRepeat: false
             onActivated: popover.activity.open = !popover.activity.open
         }

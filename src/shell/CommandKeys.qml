@@ -20,6 +20,8 @@ Item {
             readonly property shortcutView command: keys.commands.shortcuts[index]
 
             sequences: command.sequences
+            // A sheet that stands behind what covers the window would keep even the end from it.
+            context: keys.commands.covered && !keys.elsewhere ? Qt.ApplicationShortcut : Qt.WindowShortcut
             enabled: keys.enabled && command.enabled && (!keys.elsewhere || command.everywhere)
             autoRepeat: command.repeats
             onActivated: keys.commands.run(command.key)

@@ -16,6 +16,12 @@ Item {
         (dialog.item as FileChooserDialog)?.ask(title, filters);
     }
 
+    // With what covers it.
+    onVisibleChanged: {
+        if (!visible)
+            close();
+    }
+
     function close() {
         (dialog.item as FileChooserDialog)?.close();
     }

@@ -104,6 +104,12 @@ Window {
             pictures: window.pictures
             onCommanded: key => window.commands.run(key)
         }
+
+        PhotoChooser {
+            id: photoChooser
+
+            photo: window.photo
+        }
     }
 
     CommandKeys {
@@ -129,12 +135,6 @@ Window {
         target: window.commands
         property: "covered"
         value: cover.covers
-    }
-
-    PhotoChooser {
-        id: photoChooser
-
-        photo: window.photo
     }
 
     OnDemand {

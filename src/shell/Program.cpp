@@ -125,9 +125,13 @@ void Program::follow(const SystemLook& look) {
   take();
 }
 
-// What takes this copy's place waits for its end, so nothing that is under way need be lost.
+// What takes this copy's place waits for its end, so nothing that is under way need be lost. Behind
+// the screen that insists on it nobody could end what was begun.
 Task<> Program::endAtRest() {
-  while (!store_.busy().empty() || holdUnsentWords(QGuiApplication::topLevelWindows())) {
+  const auto writing = [this] {
+    return !updater_.isRequired() && holdUnsentWords(QGuiApplication::topLevelWindows());
+  };
+  while (!store_.busy().empty() || writing()) {
     const auto pause = loop_.sleep(Milliseconds{1'000}, {});
     co_await pause;
   }

@@ -90,7 +90,8 @@ Item {
         sequence: "Ctrl+Z"
         // Held down in a text, it ends with the text.
         autoRepeat: false
-        enabled: layer.open && layer.toast.undoLabel !== ""
+        // Not behind what covers it.
+        enabled: layer.visible && layer.open && layer.toast.undoLabel !== ""
         onActivated: layer.takeBack()
     }
 

@@ -23,7 +23,7 @@ inline std::optional<std::string> shotPath(const Arguments& arguments) {
 // The panel that stands alone in the window; empty for the whole program.
 std::string panelAlone(const Arguments& arguments);
 
-// Taking pictures or showing one panel, it is nobody's application: it polls nothing, and neither
+// Taking pictures or showing one panel, it is nobody's application: it polls no board, and neither
 // meets a running one nor stands in its way.
 inline bool standsApart(const Arguments& arguments) {
   return shotPath(arguments) || !panelAlone(arguments).empty();

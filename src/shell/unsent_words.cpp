@@ -13,7 +13,9 @@ bool isWritten(const QQuickItem& item) {
          !item.property("text").toString().trimmed().isEmpty();
 }
 
+// What has been posted or given up may lie on in a card that is closed.
 bool holdsWords(const QQuickItem& item) {
+  if (!item.isEnabled()) return false;
   if (isWritten(item)) return true;
   const bool floats = item.inherits("QQuickOverlay");
   return std::ranges::any_of(item.childItems(), [floats](const QQuickItem* child) {

@@ -62,6 +62,7 @@ void Updater::install() {
   if (!isWebUrl(latest()->url)) return;
   if (!isBundle()) {
     // There is nothing here that could be replaced.
+    phase.set({});
     download();
     return;
   }
@@ -83,9 +84,11 @@ void Updater::snooze() {
 }
 
 Task<> Updater::wakeTheBar() {
-  // It is back after that moment, not at it.
-  const auto pause = ports_.loop.sleep(kSnooze + Milliseconds{1}, {});
-  co_await pause;
+  // It is back after that moment, not at it, and a pause may end somewhat early.
+  while (snoozeUntil_ && ports_.loop.now() <= *snoozeUntil_) {
+    const auto pause = ports_.loop.sleep(*snoozeUntil_ - ports_.loop.now() + Milliseconds{1}, {});
+    co_await pause;
+  }
   changes.note(kAny);
 }
 

@@ -42,7 +42,9 @@ class BoundedSink : public HttpSink {
 Task<> Updater::install(VersionInfo next) {
   auto replacing = replaceWith(std::move(next));
   const auto result = co_await std::move(replacing);
-  if (!result) phase.set({Phase::Kind::failed, result.error().message});
+  if (result) co_return;
+  // What is not there any more is not there to be tried again.
+  phase.set(latest() ? Phase{Phase::Kind::failed, result.error().message} : Phase{});
 }
 
 Task<UpdateResult<Done>> Updater::replaceWith(VersionInfo next) {

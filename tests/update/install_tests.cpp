@@ -397,6 +397,27 @@ TEST(Install, IsForgottenOnceThereIsNothingNewer) {
   EXPECT_EQ(desk.updater->phase(), Updater::Phase{});
 }
 
+TEST(Install, OffersNothingThatWasTakenBackMeanwhile) {
+  UpdateDesk desk;
+  desk.tools.hanging = {"/usr/bin/hdiutil attach"};
+  install(desk);
+  desk.updater->latest.set(std::nullopt);
+  desk.tools.end(ToolExit{.status = 1, .output = {}});
+  desk.settle();
+  EXPECT_EQ(desk.updater->phase(), Updater::Phase{});
+}
+
+TEST(Install, ForgetsAPageThatCouldNotBeOpenedOnceItCould) {
+  auto copy = UpdateDesk::copyAt("/Applications/Vellix.app");
+  copy.identifier = std::nullopt;
+  UpdateDesk desk{copy};
+  desk.opener.works = false;
+  install(desk);
+  desk.opener.works = true;
+  desk.updater->install();
+  EXPECT_EQ(desk.updater->phase(), Updater::Phase{});
+}
+
 TEST(Install, KeepsWhatFailedWhileThereIsSomethingNewer) {
   UpdateDesk desk;
   desk.image = answerOf(404);

@@ -32,7 +32,10 @@ class FakeTools : public Tools {
   // By the beginning of the call as it is kept.
   void answer(const std::string& call, ToolResult result) { answers_[call] = std::move(result); }
   void forget() { answers_.clear(); }
-  std::set<std::string> hanging;  // by the beginning too: never answered
+  std::set<std::string> hanging;  // by the beginning too: not answered before end()
+  void end(ToolResult result) {
+    for (const auto& resolver : std::exchange(open_, {})) resolver(result);
+  }
   bool startable = false;
   std::vector<Milliseconds> deadlines;
 

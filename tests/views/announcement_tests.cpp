@@ -15,7 +15,7 @@ class Ear {
  public:
   explicit Ear(const QQuickWindow& window) {
     listen(window.contentItem());
-    EXPECT_EQ(alerts_, 2) << "the toast and the banner";
+    EXPECT_EQ(alerts_, 3) << "the toast, the trouble and the newer build";
   }
   QStringList take() { return std::exchange(said_, {}); }
 
@@ -101,6 +101,22 @@ TEST_P(Announcements, SpeakEachTroubleOnce) {
   store().problem.set(kOfflineText);
   EXPECT_EQ(spoken(), once(kOfflineText));
   store().problem.set(std::nullopt);
+  EXPECT_EQ(spoken(), QStringList{});
+}
+
+TEST_P(Announcements, SpeakEachStepOfAnUpdateOnce) {
+  begin();
+  updater().latest.set(
+      VersionInfo{.version = "1.3", .build = 42, .url = "https://pages.tessarine.example/"});
+  EXPECT_EQ(spoken(), once("Vellix 1.3 (42) is ready."));
+  updater().latest.set(
+      VersionInfo{.version = "1.4", .build = 43, .url = "https://pages.tessarine.example/"});
+  EXPECT_EQ(spoken(), once("Vellix 1.4 (43) is ready."));
+  updater().phase.set({Updater::Phase::Kind::working, "Downloading Vellix 1.4 (43)…"});
+  EXPECT_EQ(spoken(), once("Downloading Vellix 1.4 (43)…"));
+  updater().phase.set({});
+  updater().latest.set(std::nullopt);
+  spoken();
   EXPECT_EQ(spoken(), QStringList{});
 }
 

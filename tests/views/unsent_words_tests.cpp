@@ -31,6 +31,12 @@ TEST_F(UnsentWords, AreThoseOfANoteThatIsBeingWritten) {
   EXPECT_FALSE(held());
 }
 
+TEST_F(UnsentWords, AreNoneInWhatIsClosed) {
+  composer()->setProperty("text", "Too dark");
+  composer()->setEnabled(false);
+  EXPECT_FALSE(held());
+}
+
 TEST_F(UnsentWords, WaitBehindAPersonsPage) {
   composer()->setProperty("text", "Too dark");
   store().openProfile("jorvas@tessarine.example");

@@ -228,6 +228,26 @@ TEST_F(UpdateViews, LetNoCommandThroughBehindTheScreen) {
   EXPECT_TRUE(store().showActivity());
 }
 
+TEST_F(UpdateViews, LeaveTheEndOfTheProgramToBeHad) {
+  store().setShowActivity(true);
+  open();
+  learn(42);
+  QSignalSpy ended{windowModels()["commands"].value<CommandsModel*>(), &CommandsModel::endWanted};
+  QTest::keyClick(window(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(UpdateViews, LetNothingBeTakenBackBehindTheScreen) {
+  open();
+  bool undone = false;
+  store().toast.set(Toast{"Marked fine.", "Undo", [&undone] { undone = true; }});
+  rest();
+  learn(42);
+  QTest::keyClick(window(), Qt::Key_Z, Qt::ControlModifier);
+  settle();
+  EXPECT_FALSE(undone);
+}
+
 TEST_F(UpdateViews, CoverWhatFloatsOverTheWindow) {
   store().setShowActivity(true);
   open();
