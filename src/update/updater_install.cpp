@@ -1,4 +1,5 @@
 // How a newer build takes this copy's place.
+#include <algorithm>
 #include <utility>
 
 #include "gateway/url.hpp"
@@ -101,13 +102,18 @@ Task<> Updater::stopAfter(Milliseconds limit, std::stop_source work) {
 
 // From here on the script goes on, once this process has ended.
 UpdateResult<Done> Updater::handOver(const std::string& fresh) {
-  const std::string parent = placeOf(copy_.bundle).parent;
+  const auto [parent, name] = placeOf(copy_.bundle);
+  const std::string freshName = placeOf(fresh).name;
+  // A disk that does not tell letters by their case has but one program of such names.
+  const bool sameName = std::ranges::equal(name, freshName, {}, asciiLower, asciiLower);
   const SwapPlan plan{.process = copy_.process,
-                      .current = copy_.bundle,
-                      .target = parent + "/" + placeOf(fresh).name,
+                      .current = parent + "/" + name,
+                      .target = parent + "/" + (sameName ? name : freshName),
                       .fresh = fresh};
-  const bool writable = ports_.files.isWritable(parent) && ports_.files.isWritable(copy_.bundle);
-  const bool safe = scriptsBear(plan.current) && scriptsBear(plan.fresh);
+  const bool writable = ports_.files.isWritable(parent) && ports_.files.isWritable(plan.current);
+  // The script begins with removing what an aborted swap has left.
+  const bool leftOver = plan.current == plan.target + ".old";
+  const bool safe = !leftOver && scriptsBear(plan.current) && scriptsBear(plan.fresh);
   if (!writable || !safe) {
     ports_.opener.open(fileUrl(image()));
     return std::unexpected(cannotReplaceItself());

@@ -328,6 +328,27 @@ TEST(Install, OpensTheImageWhereTheScriptCouldNotBearThePath) {
   EXPECT_THAT(desk.asked, Not(Contains(StartsWith("write "))));
 }
 
+TEST(Install, RemovesNoProgramUnderAnotherSpellingOfItsName) {
+  for (const auto& [bundle, current] :
+       {std::pair{"/Applications/vellix.app", "/Applications/vellix.app"},
+        std::pair{"/Applications/Vellix.app/", "/Applications/Vellix.app"}}) {
+    UpdateDesk desk{UpdateDesk::copyAt(bundle)};
+    install(desk);
+    EXPECT_EQ(desk.files.written["/caches/SorelUpdate/swap.sh"],
+              swapScript({.process = 4242,
+                          .current = current,
+                          .target = current,
+                          .fresh = "/caches/SorelUpdate/Vellix.app"}));
+  }
+}
+
+TEST(Install, DoesNotRunFromWhatTheScriptRemovesFirst) {
+  UpdateDesk desk{UpdateDesk::copyAt("/Applications/Vellix.app.old")};
+  install(desk);
+  EXPECT_EQ(desk.updater->phase(), (Updater::Phase{Kind::failed, kNotWritable}));
+  EXPECT_THAT(desk.asked, Not(Contains(StartsWith("write "))));
+}
+
 TEST(Install, LetsAnImageGoThatWasLeftMounted) {
   UpdateDesk desk;
   desk.files.leftAttached = true;
