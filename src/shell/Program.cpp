@@ -125,13 +125,16 @@ void Program::follow(const SystemLook& look) {
   take();
 }
 
-// What takes this copy's place waits for its end, so nothing that is under way need be lost. Behind
-// the screen that insists on it nobody could end what was begun.
+// Behind the screen that insists on an update nobody could end what was begun.
+bool Program::isAtRest() const {
+  const bool mayWrite = !updater_.isRequired();
+  return store_.busy().empty() &&
+         !(mayWrite && holdUnsentWords(QGuiApplication::topLevelWindows()));
+}
+
+// What takes this copy's place waits for its end, so nothing that is under way need be lost.
 Task<> Program::endAtRest() {
-  const auto writing = [this] {
-    return !updater_.isRequired() && holdUnsentWords(QGuiApplication::topLevelWindows());
-  };
-  while (!store_.busy().empty() || writing()) {
+  while (!isAtRest()) {
     const auto pause = loop_.sleep(Milliseconds{1'000}, {});
     co_await pause;
   }

@@ -69,6 +69,7 @@ class Program {
   static void end();
 
  private:
+  bool isAtRest() const;
   Task<> endAtRest();
   QVariantMap parts();
   QVariantMap panelOf(const std::string& panel);

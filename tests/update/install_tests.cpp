@@ -29,13 +29,16 @@ std::string failed(const std::string& tool) {
   return "The update check failed (" + tool + "). Try again, or download it from the Vellix page.";
 }
 
+constexpr const char* kAttach =
+    "/usr/bin/hdiutil attach /caches/SorelUpdate/Vellix.dmg -nobrowse -readonly -noautoopen "
+    "-mountpoint /caches/SorelUpdate/mnt";
+
 // Everything that is asked of the system on the way, in this order.
 const Asked kWhole{
     "begin a file",
     "renew the stage",
     "put into the stage: Vellix.dmg",
-    "/usr/bin/hdiutil attach /caches/SorelUpdate/Vellix.dmg -nobrowse -readonly -noautoopen "
-    "-mountpoint /caches/SorelUpdate/mnt",
+    kAttach,
     "/usr/bin/codesign --verify --deep --strict /caches/SorelUpdate/mnt/Vellix.app",
     "/usr/bin/codesign -dv /caches/SorelUpdate/mnt/Vellix.app",
     "/usr/bin/ditto /caches/SorelUpdate/mnt/Vellix.app /caches/SorelUpdate/Vellix.app",
