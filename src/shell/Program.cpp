@@ -127,9 +127,8 @@ void Program::follow(const SystemLook& look) {
 
 // Behind the screen that insists on an update nobody could end what was begun.
 bool Program::isAtRest() const {
-  const bool mayWrite = !updater_.isRequired();
-  return store_.busy().empty() &&
-         !(mayWrite && holdUnsentWords(QGuiApplication::topLevelWindows()));
+  if (!store_.busy().empty()) return false;
+  return updater_.isRequired() || !holdUnsentWords(QGuiApplication::topLevelWindows());
 }
 
 // What takes this copy's place waits for its end, so nothing that is under way need be lost.

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "update/place.hpp"
+
 namespace vellix {
 namespace {
 
@@ -19,8 +21,6 @@ bool isUtf8(std::string_view bytes) {
   return true;
 }
 
-std::string lastComponent(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-
 }  // namespace
 
 UpdateFail didNotFinish() {
@@ -29,7 +29,7 @@ UpdateFail didNotFinish() {
 
 Task<UpdateResult<std::string>> runTool(Tools& tools, std::string path,
                                         std::vector<std::string> arguments, Milliseconds longest) {
-  const std::string tool = lastComponent(path);
+  const std::string tool = placeOf(path).name;
   const auto running = tools.run(std::move(path), std::move(arguments), longest);
   const auto result = co_await running;
   if (!result && result.error() == ToolError::notStarted) co_return std::unexpected(didNotFinish());

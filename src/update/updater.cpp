@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gateway/url.hpp"
+#include "records/whole_number.hpp"
 #include "update/verification.hpp"
 
 namespace vellix {

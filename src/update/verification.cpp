@@ -1,8 +1,9 @@
 #include "update/verification.hpp"
 
-#include <charconv>
 #include <utility>
 #include <vector>
+
+#include "records/whole_number.hpp"
 
 namespace vellix {
 namespace {
@@ -121,17 +122,6 @@ Task<> releaseStage(Tools& tools, UpdateFiles& files, Milliseconds longest) {
   if (!mounted) co_return;
   auto letting = detach(tools, mountPoint, longest);
   co_await std::move(letting);
-}
-
-std::optional<std::int64_t> wholeNumber(std::string_view text) {
-  if (text.starts_with('+')) {
-    text.remove_prefix(1);
-    if (text.starts_with('-')) return std::nullopt;
-  }
-  std::int64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool whole = error == std::errc() && end == text.data() + text.size();
-  return whole ? std::optional{number} : std::nullopt;
 }
 
 }  // namespace vellix

@@ -3,9 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "platform/ports/update_files.hpp"
 #include "update/running_tools.hpp"
@@ -23,8 +21,5 @@ Task<UpdateResult<std::string>> verify(Tools& tools, UpdateFiles& files, std::st
 // Lets go of an image that is still mounted in the stage, since the program was ended meanwhile:
 // the stage could not be made anew around it.
 Task<> releaseStage(Tools& tools, UpdateFiles& files, Milliseconds longest);
-
-// Digits, with a sign before them or none. None for anything else.
-std::optional<std::int64_t> wholeNumber(std::string_view text);
 
 }  // namespace vellix

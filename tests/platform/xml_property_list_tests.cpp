@@ -133,7 +133,9 @@ INSTANTIATE_TEST_SUITE_P(
             "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/hostname\">]><plist><dict>"
             "<key>CFBundleVersion</key><string>&a;</string></dict></plist>"},
         Bad{"deeply", nested(20'000)},
-        Bad{"tooLarge", list("<!--" + std::string(1 << 20, 'x') + "-->" + kBuild)}),
+        Bad{"tooLarge", list("<!--" + std::string(1 << 20, 'x') + "-->" + kBuild)},
+        // What is read of it would be a whole list.
+        Bad{"tooLargeByItsEnd", list(kBuild) + std::string(1 << 20, '\n')}),
     [](const auto& tested) { return tested.param.name; });
 // NOLINTEND(cert-err58-cpp)
 

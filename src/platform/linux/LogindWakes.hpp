@@ -6,26 +6,26 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <optional>
+#include <utility>
 
+#include "platform/linux/BusThread.hpp"
 #include "platform/ports/wakes.hpp"
-
-class QThread;
 
 namespace vellix {
 
 class LogindWakes : public QObject, public Wakes {
  public:
-  // Begins to listen at once. An empty address is that of the system bus.
-  explicit LogindWakes(const QString& busAddress = {});
-  ~LogindWakes() override;
-  LogindWakes(const LogindWakes&) = delete;
-  LogindWakes& operator=(const LogindWakes&) = delete;
+  // An empty address is that of the system bus.
+  explicit LogindWakes(QString busAddress = {}) : busAddress_(std::move(busAddress)) {}
 
-  void observe(std::function<void()> woken) override { woken_ = std::move(woken); }
+  // Begins to listen, the first time: until then nobody would be told.
+  void observe(std::function<void()> woken) override;
 
  private:
+  const QString busAddress_;
   std::function<void()> woken_;
-  QThread* thread_;
+  std::optional<BusThread> thread_;
 };
 
 }  // namespace vellix

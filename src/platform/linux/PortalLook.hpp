@@ -5,10 +5,10 @@
 
 #include <QObject>
 #include <QString>
+#include <optional>
 
+#include "platform/linux/BusThread.hpp"
 #include "platform/ports/look.hpp"
-
-class QThread;
 
 namespace vellix {
 
@@ -18,9 +18,6 @@ class PortalLook : public QObject {
  public:
   // Asks at once; the answer comes in a later turn. An empty address is that of the session bus.
   explicit PortalLook(const QString& busAddress = {});
-  ~PortalLook() override;
-  PortalLook(const PortalLook&) = delete;
-  PortalLook& operator=(const PortalLook&) = delete;
 
   const Look& look() const { return look_; }
 
@@ -31,7 +28,7 @@ class PortalLook : public QObject {
   void take(const Look& look);
 
   Look look_;
-  QThread* thread_;
+  std::optional<BusThread> thread_;
 };
 
 }  // namespace vellix

@@ -1,9 +1,8 @@
 #import <Foundation/Foundation.h>
 
-#include <charconv>
-#include <string_view>
-
 #include "platform/macos/mac_bundle.hpp"
+
+#include "records/whole_number.hpp"
 
 namespace vellix {
 namespace {
@@ -11,14 +10,6 @@ namespace {
 std::optional<std::string> textOf(id value) {
   if (![value isKindOfClass:[NSString class]]) return std::nullopt;
   return std::string{[value UTF8String]};
-}
-
-// Digits behind a sign or none, and nothing else.
-std::int64_t buildOf(std::string_view text) {
-  if (text.starts_with("+") && !text.starts_with("+-")) text.remove_prefix(1);
-  std::int64_t build = 1;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), build);
-  return error == std::errc{} && end == text.data() + text.size() ? build : 1;
 }
 
 }  // namespace
@@ -30,7 +21,7 @@ RunningCopy runningCopy(std::int64_t /*built*/) {
     return {.identifier = textOf([bundle bundleIdentifier]),
             .bundle = textOf([bundle bundlePath]).value_or(""),
             .process = [[NSProcessInfo processInfo] processIdentifier],
-            .build = buildOf(textOf(build).value_or("1"))};
+            .build = wholeNumber(textOf(build).value_or("1")).value_or(1)};
   }
 }
 
