@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "compare/canvas_view.hpp"
+
 namespace vellix {
 namespace {
 
@@ -87,6 +89,9 @@ void stageSample(Store& store, Sample sample, const Arguments& arguments, Moment
   if (asked("--draft")) stageDraft(staged);
   if (asked("--profile")) stageProfile(staged, argument(arguments, "--profile").value_or(""), now);
   if (const auto zoom = argument(arguments, "--zoom")) staged.zoom = numberIn(*zoom);
+  staged.mode = modeOf(argument(arguments, "--mode").value_or("")).value_or(staged.mode);
+  if (asked("--offline")) staged.problem = "Can't reach the Vellix server right now. Trying again…";
+  if (asked("--toast")) staged.toast = Toast{"Marked reviewed.", "Undo", [] {}};
   staged.notesDrawer = asked("--narrow");
   if (asked("--history")) staged.sideTab = "history";
   if (asked("--reprints")) store.setQueue(kReprint);

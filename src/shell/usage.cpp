@@ -27,8 +27,11 @@ constexpr std::array kFlags = std::to_array<Flag>({
     {"--draft", "", "a note being written on the page"},
     {"--profile", "[WHICH]", "a person's page with made-up figures"},
     {"--zoom", "NUMBER", "the page this many times as large"},
+    {"--mode", "NAME", "pages compared in another way: overlay or blink"},
     {"--narrow", "", "the notes as a drawer"},
     {"--history", "", "the history beside the page"},
+    {"--offline", "", "the service out of reach"},
+    {"--toast", "", "a message at the foot, with a way back"},
     {"--follow", "", "the selection made to fit what is listed"},
 });
 

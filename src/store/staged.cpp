@@ -14,11 +14,14 @@ void Store::stage(Staged staged) {
   focus.set(std::move(staged.focus));
   draft.set(std::move(staged.draft));
   if (staged.zoom) zoom.set(*staged.zoom);
+  mode.set(staged.mode);
   showActivity.set(staged.showActivity);
   notesDrawer.set(staged.notesDrawer);
   sideTab.set(std::move(staged.sideTab));
   profile.set(std::move(staged.profile));
   stats.set(std::move(staged.stats));
+  problem.set(std::move(staged.problem));
+  toast.set(std::move(staged.toast));
 }
 
 }  // namespace vellix

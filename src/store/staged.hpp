@@ -14,11 +14,14 @@ struct Staged {
   std::optional<std::string> focus;
   std::optional<DraftNote> draft;
   std::optional<double> zoom;  // none leaves it as it is
+  CompareMode mode = CompareMode::side;
   bool showActivity = false;
   bool notesDrawer = false;
   std::string sideTab = "page";
   std::optional<std::string> profile;
   std::optional<Stats> stats;
+  std::optional<std::string> problem;
+  std::optional<Toast> toast;
 };
 
 }  // namespace vellix

@@ -154,6 +154,24 @@ TEST_F(StagedStore, ZoomsToAnyNumber) {
   EXPECT_EQ(stage({"--zoom"}).zoom(), 9);
 }
 
+TEST_F(StagedStore, ComparesInTheModeThatIsAskedFor) {
+  EXPECT_EQ(stage().mode(), CompareMode::side);
+  EXPECT_EQ(stage({"--mode", "overlay"}).mode(), CompareMode::overlay);
+  EXPECT_EQ(stage({"--mode", "blink"}).mode(), CompareMode::blink);
+  EXPECT_EQ(stage({"--mode", "sideways"}).mode(), CompareMode::side);
+  EXPECT_EQ(stage({"--mode"}).mode(), CompareMode::side);
+}
+
+TEST_F(StagedStore, TellsOfTroubleAndOfWhatWasDone) {
+  EXPECT_EQ(stage().problem(), std::nullopt);
+  EXPECT_EQ(store().toast(), std::nullopt);
+  EXPECT_EQ(stage({"--offline"}).problem(),
+            "Can't reach the Vellix server right now. Trying again…");
+  stage({"--toast"});
+  ASSERT_TRUE(store().toast());
+  EXPECT_EQ(store().toast()->undoLabel, "Undo");
+}
+
 TEST_F(StagedStore, FollowsTheSelectionRuleWhenTold) {
   store().queue.set("reprint");
   EXPECT_EQ(stage().selection(), Ids{"a"});
