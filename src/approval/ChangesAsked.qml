@@ -25,7 +25,7 @@ Rectangle {
             wrapMode: Text.Wrap
             size: Theme.note
             weight: Font.Medium
-            color: Theme.fore.red
+            color: Theme.strong.red
             text: block.changes.line
         }
 

@@ -144,7 +144,7 @@ Popover {
 
                 TextButton {
                     text: popover.view.renew
-                    color: popover.view.warning !== "" ? Theme.fore.red : Theme.accent
+                    color: popover.view.warning !== "" ? Theme.strong.red : Theme.strongAccent
                     enabled: !popover.view.busy
                     // The second press is for who has read that it is one.
                     says: text + popover.view.url
@@ -156,7 +156,7 @@ Popover {
                     width: parent.width
                     wrapMode: Text.Wrap
                     size: Theme.small
-                    color: Theme.fore.red
+                    color: Theme.strong.red
                     text: popover.view.warning
                     Accessible.role: Accessible.AlertMessage
                 }

@@ -38,7 +38,7 @@ Pressable {
             height: 18
             anchors.verticalCenter: parent.verticalCenter
             radius: height / 2
-            color: button.chip.selected ? Theme.accent : Theme.quietFill
+            color: button.chip.selected ? Theme.underWhite(Theme.accent) : Theme.quietFill
 
             Label {
                 id: badge

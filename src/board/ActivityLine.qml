@@ -85,7 +85,7 @@ ListRow {
         Label {
             width: parent.width
             size: Theme.small
-            color: Theme.faint
+            color: Theme.muted
             tellsWhole: true
             text: line.Accessible.description
             Accessible.ignored: true

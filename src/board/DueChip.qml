@@ -8,6 +8,7 @@ Item {
 
     required property dueChipView due
     property bool compact: false
+    property bool bedded: false
     readonly property real shown: pill.width
 
     implicitWidth: pill.implicitWidth
@@ -18,6 +19,7 @@ Item {
 
         anchors.bottom: parent.bottom
         small: true
+        bedded: chip.bedded
         icon: chip.due.icon
         tone: chip.due.tone
         help: chip.compact ? chip.due.text : ""

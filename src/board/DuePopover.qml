@@ -57,7 +57,7 @@ Popover {
                     y: 1
                     size: 14
                     name: "flame.fill"
-                    color: Theme.fore[popover.due.urgent ? "orange" : "gray"]
+                    color: Theme.strong[popover.due.urgent ? "orange" : "gray"]
                 }
 
                 Column {
@@ -128,7 +128,7 @@ Popover {
                 visible: popover.late
                 width: parent.width
                 wrapMode: Text.Wrap
-                color: Theme.fore.red
+                color: Theme.strong.red
                 text: popover.due.late
             }
 

@@ -7,11 +7,13 @@ Item {
     id: mark
 
     required property fileCountView count
+    property bool bedded: false
 
     readonly property bool counts: count.text !== ""
     readonly property color colour: count.tone === "accent" ? Theme.accent
-                                    : count.tone === "muted" ? Theme.faint
-                                    : Theme.fore[count.tone]
+                                    : count.tone === "muted" ? Theme.muted
+                                    : count.tone === "green" ? Theme.success
+                                    : Theme.fore.red
 
     implicitWidth: counts ? badge.implicitWidth : 18
     implicitHeight: 18
@@ -25,6 +27,7 @@ Item {
         help: mark.count.help
         colour: mark.colour
         filled: mark.count.tone === "red"
+        bedded: mark.bedded
     }
 
     Symbol {

@@ -64,7 +64,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             size: Theme.note
-            color: Theme.faint
+            color: Theme.muted
             text: list.board.head.emptySecond
         }
     }

@@ -116,6 +116,7 @@ Pressable {
 
                 sourceComponent: DueChip {
                     compact: true
+                    bedded: row.ticket.selected
                     due: row.ticket.due
                 }
             }
@@ -129,6 +130,7 @@ Pressable {
 
                 sourceComponent: ApprovalPill {
                     small: true
+                    bedded: row.ticket.selected
                     pill: row.ticket.approval
                     width: Math.min(implicitWidth, words.width)
                 }
@@ -150,6 +152,7 @@ Pressable {
 
             anchors.right: parent.right
             count: row.ticket.count
+            bedded: row.ticket.selected
         }
 
         Loader {

@@ -43,7 +43,7 @@ Item {
         anchors.rightMargin: Theme.gap4
         anchors.verticalCenter: parent.verticalCenter
         text: "Stop"
-        color: Theme.fore.red
+        color: Theme.strong.red
         onClicked: card.board.stopSync()
     }
 }

@@ -245,6 +245,7 @@ Rectangle {
             symbol: "sidebar.right"
             help: bar.notesHelp
             checked: bar.notesOpen
+            color: checked ? Theme.accent : Theme.muted
             onClicked: bar.notesToggled()
         }
     }

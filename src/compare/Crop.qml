@@ -87,7 +87,7 @@ Item {
         horizontalAlignment: Text.AlignHCenter
         size: 9.5
         font.letterSpacing: 0.6
-        color: cut.crop.colour === "accent" ? Theme.accent : Theme.fore.blue
+        color: cut.crop.colour === "accent" ? Theme.strongAccent : Theme.strong.blue
         tellsWhole: true
         text: cut.crop.label
     }

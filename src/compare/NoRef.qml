@@ -34,7 +34,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             size: Theme.note
-            color: Theme.faint
+            color: Theme.muted
             text: none.why
         }
     }

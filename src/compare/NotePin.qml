@@ -10,7 +10,7 @@ Rectangle {
     width: 22
     height: 22
     radius: 11
-    color: Theme.onPaper.accent
+    color: Theme.underWhite(Theme.onPaper.accent)
     border.width: 1.5
     border.pixelAligned: false
     border.color: Theme.onAccent

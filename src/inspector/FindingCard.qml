@@ -102,7 +102,7 @@ Item {
         visible: card.folded
         width: parent.width
         icon: card.foldedIcon
-        iconColor: Theme.fore[card.foldedTone]
+        iconColor: Theme.strong[card.foldedTone]
         waits: card.busy
         text: card.title
         help: card.foldedHelp
@@ -196,7 +196,7 @@ Item {
                         icon: "exclamationmark.triangle.fill"
                         on: card.issue
                         decision: card.decision
-                        color: Theme.fore.red
+                        color: Theme.strong.red
                         onClicked: card.realIssue()
                     }
 
@@ -207,7 +207,7 @@ Item {
                         icon: "checkmark"
                         on: card.fine
                         decision: card.decision
-                        color: Theme.fore.green
+                        color: Theme.strong.green
                         onClicked: card.markFine()
                     }
                 }

@@ -159,7 +159,7 @@ Item {
                 width: parent.width
                 wrapMode: Text.Wrap
                 size: Theme.note
-                color: Theme.fore.amber
+                color: Theme.strong.amber
                 text: panel.head.notice
             }
 

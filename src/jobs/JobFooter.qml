@@ -31,7 +31,7 @@ Item {
         enabled: !footer.job.stopping
         text: "Stop"
         size: Theme.note
-        color: Theme.fore.red
+        color: Theme.strong.red
         onClicked: footer.stopped()
     }
 }

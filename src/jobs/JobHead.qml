@@ -23,7 +23,7 @@ Item {
         y: (title.implicitHeight - height) / 2
         size: 14
         name: head.job.icon
-        color: Theme.fore[head.job.tone] ?? Theme.muted
+        color: Theme.strong[head.job.tone] ?? Theme.muted
     }
 
     Column {

@@ -47,7 +47,7 @@ Column {
             width: Math.min(implicitWidth, lines.width - lines.openRoom - lines.driveRoom)
             tellsWhole: true
             size: Theme.note
-            color: Theme.faint
+            color: Theme.muted
             text: lines.report.area.made
         }
 

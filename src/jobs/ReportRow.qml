@@ -21,7 +21,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         size: 14
         name: row.report.icon
-        color: Theme.fore[row.report.tone] ?? Theme.muted
+        color: Theme.strong[row.report.tone] ?? Theme.muted
     }
 
     Label {

@@ -23,7 +23,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         enabled: !work.report.area.stopping
         text: "Stop"
-        color: Theme.fore.red
+        color: Theme.strong.red
         onClicked: work.report.stop()
     }
 }

@@ -32,7 +32,7 @@ Column {
             anchors.leftMargin: 7
             size: Theme.lead
             weight: Font.DemiBold
-            color: Theme.fore[block.result.tone] ?? Theme.muted
+            color: Theme.strong[block.result.tone] ?? Theme.muted
             text: block.result.title
         }
 
@@ -59,7 +59,7 @@ Column {
             width: block.width
             text: value.text
             icon: value.icon
-            ink: Theme.fore[value.tone] ?? Theme.muted
+            ink: Theme.strong[value.tone] ?? Theme.muted
             markSize: 14
         }
     }

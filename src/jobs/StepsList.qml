@@ -35,7 +35,7 @@ Column {
             width: steps.width
             text: value.text
             icon: value.icon
-            ink: Theme.fore[value.tone] ?? Theme.muted
+            ink: Theme.strong[value.tone] ?? Theme.muted
             spins: value.live
             size: Theme.note
             color: value.live ? Theme.text : Theme.muted

@@ -108,7 +108,7 @@ Rectangle {
                 Label {
                     width: Math.min(implicitWidth, told.width)
                     size: Theme.small
-                    color: Theme.faint
+                    color: row.note.tagged ? Theme.muted : Theme.faint
                     text: row.note.when
                 }
             }
@@ -123,7 +123,7 @@ Rectangle {
 
                     symbol: row.note.resolved ? "checkmark.circle.fill" : "circle"
                     help: row.note.resolveHelp
-                    color: row.note.resolved ? Theme.fore.green : Theme.muted
+                    color: row.note.resolved ? Theme.success : Theme.muted
                     opacity: row.note.busy ? 0.45 : 1
                     says: row.note.resolved
                     onClicked: row.notes.resolve(row.note.id)

@@ -27,7 +27,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         size: Theme.small
         weight: Font.Medium
-        color: capsule.ink
+        color: Theme.text
         tellsWhole: true
         text: capsule.chip.name
         Accessible.ignored: true

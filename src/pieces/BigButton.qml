@@ -32,7 +32,7 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: button.radius
-        color: button.prominent ? Theme.accent : Theme.raised
+        color: button.prominent ? Theme.underWhite(Theme.accent) : Theme.raised
         border.width: button.prominent ? 0 : 1
         border.color: Theme.quietFill
     }
@@ -40,8 +40,8 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: button.radius
-        color: button.prominent ? Theme.onAccent : Theme.hoverFill
-        opacity: button.hovered && !button.busy ? (button.prominent ? 0.12 : 1) : 0
+        color: button.prominent ? Theme.hoverShade : Theme.hoverFill
+        opacity: button.hovered && !button.busy ? 1 : 0
 
         Behavior on opacity {
             NumberAnimation { duration: Theme.hover }

@@ -11,6 +11,8 @@ Rectangle {
     property bool filled: false
     property bool small: false
     property string help: ""
+    // On a ground that would take from the digits.
+    property bool bedded: false
 
     readonly property color ink: filled ? Theme.onAccent : colour
     readonly property real side: small ? 14 : 18
@@ -18,11 +20,19 @@ Rectangle {
     implicitWidth: Math.max(side, Math.ceil(row.implicitWidth) + (small ? 8 : 11))
     implicitHeight: side
     radius: height / 2
-    color: filled ? colour : Qt.alpha(colour, colour.a * 0.14)
+    color: filled ? Theme.underWhite(colour) : Qt.alpha(colour, colour.a * 0.14)
 
     Accessible.role: Accessible.StaticText
     Accessible.name: text
     Accessible.description: help
+
+    Rectangle {
+        visible: badge.bedded
+        z: -1
+        anchors.fill: parent
+        radius: badge.radius
+        color: Theme.pillBed
+    }
 
     Row {
         id: row

@@ -10,7 +10,7 @@ Pressable {
     property real size: 15
     property bool checked: false
     property bool busy: false
-    property color color: checked ? Theme.accent : Theme.muted
+    property color color: checked ? Theme.strongAccent : Theme.muted
 
     label: help
     idle: busy

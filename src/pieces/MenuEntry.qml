@@ -64,7 +64,7 @@ Pressable {
         anchors.verticalCenter: parent.verticalCenter
         size: 12
         name: "checkmark"
-        color: Theme.accent
+        color: Theme.strongAccent
     }
 
     Label {
@@ -74,7 +74,7 @@ Pressable {
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
         size: Theme.note
-        color: Theme.faint
+        color: Theme.muted
         opacity: line.enabled ? 1 : 0.6
         text: line.entry.shortcut ?? ""
         Accessible.ignored: true

@@ -25,7 +25,7 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: height / 2
-        color: pill.filled ? pill.color : pill.raised ? Theme.raised : Qt.alpha(pill.color, 0.11)
+        color: pill.filled ? Theme.underWhite(pill.color) : pill.raised ? Theme.raised : Qt.alpha(pill.color, 0.11)
         border.width: pill.raised && !pill.filled ? 1 : 0
         border.color: Theme.quietFill
     }
@@ -33,8 +33,8 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: height / 2
-        color: pill.filled ? Theme.onAccent : Theme.text
-        opacity: pill.hovered ? (pill.filled ? 0.12 : 0.05) : 0
+        color: pill.filled ? Theme.hoverShade : Theme.text
+        opacity: pill.hovered ? (pill.filled ? 1 : 0.05) : 0
 
         Behavior on opacity {
             NumberAnimation { duration: Theme.hover }

@@ -12,6 +12,8 @@ Rectangle {
     property bool small: false
     property bool spinning: false
     property string help: ""
+    // On a ground that would take from the words.
+    property bool bedded: false
 
     readonly property color ink: Theme.fore[tone] ?? Theme.muted
     readonly property bool ringed: dashed || (icon === "" && spinning)
@@ -29,6 +31,14 @@ Rectangle {
     Accessible.role: Accessible.StaticText
     Accessible.name: text || help
     Accessible.description: text === "" || help === text ? "" : help
+
+    Rectangle {
+        visible: pill.bedded
+        z: -1
+        anchors.fill: parent
+        radius: pill.radius
+        color: Theme.pillBed
+    }
 
     Symbol {
         id: symbol

@@ -133,7 +133,7 @@ Rectangle {
                         visible: cell.count !== ""
                         anchors.verticalCenter: parent.verticalCenter
                         text: cell.count
-                        colour: cell.modelData.late ? Theme.fore.red : cell.current ? Theme.accent : Theme.muted
+                        colour: cell.modelData.late ? Theme.fore.red : cell.current ? Theme.text : Theme.muted
                     }
                 }
             }

@@ -129,7 +129,7 @@ Popover {
                 maximumLineCount: 2
                 elide: Text.ElideRight
                 size: Theme.note
-                color: Theme.warning
+                color: Theme.strong.amber
                 tellsWhole: true
                 text: sheet.trouble
                 Accessible.role: Accessible.AlertMessage

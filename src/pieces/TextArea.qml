@@ -115,7 +115,7 @@ Item {
             width: scroll.width
             activeFocusOnTab: true
             color: Theme.text
-            selectionColor: Theme.accent
+            selectionColor: Theme.underWhite(Theme.accent)
             selectedTextColor: Theme.onAccent
             selectByMouse: true
             font.family: Theme.family

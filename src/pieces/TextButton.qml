@@ -9,7 +9,7 @@ Pressable {
     property string icon: ""
     property real size: Theme.body
     property int weight: Font.Medium
-    property color color: Theme.accent
+    property color color: Theme.strongAccent
 
     label: text
     implicitWidth: words.x + words.implicitWidth

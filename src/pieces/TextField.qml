@@ -60,7 +60,7 @@ Item {
         activeFocusOnTab: true
         clip: true
         color: Theme.text
-        selectionColor: Theme.accent
+        selectionColor: Theme.underWhite(Theme.accent)
         selectedTextColor: Theme.onAccent
         selectByMouse: true
         font.family: Theme.family

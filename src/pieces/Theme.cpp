@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyleHints>
+#include <cmath>
 
 namespace vellix {
 namespace {
@@ -16,6 +17,14 @@ QString firstInstalled(std::initializer_list<const char*> families,
     if (QFontDatabase::hasFamily(QString::fromLatin1(family))) return QString::fromLatin1(family);
   }
   return QFontDatabase::systemFont(fallback).family();
+}
+
+// Between a channel as it is written and the light that it gives, both 0 to 1.
+double lightOf(double channel) {
+  return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+double channelOf(double light) {
+  return light <= 0.0031308 ? light * 12.92 : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
 }
 
 }  // namespace
@@ -71,6 +80,7 @@ bool Theme::eventFilter(QObject* watched, QEvent* event) {
 void Theme::takeDark(bool dark) {
   dark_ = dark;
   fore_.setDark(dark);
+  strong_.setDark(dark);
   tint_.setDark(dark);
 }
 
@@ -84,5 +94,20 @@ void Theme::follow() {
 
 // Looked up where it is wanted: hardly anybody reads a raw log.
 QString Theme::fixed() { return QFontDatabase::systemFont(QFontDatabase::FixedFont).family(); }
+
+QColor Theme::underWhite(const QColor& colour) {
+  const double red = lightOf(colour.redF());
+  const double green = lightOf(colour.greenF());
+  const double blue = lightOf(colour.blueF());
+  const double light = 0.2126 * red + 0.7152 * green + 0.0722 * blue;
+  // White has 4.5 times the contrast there.
+  constexpr double kMost = 1.05 / 4.5 - 0.05;
+  if (light <= kMost) return colour;
+  // Less of the same light, rounded down.
+  const auto dimmed = [&](double part) {
+    return static_cast<int>(255 * channelOf(part * kMost / light));
+  };
+  return {dimmed(red), dimmed(green), dimmed(blue)};
+}
 
 }  // namespace vellix

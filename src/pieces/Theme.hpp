@@ -43,7 +43,9 @@ class Theme : public QObject {
   VELLIX_COLOUR(text, "#1d1917", "#ffffff")
   VELLIX_COLOUR(ink, "#0f0b0a", "#f3f1ec")
   VELLIX_COLOUR(muted, "#453d39", "#cfc6bd")
-  VELLIX_COLOUR(faint, "#a8453d39", "#a8cfc6bd")
+  VELLIX_COLOUR(faint, "#6a625d", "#a49c94")
+  // The accent's shade for small words; those of the tones are in `strong`.
+  VELLIX_COLOUR(strongAccent, "#9c391d", "#f4764e")
   VELLIX_COLOUR(window, "#f3f6f7", "#12100f")
   VELLIX_COLOUR(column, "#ebeeef", "#171412")
   VELLIX_COLOUR(canvas, "#e6eaeb", "#0d0b0a")
@@ -59,10 +61,14 @@ class Theme : public QObject {
   VELLIX_COLOUR(toast, "#1d1917", "#3a332e")
   VELLIX_CONSTANT(QColor, onToast, QColor("#ffffff"))
   VELLIX_COLOUR(toastButton, "#22ffffff", "#24ffffff")
+  // Under a pill or a count in a selected row, whose fill would take from their words.
+  VELLIX_COLOUR(pillBed, "#ffffff", "#12100f")
   // Over a row or a button: text at 4, 6 and 9 %; the accent at 10, 35 and 60 %.
   VELLIX_COLOUR(hoverFill, "#0a1d1917", "#0affffff")
   VELLIX_COLOUR(quietFill, "#0f1d1917", "#0fffffff")
   VELLIX_COLOUR(trackFill, "#0d1d1917", "#12ffffff")
+  // Over a filled button, whose white words want no lighter ground.
+  VELLIX_CONSTANT(QColor, hoverShade, QColor("#1f000000"))
   // Along the inner edge of what is let into the ground.
   VELLIX_COLOUR(bevelLine, "#b3ffffff", "#0dffffff")
   VELLIX_COLOUR(selectedFill, "#1ae4572e", "#1af06a3f")
@@ -71,8 +77,10 @@ class Theme : public QObject {
   VELLIX_CONSTANT(QColor, shadow, QColor("#2e000000"))
   VELLIX_COLOUR(scrim, "#47000000", "#80000000")
 
-  // By the tone's name: Theme.fore.red is its foreground, Theme.tint.red its tinted ground.
+  // By the tone's name: Theme.fore.red is its foreground, Theme.tint.red its tinted ground, and
+  // Theme.strong.red the shade for words and marks that stand outside of pills.
   Q_PROPERTY(vellix::Tones* fore READ fore CONSTANT)
+  Q_PROPERTY(vellix::Tones* strong READ strong CONSTANT)
   Q_PROPERTY(vellix::Tones* tint READ tint CONSTANT)
   Q_PROPERTY(vellix::PaperTones* onPaper READ onPaper CONSTANT)
 
@@ -122,12 +130,15 @@ class Theme : public QObject {
   // nothing, the lightness of its palette does.
   void followSystem(const Look& look);
   Tones* fore() { return &fore_; }
+  Tones* strong() { return &strong_; }
   Tones* tint() { return &tint_; }
   PaperTones* onPaper() { return &onPaper_; }
   QString family() const { return family_; }
   QString serif() const { return serif_; }
   static QString fixed();
   qreal pointsPerPixel() const;
+  // The nearest shade of a colour that white words can be read on.
+  Q_INVOKABLE static QColor underWhite(const QColor& colour);
   int hover() const { return reducedMotion_ ? 0 : 120; }
   int standard() const { return reducedMotion_ ? 0 : 320; }
   QVariantList curve() const { return {0.2, 0.8, 0.2, 1.0, 1.0, 1.0}; }
@@ -150,6 +161,7 @@ class Theme : public QObject {
   bool dark_ = false;
   bool reducedMotion_ = false;
   Tones fore_{Tones::foregrounds};
+  Tones strong_{Tones::strongForegrounds};
   Tones tint_{Tones::grounds};
   PaperTones onPaper_;
   QString family_;

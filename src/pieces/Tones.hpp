@@ -1,5 +1,6 @@
-// The seven tones, by name: their foregrounds, or their tinted grounds. And the colours of what
-// lies on paper, which is as light in the dark look. Main thread only.
+// The seven tones, by name: their foregrounds, the stronger shade for what stands by itself, or
+// their tinted grounds. And the colours of what lies on paper, which is as light in the dark look.
+// Main thread only.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -8,13 +9,15 @@
 
 namespace vellix {
 
-#define VELLIX_TONE(name, light, darkForm, lightAlpha, darkAlpha)                         \
-  Q_PROPERTY(QColor name READ name NOTIFY changed)                                        \
- public:                                                                                  \
-  QColor name() const {                                                                   \
-    return dark_ ? toned(QColor(darkForm), darkAlpha) : toned(QColor(light), lightAlpha); \
-  }                                                                                       \
-                                                                                          \
+// In the dark look the foreground is strong enough by itself.
+#define VELLIX_TONE(name, light, strongLight, darkForm, lightAlpha, darkAlpha)          \
+  Q_PROPERTY(QColor name READ name NOTIFY changed)                                      \
+ public:                                                                                \
+  QColor name() const {                                                                 \
+    if (dark_) return toned(QColor(darkForm), darkAlpha);                               \
+    return toned(QColor(form_ == strongForegrounds ? strongLight : light), lightAlpha); \
+  }                                                                                     \
+                                                                                        \
  private:
 #define VELLIX_ON_PAPER(name, value)         \
   Q_PROPERTY(QColor name READ name CONSTANT) \
@@ -26,16 +29,16 @@ namespace vellix {
 class Tones : public QObject {
   Q_OBJECT
   QML_ANONYMOUS
-  VELLIX_TONE(purple, "#7442e8", "#a684ff", 0.11F, 0.18F)
-  VELLIX_TONE(amber, "#d48a12", "#f2b544", 0.16F, 0.17F)
-  VELLIX_TONE(green, "#24a35a", "#4cd486", 0.13F, 0.16F)
-  VELLIX_TONE(red, "#de5246", "#ff7a6e", 0.12F, 0.17F)
-  VELLIX_TONE(orange, "#e07a2c", "#ffa05c", 0.12F, 0.17F)
-  VELLIX_TONE(blue, "#1a84f0", "#5ab0ff", 0.12F, 0.17F)
-  VELLIX_TONE(gray, "#76716d", "#a8a29c", 0.13F, 0.16F)
+  VELLIX_TONE(purple, "#7442e8", "#703fe0", "#a684ff", 0.11F, 0.18F)
+  VELLIX_TONE(amber, "#d48a12", "#8a5808", "#f2b544", 0.16F, 0.17F)
+  VELLIX_TONE(green, "#24a35a", "#16713d", "#4cd486", 0.13F, 0.16F)
+  VELLIX_TONE(red, "#de5246", "#ac3e34", "#ff7a6e", 0.12F, 0.17F)
+  VELLIX_TONE(orange, "#e07a2c", "#97501a", "#ffa05c", 0.12F, 0.17F)
+  VELLIX_TONE(blue, "#1a84f0", "#1163b6", "#5ab0ff", 0.12F, 0.17F)
+  VELLIX_TONE(gray, "#76716d", "#66625e", "#a8a29c", 0.13F, 0.16F)
 
  public:
-  enum Form { foregrounds, grounds };
+  enum Form { foregrounds, strongForegrounds, grounds };
   explicit Tones(Form form) : form_(form) {}
 
   void setDark(bool dark) {

@@ -34,7 +34,7 @@ Bevel {
             anchors.centerIn: parent
             size: 18
             name: cell.icon
-            color: cell.earned ? cell.ink : Theme.faint
+            color: cell.earned ? cell.ink : Theme.muted
         }
     }
 

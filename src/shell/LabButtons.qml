@@ -19,7 +19,7 @@ Column {
 
         Pill { title: "Post"; icon: "arrow.up"; color: Theme.accent; filled: true }
         Pill { title: "Mark reviewed"; icon: "checkmark"; color: Theme.success; filled: true }
-        Pill { title: "Withdraw"; icon: "xmark"; color: Theme.danger }
+        Pill { title: "Withdraw"; icon: "xmark"; color: Theme.strong.red }
         Pill { title: "Share"; icon: "link"; raised: true }
         Pill { title: "Make report"; icon: "doc.richtext"; enabled: false }
         LinkPill { title: "Email"; icon: "envelope"; url: "mailto:renny@tessarine.example" }

@@ -38,7 +38,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         size: 14
         name: "wifi.exclamationmark"
-        color: Theme.warning
+        color: Theme.strong.amber
     }
 
     Flow {

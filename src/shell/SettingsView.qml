@@ -61,7 +61,7 @@ Rectangle {
                 width: parent.width
                 wrapMode: Text.Wrap
                 size: Theme.body
-                color: Theme.warning
+                color: Theme.strong.amber
                 text: view.settings.view.trouble
                 Accessible.role: Accessible.AlertMessage
             }

@@ -17,7 +17,7 @@ Column {
     Label {
         size: Theme.tiny
         font.letterSpacing: 0.6
-        color: Theme.faint
+        color: Theme.muted
         text: tile.label
         Accessible.ignored: true
     }

@@ -138,6 +138,7 @@ Pressable {
         CountBadge {
             visible: text !== ""
             small: true
+            colour: Theme.strongAccent
             text: cell.waiting
             Accessible.ignored: true
         }

@@ -94,7 +94,7 @@ FocusScope {
             visible: !bar.shown.step.working
             size: 14
             name: bar.shown.symbol
-            color: bar.shown.step.repeatable ? Theme.danger : Theme.fore.blue
+            color: bar.shown.step.repeatable ? Theme.danger : Theme.strong.blue
         }
 
         Spinner {

@@ -120,7 +120,7 @@ Item {
             isColour(words(pill).color, Theme.success);
             isColour(symbol.color, Theme.success);
             pill.filled = true;
-            isColour(ground.color, Theme.success);
+            isColour(ground.color, Theme.underWhite(Theme.success));
             isColour(words(pill).color, "#ffffff");
             isColour(symbol.color, "#ffffff");
         }

@@ -61,7 +61,7 @@ TEST_P(QueueBadges, AreRedWhereATicketIsLate) {
   const auto badges = seen(queues[0], "CountBadge");
   ASSERT_EQ(badges.size(), 2);
   const QColor red = tone("red");
-  EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme()->accent());
+  EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme()->text());
   EXPECT_EQ(colourOf(badges[1], "colour"), GetParam().otherLate ? red : theme()->muted());
 }
 
@@ -121,7 +121,7 @@ TEST_F(ColumnLooks, OfThePeople) {
   ASSERT_EQ(dots().size(), 1);
   const QQuickItem* dot = dots()[0];
   const QQuickItem* ring = dot->parentItem();
-  EXPECT_EQ(colourOf(dot), tone("green"));
+  EXPECT_EQ(colourOf(dot), theme()->success());
   EXPECT_EQ(dot->property("radius").toDouble(), 4);
   EXPECT_EQ(colourOf(ring), theme()->column());
   EXPECT_EQ(ring->mapRectToItem(avatars[1], ring->boundingRect()), QRectF(20, 20, 12, 12));
@@ -167,7 +167,7 @@ TEST_F(ColumnLooks, OfASyncAtWork) {
     EXPECT_EQ(all("Symbol").size(), stuck ? 1 : 0) << status;
     ASSERT_TRUE(text("Stop")) << status;
     EXPECT_EQ(text("Stop")->property("size").toDouble(), 12.5);
-    EXPECT_EQ(colourOf(text("Stop")), tone("red"));
+    EXPECT_EQ(colourOf(text("Stop")), theme()->strong()->property("red").value<QColor>());
   }
 }
 

@@ -71,13 +71,13 @@ TEST_F(RowLooks, OfACount) {
             theme()->accent(),
             false},
            {{.text = "", .icon = "checkmark.circle.fill", .tone = "green", .help = ""},
-            tone("green"),
+            theme()->success(),
             false},
            {{.text = "", .icon = "equal.circle", .tone = "muted", .help = "No differences"},
-            theme()->faint(),
+            theme()->muted(),
             false},
            {{.text = "", .icon = "questionmark.circle", .tone = "muted", .help = "Nothing"},
-            theme()->faint(),
+            theme()->muted(),
             false}}) {
     SCOPED_TRACE(count.text + count.icon);
     show("Board/FileCount", {{"count", toQml(count)}}, {40, 18});
@@ -88,7 +88,7 @@ TEST_F(RowLooks, OfACount) {
       ASSERT_EQ(badges.size(), 1);
       EXPECT_EQ(colourOf(badges[0], "colour"), colour);
       EXPECT_EQ(badges[0]->property("filled").toBool(), filled);
-      EXPECT_EQ(colourOf(badges[0]) == colour, filled) << "or tinted";
+      EXPECT_EQ(colourOf(badges[0]) == Theme::underWhite(colour), filled) << "or tinted";
       const auto digits = seen(badges[0], "Digits");
       ASSERT_EQ(digits.size(), 1);
       EXPECT_EQ(colourOf(digits[0]), filled ? QColor(Qt::white) : colour);
@@ -161,6 +161,62 @@ TEST_F(RowLooks, OfATicketThatLosesItsDueDateAndItsReviewer) {
   give("ticket", toQml(full()));
   EXPECT_EQ(all("DueChip").size(), 1);
   EXPECT_EQ(all("Avatar").size(), 1);
+}
+
+TEST_F(RowLooks, OfPillsAndCountsOnASelectedRow) {
+  FileRowView row = full();
+  row.approval = PillView{.text = "Changes", .icon = "arrow.uturn.backward", .tone = "red"};
+  row.count = {.text = "3", .icon = "", .tone = "accent", .help = "3 to look at"};
+  showRow(row);
+  const auto bedded = [&] {
+    int count = 0;
+    for (const char* type : {"Pillbox", "CountBadge"}) {
+      for (const QQuickItem* each : all(type)) {
+        for (QQuickItem* child : each->childItems()) {
+          count += child->isVisible() && child->z() < 0 && child->size() == each->size() &&
+                   colourOf(child) == theme()->pillBed();
+        }
+      }
+    }
+    return count;
+  };
+  EXPECT_EQ(bedded(), 0);
+  row.selected = true;
+  give("ticket", toQml(row));
+  EXPECT_EQ(bedded(), 3);
+}
+
+// Words that are not the first of their place, and are read all the same.
+TEST_F(RowLooks, OfWhatIsMuted) {
+  struct Case {
+    const char* view;
+    QVariantMap values;
+    QString words;
+  };
+  for (const auto& [view, values, words] :
+       std::vector<Case>{{"Compare/NoRef",
+                          {{"what", "No FBC"}, {"why", "It was never made."}},
+                          "It was never made."},
+                         {"Ticket/FactTile", {{"label", "PO"}, {"value", "7781"}}, "PO"},
+                         {"Board/ActivityLine",
+                          {{"key", "7"},
+                           {"avatar", toQml(AvatarView{})},
+                           {"who", "Renny"},
+                           {"said", "signed in"},
+                           {"when", "2 min ago"},
+                           {"where", "The Lighthouse"},
+                           {"spoken", "Renny signed in"},
+                           {"pictures", models()["pictures"]}},
+                          "2 min ago · The Lighthouse"},
+                         {"Board/FileList",
+                          {{"board", models()["board"]}, {"pictures", models()["pictures"]}},
+                          "Press Sync to check supplier mail."}}) {
+    SCOPED_TRACE(view);
+    show(view, values, {300, 400});
+    const QQuickItem* label = seenText(window()->contentItem(), words);
+    ASSERT_TRUE(label);
+    EXPECT_EQ(colourOf(label), theme()->muted());
+  }
 }
 
 TEST_F(RowLooks, OfTheGround) {
