@@ -50,19 +50,15 @@ Item {
         width: rows.width - 2 * Theme.gap24
         spacing: Theme.gap4
 
-        Label {
+        CentredLabel {
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             size: Theme.large
             weight: Font.Medium
             text: list.board.head.emptyFirst
         }
 
-        Label {
+        CentredLabel {
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             size: Theme.note
             color: Theme.muted
             text: list.board.head.emptySecond

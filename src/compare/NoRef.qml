@@ -20,19 +20,15 @@ Item {
             color: Theme.faint
         }
 
-        Label {
+        CentredLabel {
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             size: Theme.row
             weight: Font.Medium
             text: none.what
         }
 
-        Label {
+        CentredLabel {
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             size: Theme.note
             color: Theme.muted
             text: none.why

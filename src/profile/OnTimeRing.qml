@@ -51,15 +51,13 @@ Item {
         }
     }
 
-    Label {
+    CentredLabel {
         id: note
 
         anchors.top: track.bottom
         anchors.topMargin: Theme.gap12
         anchors.horizontalCenter: parent.horizontalCenter
         width: Math.min(parent.width, 260)
-        horizontalAlignment: Text.AlignHCenter
-        wrapMode: Text.Wrap
         size: Theme.small
         color: Theme.muted
         text: onTime.ring.note

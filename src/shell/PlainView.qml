@@ -20,21 +20,17 @@ Item {
             size: 18
         }
 
-        Label {
+        CentredLabel {
             visible: text !== ""
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             size: Theme.title
             weight: Font.DemiBold
             text: plain.headline
             Accessible.role: Accessible.Heading
         }
 
-        Label {
+        CentredLabel {
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             maximumLineCount: 6
             size: Theme.lead
             color: Theme.muted

@@ -119,10 +119,8 @@ FocusScope {
                 Accessible.role: Accessible.Heading
             }
 
-            Label {
+            CentredLabel {
                 width: parent.width
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
                 size: Theme.large
                 color: Theme.muted
                 text: "Supplier proofs, checked against what we sent."
@@ -134,13 +132,11 @@ FocusScope {
                 height: Theme.gap12
             }
 
-            Label {
+            CentredLabel {
                 id: service
 
                 width: parent.width
                 visible: text !== ""
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
                 size: Theme.body
                 text: view.shown.service
             }
@@ -170,10 +166,8 @@ FocusScope {
                 width: parent.width
                 height: 42
 
-                Label {
+                CentredLabel {
                     width: parent.width
-                    horizontalAlignment: Text.AlignHCenter
-                    wrapMode: Text.Wrap
                     size: Theme.body
                     color: Theme.muted
                     text: view.shown.note

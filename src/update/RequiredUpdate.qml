@@ -76,12 +76,10 @@ FocusScope {
             Accessible.role: Accessible.Heading
         }
 
-        Label {
+        CentredLabel {
             id: line
 
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             maximumLineCount: 6
             elide: Text.ElideRight
             tellsWhole: true

@@ -12,6 +12,8 @@ Item {
     Label { id: lines; width: 300; wrapMode: Text.Wrap; maximumLineCount: 3 }
     Label { id: running; width: 300; wrapMode: Text.Wrap }
     Digits { id: digits; text: "p12 · 3 of 40" }
+    CentredLabel { id: centred; size: 12 }
+    Label { id: plain; wrapMode: Text.Wrap; size: 12; font: centred.font }
 
     TestCase {
         name: "Label"
@@ -61,6 +63,63 @@ Item {
             line.text = "a".repeat(2000);
             compare(line.broken, Text.NoWrap);
             compare(line.lineCount, 1);
+        }
+
+        function test_leaveNoWordOverForTheLastLine_data() {
+            return [
+                { tag: "no reference", text: "The sync couldn't find one to compare with." },
+                { tag: "an empty board", text: "Press Sync. Claude on the Mac mini checks supplier mail for new proofs." },
+                { tag: "an empty list", text: "Press Sync to check supplier mail." },
+                { tag: "a filter", text: "Turn off Only mine to see everyone's." },
+                { tag: "the ring", text: "Reviewed within 48 hours of coming in, or the same day when urgent." }
+            ];
+        }
+
+        // The last line as it is laid out, by the widths of the words that end the text.
+        function wordsOnTheLastLine(label: var): int {
+            let lines = 0;
+            let last = "";
+            const room = label.width - label.leftPadding - label.rightPadding;
+            const measure = text => { line.size = label.size; line.text = text; return line.contentWidth; };
+            let started = "";
+            for (const word of label.text.split(" ")) {
+                const longer = started === "" ? word : started + " " + word;
+                started = measure(longer) > room ? word : longer;
+            }
+            return started.split(" ").length;
+        }
+
+        function test_leaveNoWordOverForTheLastLine(each) {
+            centred.text = each.text;
+            plain.text = each.text;
+            let left = 0;
+            for (let room = 120; room <= 440; room += 4) {
+                centred.width = plain.width = room;
+                compare(centred.lineCount, plain.lineCount, "no more lines than there are, at " + room);
+                verify(centred.leftPadding >= 0 && centred.leftPadding === centred.rightPadding);
+                if (centred.lineCount > 1)
+                    verify(wordsOnTheLastLine(centred) > 1, "at " + room);
+                left += plain.lineCount > 1 && wordsOnTheLastLine(plain) === 1 ? 1 : 0;
+            }
+            verify(left > 0, "It happens where nothing is done about it.");
+        }
+
+        function test_centreWhatCannotBeBalanced() {
+            for (const text of ["", "One", "a".repeat(400), "a " + "b".repeat(400)]) {
+                centred.text = text;
+                for (const room of [0, 1, 80]) {
+                    centred.width = room;
+                    compare(centred.spare, 0);
+                }
+            }
+            centred.text = "One two three four";
+            centred.width = 60;
+            const spare = centred.spare;
+            verify(spare > 0);
+            centred.text = "One";
+            compare(centred.spare, 0);
+            centred.text = "One two three four";
+            compare(centred.spare, spare);
         }
 
         function test_makeNoItemOfEachDigitOfAnEndlessNumber() {
