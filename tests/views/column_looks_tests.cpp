@@ -63,6 +63,8 @@ TEST_P(QueueBadges, AreRedWhereATicketIsLate) {
   const QColor red = tone("red");
   EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme()->text());
   EXPECT_EQ(colourOf(badges[1], "colour"), GetParam().otherLate ? red : theme()->muted());
+  EXPECT_EQ(badges[0]->property("icon").toString(), GetParam().late ? "clock" : "");
+  EXPECT_EQ(badges[1]->property("icon").toString(), GetParam().otherLate ? "clock" : "");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, QueueBadges,
