@@ -10,6 +10,8 @@ Rectangle {
     property string icon: ""
     property bool filled: false
     property bool small: false
+    // Stands out from its like, and not by its colour alone.
+    property bool outlined: false
     property string help: ""
     // On a ground that would take from the digits.
     property bool bedded: false
@@ -20,6 +22,8 @@ Rectangle {
     implicitWidth: Math.max(side, Math.ceil(row.implicitWidth) + (small ? 8 : 11))
     implicitHeight: side
     radius: height / 2
+    border.width: outlined ? 1 : 0
+    border.color: colour
     color: filled ? Theme.underWhite(colour) : Qt.alpha(colour, colour.a * 0.14)
 
     Accessible.role: Accessible.StaticText

@@ -132,8 +132,7 @@ Rectangle {
                     CountBadge {
                         visible: cell.count !== ""
                         anchors.verticalCenter: parent.verticalCenter
-                        // Not by its colour alone.
-                        icon: cell.modelData.late ? "clock" : ""
+                        outlined: cell.modelData.late ?? false
                         text: cell.count
                         colour: cell.modelData.late ? Theme.fore.red : cell.current ? Theme.text : Theme.muted
                     }

@@ -63,8 +63,11 @@ TEST_P(QueueBadges, AreRedWhereATicketIsLate) {
   const QColor red = tone("red");
   EXPECT_EQ(colourOf(badges[0], "colour"), GetParam().late ? red : theme()->text());
   EXPECT_EQ(colourOf(badges[1], "colour"), GetParam().otherLate ? red : theme()->muted());
-  EXPECT_EQ(badges[0]->property("icon").toString(), GetParam().late ? "clock" : "");
-  EXPECT_EQ(badges[1]->property("icon").toString(), GetParam().otherLate ? "clock" : "");
+  const auto outline = [](const QQuickItem* badge) {
+    return badge->property("border").value<QObject*>()->property("width").toInt();
+  };
+  EXPECT_EQ(outline(badges[0]), GetParam().late ? 1 : 0) << "not by its colour alone";
+  EXPECT_EQ(outline(badges[1]), GetParam().otherLate ? 1 : 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, QueueBadges,
