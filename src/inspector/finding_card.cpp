@@ -41,6 +41,7 @@ std::vector<NoteRowView> notesOn(const Store& store, const FileDetail& detail,
     const Int number = note.page == finding.page ? numbers[i] : 0;
     rows.push_back(noteRow(store, note, number, now, calendar));
   }
+  alignNumbers(rows);
   return rows;
 }
 

@@ -76,16 +76,17 @@ Writing {
     Item {
         id: foot
 
-        readonly property real whole: Math.max(picker.height, 26) + Theme.gap8
+        // How far it has come out.
+        property real part: composer.open ? 1 : 0
 
         y: field.y + field.height
         width: parent.width
-        height: composer.open ? whole : 0
-        visible: height > 0
+        height: part * (Math.max(picker.height, 26) + Theme.gap8)
+        visible: part > 0
         enabled: composer.open
-        clip: height < whole
+        clip: part < 1
 
-        Behavior on height {
+        Behavior on part {
             Glide {}
         }
 

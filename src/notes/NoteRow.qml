@@ -4,12 +4,14 @@ import Vellix.Pictures
 import Vellix.Pieces
 
 // A note as it is read, and as its author changes it.
-Rectangle {
+Item {
     id: row
 
     required property noteRowView note
     required property NotesModel notes
     required property PictureSource pictures
+    // In all rows of a list alike, also for a note without a number.
+    property real numberRoom: badge.width
 
     property bool editing: false
 
@@ -21,16 +23,22 @@ Rectangle {
         resolve.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // What its author opens and closes glides; what polls bring is there at once.
+    function edit(now: bool) {
+        moving.restart();
+        editing = now;
+    }
+
     function stopEditing(byKey: bool) {
         if ((editor.item as NoteEditor).activeFocus)
             more.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
         // What is around the row may fold now.
-        editing = false;
+        edit(false);
     }
 
     function pick(key: string) {
         if (key === "edit") {
-            editing = true;
+            edit(true);
             // Once: what others make of the note meanwhile does not change what is being written.
             const written = editor.item as NoteEditor;
             written.text = note.text;
@@ -44,8 +52,6 @@ Rectangle {
     }
 
     implicitHeight: body.implicitHeight + 2 * pad
-    radius: Theme.radiusRow
-    color: note.tagged ? Theme.tint.amber : "transparent"
 
     Accessible.role: Accessible.ListItem
     Accessible.name: note.spoken
@@ -54,12 +60,27 @@ Rectangle {
         id: deletion
     }
 
+    Timer {
+        id: moving
+
+        interval: Theme.standard
+    }
+
+    // Its padding lies around the columns that the row shares with those beside it.
+    Rectangle {
+        visible: row.note.tagged
+        x: -row.pad
+        width: row.width + 2 * row.pad
+        height: row.height
+        radius: Theme.radiusRow
+        color: Theme.tint.amber
+    }
+
     Column {
         id: body
 
-        x: row.pad
         y: row.pad
-        width: row.width - 2 * row.pad
+        width: row.width
         spacing: Theme.gap4
 
         Item {
@@ -72,6 +93,7 @@ Rectangle {
                 id: badge
 
                 visible: row.note.number > 0
+                x: (row.numberRoom - width) / 2
                 y: 4
                 filled: true
                 text: row.note.number
@@ -80,7 +102,7 @@ Rectangle {
             Avatar {
                 id: face
 
-                x: badge.visible ? badge.width + 6 : 0
+                x: row.numberRoom + 6
                 y: 3
                 who: row.note.who
                 pictures: row.pictures
@@ -91,7 +113,7 @@ Rectangle {
 
                 anchors.left: face.right
                 anchors.leftMargin: Theme.gap8
-                anchors.right: buttons.left
+                anchors.right: resolve.left
                 anchors.rightMargin: Theme.gap4
                 y: Math.max(0, (26 - height) / 2)
                 height: implicitHeight
@@ -113,78 +135,90 @@ Rectangle {
                 }
             }
 
-            Row {
-                id: buttons
+            IconButton {
+                id: resolve
 
+                anchors.right: more.left
+                symbol: row.note.resolved ? "checkmark.circle.fill" : "circle"
+                help: row.note.resolveHelp
+                color: row.note.resolved ? Theme.success : Theme.muted
+                opacity: row.note.busy ? 0.45 : 1
+                says: row.note.resolved
+                onClicked: row.notes.resolve(row.note.id)
+            }
+
+            IconButton {
+                id: more
+
+                // Its room is held where there is none.
                 anchors.right: parent.right
+                visible: row.note.mine
+                symbol: "ellipsis"
+                help: "Edit or delete"
+                checked: row.menu?.visible ?? false
+                expandable: true
+                expanded: checked
+                onClicked: (place.made() as Menu).openAt(visualFocus)
 
-                IconButton {
-                    id: resolve
+                OnDemand {
+                    id: place
 
-                    symbol: row.note.resolved ? "checkmark.circle.fill" : "circle"
-                    help: row.note.resolveHelp
-                    color: row.note.resolved ? Theme.success : Theme.muted
-                    opacity: row.note.busy ? 0.45 : 1
-                    says: row.note.resolved
-                    onClicked: row.notes.resolve(row.note.id)
-                }
-
-                IconButton {
-                    id: more
-
-                    visible: row.note.mine
-                    symbol: "ellipsis"
-                    help: "Edit or delete"
-                    checked: row.menu?.visible ?? false
-                    expandable: true
-                    expanded: checked
-                    onClicked: (place.made() as Menu).openAt(visualFocus)
-
-                    OnDemand {
-                        id: place
-
-                        Menu {
-                            parent: more
-                            x: more.width - width
-                            y: more.height + Theme.gap4
-                            label: "Note"
-                            entries: [
-                                { key: "edit", text: "Edit",
-                                  help: row.note.editable ? "" : "This note is too long to edit here",
-                                  enabled: row.note.editable && !row.note.busy && !row.editing },
-                                { key: "delete", enabled: !row.note.busy, stays: true,
-                                  text: deletion.asked ? "Delete this note?" : "Delete…" }
-                            ]
-                            onPicked: key => row.pick(key)
-                        }
+                    Menu {
+                        parent: more
+                        x: more.width - width
+                        y: more.height + Theme.gap4
+                        label: "Note"
+                        entries: [
+                            { key: "edit", text: "Edit",
+                              help: row.note.editable ? "" : "This note is too long to edit here",
+                              enabled: row.note.editable && !row.note.busy && !row.editing },
+                            { key: "delete", enabled: !row.note.busy, stays: true,
+                              text: deletion.asked ? "Delete this note?" : "Delete…" }
+                        ]
+                        onPicked: key => row.pick(key)
                     }
                 }
             }
         }
 
-        Label {
-            visible: !row.editing
-            x: face.x + face.width + Theme.gap8
-            width: parent.width - x
-            wrapMode: Text.Wrap
-            size: Theme.body
-            color: row.note.resolved ? Theme.muted : Theme.text
-            text: row.note.text
-        }
-
-        Loader {
-            id: editor
-
-            active: row.editing
-            visible: active
+        Item {
             width: parent.width
+            height: row.editing ? editor.implicitHeight : words.implicitHeight
+            clip: gliding.running
 
-            sourceComponent: NoteEditor {
-                notes: row.notes
-                onCancelled: byKey => row.stopEditing(byKey)
-                onSaved: (text, byKey) => {
-                    row.notes.save(row.note.id, text);
-                    row.stopEditing(byKey);
+            Behavior on height {
+                enabled: moving.running
+                Glide { id: gliding }
+            }
+
+            Label {
+                id: words
+
+                visible: !row.editing
+                x: face.x + face.width + Theme.gap8
+                width: parent.width - x
+                wrapMode: Text.Wrap
+                size: Theme.body
+                color: row.note.resolved ? Theme.muted : Theme.text
+                text: row.note.text
+            }
+
+            // As high as its room, so that what scrolls around it goes along with it.
+            Loader {
+                id: editor
+
+                active: row.editing
+                visible: active
+                width: parent.width
+                height: parent.height
+
+                sourceComponent: NoteEditor {
+                    notes: row.notes
+                    onCancelled: byKey => row.stopEditing(byKey)
+                    onSaved: (text, byKey) => {
+                        row.notes.save(row.note.id, text);
+                        row.stopEditing(byKey);
+                    }
                 }
             }
         }

@@ -27,6 +27,18 @@ Column {
         around: list
     }
 
+    // As wide as the longest number.
+    CountBadge {
+        id: widest
+
+        visible: false
+        filled: true
+        text: {
+            const all = list.rows;
+            return all.length > 0 ? all[0].digits : "0";
+        }
+    }
+
     Repeater {
         id: each
 
@@ -39,6 +51,7 @@ Column {
             required property noteRowView value
 
             width: list.width
+            numberRoom: widest.width
             note: value
             notes: list.notes
             pictures: list.pictures

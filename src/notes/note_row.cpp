@@ -48,6 +48,13 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
   return row;
 }
 
+void alignNumbers(std::vector<NoteRowView>& rows) {
+  Int most = 0;
+  for (const NoteRowView& row : rows) most = std::max(most, row.number);
+  const std::string digits(std::to_string(most).size(), '0');
+  for (NoteRowView& row : rows) row.digits = digits;
+}
+
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar) {
   std::vector<NoteRowView> rows;
@@ -57,6 +64,7 @@ std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail,
     if (note.page != page || hasWords(note.finding_id)) continue;
     rows.push_back(noteRow(store, note, numbers[i], now, calendar));
   }
+  alignNumbers(rows);
   return rows;
 }
 

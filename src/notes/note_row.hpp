@@ -13,7 +13,8 @@ namespace vellix {
 
 struct NoteRowView {
   std::string id;
-  Int number = 0;  // 0 for none
+  Int number = 0;            // 0 for none
+  std::string digits = "0";  // as many as the longest number of its list has
   AvatarView who;
   std::string name;
   std::string when;
@@ -29,12 +30,14 @@ struct NoteRowView {
   bool operator==(const NoteRowView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(NoteRowView, (),
-                      (id, number, who, name, when, text, resolved, resolveHelp, mine, editable,
-                       tagged, tags, busy, spoken))
+                      (id, number, digits, who, name, when, text, resolved, resolveHelp, mine,
+                       editable, tagged, tags, busy, spoken))
 
 // `number` is 0 for a note without one.
 NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now,
                     const Calendar& calendar);
+// Rows that stand in one list hold the same room for their numbers.
+void alignNumbers(std::vector<NoteRowView>& rows);
 // Those of a page that hang on no finding, as the service orders them.
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar);

@@ -158,6 +158,24 @@ TEST_F(NoteRows, SendATextAsItWasWritten) {
   EXPECT_TRUE(store().busy().contains("n-n1"));
 }
 
+TEST_F(NoteRows, HoldRoomForTheLongestNumberOfTheirList) {
+  const auto digits = [this] {
+    std::set<std::string> all;
+    for (const auto& each : pageNotes(store(), detail, 0, desk.time.now(), desk.calendar)) {
+      all.insert(each.digits);
+    }
+    return all;
+  };
+  Note resolved = noteOn("n0");
+  resolved.resolved = 1;
+  detail.comments = {resolved};
+  EXPECT_EQ(digits(), std::set<std::string>{"0"});
+  for (int i = 1; i <= 9; ++i) detail.comments.push_back(noteOn("n" + std::to_string(i)));
+  EXPECT_EQ(digits(), std::set<std::string>{"0"});
+  detail.comments.push_back(noteOn("n10"));
+  EXPECT_EQ(digits(), std::set<std::string>{"00"});
+}
+
 TEST_F(NoteRows, SendTheirEnd) {
   detail.comments = {noteOn("n1")};
   show();
