@@ -65,12 +65,7 @@ Rectangle {
     clip: true
 
     onZoomChanged: relay()
-    Component.onCompleted: {
-        relay();
-        // A ticket that comes back with its draft.
-        if (card.open)
-            card.begin();
-    }
+    Component.onCompleted: relay()
 
     Behavior on zoom {
         enabled: canvas.compare.stage.glides

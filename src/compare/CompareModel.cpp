@@ -66,10 +66,10 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
   if (bar_.show(std::move(view.bar))) emit barChanged();
   showLoupe(std::move(view.loupe), anew);
   stage_.placeCard(view.draftPane);
-  const auto draft = view.draftPane < 0 ? std::nullopt : store_.draft();
-  if (draft_ == draft) return;
-  draft_ = draft;
-  if (draft_) emit drafted();
+  // One that is back with its page, or its ticket, was not begun.
+  const bool begun = draft_ != store_.draft();
+  draft_ = store_.draft();
+  if (begun && view.draftPane >= 0) emit drafted();
 }
 
 void CompareModel::showLoupe(LoupeView loupe, bool anew) {

@@ -73,7 +73,7 @@ class CompareModel : public QObject {
   void barChanged();
   void loupeChanged();
   void selected();  // another finding, or none
-  void drafted();   // a note has a place on the page, or another one, and waits for its text
+  void drafted();   // a note has been begun on the page, or moved, and waits for its text
 
  private:
   void update();
@@ -89,7 +89,7 @@ class CompareModel : public QObject {
   bool loaded_ = false;
   bool drawing_ = false;
   bool seen_ = true;
-  std::optional<DraftNote> draft_;  // the one that was told of
+  std::optional<DraftNote> draft_;  // as it was last seen
   Shown<CanvasBarView> bar_;
   Shown<LoupeView> loupe_;
   RowsModel<PaneView, &PaneView::key> panes_;

@@ -19,12 +19,31 @@ Writing {
     signal begun()
 
     readonly property bool canPost: !notes.blank(notes.draftText)
+    // A field takes no caret while it is being made.
+    property bool made: false
 
     // The keyboard is wanted, once the card can be seen.
     function begin() {
-        if (!activeFocus)
-            before.note(Window.activeFocusItem);
+        soon.back = false;
         soon.restart();
+    }
+
+    // The card is back with its page or its ticket.
+    function comeBack() {
+        soon.back = !soon.running || soon.back;
+        soon.restart();
+    }
+
+    // Whether it would be taken from under somebody's hands.
+    function keptBy(keyed: Item): bool {
+        return (keyed?.visible ?? false) && ((keyed as TextEdit) !== null || (keyed as TextInput) !== null);
+    }
+
+    function load() {
+        if (field.text === notes.draftText)
+            return;
+        field.text = notes.draftText;
+        field.toEnd();
     }
 
     function leave() {
@@ -52,15 +71,27 @@ Writing {
 
     onConfirmed: post()
     onOpenChanged: {
-        if (open)
-            field.text = notes.draftText;
-        else
+        if (!made)
+            return;
+        if (open) {
+            load();
+            comeBack();
+        } else {
             leave();
+        }
         enabled = open;
     }
+    // Behind a person's page the ticket waits unseen.
+    onVisibleChanged: {
+        if (made && visible && open)
+            comeBack();
+    }
     Component.onCompleted: {
-        field.text = notes.draftText;
+        made = true;
+        load();
         enabled = open;
+        if (open)
+            comeBack();
     }
 
     CameFrom {
@@ -72,8 +103,8 @@ Writing {
         target: card.notes
 
         function onDraftTextChanged() {
-            if (card.open && field.text !== card.notes.draftText)
-                field.text = card.notes.draftText;
+            if (card.open)
+                card.load();
         }
     }
 
@@ -84,8 +115,15 @@ Writing {
     Timer {
         id: soon
 
+        property bool back: false
+
         interval: 50
         onTriggered: {
+            const keyed = card.Window.activeFocusItem;
+            if (!card.visible || (back && keyed !== null && card.keptBy(keyed)))
+                return;
+            if (!card.activeFocus)
+                before.note(keyed);
             field.take(Qt.OtherFocusReason);
             card.begun();
         }
@@ -129,9 +167,11 @@ Writing {
 
         anchors.right: parent.right
         anchors.rightMargin: 10
-        y: 7
+        y: 6
         symbol: "xmark"
         size: 11
+        width: 24
+        height: 24
         help: "Discard (Esc)"
         onClicked: card.notes.dropDraft()
     }
@@ -142,7 +182,7 @@ Writing {
         readonly property real room: people.y - y
 
         x: 14
-        y: close.y + close.height + 1
+        y: close.y + close.height
         width: parent.width - 2 * x
         height: Math.min(implicitHeight, room)
         label: "What needs fixing here?"

@@ -26,6 +26,9 @@ FlowRow {
         symbol: "at"
         help: "Tag people"
         size: 13
+        // As high as what posts beside it.
+        width: 26
+        height: 26
         checked: picker.menu?.visible ?? false
         expandable: true
         expanded: checked

@@ -373,6 +373,59 @@ TEST_F(DraftCards, ComeBackWithTheirTicket) {
   }
 }
 
+TEST_F(DraftCards, GoOnAtTheEndOfTheirText) {
+  begin();
+  type("Too");
+  store().selection.set({"t2"});
+  ASSERT_TRUE(comes([this] { return !card(); }));
+  store().selection.set({"t1"});
+  ASSERT_TRUE(writes());
+  type(" dark");
+  EXPECT_EQ(textOf(keyed()), "Too dark");
+}
+
+TEST_F(DraftCards, ComeBackFromBehindAPersonsPage) {
+  const QString person = "Jorvas's page and stats";
+  begin();
+  type("Too");
+  for (const bool wrote : {true, false}) {
+    if (!wrote) focus(item("Make report"));
+    ASSERT_TRUE(press(person));
+    ASSERT_TRUE(comes([this] { return !card(); })) << wrote;
+    EXPECT_NE(keyedName(), kCardField);
+    desk.time.advance(Milliseconds{1'000});
+    ASSERT_TRUE(press(person));
+    ASSERT_TRUE(writes()) << wrote;
+  }
+  type(" dark");
+  EXPECT_EQ(textOf(keyed()), "Too dark");
+}
+
+TEST_F(DraftCards, TakeNoKeyboardFromWhoWritesElsewhere) {
+  const QString person = "Jorvas's page and stats";
+  store().prefs.showNotes.set(true);
+  begin();
+  type("Too dark");
+  focus(field(kField));
+  type("For the printer");
+  ASSERT_TRUE(press(person));
+  ASSERT_TRUE(comes([this] { return !card(); }));
+  ASSERT_TRUE(press(person));
+  ASSERT_TRUE(comes([this] { return card() && keyedName() == kField; }));
+  QTest::qWait(120);
+  settle();
+  EXPECT_EQ(keyedName(), kField);
+  store().goToPage("t1", 1);
+  ASSERT_TRUE(comes([this] { return !card(); }));
+  store().goToPage("t1", 0);
+  ASSERT_TRUE(comes([this] { return card() != nullptr; }));
+  QTest::qWait(120);
+  settle();
+  EXPECT_EQ(keyedName(), kField);
+  store().draft.set(DraftNote{.fileID = "t1", .side = "supplier", .x = 0.5, .y = 0.8});
+  EXPECT_TRUE(writes()) << "what is begun has it";
+}
+
 TEST_F(DraftCards, OpenForANoteOnAFinding) {
   store().draft.set(DraftNote{"t1", 0, "supplier", 0.1, 0.1, 0.2, 0.1, "f1"});
   ASSERT_TRUE(writes());
@@ -435,6 +488,16 @@ TEST_F(DraftCards, HoldSixLines) {
   const double six = room->height();
   key(Qt::Key_Return);
   EXPECT_EQ(room->height(), six);
+}
+
+TEST_F(DraftCards, HoldRoomForEveryPress) {
+  begin();
+  const auto pressed = seen(card(), "Pressable");
+  EXPECT_EQ(pressed.size(), 3);
+  for (const QQuickItem* each : pressed) {
+    EXPECT_GE(each->width(), 24) << each->property("label").toString().toStdString();
+    EXPECT_GE(each->height(), 24) << each->property("label").toString().toStdString();
+  }
 }
 
 TEST_F(DraftCards, TakeAVeryLongText) {
