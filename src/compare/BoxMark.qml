@@ -8,6 +8,10 @@ Pressable {
 
     required property boxMarkView mark
     required property rect place
+    // The pointer is on what else stands for the finding.
+    property bool pointed: false
+
+    readonly property string finding: mark.finding
 
     x: place.x
     y: place.y
@@ -31,7 +35,7 @@ Pressable {
     MarkFrame {
         anchors.fill: parent
         color: Theme.onPaper[box.mark.colour]
-        line: box.mark.selected || box.hovered ? 2.4 : 1.6
+        line: box.mark.selected || box.hovered || box.pointed ? 2.4 : 1.6
         dash: ({ solid: 0, dashed: 4, dotted: 1.6 })[box.mark.line]
         fill: box.mark.selected ? 0.1 : 0
     }

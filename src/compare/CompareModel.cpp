@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "compare/canvas.hpp"
 #include "compare/marks.hpp"
@@ -55,6 +56,7 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
     stage_.endPinch();
     state_ = {};
     canvas_ = canvas;
+    if (!std::exchange(pointed_, {}).empty()) emit pointedChanged();
   }
   followBlink();
   auto view = detail ? canvasView(store_, *detail, state_) : CanvasView{};
@@ -140,6 +142,16 @@ void CompareModel::zoomTo(double zoom) { store_.zoomTo(zoom); }
 void CompareModel::fit() { store_.fitZoom(); }
 
 void CompareModel::pressBox(const QString& finding) { store_.toggleFocus(finding.toStdString()); }
+
+void CompareModel::point(const QString& finding, bool on) {
+  const QString before = pointed();
+  if (on) {
+    pointed_.push_back(finding);
+  } else if (const auto last = std::ranges::find(pointed_, finding); last != pointed_.end()) {
+    pointed_.erase(last);
+  }
+  if (pointed() != before) emit pointedChanged();
+}
 
 void CompareModel::closeLoupe() { store_.clearFocus(); }
 

@@ -22,6 +22,8 @@ class CompareModel : public QObject {
   Q_PROPERTY(Qml<CanvasBarView> bar READ bar NOTIFY barChanged)
   // Of the finding that was last in focus, while the strip leaves.
   Q_PROPERTY(Qml<LoupeView> loupe READ loupe NOTIFY loupeChanged)
+  // The finding under the pointer, on the page or in the panel beside it; empty for none.
+  Q_PROPERTY(QString pointed READ pointed NOTIFY pointedChanged)
   Q_PROPERTY(Qml<std::vector<ModeView>> modes READ modes CONSTANT)
   Q_PROPERTY(QAbstractItemModel* panes READ panes CONSTANT)
   Q_PROPERTY(QAbstractItemModel* toggles READ toggles CONSTANT)
@@ -34,6 +36,7 @@ class CompareModel : public QObject {
   bool loaded() const { return loaded_; }
   Qml<CanvasBarView> bar() const { return bar_.qml(); }
   Qml<LoupeView> loupe() const { return loupe_.qml(); }
+  QString pointed() const { return pointed_.empty() ? QString{} : pointed_.back(); }
   static Qml<std::vector<ModeView>> modes() { return toQml(compareModes()).toList(); }
   QAbstractItemModel* panes() { return &panes_; }
   QAbstractItemModel* toggles() { return &toggles_; }
@@ -51,6 +54,8 @@ class CompareModel : public QObject {
 
   Q_INVOKABLE void pressBox(const QString& finding);
   Q_INVOKABLE void closeLoupe();
+  // The pointer came to what stands for this finding, or left it.
+  Q_INVOKABLE void point(const QString& finding, bool on);
   // On the pane of this number.
   Q_INVOKABLE void beginNote(int pane, QPointF from, QPointF to, QSizeF picture);
   // The note being written is wanted.
@@ -72,6 +77,7 @@ class CompareModel : public QObject {
   void loadedChanged();
   void barChanged();
   void loupeChanged();
+  void pointedChanged();
   void selected();  // another finding, or none
   void drafted();   // a note has been begun on the page, or moved, and waits for its text
 
@@ -90,6 +96,8 @@ class CompareModel : public QObject {
   bool drawing_ = false;
   bool seen_ = true;
   std::optional<DraftNote> draft_;  // as it was last seen
+  // What comes under the pointer may do so before what it leaves: the last one counts.
+  std::vector<QString> pointed_;
   Shown<CanvasBarView> bar_;
   Shown<LoupeView> loupe_;
   RowsModel<PaneView, &PaneView::key> panes_;

@@ -62,7 +62,10 @@ Item {
 
                     mark: value
                     place: marks.compare.boxMark(mark.box, marks.picture)
-                    onClicked: marks.compare.pressBox(mark.finding)
+                    pointed: marks.compare.pointed === finding
+                    onHoveredChanged: marks.compare.point(finding, hovered)
+                    Component.onDestruction: if (hovered) marks.compare.point(finding, false)
+                    onClicked: marks.compare.pressBox(finding)
                     onVisualFocusChanged: {
                         if (visualFocus)
                             marks.sought(this);

@@ -35,10 +35,15 @@ Item {
     required property NotesModel noteActions
     required property PictureSource pictures
 
+    // The pointer is on its mark.
+    property bool pointed: false
     property bool expanded: false
+    // It stands as it came: what changes from now on may be seen to.
+    property bool settled: false
+    readonly property bool hovered: folded ? foldedRow.hovered : open.hovered
     // What is being written is not folded away.
     readonly property bool folded: folds && !expanded && !written.editing
-    readonly property bool brief: compact && !selected
+    readonly property bool brief: compact && !selected && !written.editing
     // Whether the keyboard came to the card, and not the pointer.
     readonly property bool keyed: hold.held && hold.ringed
 
@@ -51,18 +56,31 @@ Item {
 
     // Gives the keyboard to the decision of that name, or to the card.
     function takeKeyboard(decision: string) {
-        const button = { issue: realIssue, fine: fineButton }[decision];
-        (folded ? foldedRow : button ?? open).forceActiveFocus(Qt.TabFocusReason);
+        (folded ? foldedRow : decisions.button(decision) ?? open).forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitHeight: folded ? foldedRow.implicitHeight : open.implicitHeight
+    // What folds, opens or is chosen glides; what comes, or is laid out anew, is there at once.
+    function glide() {
+        if (settled)
+            moving.restart();
+    }
 
+    implicitHeight: forms.implicitHeight
+
+    Component.onCompleted: settled = true
+    onSelectedChanged: {
+        if (compact)
+            glide();
+    }
     onDecisionChanged: {
         if (decision !== "open")
             expanded = false;
     }
     // What folds, or opens, would drop the keyboard.
-    onFoldedChanged: handing.restart()
+    onFoldedChanged: {
+        glide();
+        handing.restart();
+    }
 
     Keys.onUpPressed: event => step(event, -1)
     Keys.onDownPressed: event => step(event, 1)
@@ -76,7 +94,14 @@ Item {
     clip: gliding.running
 
     Behavior on implicitHeight {
+        enabled: moving.running
         Glide { id: gliding }
+    }
+
+    Timer {
+        id: moving
+
+        interval: Theme.standard
     }
 
     // Once everything has its new place, and unless another card has the keyboard by then.
@@ -96,163 +121,146 @@ Item {
         around: card
     }
 
-    PanelRow {
-        id: foldedRow
+    // Comes to its new height once all that has changed with it is known.
+    Column {
+        id: forms
 
-        visible: card.folded
         width: parent.width
-        icon: card.foldedIcon
-        iconColor: Theme.strong[card.foldedTone]
-        waits: card.busy
-        text: card.title
-        help: card.foldedHelp
-        count: card.noteCount
-        countIcon: "text.bubble.fill"
-        expandable: true
-        countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
-        onClicked: card.expanded = true
-    }
 
-    Pressable {
-        id: open
+        PanelRow {
+            id: foldedRow
 
-        visible: !card.folded
-        width: parent.width
-        implicitHeight: words.implicitHeight + 2 * words.y
-        radius: Theme.radiusRow
-        pressedScale: 1
-        label: card.title
-        Accessible.role: Accessible.ListItem
-        Accessible.description: card.caption
-        Accessible.selectable: card.selectable
-        Accessible.selected: card.selected
-        onClicked: card.chosen()
+            visible: card.folded
+            width: parent.width
+            pointed: card.pointed
+            icon: card.foldedIcon
+            iconColor: Theme.strong[card.foldedTone]
+            waits: card.busy
+            text: card.title
+            help: card.foldedHelp
+            count: card.noteCount
+            countIcon: "text.bubble.fill"
+            expandable: true
+            countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
+            onClicked: card.expanded = true
+        }
 
-        Rectangle {
-            anchors.fill: parent
+        Pressable {
+            id: open
+
+            visible: !card.folded
+            width: parent.width
+            implicitHeight: words.implicitHeight
             radius: Theme.radiusRow
-            color: card.brief ? (open.hovered ? Theme.trackFill : Theme.hoverFill) : Theme.raised
-            border.width: card.brief ? 0 : 1
-            border.color: card.selected ? Theme.selectedLine : Theme.quietFill
+            pressedScale: 1
+            label: card.title
+            Accessible.role: Accessible.ListItem
+            Accessible.description: card.caption
+            Accessible.selectable: card.selectable
+            Accessible.selected: card.selected
+            onClicked: card.chosen()
 
             Rectangle {
                 anchors.fill: parent
-                radius: parent.radius
-                color: Theme.selectedFill
-                opacity: card.selected ? 1 : 0
+                radius: Theme.radiusRow
+                color: card.brief ? Theme.hoverFill : Theme.raised
+                border.width: card.brief ? 0 : 1
+                border.color: card.selected ? Theme.selectedLine : Theme.quietFill
 
-                Behavior on opacity {
-                    NumberAnimation { duration: Theme.hover }
-                }
-            }
-        }
+                Rectangle {
+                    anchors.fill: parent
+                    radius: parent.radius
+                    color: Theme.hoverFill
+                    opacity: open.hovered || card.pointed ? 1 : 0
 
-        Column {
-            id: words
-
-            x: Theme.gap12
-            y: card.brief ? Theme.gap8 : Theme.gap12
-            width: parent.width - 2 * x
-            spacing: Theme.gap4
-
-            FindingHeader {
-                width: parent.width
-                caption: card.caption
-                title: card.title
-                selected: card.selected
-                brief: card.brief
-            }
-
-            Label {
-                visible: text !== "" && !card.brief
-                width: parent.width
-                wrapMode: Text.Wrap
-                size: Theme.body
-                color: Theme.muted
-                text: card.detail
-            }
-
-            BeforeAfter {
-                visible: card.wordings.length > 0 && !card.brief
-                topPadding: Theme.gap4
-                bottomPadding: Theme.gap4
-                width: parent.width
-                wordings: card.wordings
-            }
-
-            Item {
-                visible: card.triage
-                width: parent.width
-                height: realIssue.height + Theme.gap4
-
-                Row {
-                    anchors.bottom: parent.bottom
-                    spacing: Theme.gap8
-
-                    StateButton {
-                        id: realIssue
-
-                        title: "Real issue"
-                        icon: "exclamationmark.triangle.fill"
-                        on: card.issue
-                        decision: card.decision
-                        color: Theme.strong.red
-                        onClicked: card.realIssue()
-                    }
-
-                    StateButton {
-                        id: fineButton
-
-                        title: "Fine"
-                        icon: "checkmark"
-                        on: card.fine
-                        decision: card.decision
-                        color: Theme.strong.green
-                        onClicked: card.markFine()
+                    Behavior on opacity {
+                        NumberAnimation { duration: Theme.hover }
                     }
                 }
 
-                LateSpinner {
-                    anchors.right: note.left
-                    anchors.rightMargin: Theme.gap8
-                    anchors.verticalCenter: note.verticalCenter
-                    waits: card.busy
-                }
+                Rectangle {
+                    anchors.fill: parent
+                    radius: parent.radius
+                    color: Theme.selectedFill
+                    opacity: card.selected ? 1 : 0
 
-                IconButton {
-                    id: note
-
-                    anchors.right: parent.right
-                    anchors.verticalCenter: parent.verticalCenter
-                    anchors.verticalCenterOffset: 2
-                    size: 14
-                    symbol: "text.bubble"
-                    help: "Add a note to this"
-                    enabled: card.noteable
-                    onClicked: card.noted()
+                    Behavior on opacity {
+                        NumberAnimation { duration: Theme.hover }
+                    }
                 }
             }
 
-            Label {
-                visible: text !== "" && !card.brief
-                width: parent.width
-                topPadding: 2
-                size: Theme.small
-                color: Theme.faint
-                text: card.decided
-            }
+            Column {
+                id: words
 
-            NoteRows {
-                id: written
+                x: Theme.gap12
+                topPadding: card.brief ? Theme.gap8 : Theme.gap12
+                bottomPadding: topPadding
+                width: parent.width - 2 * x
+                spacing: Theme.gap4
 
-                visible: card.notes.length > 0 && !card.brief
-                width: parent.width
-                topPadding: Theme.gap8
-                bottomPadding: Theme.gap4
-                rows: card.notes
-                notes: card.noteActions
-                pictures: card.pictures
-                onEmptied: open.forceActiveFocus(Qt.TabFocusReason)
+                FindingHeader {
+                    width: parent.width
+                    caption: card.caption
+                    title: card.title
+                    selected: card.selected
+                    brief: card.brief
+                }
+
+                Label {
+                    visible: text !== "" && !card.brief
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    size: Theme.body
+                    color: Theme.muted
+                    text: card.detail
+                }
+
+                BeforeAfter {
+                    visible: card.wordings.length > 0 && !card.brief
+                    topPadding: Theme.gap4
+                    bottomPadding: Theme.gap4
+                    width: parent.width
+                    wordings: card.wordings
+                }
+
+                Triage {
+                    id: decisions
+
+                    visible: card.triage
+                    width: parent.width
+                    height: implicitHeight
+                    decision: card.decision
+                    issue: card.issue
+                    fine: card.fine
+                    busy: card.busy
+                    noteable: card.noteable
+                    onRealIssue: card.realIssue()
+                    onMarkFine: card.markFine()
+                    onNoted: card.noted()
+                }
+
+                Label {
+                    visible: text !== "" && !card.brief
+                    width: parent.width
+                    topPadding: 2
+                    size: Theme.small
+                    color: Theme.faint
+                    text: card.decided
+                }
+
+                NoteRows {
+                    id: written
+
+                    visible: card.notes.length > 0 && !card.brief
+                    width: parent.width
+                    topPadding: Theme.gap8
+                    bottomPadding: Theme.gap4
+                    rows: card.notes
+                    notes: card.noteActions
+                    pictures: card.pictures
+                    onEmptied: open.forceActiveFocus(Qt.TabFocusReason)
+                }
             }
         }
     }

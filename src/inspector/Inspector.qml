@@ -14,6 +14,8 @@ Item {
     required property NotesModel notes
     required property HistoryModel history
     required property PictureSource pictures
+    // The finding under the pointer, here or on the page.
+    property string pointed: ""
 
     readonly property findingsHead head: inspector.head
     // Another page's findings begin at their top.
@@ -21,7 +23,8 @@ Item {
 
     readonly property bool tells: inspector.tab === "history"
 
-    property bool showExpected: false
+    // The pointer came to a finding's card, or left it.
+    signal pointing(string id, bool on)
 
     // From a card that was decided by key the keyboard goes on.
     function goOn(card: FindingCard, way: keyboardWay) {
@@ -35,12 +38,9 @@ Item {
         showing.restart();
     }
 
-    function step(list: Repeater, index: int, by: int) {
-        (list.itemAt(index + by) as FindingCard)?.takeKeyboard("");
-    }
-
     onPlaceChanged: {
         scroll.contentY = 0;
+        scroll.stood = NaN;
         if (activeFocus)
             handing.restart();
     }
@@ -50,6 +50,39 @@ Item {
     Accessible.focusable: true
 
     Keys.forwardTo: tells ? [] : [scroll]
+
+    // Nobody writes unseen: the tabs have the keyboard until that is back.
+    onTellsChanged: {
+        if (tells && hold.inside)
+            wrote.note(hold.inside);
+        turning.restart();
+    }
+
+    Timer {
+        id: turning
+
+        interval: 0
+        onTriggered: {
+            const reason = wrote.ringed ? Qt.TabFocusReason : Qt.OtherFocusReason;
+            if (panel.tells && wrote.item) {
+                sides.thumbTarget?.forceActiveFocus(reason);
+            } else if (!panel.tells) {
+                if (atSides.inside)
+                    wrote.giveBack(reason);
+                wrote.item = null;
+            }
+        }
+    }
+
+    CameFrom {
+        id: wrote
+    }
+
+    KeyboardHold {
+        id: atSides
+
+        around: sides
+    }
 
     KeyboardHold {
         id: hold
@@ -119,7 +152,35 @@ Item {
     ScrollArea {
         id: scroll
 
+        // Where what is written stood last: in the content, and in sight.
+        property real stood: NaN
+        property real spot: 0
+
+        function standing(): real {
+            return whole?.mapToItem(contentItem, 0, 0).y ?? NaN;
+        }
+
+        function note() {
+            stood = standing();
+            spot = stood - contentY;
+        }
+
+        // It stays on its spot when a poll brings something above it, unless it is out of sight.
+        function keepSpot() {
+            const now = standing();
+            if (writes && (stood < now || stood > now) && spot < height && spot + whole.height > 0)
+                goTo(now - spot);
+            note();
+        }
+
         visible: !panel.tells
+        onWholeChanged: note()
+        onContentHeightChanged: keepSpot()
+        // Not where the content has become too short.
+        onContentYChanged: {
+            if (standing() === stood)
+                note();
+        }
         anchors.top: sides.bottom
         anchors.bottom: parent.bottom
         width: parent.width
@@ -134,57 +195,9 @@ Item {
             bottomPadding: Theme.gap24
             spacing: Theme.gap8
 
-            Column {
+            PageSummary {
                 width: parent.width
-                bottomPadding: Theme.gap4
-                spacing: 2
-
-                Label {
-                    width: parent.width
-                    size: Theme.title
-                    weight: Font.Bold
-                    text: panel.head.title
-                    Accessible.role: Accessible.Heading
-                }
-
-                Label {
-                    size: Theme.note
-                    color: Theme.faint
-                    text: panel.head.found
-                }
-            }
-
-            Label {
-                visible: text !== ""
-                width: parent.width
-                wrapMode: Text.Wrap
-                size: Theme.note
-                color: Theme.strong.amber
-                text: panel.head.notice
-            }
-
-            Column {
-                visible: panel.head.calm !== ""
-                width: parent.width
-                topPadding: Theme.gap8
-                bottomPadding: Theme.gap8
-                spacing: Theme.gap4
-
-                Label {
-                    width: parent.width
-                    wrapMode: Text.Wrap
-                    size: Theme.row
-                    weight: Font.DemiBold
-                    text: panel.head.calm
-                }
-
-                Label {
-                    width: parent.width
-                    wrapMode: Text.Wrap
-                    size: Theme.body
-                    color: Theme.muted
-                    text: panel.head.calmReason
-                }
+                head: panel.head
             }
 
             Repeater {
@@ -198,59 +211,27 @@ Item {
                     width: content.width
                     noteActions: panel.notes
                     pictures: panel.pictures
+                    pointed: panel.pointed === id
+                    onHoveredChanged: panel.pointing(id, hovered)
+                    Component.onDestruction: if (hovered) panel.pointing(id, false)
                     onRealIssue: panel.goOn(this, panel.inspector.realIssue(id))
                     onMarkFine: panel.goOn(this, panel.inspector.fine(id))
                     onNoted: panel.inspector.note(id)
                     onChosen: panel.inspector.press(id)
                     onSelectedChanged: if (selected) panel.chosen(this)
-                    onStepped: by => panel.step(cards, index, by)
+                    onStepped: by => (cards.itemAt(index + by) as FindingCard)?.takeKeyboard("")
                 }
             }
 
-            PanelRow {
-                visible: text !== ""
+            PassedChecks {
+                visible: panel.head.passed !== ""
                 width: content.width
-                icon: "checkmark.seal"
-                text: panel.head.passed
-                open: panel.showExpected
-                expandable: true
-                expanded: open
-                onClicked: panel.showExpected = !panel.showExpected
-            }
-
-            Item {
-                visible: height > 0
-                width: content.width
-                height: panel.showExpected ? passedCards.implicitHeight : 0
-                clip: unfolding.running
-
-                Behavior on height {
-                    Glide { id: unfolding }
-                }
-
-                Column {
-                    id: passedCards
-
-                    width: parent.width
-                    spacing: Theme.gap8
-
-                    Repeater {
-                        id: passed
-
-                        model: panel.inspector.passed
-
-                        FindingCard {
-                            required property int index
-
-                            width: content.width
-                            noteActions: panel.notes
-                            pictures: panel.pictures
-                            onChosen: panel.inspector.press(id)
-                            onSelectedChanged: if (selected) panel.chosen(this)
-                            onStepped: by => panel.step(passed, index, by)
-                        }
-                    }
-                }
+                inspector: panel.inspector
+                noteActions: panel.notes
+                pictures: panel.pictures
+                pointed: panel.pointed
+                onPointing: (id, on) => panel.pointing(id, on)
+                onPicked: card => panel.chosen(card)
             }
 
             NotesSection {

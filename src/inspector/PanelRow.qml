@@ -15,6 +15,10 @@ Pressable {
     property bool open: false
     property bool waits: false
     property bool framed: true
+    // The pointer is on what else stands for the row.
+    property bool pointed: false
+
+    readonly property bool lit: hovered || pointed
 
     label: text
     implicitHeight: framed ? 36 : 30
@@ -23,8 +27,8 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: row.radius
-        color: row.framed && row.hovered ? Theme.trackFill : Theme.hoverFill
-        opacity: row.framed || row.hovered ? 1 : 0
+        color: row.framed && row.lit ? Theme.trackFill : Theme.hoverFill
+        opacity: row.framed || row.lit ? 1 : 0
 
         Behavior on opacity {
             NumberAnimation { duration: Theme.hover }

@@ -242,6 +242,8 @@ FocusScope {
             notes: view.notes
             history: view.history
             pictures: view.pictures
+            pointed: view.compare.pointed
+            onPointing: (id, on) => view.compare.point(id, on)
         }
     }
 

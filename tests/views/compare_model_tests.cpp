@@ -192,5 +192,58 @@ TEST_F(CompareModels, ZoomToNothingThatIsNoNumber) {
   EXPECT_EQ(store().zoom(), 4);
 }
 
+TEST_F(CompareModels, KnowWhatThePointerCameToLast) {
+  const QSignalSpy told{&model(), &CompareModel::pointedChanged};
+  model().point("f1", true);
+  EXPECT_EQ(model().pointed(), "f1");
+  model().point("f2", true);
+  model().point("f1", false);
+  EXPECT_EQ(model().pointed(), "f2") << "what is left is told of later";
+  EXPECT_EQ(told.count(), 2);
+  model().point("f2", true);
+  model().point("f2", false);
+  EXPECT_EQ(model().pointed(), "f2") << "from its card to its mark";
+  EXPECT_EQ(told.count(), 2);
+  model().point("f2", false);
+  model().point("f2", false);
+  EXPECT_EQ(model().pointed(), "");
+  EXPECT_EQ(told.count(), 3);
+}
+
+TEST_F(CompareModels, ForgetThePointerWithTheirTicket) {
+  serve({ticket("t1"), ticket("t2")});
+  poll();
+  select("t1");
+  const QSignalSpy told{&model(), &CompareModel::pointedChanged};
+  model().point("f1", true);
+  select("t2");
+  EXPECT_EQ(model().pointed(), "");
+  EXPECT_EQ(told.count(), 2);
+  model().point("f1", false);
+  EXPECT_EQ(told.count(), 2);
+}
+
+TEST_F(CompareModels, TellOfADraftOnceItIsBegun) {
+  serve({ticket("t1"), ticket("t2")});
+  poll();
+  select("t1");
+  const QSignalSpy drafted{&model(), &CompareModel::drafted};
+  const DraftNote draft{.fileID = "t1", .side = "supplier", .x = 0.5, .y = 0.5};
+  store().draft.set(draft);
+  desk.time.run();
+  EXPECT_EQ(drafted.count(), 1);
+  for (const Int page : {1, 0}) {
+    store().goToPage("t1", page);
+    desk.time.run();
+  }
+  for (const char* id : {"t2", "t1"}) select(id);
+  EXPECT_EQ(drafted.count(), 1) << "it is only back";
+  store().draft.set(std::nullopt);
+  desk.time.run();
+  store().draft.set(draft);
+  desk.time.run();
+  EXPECT_EQ(drafted.count(), 2);
+}
+
 }  // namespace
 }  // namespace vellix

@@ -1,0 +1,161 @@
+// A finding under the pointer: its card and its marks answer one another.
+#include "views/notes_test.hpp"
+#include "views/operations.hpp"
+
+namespace vellix {
+namespace {
+
+class PanelHover : public NotesViewTest {
+ protected:
+  PanelHover() {
+    serveTheDay();
+    detail = lighthouse();
+    detail.findings = {placed("f1", 0.1), placed("f2", 0.4), placed("f3", 0.7), findingOf("f4", 1)};
+    detail.findings[2].state = "fine";
+    put();
+    showMain({1'500, 940});
+    calm();
+    settle();
+  }
+  static Finding placed(std::string id, double y) {
+    Finding finding = findingOf(std::move(id));
+    finding.title = finding.id;
+    finding.box = {0.1, y, 0.2, 0.1};
+    return finding;
+  }
+  void put() {
+    detail.file.rev = detail.file.rev.value_or(0) + 1;
+    store().details.set({{"t1", detail}});
+    if (window()) settle();
+  }
+  QQuickItem* card(const QString& id) {
+    for (QQuickItem* each : seen(window()->contentItem(), "FindingCard")) {
+      if (each->property("id").toString() == id) return each;
+    }
+    return nullptr;
+  }
+  // The lines of all marks on the page, by their findings.
+  std::map<QString, QList<double>> lines() {
+    std::map<QString, QList<double>> all;
+    for (const QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
+      all[each->property("finding").toString()].append(
+          seen(each, "MarkFrame").constFirst()->property("line").toDouble());
+    }
+    return all;
+  }
+  QStringList lit() {
+    QStringList found;
+    for (const auto& [finding, widths] : lines()) {
+      if (widths == QList<double>{2.4, 2.4}) {
+        found.append(finding);
+      } else {
+        EXPECT_EQ(widths, (QList<double>{1.6, 1.6})) << finding.toStdString();
+      }
+    }
+    return found;
+  }
+  QImage look(const QQuickItem* item) {
+    const QRectF place = item->mapRectToScene(item->boundingRect());
+    return window()->grabWindow().copy(place.toRect());
+  }
+  void point(QPoint at) {
+    // A first move only brings the pointer in.
+    QTest::mouseMove(window(), at - QPoint{1, 0});
+    QTest::mouseMove(window(), at);
+    settle();
+  }
+  void point(const QQuickItem* at) { point(at->mapToScene({24, 14}).toPoint()); }
+  void leave() { point(QPoint{700, 6}); }
+
+  FileDetail detail;
+};
+
+TEST_F(PanelHover, ShowsTheMarksOfACard) {
+  EXPECT_EQ(lit(), QStringList{});
+  for (const char* id : {"f1", "f2", "f3"}) {
+    const QImage before = look(card(id));
+    point(card(id));
+    EXPECT_EQ(lit(), QStringList{id}) << "on both panes, and no other's";
+    EXPECT_NE(look(card(id)), before) << id << " has a ground of its own";
+    leave();
+    EXPECT_EQ(lit(), QStringList{});
+    EXPECT_EQ(look(card(id)), before);
+  }
+}
+
+TEST_F(PanelHover, ShowsTheCardOfAMark) {
+  const QImage before = look(card("f2"));
+  QQuickItem* mark = nullptr;
+  for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
+    if (each->property("finding").toString() == "f2") mark = each;
+  }
+  ASSERT_TRUE(mark);
+  point(mark);
+  EXPECT_NE(look(card("f2")), before);
+  EXPECT_EQ(lit(), QStringList{"f2"});
+  leave();
+  EXPECT_EQ(look(card("f2")), before);
+  EXPECT_EQ(lit(), QStringList{});
+}
+
+TEST_F(PanelHover, GoesFromOneToTheOther) {
+  point(card("f1"));
+  point(card("f2"));
+  EXPECT_EQ(lit(), QStringList{"f2"});
+  for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
+    if (each->property("finding").toString() == "f2") point(each);
+  }
+  EXPECT_EQ(lit(), QStringList{"f2"}) << "from its card straight to its mark";
+  point(card("f2"));
+  EXPECT_EQ(lit(), QStringList{"f2"}) << "and back";
+}
+
+TEST_F(PanelHover, TellsNoRowsAnew) {
+  auto* compare = models()["compare"].value<CompareModel*>();
+  auto* inspector = models()["inspector"].value<InspectorModel*>();
+  Operations panes{compare->panes()};
+  Operations cards{inspector->cards()};
+  const QSignalSpy bars{compare, &CompareModel::barChanged};
+  const QSignalSpy heads{inspector, &InspectorModel::headChanged};
+  const auto marks = seen(window()->contentItem(), "BoxMark");
+  for (const char* id : {"f1", "f2", "f3", "f1"}) point(card(id));
+  leave();
+  EXPECT_EQ(panes.take(), std::vector<std::string>{});
+  EXPECT_EQ(cards.take(), std::vector<std::string>{});
+  EXPECT_EQ(bars.count(), 0);
+  EXPECT_EQ(heads.count(), 0);
+  EXPECT_EQ(seen(window()->contentItem(), "BoxMark"), marks);
+}
+
+TEST_F(PanelHover, EndsWithWhatWasPointedAt) {
+  auto* compare = models()["compare"].value<CompareModel*>();
+  point(card("f1"));
+  ASSERT_EQ(compare->pointed(), "f1");
+  const auto removed = detail.findings.front();
+  detail.findings.erase(detail.findings.begin());
+  put();
+  EXPECT_NE(compare->pointed(), "f1") << "by a poll";
+  detail.findings.insert(detail.findings.begin(), removed);
+  put();
+  point(card("f1"));
+  store().goToPage("t1", 1);
+  settle();
+  EXPECT_NE(compare->pointed(), "f1") << "with its page";
+  leave();
+  store().goToPage("t1", 0);
+  settle();
+  EXPECT_EQ(compare->pointed(), "");
+  point(card("f1"));
+  store().prefs.showNotes.set(false);
+  ASSERT_TRUE(comes([&] { return compare->pointed() == ""; })) << "with the panel";
+}
+
+TEST_F(PanelHover, FollowsACardThatFoldsUnderThePointer) {
+  point(card("f1"));
+  ASSERT_TRUE(press("Fine"));
+  leave();
+  EXPECT_EQ(lit(), QStringList{});
+}
+
+}  // namespace
+}  // namespace vellix
