@@ -1,18 +1,29 @@
 #include "MarkFrame.hpp"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGRectangleNode>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace vellix {
 namespace {
 
 // Device pixels; no screen is longer.
 constexpr int kLongest = 16'384;
+
+// Of straight pieces alone: dashes are laid out along a curve by a length that is only about its
+// own.
+QPainterPath straightened(const QPainterPath& path) {
+  const QTransform fine = QTransform::fromScale(16, 16);
+  QPainterPath pieces;
+  for (const QPolygonF& each : path.toSubpathPolygons(fine)) {
+    pieces.addPolygon(fine.inverted().map(each));
+  }
+  return pieces;
+}
 
 // The software renderer places children that join later only by a parent with a place of its own.
 struct Node : QSGTransformNode {
@@ -53,6 +64,20 @@ std::vector<QRect> MarkFrame::strips() const {
           strip(whole.right() - thick + 1, whole.top() + thick, thick, between)};
 }
 
+// As many on each quarter of the way around, so that none is cut short where it closes, and a whole
+// one around the first corner, where the way begins. A painter would miscount those that it clips.
+QPainterPath MarkFrame::dashes(const QPainterPath& path, qreal round) const {
+  const qreal edge = path.length();
+  const qreal even = edge / (8 * std::max(1.0, std::round(edge / (8 * dash_))));
+  const qreal corner = std::numbers::pi / 2 * round;
+  QPainterPathStroker stroker;
+  stroker.setWidth(line_);
+  stroker.setCapStyle(Qt::FlatCap);
+  stroker.setDashPattern(QList<qreal>{even / line_, even / line_});
+  stroker.setDashOffset((even - corner) / 2 / line_);
+  return stroker.createStroke(path);
+}
+
 QImage MarkFrame::drawn(const QRect& strip, QPointF off) const {
   const qreal dpr = deviceScale();
   QImage image(strip.size(), QImage::Format_ARGB32_Premultiplied);
@@ -69,12 +94,11 @@ QImage MarkFrame::drawn(const QRect& strip, QPointF off) const {
     light.setAlphaF(static_cast<float>(haloOpacity_));
     painter.strokePath(path, QPen(light, halo_));
   }
-  QPen pen(color_, line_);
-  if (dash_ > 0) {
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setDashPattern({dash_ / line_, dash_ / line_});
+  if (dash_ > 0 && line_ > 0) {
+    painter.fillPath(dashes(straightened(path), round), color_);
+  } else {
+    painter.strokePath(path, QPen(color_, line_));
   }
-  painter.strokePath(path, pen);
   return image;
 }
 

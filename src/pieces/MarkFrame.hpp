@@ -6,6 +6,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QImage>
+#include <QPainterPath>
 #include <vector>
 
 #include "pictures/GridItem.hpp"
@@ -17,7 +18,7 @@ class MarkFrame : public vellix::GridItem {
   QML_ELEMENT
   Q_PROPERTY(QColor color MEMBER color_ NOTIFY looksChanged)
   Q_PROPERTY(qreal line MEMBER line_ NOTIFY looksChanged)
-  // A dash and the gap after it, alike; 0 for a solid line.
+  // About as long as a dash and the gap after it are, alike; 0 for a solid line.
   Q_PROPERTY(qreal dash MEMBER dash_ NOTIFY looksChanged)
   Q_PROPERTY(qreal halo MEMBER halo_ NOTIFY looksChanged)  // the lighter line; 0 for none
   Q_PROPERTY(qreal haloOpacity MEMBER haloOpacity_ NOTIFY looksChanged)
@@ -38,6 +39,7 @@ class MarkFrame : public vellix::GridItem {
   // device's grid, from which the corner itself is off by so much.
   std::vector<QRect> strips() const;
   QImage drawn(const QRect& strip, QPointF off) const;
+  QPainterPath dashes(const QPainterPath& path, qreal round) const;
 
   QColor color_ = Qt::black;
   qreal line_ = 1.6;

@@ -92,6 +92,51 @@ TEST_F(MarkFrames, ShowTheLighterLineBetweenTheirDashes) {
   EXPECT_GT(light, 25);
 }
 
+struct Edge {
+  const char* name;
+  QSizeF size;
+  qreal dash;
+};
+void PrintTo(const Edge& edge, std::ostream* out) { *out << edge.name; }
+
+class DashedEdges : public MarkFrames, public testing::WithParamInterface<Edge> {};
+
+// A way around that is divided evenly looks the same from the other side; a square's from each.
+TEST_P(DashedEdges, AreDividedEvenly) {
+  const auto [name, size, dash] = GetParam();
+  frame.setProperty("line", 1.6);
+  frame.setProperty("halo", 0.0);
+  frame.setProperty("dash", dash);
+  place({QPointF{40, 40}, size});
+  const qreal scale = window.effectiveDevicePixelRatio();
+  const QRectF around{QPointF{36, 36} * scale, (size + QSizeF{8, 8}) * scale};
+  const QImage image = window.grabWindow().copy(around.toRect());
+  int drawn = 0;
+  int apart = 0;
+  const auto compare = [&](int turns) {
+    const QImage turned = image.transformed(QTransform().rotate(90.0 * turns));
+    ASSERT_EQ(turned.size(), image.size());
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const int red = image.pixelColor(x, y).red();
+        drawn += red > 60;
+        apart = std::max(apart, std::abs(red - turned.pixelColor(x, y).red()));
+      }
+    }
+  };
+  compare(2);
+  if (size.width() == size.height()) compare(1);
+  EXPECT_GT(drawn, 10);
+  EXPECT_LT(apart, 40);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DashedEdges,
+                         testing::Values(Edge{"Small", {8, 8}, 4}, Edge{"SmallDotted", {8, 8}, 1.6},
+                                         Edge{"Larger", {20, 20}, 4}, Edge{"Flat", {24, 8}, 4},
+                                         Edge{"OfADraft", {60, 32}, 6},
+                                         Edge{"Large", {200, 160}, 4}),
+                         [](const auto& each) { return each.param.name; });
+
 TEST_F(MarkFrames, FillTheirInside) {
   frame.setProperty("fill", 0.5);
   const QColor inside = at(140, 110);
