@@ -21,6 +21,7 @@ Item {
         id: frame
 
         x: cut.lay.frame.x
+        y: cut.lay.frame.y
         width: cut.lay.frame.width
         height: cut.lay.frame.height
         clip: true
@@ -82,7 +83,7 @@ Item {
     }
 
     Label {
-        y: frame.height + 4
+        y: frame.y + frame.height + 4
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
         size: 9.5

@@ -36,7 +36,8 @@ CropLayout cropLayout(const Box& part, const std::vector<Box>& boxes, double asp
       std::max(std::min(place.width / part.width, shape * room / part.height), 1.0);
   const double high = scale / shape;
   CropLayout layout{
-      .frame = {(place.width - part.width * scale) / 2, 0, part.width * scale, part.height * high},
+      .frame = {(place.width - part.width * scale) / 2, (room - part.height * high) / 2,
+                part.width * scale, part.height * high},
       .page = {-part.x * scale, -part.y * high, scale, high}};
   for (const Box& box : boxes) {
     layout.marks.push_back({scale * (box.x - part.x) - kMargin, high * (box.y - part.y) - kMargin,

@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CropLayouts, FillTheWidthWhereTheHeightAllows) {
   const auto layout = cropLayout({0.2, 0.4, 0.5, 0.1}, {}, 0.5, {300, 218});
   expectNear(layout.page, {-120, -480, 600, 1'200});
-  expectNear(layout.frame, {0, 0, 300, 120});
+  expectNear(layout.frame, {0, 40, 300, 120});
 }
 
 TEST(CropLayouts, FillTheHeightAboveTheCaptionOtherwise) {
@@ -64,6 +64,34 @@ TEST(CropLayouts, FillTheHeightAboveTheCaptionOtherwise) {
   expectNear(layout.page, {-0.2 * 200, -0.4 * 400, 200, 400});
   expectNear(layout.frame, {100, 0, 100, 100});
 }
+
+struct Centred {
+  const char* name;
+  Box part;
+  double aspect;
+  Extent place;
+};
+BOOST_DESCRIBE_STRUCT(Centred, (), (name, part, aspect, place))
+class CentredCrops : public testing::TestWithParam<Centred> {};
+
+// The frame and the caption under it, eighteen high.
+TEST_P(CentredCrops, StandInTheMiddleOfTheirPlace) {
+  const Extent place = GetParam().place;
+  const Box frame = cropLayout(GetParam().part, {}, GetParam().aspect, place).frame;
+  EXPECT_NEAR(frame.x, place.width - frame.x - frame.width, 1e-9);
+  EXPECT_NEAR(frame.y, place.height - 18 - frame.y - frame.height, 1e-9);
+  EXPECT_GE(frame.x, -1e-9);
+  EXPECT_GE(frame.y, -1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, CentredCrops,
+    testing::Values(Centred{"Flat", {0.1, 0.4, 0.6, 0.05}, 1, {230, 120}},
+                    Centred{"Tall", {0.1, 0.1, 0.34, 0.8}, 0.7, {230, 120}},
+                    Centred{"WholePage", {0, 0, 1, 1}, 0.77, {700, 220}},
+                    Centred{
+                        "AsFlatAsItGets", {0.2, 0.4, 0.34, 0.77 * 0.34 / 2.6}, 0.77, {104, 120}}),
+    [](const auto& each) { return each.param.name; });
 
 TEST(CropLayouts, MarkTheBoxesThreeAround) {
   const auto layout =

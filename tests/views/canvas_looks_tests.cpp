@@ -278,7 +278,8 @@ TEST_F(CanvasLooks, ACropShowsItsPartOfThePageAndMarksIt) {
   const auto lay = crops[0]->property("lay").toMap();
   const QRectF frame = lay["frame"].toRectF();
   const auto at1 = [&](double fx, double fy) {
-    return at(crops[0]->mapToScene({frame.x() + fx * frame.width(), fy * frame.height()}));
+    return at(
+        crops[0]->mapToScene({frame.x() + fx * frame.width(), frame.y() + fy * frame.height()}));
   };
   // The page's middle is the crop's.
   expectColour(at1(0.9, 0.9), {0x20, 0x20, 0x20}, 8);
@@ -287,7 +288,7 @@ TEST_F(CanvasLooks, ACropShowsItsPartOfThePageAndMarksIt) {
   const QRectF mark = lay["marks"].toList().at(0).toRectF();
   int least = 255;
   for (const double off : {-1.5, -1.0, -0.5, 0.0, 0.5, 1.0, 1.5}) {
-    const QPointF spot{frame.x() + mark.x() + off, mark.y() + 20};
+    const QPointF spot{frame.x() + mark.x() + off, frame.y() + mark.y() + 20};
     least = std::min(least, at(crops[0]->mapToScene(spot)).blue());
   }
   EXPECT_LT(least, 110) << "the accent's";
