@@ -10,14 +10,15 @@
 namespace vellix {
 
 // In the dark look the foreground is strong enough by itself.
-#define VELLIX_TONE(name, light, strongLight, darkForm, lightAlpha, darkAlpha)          \
-  Q_PROPERTY(QColor name READ name NOTIFY changed)                                      \
- public:                                                                                \
-  QColor name() const {                                                                 \
-    if (dark_) return toned(QColor(darkForm), darkAlpha);                               \
-    return toned(QColor(form_ == strongForegrounds ? strongLight : light), lightAlpha); \
-  }                                                                                     \
-                                                                                        \
+#define VELLIX_TONE(name, light, strongLight, darkForm, lightAlpha, darkAlpha) \
+  Q_PROPERTY(QColor name READ name NOTIFY changed)                             \
+ public:                                                                       \
+  QColor name() const {                                                        \
+    if (dark_) return toned(QColor(darkForm), darkAlpha);                      \
+    if (form_ == strongForegrounds) return QColor(strongLight);                \
+    return toned(QColor(light), lightAlpha);                                   \
+  }                                                                            \
+                                                                               \
  private:
 #define VELLIX_ON_PAPER(name, value)         \
   Q_PROPERTY(QColor name READ name CONSTANT) \
