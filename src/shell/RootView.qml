@@ -269,6 +269,8 @@ FocusScope {
     ToastLayer {
         anchors.fill: parent
         toast: view.root.toast
+        aside: view.shown.signedIn ? view.root.sidebarWidth(view.width) : 0
+        foot: view.shown.signedIn && view.shown.content === "file" ? view.ticket?.barHeight ?? 0 : 0
         onUndo: view.root.undo()
         onKeptOut: view.takeKeyboard()
     }

@@ -3,11 +3,14 @@ import QtQuick.Templates as T
 import Vellix.Pieces
 import Vellix.Shell
 
-// Shows the toast at the foot of the window, and keeps its words while it goes.
+// Shows the toast over the foot of the main column, and keeps its words while it goes.
 Item {
     id: layer
 
     required property toastShown toast
+    // What the main column has at its left, and what stands at its foot.
+    property real aside: 0
+    property real foot: 0
 
     signal undo()
     // The toast goes with the keyboard, and what had that before has gone.
@@ -98,12 +101,15 @@ Item {
     ToastView {
         id: shown
 
+        // From the window's foot; nothing jumps where what stands there grows.
+        property real rise: Math.max(62, layer.foot + 14) - (layer.open ? 0 : 16)
+
         z: 1
-        x: Math.round(((parent?.width ?? 0) - width) / 2)
-        y: (parent?.height ?? 0) - height - (layer.open ? 62 : 46)
+        x: Math.round(layer.aside + ((parent?.width ?? 0) - layer.aside - width) / 2)
+        y: Math.round((parent?.height ?? 0) - height - rise)
         visible: opacity > 0
         opacity: layer.open ? 1 : 0
-        widest: Math.min(560, layer.width - 2 * Theme.gap24)
+        widest: Math.min(560, layer.width - layer.aside - 2 * Theme.gap24)
         text: layer.words
         undoLabel: layer.label
         onUndo: layer.takeBack()
@@ -111,7 +117,7 @@ Item {
         Behavior on opacity {
             Glide {}
         }
-        Behavior on y {
+        Behavior on rise {
             Glide {}
         }
     }

@@ -49,6 +49,10 @@ class ApprovalShell : public ViewTest {
     }
     return false;
   }
+  QRectF placeOf(const QByteArray& type) {
+    const QQuickItem* item = seen(window()->contentItem(), type).value(0);
+    return item ? item->mapRectToScene(item->boundingRect()) : QRectF{};
+  }
   bool isAtTheTitle() {
     const QString title = QString::fromStdString(store().currentFile()->heading());
     return QTest::qWaitFor([&] {
@@ -153,13 +157,14 @@ TEST_F(ApprovalShell, ShowsAToastOverASheet) {
     QQuickItem* toast = seen(window()->contentItem(), "ToastView").front();
     EXPECT_TRUE(toast->parentItem()->inherits("QQuickOverlay"));
     const QRectF rect = toast->mapRectToScene(toast->boundingRect());
-    EXPECT_NEAR(rect.center().x(), window()->width() / 2.0, 1);
-    EXPECT_NEAR(rect.bottom(), window()->height() - 62, 1);
+    const QRectF bar = placeOf("CanvasBar");
+    EXPECT_NEAR(rect.center().x(), (placeOf("Sidebar").right() + window()->width()) / 2, 1);
+    EXPECT_NEAR(rect.bottom(), bar.top() - 14, 1);
     models()["upload"].value<UploadModel*>()->end();
     ASSERT_TRUE(closes("Upload v3"));
     settle();
     EXPECT_FALSE(toast->parentItem()->inherits("QQuickOverlay"));
-    EXPECT_NEAR(toast->mapRectToScene(toast->boundingRect()).bottom(), window()->height() - 62, 1);
+    EXPECT_EQ(toast->mapRectToScene(toast->boundingRect()), rect);
     store().toast.set(std::nullopt);
     settle();
   }
