@@ -7,7 +7,8 @@ import Vellix.Pieces
 import Vellix.Ticket
 
 // Which ticket this is, what is known of it, where it lies and what can be done with it. The actions
-// stand at the right of the title where there is room, else below it. Tab goes the way of the eye.
+// stand at the right of the title where there is room, else below it, behind when it is due and who
+// reviews it. Tab goes the way of the eye.
 Item {
     id: head
 
@@ -30,12 +31,19 @@ Item {
     readonly property real told: Math.max(words.height > 0 ? words.y + words.height : under,
                                           wide ? actions.y + actions.height : 0)
 
+    // Where its blocks end, from the top down, and what is left below the last.
+    readonly property real air: Theme.gap12
+    readonly property real first: Math.max(title.y + title.height, wide ? actions.y + actions.height : 0)
+    readonly property var ends: [first, Math.max(first, under), Math.max(first, words.y + words.told),
+                                 Math.max(first, words.y + words.known), told,
+                                 card.visible ? card.y + card.height : told]
+
     // At the title, where no key does anything by mistake.
     function takeKeyboard() {
         name.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitHeight: (card.visible ? card.y + card.height : told) + Theme.gap12
+    implicitHeight: (card.visible ? card.y + card.height : told) + air
 
     FlowRow {
         id: title
@@ -97,17 +105,25 @@ Item {
             approval: head.approval
         }
 
-        DueButton {
-            width: implicitWidth
-            height: implicitHeight
-            plan: head.plan
-        }
+        Item {
+            id: besideTitle
 
-        AssignButton {
-            width: implicitWidth
-            height: implicitHeight
-            plan: head.plan
-            pictures: head.pictures
+            width: childrenRect.width
+            height: childrenRect.height
+
+            Row {
+                parent: head.wide ? besideTitle : actions.lead
+                spacing: Theme.gap8
+
+                DueButton {
+                    plan: head.plan
+                }
+
+                AssignButton {
+                    plan: head.plan
+                    pictures: head.pictures
+                }
+            }
         }
 
         ShareButton {
@@ -128,71 +144,13 @@ Item {
         report: head.report
     }
 
-    Column {
+    HeaderWords {
         id: words
 
         x: Theme.gap24
         y: head.under + Theme.gap8
         width: head.room
-        spacing: Theme.gap8
-
-        Label {
-            visible: text !== ""
-            width: parent.width
-            wrapMode: Text.Wrap
-            size: Theme.row
-            color: Theme.muted
-            text: head.header.summary
-        }
-
-        FlowRow {
-            visible: facts.count > 0
-            width: parent.width
-            height: implicitHeight
-            spacing: Theme.gap24
-
-            Repeater {
-                id: facts
-
-                model: KeyedRows {
-                    by: "label"
-                    rows: head.header.facts
-                }
-
-                FactTile {
-                    required property var model
-
-                    label: model.value.label
-                    value: model.value.value
-                    widest: words.width
-                }
-            }
-        }
-
-        FlowRow {
-            visible: links.count > 0
-            width: parent.width
-            height: implicitHeight
-            spacing: Theme.gap8
-
-            Repeater {
-                id: links
-
-                model: KeyedRows {
-                    by: "label"
-                    rows: head.header.links
-                }
-
-                LinkPill {
-                    required property linkView value
-
-                    title: value.label
-                    icon: value.icon
-                    url: value.url
-                    widest: Math.min(240, words.width)
-                }
-            }
-        }
+        header: head.header
     }
 
     ApprovalCard {

@@ -1,6 +1,7 @@
 #include "ticket/FileModel.hpp"
 
 #include "store/open_page.hpp"
+#include "ticket/header_cut.hpp"
 
 namespace vellix {
 
@@ -88,6 +89,13 @@ void FileModel::toggleNotes() { store_.toggleNotes(); }
 void FileModel::openNotes() {
   if (!store_.notesOpen()) store_.toggleNotes();
   store_.setSideTab("page");
+}
+
+double FileModel::headerCut(const QVariantList& ends, double air, double most) {
+  std::vector<double> known;
+  known.reserve(static_cast<std::size_t>(ends.size()));
+  for (const QVariant& end : ends) known.push_back(end.toDouble());
+  return vellix::headerCut(known, air, most);
 }
 
 void FileModel::pressReview() { pressReviewButton(store_); }

@@ -46,6 +46,8 @@ class FileModel : public QObject {
   Q_INVOKABLE void pressReview();
   Q_INVOKABLE void toggleNotes();
   Q_INVOKABLE void openNotes();
+  // As headerCut.
+  Q_INVOKABLE static double headerCut(const QVariantList& ends, double air, double most);
 
  signals:
   void headerChanged();

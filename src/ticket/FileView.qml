@@ -53,7 +53,7 @@ Item {
 
         width: parent.width
         // Whole, so that what lies below stands on whole pixels.
-        height: Math.ceil(Math.min(header.implicitHeight, highest))
+        height: Math.ceil(ticket.file.headerCut(header.ends, header.air, highest))
         label: "Ticket"
         contentHeight: header.implicitHeight
 
@@ -72,8 +72,21 @@ Item {
         }
     }
 
+    // There is more below.
+    Rectangle {
+        anchors.bottom: top.bottom
+        width: parent.width
+        height: header.air
+        visible: top.overflows && !top.atYEnd
+        gradient: Gradient {
+            GradientStop { position: 0; color: Qt.alpha(Theme.window, 0) }
+            GradientStop { position: 1; color: Theme.window }
+        }
+    }
+
     ScrollBar {
         view: top
+        stays: true
     }
 
     Hairline {

@@ -11,8 +11,10 @@ Column {
     required property ReportModel report
     property bool leading: false
 
-    // As wide as it would like to be; its lines wrap.
-    readonly property real wanted: Math.max(buttons.implicitWidth,
+    // What else stands in the row, in front of it.
+    readonly property alias lead: front
+    // As wide as it would like to be by itself; its lines wrap.
+    readonly property real wanted: Math.max(review.implicitWidth + buttons.spacing + make.implicitWidth,
                                             lines.visible ? Math.min(lines.natural, 320) : 0)
 
     spacing: Theme.gap8
@@ -25,22 +27,33 @@ Column {
         x: actions.leading ? 0 : actions.width - width
         spacing: Theme.gap8
 
+        Item {
+            id: front
+
+            width: childrenRect.width
+            height: childrenRect.height
+        }
+
         Pill {
-            readonly property reviewButtonView review: actions.file.review
+            id: review
+
+            readonly property reviewButtonView shown: actions.file.review
 
             height: 28
-            says: review.text
-            enabled: review.enabled
-            title: review.text
-            icon: review.icon
-            filled: review.ends
-            raised: !review.ends
+            says: shown.text
+            enabled: shown.enabled
+            title: shown.text
+            icon: shown.icon
+            filled: shown.ends
+            raised: !shown.ends
             // White is read on this green, in the dark as well.
-            color: review.ends ? Theme.onPaper.green : Theme.text
+            color: shown.ends ? Theme.onPaper.green : Theme.text
             onClicked: actions.file.pressReview()
         }
 
         ReportButtons {
+            id: make
+
             report: actions.report
         }
     }

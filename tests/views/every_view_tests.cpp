@@ -166,6 +166,7 @@ class EveryView : public ViewTest {
           pick("notes"),
           pick("pictures"),
           {"panel", QVariant::fromValue(&panel_)}}},
+        {"Ticket/HeaderWords", {{"header", models()["file"].value<FileModel*>()->header()}}},
         {"Ticket/MultiView", {pick("file"), pick("report")}},
         {"Ticket/PageCell",
          {{"name", "12"},

@@ -138,7 +138,7 @@ TEST_F(FileShell, PutsTheActionsBesideTheTitleWhereThereIsRoom) {
       placeOf("The Lighthouse and the Long Way Down to the Harbour Text", QAccessible::Heading);
   const QRectF mark = placeOf("Mark reviewed", QAccessible::Button);
   EXPECT_GT(mark.top(), heading.bottom());
-  EXPECT_EQ(mark.left(), heading.left());
+  EXPECT_GT(mark.left(), heading.left()) << "behind when it is due, and who reviews it";
   EXPECT_LT(std::abs(make().center().y() - mark.center().y()), 1);
   EXPECT_GT(make().left(), mark.right());
 }
