@@ -28,6 +28,16 @@ Rectangle {
         return null;
     }
 
+    // Words and counts are smaller where one of them is long, and alike in all segments.
+    readonly property bool longCounts: {
+        for (let i = 0; i < options.length; ++i) {
+            if ((options[i].count ?? "").length > 3)
+                return true;
+        }
+        return false;
+    }
+    readonly property real wordSize: longCounts ? Math.min(size, Theme.small) : size
+
     // The thumb glides only for a change of choice, not while the first layout settles.
     property bool ready: false
     property bool moved: false
@@ -99,8 +109,8 @@ Rectangle {
                 help: modelData.help ?? ""
                 radius: 6
                 height: row.height
-                width: segments.stretched ? (segments.width - 4) / segments.options.length
-                                          : Math.ceil(words.implicitWidth) + 2 * segments.padding
+                implicitWidth: Math.ceil(text.wanted + badge.taken) + 2 * segments.padding
+                width: segments.stretched ? (segments.width - 4) / segments.options.length : implicitWidth
 
                 Accessible.role: segments.tabs ? Accessible.PageTab : Accessible.RadioButton
                 Accessible.description: modelData.countHelp ?? ""
@@ -114,15 +124,30 @@ Rectangle {
                 Keys.onLeftPressed: segments.step(index, -1)
                 Keys.onRightPressed: segments.step(index, 1)
 
-                Row {
-                    id: words
+                // As wide when it is chosen as when it is not: its neighbours stay where they are.
+                Label {
+                    id: heavy
 
+                    visible: false
+                    size: segments.wordSize
+                    weight: Font.DemiBold
+                    text: cell.modelData.label
+                }
+
+                Row {
                     anchors.centerIn: parent
-                    spacing: 6
+                    spacing: Theme.gap4
 
                     Label {
+                        id: text
+
+                        readonly property real wanted: Math.max(implicitWidth, heavy.implicitWidth)
+
+                        width: Math.min(wanted, cell.width - badge.taken - 4)
+                        horizontalAlignment: Text.AlignHCenter
+                        tellsWhole: true
                         anchors.verticalCenter: parent.verticalCenter
-                        size: segments.size
+                        size: segments.wordSize
                         weight: cell.current ? Font.DemiBold : Font.Medium
                         color: cell.current || cell.hovered ? Theme.text : Theme.muted
                         text: cell.modelData.label
@@ -130,7 +155,12 @@ Rectangle {
                     }
 
                     CountBadge {
+                        id: badge
+
+                        readonly property real taken: cell.count === "" ? 0 : implicitWidth + Theme.gap4
+
                         visible: cell.count !== ""
+                        small: segments.longCounts
                         anchors.verticalCenter: parent.verticalCenter
                         outlined: cell.modelData.late ?? false
                         text: cell.count

@@ -285,16 +285,29 @@ Item {
             check.checked = false;
         }
 
-        function test_segments() {
+        function cellsOf(item) {
             const cells = [];
-            function collect(item) {
-                for (let i = 0; i < item.children.length; ++i) {
-                    if (item.children[i] instanceof PressArea)
-                        cells.push(item.children[i]);
-                    collect(item.children[i]);
-                }
+            for (let i = 0; i < item.children.length; ++i) {
+                if (item.children[i] instanceof PressArea)
+                    cells.push(item.children[i]);
+                cells.push(...cellsOf(item.children[i]));
             }
-            collect(segments);
+            return cells;
+        }
+
+        function test_segmentsKeepTheirPlaces() {
+            const cells = cellsOf(segments);
+            compare(cells.length, 2);
+            const places = () => cells.map(cell => [cell.x, cell.width]);
+            const before = places();
+            segments.current = "b";
+            compare(places(), before);
+            segments.current = "a";
+            compare(places(), before);
+        }
+
+        function test_segments() {
+            const cells = cellsOf(segments);
             compare(cells.map(cell => probe.accessibleName(cell)), ["Side by side", "Overlay"]);
             verify(probe.accessibleChecked(cells[0]));
             watch(segments, "picked");

@@ -77,6 +77,39 @@ INSTANTIATE_TEST_SUITE_P(All, QueueBadges,
                                          QueueColours{"Both", true, true}),
                          [](const auto& each) { return each.param.name; });
 
+// At each width that the column has.
+TEST_F(ColumnLooks, OfQueuesWithMoreTicketsThanAnybodyReads) {
+  serveTheDay();
+  showColumn();
+  for (const int others : {0, 98, 233, 1'233}) {
+    change([&](BoardState& board) {
+      board.files.resize(1);
+      for (const char* track : {"new_title", "reprint"}) {
+        for (int i = 0; i < others; ++i) {
+          board.files.push_back(ticketAt(track + std::to_string(i), 1));
+          board.files.back().status = "new";
+          board.files.back().track = track;
+        }
+      }
+    });
+    for (const int width : {236, 260, 284}) {
+      resize({width, 700});
+      for (const QQuickItem* cell : seen(all("QueueSwitch").front(), "Pressable")) {
+        const QRectF room{0, 0, cell->width(), cell->height()};
+        for (const QQuickItem* word : seen(cell, "Label")) {
+          const QRectF place = word->mapRectToItem(cell, word->boundingRect());
+          EXPECT_TRUE(room.contains(place)) << word->property("text").toString().toStdString();
+          EXPECT_FALSE(word->property("truncated").toBool()) << others << " at " << width;
+        }
+        for (const QQuickItem* badge : seen(cell, "CountBadge")) {
+          const QRectF place = badge->mapRectToItem(cell, badge->boundingRect());
+          EXPECT_TRUE(room.adjusted(2, 0, -2, 0).contains(place)) << others << " at " << width;
+        }
+      }
+    }
+  }
+}
+
 TEST_F(ColumnLooks, OfTheBrand) {
   serveTheDay();
   showColumn();
