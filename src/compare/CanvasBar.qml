@@ -5,7 +5,8 @@ import Vellix.Compare
 import Vellix.Pieces
 
 // The strip under the stage: pages, panes, the way they are compared, zoom and the notes panel. In
-// one row where that fits, else in two or three.
+// one row where that fits, else in two. It stands on its foot and grows upwards, so that nothing
+// moves away under the pointer.
 Rectangle {
     id: bar
 
@@ -19,110 +20,77 @@ Rectangle {
 
     readonly property canvasBarView view: compare.bar
     readonly property real line: 32
-    readonly property real room: width - 2 * Theme.gap12
-    readonly property real gap: Theme.gap12
-    // The picker's row. What an overlay needs comes beside it where there is room, else below, so
-    // that nothing moves away under the pointer.
-    readonly property int modesRow: pages.width + toggles.width + modes.width + tools.width + 3 * gap <= room ? 0
-                                    : toggles.width + modes.width + gap <= room ? 1 : 2
-    readonly property real taken: modes.width + gap + (modesRow === 2 ? 0 : toggles.width + gap)
-                                  + (modesRow === 0 ? pages.width + tools.width + 2 * gap : 0)
-    readonly property int overlayRow: taken + overlay.width <= room ? modesRow : modesRow + 1
-    readonly property int rows: 1 + (view.overlay ? overlayRow : modesRow)
+    readonly property real gap: Theme.gap8
+    readonly property real end: width - Theme.gap8
+    // Pages and zoom stand above panes and modes where all of them do not fit side by side, and where
+    // those of most tickets do not: choosing another ticket leaves them where they are.
+    readonly property real needed: pages.x + pages.width + toggles.least + modes.width + tools.width + 3 * gap
+    readonly property bool single: needed <= end && width >= 772
+    // Between what stands at the ends of the first row.
+    readonly property real from: gap + (single ? toggles.x + toggles.width : pages.x + pages.width)
+    readonly property real to: (single ? modes.x : tools.x) - gap
+    // What an overlay needs stands there if it can, else in a row on top.
+    readonly property bool beside: overlay.least <= to - from
+    readonly property int rows: (single ? 1 : 2) + (view.overlay && !beside ? 1 : 0)
 
-    // At the last page, or the last step, the keyboard goes on to the way back: once that is enabled.
-    function handOn(from: Item, to: Item) {
-        if (from.enabled || !from.focus)
-            return;
-        handing.to = to;
-        handing.start();
-    }
-
+    // From the foot.
     function rowAt(row: int): real {
-        return Theme.gap8 + row * (line + Theme.gap4);
+        return height - Theme.gap8 - line - row * (line + Theme.gap4);
     }
 
-    implicitHeight: rowAt(rows) - Theme.gap4 + Theme.gap8
+    implicitHeight: rows * (line + Theme.gap4) - Theme.gap4 + 2 * Theme.gap8
     color: Theme.window
 
     Accessible.role: Accessible.ToolBar
     Accessible.name: "Page"
-
-    Timer {
-        id: handing
-
-        property Item to
-
-        interval: 0
-        onTriggered: {
-            if (to.enabled)
-                to.forceActiveFocus(Qt.TabFocusReason);
-        }
-    }
 
     Hairline {
         anchors.top: parent.top
         width: parent.width
     }
 
-    Row {
+    // Tab goes the way of the eye: what stands elsewhere in two rows than in one has a slot for each.
+    Item {
+        id: onTop
+    }
+
+    PageSteps {
         id: pages
 
-        x: Theme.gap12
-        y: bar.rowAt(0)
+        x: Theme.gap4
+        y: bar.rowAt(bar.single ? 0 : 1)
         height: bar.line
-        spacing: Theme.gap4
+        compare: bar.compare
+    }
 
-        IconButton {
-            id: previous
+    Item {
+        id: overlayBehindPages
+    }
 
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: "chevron.up"
-            onEnabledChanged: bar.handOn(previous, next)
-            help: "Previous page"
-            enabled: !bar.view.first
-            onClicked: bar.compare.stepPage(-1)
-        }
-
-        IconButton {
-            id: next
-
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: "chevron.down"
-            onEnabledChanged: bar.handOn(next, previous)
-            help: "Next page"
-            enabled: !bar.view.last
-            onClicked: bar.compare.stepPage(1)
-        }
-
-        Digits {
-            id: place
-
-            visible: implicitWidth <= 180
-            anchors.verticalCenter: parent.verticalCenter
-            size: Theme.body
-            text: bar.view.place
-        }
-
-        // A page may have any name.
-        Label {
-            visible: !place.visible
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, 180)
-            elide: Text.ElideMiddle
-            tellsWhole: true
-            size: Theme.body
-            text: visible ? bar.view.place : ""
-        }
+    Item {
+        id: toolsBehindPages
     }
 
     Row {
         id: toggles
 
-        x: bar.modesRow === 0 ? pages.x + pages.width + bar.gap : Theme.gap16
-        y: bar.rowAt(Math.min(bar.modesRow, 1))
+        // The supplier's, whose name may be of any length, is the one that gives way.
+        readonly property real least: Math.min(first, shortest) + others
+        readonly property real first: panes.count > 0 ? panes.itemAt(0)?.implicitWidth ?? 0 : 0
+        readonly property real others: {
+            let sum = 0;
+            for (let i = 1; i < panes.count; ++i)
+                sum += spacing + Math.min(panes.itemAt(i)?.implicitWidth ?? 0, most);
+            return sum;
+        }
+        readonly property real shortest: 44
+        readonly property real most: 120
+        readonly property real room: modes.x - bar.gap - x
+
+        x: bar.single ? pages.x + pages.width + bar.gap : Theme.gap8
+        y: bar.rowAt(0)
         height: bar.line
-        spacing: Theme.gap12
+        spacing: bar.gap
 
         Repeater {
             id: panes
@@ -130,9 +98,11 @@ Rectangle {
             model: bar.compare.toggles
 
             PaneToggle {
+                required property int index
+
                 // By id: a toggle that goes has no parent any more.
                 anchors.verticalCenter: toggles.verticalCenter
-                widest: (bar.width - 2 * Theme.gap16) / panes.count - toggles.spacing
+                width: Math.min(implicitWidth, index > 0 ? toggles.most : Math.max(toggles.shortest, toggles.room - toggles.others))
                 onClicked: {
                     bar.toggled();
                     bar.compare.togglePane(key);
@@ -141,103 +111,52 @@ Rectangle {
         }
     }
 
+    Item {
+        id: overlayBehindPanes
+    }
+
     Segmented {
         id: modes
 
-        x: bar.modesRow === 0 ? tools.x - bar.gap - width
-           : bar.modesRow === 1 ? bar.width - Theme.gap12 - width : Theme.gap12
-        y: bar.rowAt(bar.modesRow) + (bar.line - height) / 2
+        x: (bar.single ? tools.x - bar.gap : bar.end) - width
+        y: bar.rowAt(0) + (bar.line - height) / 2
         label: "View"
-        padding: 9
+        padding: 6
         options: bar.compare.modes
         current: bar.view.mode
         onPicked: key => bar.compare.setMode(key)
     }
 
-    Row {
+    Item {
+        id: toolsBehindModes
+    }
+
+    OverlayTools {
         id: overlay
 
+        parent: !bar.beside ? onTop : bar.single ? overlayBehindPanes : overlayBehindPages
         visible: bar.view.overlay
-        x: bar.overlayRow === bar.modesRow && bar.modesRow < 2 ? modes.x - bar.gap - width
-                                                               : bar.width - Theme.gap12 - width
-        y: bar.rowAt(bar.overlayRow) + (bar.line - height) / 2
-        height: modes.height
-        spacing: Theme.gap12
-
-        Slider {
-            anchors.verticalCenter: parent.verticalCenter
-            width: 96
-            label: help
-            help: "How much of ours shows through"
-            level: bar.view.opacity
-            onMoved: level => bar.compare.setOpacity(level)
-        }
-
-        CheckBox {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Difference"
-            size: Theme.body
-            checked: bar.view.difference
-            onToggled: checked => bar.compare.setDifference(checked)
-        }
+        x: bar.beside ? (bar.from + bar.to - width) / 2 : Math.min(modes.x, bar.end - width)
+        y: bar.rowAt(bar.beside && bar.single ? 0 : bar.beside ? 1 : bar.rows - 1)
+        height: bar.line
+        compare: bar.compare
+        room: bar.beside ? bar.to - bar.from : Infinity
     }
 
     Row {
         id: tools
 
-        anchors.right: parent.right
-        anchors.rightMargin: Theme.gap12
-        y: bar.rowAt(0)
+        parent: bar.single ? toolsBehindModes : toolsBehindPages
+        x: bar.end - width
+        y: pages.y
         height: bar.line
-        spacing: Theme.gap4
+        spacing: 2
 
-        IconButton {
-            id: less
-
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: "minus.magnifyingglass"
-            onEnabledChanged: bar.handOn(less, more)
-            help: "Zoom out (⌘−)"
-            enabled: bar.view.canZoomOut
-            onClicked: bar.compare.zoomOut()
-        }
-
-        Slider {
-            anchors.verticalCenter: parent.verticalCenter
-            width: 72
-            label: help
-            help: "Zoom (⌘+ and ⌘−, ⌘0 to fit, or pinch)"
-            from: 1
-            to: 4
-            level: bar.view.zoom
-            onMoved: level => bar.compare.zoomTo(level)
-        }
-
-        IconButton {
-            id: more
-
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: "plus.magnifyingglass"
-            onEnabledChanged: bar.handOn(more, less)
-            help: "Zoom in (⌘+)"
-            enabled: bar.view.canZoomIn
-            onClicked: bar.compare.zoomIn()
-        }
-
-        Pressable {
-            anchors.verticalCenter: parent.verticalCenter
-            implicitWidth: 44
-            implicitHeight: 26
-            label: bar.view.percent
-            help: "Fit (⌘0)"
-            onClicked: bar.compare.fit()
-
-            Digits {
-                anchors.centerIn: parent
-                size: Theme.body
-                text: bar.view.percent
-                Accessible.ignored: true
-            }
+        ZoomTools {
+            height: parent.height
+            compare: bar.compare
+            // Finer where there is room for it.
+            reach: bar.width > 1000 ? 72 : 44
         }
 
         IconButton {

@@ -6,15 +6,16 @@ Pressable {
     id: button
 
     required property string key
+    // What it says on another page of the ticket may be wider: it holds that room.
+    required property string widest
     required property string tone
     required property string icon
     required property bool shown
     required help
-    property real widest: 1000
 
     readonly property color colour: shown ? Theme.fore[tone] : Theme.muted
 
-    implicitWidth: words.x + words.width
+    implicitWidth: words.x + Math.ceil(Math.max(words.implicitWidth, room.implicitWidth))
     implicitHeight: 26
 
     Accessible.role: Accessible.CheckBox
@@ -32,10 +33,18 @@ Pressable {
     }
 
     Label {
+        id: room
+
+        visible: false
+        size: words.size
+        text: button.widest
+    }
+
+    Label {
         id: words
 
         x: mark.width + 5
-        width: Math.min(Math.ceil(implicitWidth), button.widest - x)
+        width: Math.min(Math.ceil(implicitWidth), button.width - x)
         anchors.verticalCenter: parent.verticalCenter
         size: Theme.body
         tellsWhole: true

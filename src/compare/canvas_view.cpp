@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "compare/canvas.hpp"
+#include "compare/rough_width.hpp"
 #include "records/finding_words.hpp"
 #include "records/words.hpp"
 
@@ -28,11 +29,28 @@ PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   return view;
 }
 
+// Of what a function of a page says of each page of a ticket, the same on all of them: in its room
+// another page's comes to stand without anything beside it having to move.
+template <typename Say>
+std::string widestOf(const FileItem& file, Say say) {
+  std::string widest;
+  int most = -1;
+  for (Int index = 0; const Page* page = pageAt(file, index); ++index) {
+    std::string said = say(*page, index);
+    const int width = roughWidth(said);
+    if (width <= most) continue;
+    most = width;
+    widest = std::move(said);
+  }
+  return widest;
+}
+
 PaneToggleView toggleView(const Store& store, std::string key, std::string label,
                           std::string tone) {
   const bool shown = store.shown().contains(key);
   return {.key = std::move(key),
-          .label = std::move(label),
+          .label = label,
+          .widest = label,
           .tone = std::move(tone),
           .icon = shown ? "checkmark.circle.fill" : "circle",
           .help = shown ? "Hide this page" : "Show this page",
@@ -45,9 +63,14 @@ std::vector<PaneToggleView> togglesOf(const Store& store, const Page& page, cons
     return {toggleView(store, "supplier", "v" + std::to_string(version), "purple"),
             toggleView(store, "third", "v" + std::to_string(version - 1), "orange")};
   }
-  return {toggleView(store, "supplier", supplierOf(file), "purple"),
-          toggleView(store, "submitted", roleLabel("submitted"), "blue"),
-          toggleView(store, "third", roleLabel(thirdRole(page, file, version)), "orange")};
+  const auto third = [&](const Page& each, Int = 0) {
+    return roleLabel(thirdRole(each, file, version));
+  };
+  std::vector toggles{toggleView(store, "supplier", supplierOf(file), "purple"),
+                      toggleView(store, "submitted", roleLabel("submitted"), "blue"),
+                      toggleView(store, "third", third(page), "orange")};
+  if (pageAt(file, 0)) toggles.back().widest = widestOf(file, third);
+  return toggles;
 }
 
 // Side by side all panes stand on the stage; overlaid the first, under the second; else they take
@@ -69,6 +92,10 @@ std::vector<PaneView> stagedPanes(const Store& store, const std::vector<PaneInfo
   return panes;
 }
 
+std::string placeOf(const Page& page, Int index, Int count) {
+  return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
+}
+
 CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                       const CanvasState& state) {
   const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
@@ -80,8 +107,9 @@ CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                     .draws = store.prefs.drawToComment(),
                     .page = index};
   if (page) {
-    bar.place =
-        "p" + page->name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
+    const auto place = [count](const Page& each, Int at) { return placeOf(each, at, count); };
+    bar.place = place(*page, index);
+    bar.widest = widestOf(file, place);
   } else {
     bar.empty = "No pages in this file.";
   }

@@ -43,13 +43,14 @@ BOOST_DESCRIBE_STRUCT(PaneView, (),
 struct PaneToggleView {
   std::string key;
   std::string label;
+  std::string widest;  // that any page of the ticket has here
   std::string tone;
   std::string icon;
   std::string help;
   bool shown = false;
   bool operator==(const PaneToggleView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(PaneToggleView, (), (key, label, tone, icon, help, shown))
+BOOST_DESCRIBE_STRUCT(PaneToggleView, (), (key, label, widest, tone, icon, help, shown))
 
 struct ModeView {
   std::string key;
@@ -71,6 +72,7 @@ struct CanvasBarView {
   bool drafting = false;  // one is being written on this page
   Int page = 0;           // 0-based
   std::string place;      // "p{name} · {n} of {count}"
+  std::string widest;     // of all places in the ticket
   bool first = true;
   bool last = true;
   double zoom = 1;
@@ -81,7 +83,7 @@ struct CanvasBarView {
 };
 BOOST_DESCRIBE_STRUCT(CanvasBarView, (),
                       (empty, mode, overlay, opacity, difference, draws, drafting, page, place,
-                       first, last, zoom, percent, canZoomIn, canZoomOut))
+                       widest, first, last, zoom, percent, canZoomIn, canZoomOut))
 
 struct CanvasView {
   CanvasBarView bar;

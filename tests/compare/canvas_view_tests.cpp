@@ -62,6 +62,56 @@ TEST_F(Canvas, CallsThePageByItsOwnName) {
   EXPECT_EQ(view().bar.place, "piv · 2 of 3");
 }
 
+struct WidestPlace {
+  const char* name;
+  Int pages;
+  std::map<Int, std::string> names;
+  std::string widest;
+};
+BOOST_DESCRIBE_STRUCT(WidestPlace, (), (name, pages, names, widest))
+
+class WidestPlaces : public Canvas, public testing::WithParamInterface<WidestPlace> {};
+
+TEST_P(WidestPlaces, AreTheSameOnEveryPage) {
+  detail.file.pages = pagesOf(GetParam().pages);
+  for (const auto& [page, name] : GetParam().names) (*detail.file.pages)[page].label = name;
+  for (Int page = 0; page < GetParam().pages; ++page) {
+    goTo(page);
+    EXPECT_EQ(view().bar.widest, GetParam().widest) << page;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, WidestPlaces,
+    testing::Values(WidestPlace{"OneDigit", 9, {}, "p1 · 1 of 9"},
+                    WidestPlace{"TwoDigits", 12, {}, "p10 · 10 of 12"},
+                    WidestPlace{"ThreeDigits", 240, {}, "p100 · 100 of 240"},
+                    WidestPlace{"Only", 1, {}, "p1 · 1 of 1"},
+                    WidestPlace{"Named", 12, {{2, "Cover"}}, "pCover · 3 of 12"},
+                    WidestPlace{"OfTwoAlike", 3, {{0, "on"}, {2, "no"}}, "pon · 1 of 3"},
+                    WidestPlace{"LongButNarrow", 12, {{2, "iiii"}, {3, "MMM"}}, "pMMM · 4 of 12"},
+                    WidestPlace{"OfAnyLength",
+                                3,
+                                {{1, std::string(300, 'x')}},
+                                "p" + std::string(300, 'x') + " · 2 of 3"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(Canvas, HasNoWidestPlaceWithoutPages) {
+  detail.file.pages = pagesOf(0);
+  EXPECT_EQ(view().bar.widest, "");
+}
+
+// The third pane may be another one on another page.
+TEST_F(Canvas, HoldsRoomForTheWidestNameOfAToggle) {
+  EXPECT_EQ(view().toggles[2].widest, "FBC");
+  (*detail.file.pages)[1].refs = {{"latest", RefPage{}}};
+  for (const Int page : {0, 1, 2}) {
+    goTo(page);
+    EXPECT_EQ(view().toggles[2].widest, "Last print") << page;
+    EXPECT_EQ(view().toggles[0].widest, "Harrow Print");
+  }
+}
+
 TEST_F(Canvas, OfATicketWithoutPagesKeepsItsBar) {
   for (const auto& pages : {std::optional{pagesOf(0)}, std::optional<std::vector<Page>>{}}) {
     detail.file.pages = pages;
@@ -98,10 +148,10 @@ TEST_F(Canvas, TogglesTheTwoVersionsOfARevision) {
 TEST_F(Canvas, MarksAToggleByWhetherItsPaneIsShown) {
   store().shown.set({"supplier"});
   const auto toggles = view().toggles;
-  EXPECT_EQ(toggles[0], (PaneToggleView{"supplier", "Harrow Print", "purple",
+  EXPECT_EQ(toggles[0], (PaneToggleView{"supplier", "Harrow Print", "Harrow Print", "purple",
                                         "checkmark.circle.fill", "Hide this page", true}));
-  EXPECT_EQ(toggles[1], (PaneToggleView{"submitted", "What we sent", "blue", "circle",
-                                        "Show this page", false}));
+  EXPECT_EQ(toggles[1], (PaneToggleView{"submitted", "What we sent", "What we sent", "blue",
+                                        "circle", "Show this page", false}));
 }
 
 struct Zoom {
