@@ -34,6 +34,11 @@ Rectangle {
     readonly property int rows: (single ? 1 : 2) + (view.overlay && !beside ? 1 : 0)
 
     // From the foot.
+    // For what was in the panel that has gone.
+    function takeKeyboard(reason: int) {
+        panel.forceActiveFocus(reason);
+    }
+
     function rowAt(row: int): real {
         return height - Theme.gap8 - line - row * (line + Theme.gap4);
     }
@@ -160,6 +165,8 @@ Rectangle {
         }
 
         IconButton {
+            id: panel
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "sidebar.right"
             help: bar.notesHelp

@@ -18,6 +18,9 @@ Rectangle {
     required property bool notesOpen
     required property string notesHelp
 
+    // Over all that lies on it, where that is elsewhere; as large as this.
+    property Item above: canvas
+
     // The notes panel is wanted, or turned on and off.
     signal notesWanted()
     signal notesToggled()
@@ -36,6 +39,10 @@ Rectangle {
         item: canvas
         onNowChanged: canvas.compare.setSeen(now)
         Component.onCompleted: canvas.compare.setSeen(now)
+    }
+
+    function takeKeyboard(reason: int) {
+        bar.takeKeyboard(reason);
     }
 
     function scrollTo(to: point) {
@@ -201,27 +208,15 @@ Rectangle {
         around: 0
     }
 
-    ScrollBar {
+    StageBar {
         view: stage
-        stays: true
-        visible: stage.interactive && shown < 1
         onPressedChanged: reveal.stop()
-
-        HoverHandler {
-            cursorShape: Qt.ArrowCursor
-        }
     }
 
-    ScrollBar {
+    StageBar {
         view: stage
-        stays: true
         vertical: false
-        visible: stage.interactive && shown < 1
         onPressedChanged: reveal.stop()
-
-        HoverHandler {
-            cursorShape: Qt.ArrowCursor
-        }
     }
 
     Label {
@@ -251,9 +246,12 @@ Rectangle {
         takesEscape: !canvas.view.drafting
     }
 
-    // Over all panes and the loupe, since it is wider than a narrow page.
+    // Over all panes, the loupe and the panel that it was opened from, since it is wider than a narrow
+    // page.
     Item {
-        anchors.fill: stage
+        parent: canvas.above
+        width: stage.width
+        height: stage.height
         clip: true
 
         Ground {
@@ -283,6 +281,7 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        enabled: canvas.compare.loaded
         compare: canvas.compare
         notesOpen: canvas.notesOpen
         notesHelp: canvas.notesHelp

@@ -59,7 +59,10 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
     if (!std::exchange(pointed_, {}).empty()) emit pointedChanged();
   }
   followBlink();
-  auto view = detail ? canvasView(store_, *detail, state_) : CanvasView{};
+  const FileItem* file = store_.currentFile();
+  auto view = detail ? canvasView(store_, *detail, state_)
+              : file ? waitingCanvas(store_, *file)
+                     : CanvasView{};
   // First the places, so that a pane that comes knows its own.
   stage_.layOut(view.panes, takesTurns(store_));
   panes_.setRows(std::move(view.panes));

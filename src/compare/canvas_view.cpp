@@ -96,6 +96,10 @@ std::string placeOf(const Page& page, Int index, Int count) {
   return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
 }
 
+std::string placeOf(const Page& page, Int index, Int count) {
+  return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
+}
+
 CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                       const CanvasState& state) {
   const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
@@ -172,6 +176,24 @@ CanvasView canvasView(const Store& store, const FileDetail& detail, const Canvas
   }
   view.draftPane = draftPaneOf(view.panes, state.drawnOn);
   view.loupe = loupe(store, detail, *page, index, roles);
+  return view;
+}
+
+CanvasView waitingCanvas(const Store& store, const FileItem& file) {
+  static const Page kNoPage;
+  const Int index = pageIndex(store, file);
+  CanvasView view{.bar = barView(store, file, index, {})};
+  const Int count = file.page_count.value_or(0);
+  if (!pageAt(file, index) && count > 0) {
+    const auto open = store.page().find(file.id);
+    const Int at = open == store.page().end() ? 0 : std::clamp<Int>(open->second, 0, count - 1);
+    view.bar.place = placeOf(Page{.i = at}, at, count);
+    view.bar.widest = placeOf(Page{.i = count - 1}, count - 1, count);
+  }
+  view.bar.empty.clear();
+  view.bar.first = view.bar.last = true;
+  const Page* page = pageAt(file, index);
+  view.toggles = togglesOf(store, page ? *page : kNoPage, file, file.versionNumber());
   return view;
 }
 

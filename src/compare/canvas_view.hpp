@@ -94,6 +94,8 @@ struct CanvasView {
 };
 
 CanvasView canvasView(const Store& store, const FileDetail& detail, const CanvasState& state = {});
+// The bar as it will be, as far as the ticket tells before its detail is here.
+CanvasView waitingCanvas(const Store& store, const FileItem& file);
 // The panes take turns on the stage instead of standing beside one another.
 bool takesTurns(const Store& store);
 

@@ -7,6 +7,7 @@ Item {
 
     required property bool waits
     property real size: 12
+    property int after: 400  // milliseconds
     readonly property bool shown: waits && patience.over
 
     implicitWidth: size
@@ -20,7 +21,7 @@ Item {
         property bool over: false
 
         running: late.waits
-        interval: 400
+        interval: late.after
         onTriggered: over = true
     }
 

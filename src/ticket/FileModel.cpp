@@ -1,5 +1,7 @@
 #include "ticket/FileModel.hpp"
 
+#include <utility>
+
 #include "store/open_page.hpp"
 #include "ticket/header_cut.hpp"
 
@@ -56,6 +58,13 @@ void FileModel::updateStrip() {
     showsStrip_ = shows;
     emit showsStripChanged();
   }
+  holdStrip();
+}
+
+void FileModel::holdStrip() {
+  const FileItem* file = store_.currentFile();
+  const bool holds = file && holdsPageStrip(store_, *file, store_.currentDetail(), width_);
+  if (std::exchange(holdsStrip_, holds) != holds) emit holdsStripChanged();
 }
 
 bool FileModel::wantsStrip() const {
@@ -65,6 +74,7 @@ bool FileModel::wantsStrip() const {
 // What is no news of the pages moves nothing but the strip as a whole.
 void FileModel::turnStrip() {
   if (showsStrip_ != wantsStrip()) updateStrip();
+  holdStrip();
 }
 
 void FileModel::updateNotesPanel() {

@@ -24,6 +24,8 @@ class FileModel : public QObject {
   Q_PROPERTY(Qml<MultiFilesView> multi READ multi NOTIFY multiChanged)
   Q_PROPERTY(Qml<NotesPanelView> notesPanel READ notesPanel NOTIFY notesPanelChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
+  // There is room for it, also while its pages are on their way.
+  Q_PROPERTY(bool holdsStrip READ holdsStrip NOTIFY holdsStripChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
   Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)  // of the strip on show, or of the last
 
@@ -36,6 +38,7 @@ class FileModel : public QObject {
   Qml<MultiFilesView> multi() const { return multi_.qml(); }
   Qml<NotesPanelView> notesPanel() const { return notesPanel_.qml(); }
   bool showsStrip() const { return showsStrip_; }
+  bool holdsStrip() const { return holdsStrip_; }
   int openPage() const { return openPage_; }
   QAbstractItemModel* pages() { return &pages_; }
 
@@ -55,6 +58,7 @@ class FileModel : public QObject {
   void multiChanged();
   void notesPanelChanged();
   void showsStripChanged();
+  void holdsStripChanged();
   void openPageChanged();
 
  private:
@@ -63,6 +67,7 @@ class FileModel : public QObject {
   void updateStrip();
   void updateNotesPanel();
   bool wantsStrip() const;
+  void holdStrip();
   void turnStrip();
 
   Store& store_;
@@ -70,6 +75,7 @@ class FileModel : public QObject {
   const Calendar& calendar_;
   double width_ = 0;
   bool showsStrip_ = false;
+  bool holdsStrip_ = false;
   int openPage_ = 0;
   Shown<FileHeaderView> header_;
   Shown<ReviewButtonView> review_;

@@ -27,7 +27,7 @@ Item {
     required property Component panel
 
     readonly property notesPanelView side: file.notesPanel
-    readonly property real barHeight: (canvas.item as CompareCanvas)?.barHeight ?? 0
+    readonly property alias barHeight: canvas.barHeight
     // What is there from the start comes without a show; from then on it is seen to move.
     property bool settled: false
 
@@ -40,7 +40,7 @@ Item {
     Component.onCompleted: file.lay(width)
 
     Timer {
-        running: ticket.compare.loaded && !ticket.settled
+        running: !ticket.settled
         interval: 50
         onTriggered: ticket.settled = true
     }
@@ -107,7 +107,8 @@ Item {
             id: strip
 
             height: parent.height
-            width: ticket.file.showsStrip ? pages.width : 0
+            // From the first, so that the page does not move when the others come.
+            width: ticket.file.holdsStrip ? pages.width : 0
             clip: true
 
             Behavior on width {
@@ -118,8 +119,9 @@ Item {
             Loader {
                 id: pages
 
-                active: ticket.file.showsStrip || strip.width > 0
+                active: ticket.file.showsStrip || (ticket.compare.loaded && strip.width > 0)
                 anchors.right: parent.right
+                width: 92
                 height: parent.height
 
                 sourceComponent: PageStrip {
@@ -129,109 +131,53 @@ Item {
             }
 
             Hairline {
+                visible: strip.width > 0
                 anchors.right: parent.right
                 vertical: true
                 height: parent.height
             }
         }
 
-        Loader {
+        CompareCanvas {
             id: canvas
 
             anchors.left: strip.right
-            anchors.right: dock.left
+            anchors.right: parent.right
+            anchors.rightMargin: dock.taken
             height: parent.height
-            active: ticket.compare.loaded
-
-            sourceComponent: CompareCanvas {
-                compare: ticket.compare
-                notes: ticket.notes
-                pictures: ticket.pictures
-                notesOpen: ticket.side.open
-                notesHelp: ticket.side.help
-                onNotesWanted: ticket.file.openNotes()
-                onNotesToggled: ticket.file.toggleNotes()
-            }
+            compare: ticket.compare
+            notes: ticket.notes
+            pictures: ticket.pictures
+            notesOpen: ticket.side.open
+            notesHelp: ticket.side.help
+            above: overPanel
+            onNotesWanted: ticket.file.openNotes()
+            onNotesToggled: ticket.file.toggleNotes()
         }
 
-        Rectangle {
-            visible: !ticket.compare.loaded
-            anchors.fill: parent
-            color: Theme.canvas
+        LateSpinner {
+            anchors.centerIn: canvas
+            anchors.verticalCenterOffset: -canvas.barHeight / 2
+            size: 18
+            after: 250
+            waits: !ticket.compare.loaded
+        }
 
-            Spinner {
-                anchors.centerIn: parent
-                size: 18
-            }
+        TicketPanel {
+            id: dock
+
+            side: ticket.side
+            content: ticket.panel
+            loaded: ticket.compare.loaded
+            moves: ticket.settled
+            foot: canvas.barHeight
+            onKeptOut: reason => canvas.takeKeyboard(reason)
         }
 
         Item {
-            id: dock
+            id: overPanel
 
-            readonly property bool open: ticket.side.open && !ticket.side.floats
-
-            anchors.right: parent.right
-            height: parent.height
-            width: open ? ticket.side.width : 0
-            clip: true
-
-            Behavior on width {
-                enabled: ticket.settled
-                Glide {}
-            }
-
-            Loader {
-                active: dock.width > 0 && ticket.compare.loaded
-                width: ticket.side.width
-                height: parent.height
-                sourceComponent: ticket.panel
-            }
-
-            Hairline {
-                vertical: true
-                height: parent.height
-            }
-        }
-
-        Loader {
-            id: floating
-
-            // How far it has come in from the trailing edge.
-            property real part: ticket.side.open && ticket.side.floats ? 1 : 0
-
-            active: part > 0 && ticket.compare.loaded
-            x: parent.width - part * (width + Theme.gap16)
-            y: Theme.gap16
-            height: parent.height - ticket.barHeight - 2 * Theme.gap16
-            width: ticket.side.width
-            opacity: part
-
-            Behavior on part {
-                enabled: ticket.settled
-                Glide {}
-            }
-
-            sourceComponent: Rectangle {
-                radius: Theme.radiusCard
-                color: Theme.window
-
-                Shadow {
-                    anchors.fill: parent
-                    z: -1
-                    radius: Theme.radiusCard
-                    color: Theme.shadow
-                }
-
-                Ground {
-                    anchors.fill: parent
-                }
-
-                Loader {
-                    anchors.fill: parent
-                    anchors.margins: 4
-                    sourceComponent: ticket.panel
-                }
-            }
+            anchors.fill: canvas
         }
     }
 }

@@ -13,8 +13,6 @@ Item {
     required property FileModel file
     required property PictureSource pictures
 
-    implicitWidth: 92
-
     ListView {
         id: cells
 

@@ -81,8 +81,15 @@ std::vector<PageCellView> pageStrip(const Store& store, const FileDetail& detail
 }
 
 bool showsPageStrip(const Store& store, const FileDetail* detail, double width) {
-  return store.prefs.showPageStrip() && width >= kLeastWidth && detail && detail->file.pages &&
-         detail->file.pages->size() > 1;
+  return detail && holdsPageStrip(store, detail->file, detail, width);
+}
+
+bool holdsPageStrip(const Store& store, const FileItem& file, const FileDetail* detail,
+                    double width) {
+  if (!store.prefs.showPageStrip() || !(width >= kLeastWidth)) return false;
+  const auto& pages = detail ? detail->file.pages : file.pages;
+  if (detail || pages) return pages && pages->size() > 1;
+  return file.page_count.value_or(0) > 1;
 }
 
 }  // namespace vellix

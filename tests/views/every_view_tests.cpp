@@ -23,6 +23,9 @@ class EveryView : public ViewTest {
     store().profile.set(std::nullopt);
     desk.time.run();
     panel_.setData("import QtQuick\nItem {}", {});
+    QQmlComponent flickable{engine()};
+    flickable.setData("import QtQuick\nFlickable {}", {});
+    flick_.reset(flickable.create());
     // Values like those that the models bring.
     const QVariantMap due{{"text", "Overdue 5 min"},
                           {"shortText", "Late 5 min"},
@@ -154,6 +157,7 @@ class EveryView : public ViewTest {
           pick("pictures"),
           {"notesOpen", true},
           {"notesHelp", "Hide the notes"}}},
+        {"Compare/StageBar", {{"view", QVariant::fromValue(flick_.get())}}},
         {"Ticket/FactTile", {{"label", "PO"}, {"value", "7781"}}},
         {"Ticket/FileHeader",
          {pick("file"), pick("report"), pick("plan"), pick("approval"), pick("send"),
@@ -171,6 +175,12 @@ class EveryView : public ViewTest {
           pick("pictures"),
           {"panel", QVariant::fromValue(&panel_)}}},
         {"Ticket/HeaderWords", {{"header", models()["file"].value<FileModel*>()->header()}}},
+        {"Ticket/TicketPanel",
+         {{"side", models()["file"].value<FileModel*>()->notesPanel()},
+          {"content", QVariant::fromValue(&panel_)},
+          {"loaded", true},
+          {"moves", true},
+          {"foot", 48}}},
         {"Ticket/MultiView", {pick("file"), pick("report")}},
         {"Ticket/PageCell",
          {{"name", "12"},
@@ -474,6 +484,7 @@ class EveryView : public ViewTest {
 
   QQmlComponent panel_{engine()};
   QQuickItem floats_;
+  std::unique_ptr<QObject> flick_;
   Tags* tags_ = nullptr;
   QMap<QString, QVariantMap> own_;
 };
