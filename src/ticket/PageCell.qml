@@ -24,8 +24,8 @@ Pressable {
     label: name
     help: spoken
     radius: Theme.radiusRow
-    // A line of marks has its room before it is laid out.
-    implicitHeight: marks.y + Math.max(marks.height, 16) + Theme.gap4
+    // As high with any marks as with none.
+    implicitHeight: marks.y + marks.height + Theme.gap4
 
     Accessible.role: Accessible.ListItem
     Accessible.description: spoken
@@ -93,50 +93,63 @@ Pressable {
         }
     }
 
-    FlowRow {
+    Item {
+        id: title
+
+        // Each digit is an item; no name that fits has more characters than these.
+        readonly property real wanted: figures.text === "" ? words.implicitWidth : figures.implicitWidth
+        readonly property bool brief: figures.text === cell.name && figures.implicitWidth <= width
+
+        x: paper.x
+        y: marks.y
+        width: marks.x - (marks.width > 0 ? marks.spacing : 0) - x
+        height: marks.height
+
+        Digits {
+            id: figures
+
+            visible: title.brief
+            anchors.verticalCenter: parent.verticalCenter
+            size: Theme.tiny
+            weight: cell.open ? Font.DemiBold : Font.Normal
+            color: cell.open ? Theme.accent : Theme.muted
+            text: cell.name.length <= 24 ? cell.name : ""
+            Accessible.ignored: true
+        }
+
+        Label {
+            id: words
+
+            visible: !title.brief
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width
+            size: Theme.tiny
+            weight: figures.weight
+            color: figures.color
+            tellsWhole: true
+            text: cell.name
+            Accessible.ignored: true
+        }
+    }
+
+    Row {
         id: marks
 
-        x: 6
-        y: paper.y + paper.height + Theme.gap4
-        width: parent.width - 2 * x
-        height: implicitHeight
+        // As much as three digits want, and a little of the ground beside them.
+        readonly property real widest: 22
+
+        // In line with the page, or out of the name's way as far as may be.
+        x: Math.max(paper.x + paper.width - width,
+                    Math.min(paper.x + title.wanted + spacing, parent.width - width - 3))
+        // A page may be next to no height, and its notes have a badge.
+        y: paper.y + Math.max(paper.height, 12) + Theme.gap4
+        height: 16
         spacing: 3
-
-        Item {
-            // Each digit is an item; no name that fits has more characters than these.
-            readonly property bool brief: figures.text === cell.name
-                                          && figures.implicitWidth <= marks.width
-
-            width: brief ? figures.implicitWidth : Math.min(words.implicitWidth, marks.width)
-            height: words.implicitHeight
-
-            Digits {
-                id: figures
-
-                visible: parent.brief
-                size: Theme.tiny
-                weight: cell.open ? Font.DemiBold : Font.Normal
-                color: cell.open ? Theme.accent : Theme.muted
-                text: cell.name.length <= 24 ? cell.name : ""
-                Accessible.ignored: true
-            }
-
-            Label {
-                id: words
-
-                visible: !parent.brief
-                width: parent.width
-                size: Theme.tiny
-                weight: figures.weight
-                color: figures.color
-                tellsWhole: true
-                text: cell.name
-                Accessible.ignored: true
-            }
-        }
 
         CountBadge {
             visible: text !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, marks.widest)
             small: true
             colour: Theme.strongAccent
             text: cell.waiting
@@ -145,20 +158,36 @@ Pressable {
 
         CountBadge {
             visible: text !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, marks.widest)
             small: true
             filled: true
             colour: Theme.fore.red
             text: cell.issues
             Accessible.ignored: true
         }
+    }
 
-        CountBadge {
-            visible: text !== ""
-            small: true
-            icon: "text.bubble.fill"
-            colour: Theme.muted
-            text: cell.notes
-            Accessible.ignored: true
-        }
+    // On a ground of its own, since it lies over the page.
+    Rectangle {
+        visible: notes.visible
+        anchors.fill: notes
+        anchors.margins: -1
+        radius: height / 2
+        color: Theme.raised
+    }
+
+    CountBadge {
+        id: notes
+
+        visible: text !== ""
+        anchors.right: paper.right
+        anchors.rightMargin: -4
+        y: paper.y - 3
+        small: true
+        icon: "text.bubble.fill"
+        colour: Theme.muted
+        text: cell.notes
+        Accessible.ignored: true
     }
 }

@@ -34,21 +34,6 @@ Item {
         function openRow(): int {
             return Math.min(strip.file.openPage, count - 1);
         }
-        function held(row: int): int {
-            return Math.max(0, Math.min(row, count - 1));
-        }
-        // Puts the strip where a page is in sight with its neighbours, and last of all the page.
-        function place(index: int) {
-            for (const row of [index - 1, index + 1, index])
-                positionViewAtIndex(held(row), ListView.Contain);
-        }
-        // Where that is; no number while they are not all made.
-        function placeOf(index: int): real {
-            let y = contentY;
-            for (const row of [index - 1, index + 1, index])
-                y = motion.placeToShow(itemAtIndex(held(row)), y, height);
-            return y;
-        }
         // Makes a page the current one and brings it into view with its neighbours, gliding there
         // when it is near. With `keyed` it gets the keyboard, and the ring, before the list makes it
         // the current one: the list would give it the keyboard without.
@@ -57,12 +42,12 @@ Item {
                 return;
             glide.stop();
             const from = contentY;
-            let to = placeOf(index);
+            let to = reveal.placeOf(index);
             // Pages that are made are not let go, to be made anew, for a look at where they lie.
             const known = motion.glides(from, to, height, gliding);
             motion.placing = true;
             if (!known) {
-                place(index);
+                reveal.place(index);
                 to = contentY;
             }
             if (keyed)
@@ -123,9 +108,15 @@ Item {
             interval: 0
             onTriggered: {
                 motion.placing = true;
-                cells.place(cells.currentIndex);
+                reveal.place(cells.currentIndex);
                 motion.placing = false;
             }
+        }
+
+        RowReveal {
+            id: reveal
+
+            list: cells
         }
 
         PageStripMotion {

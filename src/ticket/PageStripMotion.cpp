@@ -1,7 +1,5 @@
 #include "ticket/PageStripMotion.hpp"
 
-#include <limits>
-
 namespace vellix {
 namespace {
 
@@ -35,11 +33,6 @@ bool PageStripMotion::resize(double height, double y, QQuickItem* current, bool 
   std::optional<StripMotion::Span> page;
   if (current) page = {current->y(), current->y() + current->height()};
   return motion_.resize(height, y, page, gliding);
-}
-
-double PageStripMotion::placeToShow(QQuickItem* page, double y, double height) {
-  if (!page) return std::numeric_limits<double>::quiet_NaN();
-  return vellix::placeToShow({page->y(), page->y() + page->height()}, y, height);
 }
 
 bool PageStripMotion::glides(double from, double to, double height, bool wanted) {

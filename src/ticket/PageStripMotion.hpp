@@ -26,8 +26,6 @@ class PageStripMotion : public QObject {
   Q_INVOKABLE void scroll(double y, double height);
   // `current` may be null. True when it has to be brought back into sight.
   Q_INVOKABLE bool resize(double height, double y, QQuickItem* current, bool gliding);
-  // No number while the page is not made, or `y` is none.
-  Q_INVOKABLE static double placeToShow(QQuickItem* page, double y, double height);
   Q_INVOKABLE static bool glides(double from, double to, double height, bool wanted);
 
  signals:

@@ -28,7 +28,11 @@ std::map<Int, PageTally> talliesOf(const FileDetail& detail) {
   return pages;
 }
 
-std::string figure(Int count) { return count > 0 ? std::to_string(count) : ""; }
+// In three characters, which is what a cell has room for.
+std::string figure(Int count) {
+  if (count <= 0) return "";
+  return count > 999 ? "1k+" : std::to_string(count);
+}
 
 std::string spokenOf(const PageTally& tally) {
   std::string spoken;

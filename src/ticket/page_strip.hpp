@@ -11,13 +11,13 @@ namespace vellix {
 struct PageCellView {
   std::string key;  // of the ticket and the page: another ticket's cells are others
   std::string name;
-  std::string img;    // blob key; empty when there is no picture
-  double tall = 0;    // height of the small page at its width, in logical pixels
-  bool open = false;  // the page on show
-  std::string waiting;
-  std::string issues;
-  std::string notes;
-  std::string spoken;  // the counts in words
+  std::string img;      // blob key; empty when there is no picture
+  double tall = 0;      // height of the small page at its width, in logical pixels
+  bool open = false;    // the page on show
+  std::string waiting;  // a number, "1k+" beyond 999, empty for none
+  std::string issues;   // likewise
+  std::string notes;    // likewise
+  std::string spoken;   // the counts in words
   bool operator==(const PageCellView&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(PageCellView, (),

@@ -23,11 +23,6 @@ bool StripMotion::resize(double height, double y, std::optional<Span> current, b
   return !gliding && (first || shown);
 }
 
-double placeToShow(StripMotion::Span page, double y, double height) {
-  if (page.bottom > y + height) y = page.bottom - height;
-  return page.top < y ? page.top : y;
-}
-
 bool glides(double from, double to, double height, bool wanted) {
   return wanted && std::abs(to - from) <= height;
 }

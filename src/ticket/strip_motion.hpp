@@ -35,9 +35,6 @@ class StripMotion {
   double height_ = 0;
 };
 
-// Where a strip that stands at `y` has to stand to have a page in sight, as near as may be.
-double placeToShow(StripMotion::Span page, double y, double height);
-
 // Whether it glides to a page that is wanted by gliding: only to one that is near.
 bool glides(double from, double to, double height, bool wanted);
 

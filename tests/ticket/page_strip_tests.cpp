@@ -233,5 +233,14 @@ TEST_F(PageStrips, AreNotShownForADetailWithoutPages) {
   EXPECT_FALSE(showsPageStrip(store(), &detail, 1'200));
 }
 
+TEST_F(PageStrips, CutTheirCountsShort) {
+  for (int i = 0; i < 999; ++i) find("text", "open", "high");
+  EXPECT_EQ(figures(1), "999//");
+  find("text", "open", "high");
+  for (int i = 0; i < 2'345; ++i) find("text", "issue", "high");
+  EXPECT_EQ(figures(1), "1k+/1k+/");
+  EXPECT_EQ(cells()[1].spoken, "1000 to look at, 2345 real issues");
+}
+
 }  // namespace
 }  // namespace vellix

@@ -83,34 +83,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Resize{"FirstOnItsWay", 0, std::nullopt, true, false}),
     [](const auto& each) { return each.param.name; });
 
-struct Placing {
-  const char* name;
-  Span page;
-  double place;
-};
-BOOST_DESCRIBE_STRUCT(Placing, (), (name, place))
-
-class Places : public testing::TestWithParam<Placing> {};
-
-TEST_P(Places, ShowAPageFromNearby) {
-  EXPECT_EQ(placeToShow(GetParam().page, 1'000, kHeight), GetParam().place);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, Places,
-                         testing::Values(Placing{"InSight", {1'100, 1'200}, 1'000},
-                                         Placing{"FromEdgeToEdge", {1'000, 1'400}, 1'000},
-                                         Placing{"Above", {880, 990}, 880},
-                                         Placing{"CutOffAbove", {990, 1'100}, 990},
-                                         Placing{"Below", {1'500, 1'610}, 1'210},
-                                         Placing{"CutOffBelow", {1'310, 1'410}, 1'010},
-                                         Placing{"TooTallBelow", {1'100, 1'600}, 1'100},
-                                         Placing{"TooTallAbove", {900, 1'500}, 900}),
-                         [](const auto& each) { return each.param.name; });
-
-TEST(StripMotion, FindsNoPlaceFromNowhere) {
-  EXPECT_TRUE(std::isnan(placeToShow({100, 200}, kNaN, kHeight)));
-}
-
 TEST(StripMotion, GlidesToWhatIsNear) {
   EXPECT_TRUE(glides(1'000, 1'000, kHeight, true));
   EXPECT_TRUE(glides(1'000, 1'400, kHeight, true));

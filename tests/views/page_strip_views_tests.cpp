@@ -92,6 +92,10 @@ class PageStripViews : public ViewTest {
     })) << "the banner";
     stand();
   }
+  // From the top of the first page.
+  double scrolled() {
+    return list()->property("contentY").toDouble() - list()->property("originY").toDouble();
+  }
   Int openPage() { return store().page().at("t1"); }
 };
 
@@ -406,6 +410,176 @@ TEST_F(PageStripViews, GoWhereTheWindowIsNarrowOrTheyAreUnwanted) {
 TEST_F(PageStripViews, AreNotThereForOnePage) {
   open(1);
   EXPECT_FALSE(strip());
+}
+
+// What lies where in a cell, in its own places.
+class PageCells : public PageStripViews {
+ protected:
+  void open(Int waiting, Int issues, Int notes, const std::string& name = "2") {
+    PageStripViews::open(4);
+    FileDetail detail = store().details().at("t1");
+    const auto add = [&](const char* state, Int count) {
+      for (Int i = 0; i < count; ++i) {
+        Finding finding = findingOf("x" + std::to_string(detail.findings.size()), 1, "high");
+        finding.state = state;
+        detail.findings.push_back(finding);
+      }
+    };
+    add("open", waiting);
+    add("issue", issues);
+    for (Int i = 0; i < notes; ++i) {
+      Note note;
+      note.id = "y" + std::to_string(i);
+      note.page = 1;
+      detail.comments.push_back(note);
+    }
+    (*detail.file.pages)[1].label = name;
+    store().details.set({{"t1", detail}});
+    rest();
+    cell_ = cell(QString::fromStdString(name));
+    ASSERT_TRUE(cell_);
+  }
+  QRectF placeOf(const QQuickItem* item) {
+    return item->mapRectToItem(cell_, item->boundingRect());
+  }
+  QRectF paper() { return placeOf(seen(cell_, "RemoteImage").value(0)); }
+  QRectF name() {
+    const auto digits = seen(cell_, "Digits");
+    for (const QQuickItem* each : digits) {
+      if (each->property("text") == cell_->property("name")) return placeOf(each);
+    }
+    const QQuickItem* words = seenText(cell_, cell_->property("name").toString());
+    return words ? placeOf(words) : QRectF{};
+  }
+  QQuickItem* marked() { return cell_; }
+
+ private:
+  QQuickItem* cell_ = nullptr;
+};
+
+struct CellMarks {
+  const char* name;
+  Int waiting;
+  Int issues;
+  Int notes;
+  std::string page = "2";
+};
+BOOST_DESCRIBE_STRUCT(CellMarks, (), (name, waiting, issues, notes, page))
+
+class CellsWithMarks : public PageCells, public testing::WithParamInterface<CellMarks> {};
+
+TEST_P(CellsWithMarks, AreAsHighAsThoseWithout) {
+  const CellMarks& marks = GetParam();
+  open(marks.waiting, marks.issues, marks.notes, marks.page);
+  const double expected = 6 + 58 / 0.75 + 4 + 16 + 4;
+  for (const QQuickItem* each : cells()) EXPECT_NEAR(each->height(), expected, 0.01);
+  EXPECT_EQ(paper().topLeft(), QPointF(11, 6));
+  EXPECT_EQ(name().left(), 11) << "in line with the page";
+  EXPECT_GT(name().width(), 6);
+  const double row = paper().bottom() + 4;
+  EXPECT_GE(name().top(), row - 0.01);
+  EXPECT_LE(name().bottom(), row + 16.01);
+  double right = name().right();
+  const auto badges = seen(marked(), "CountBadge");
+  ASSERT_EQ(badges.size(), (marks.waiting > 0) + (marks.issues > 0) + (marks.notes > 0));
+  for (const QQuickItem* badge : badges) {
+    const QRectF place = placeOf(badge);
+    const QQuickItem* digits = seen(badge, "Digits").value(0);
+    EXPECT_GE(badge->width(), digits->width() + 3) << "nothing is cut off";
+    EXPECT_LE(place.right(), 77);
+    if (badge->property("icon") != "") {
+      EXPECT_EQ(place.topRight(), paper().topRight() + QPointF(4, -3)) << "the page's corner";
+      continue;
+    }
+    EXPECT_NEAR(place.center().y(), row + 8, 0.51);
+    EXPECT_GE(place.left(), right + 2) << "beside what comes before";
+    right = place.right();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, CellsWithMarks,
+    testing::Values(CellMarks{"None", 0, 0, 0}, CellMarks{"OneKind", 1, 0, 0},
+                    CellMarks{"AllKinds", 2, 1, 3}, CellMarks{"OfTwoDigits", 24, 13, 99, "11"},
+                    CellMarks{"OfThreeDigits", 240, 130, 999, "88"},
+                    CellMarks{"Beyond", 1'000, 1'000, 1'000, "88"},
+                    CellMarks{"WithALongName", 2, 1, 3, "A name much longer than the strip"},
+                    CellMarks{"WithALongNameAlone", 0, 0, 0, "A name much longer than the strip"},
+                    CellMarks{"WithALongNumber", 24, 13, 1, "123456789012"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(PageCells, CutALongNameShort) {
+  open(240, 130, 0, "A name much longer than the strip");
+  const QQuickItem* words = seenText(marked(), "A name much longer than the strip");
+  ASSERT_TRUE(words);
+  EXPECT_TRUE(words->property("truncated").toBool());
+}
+
+TEST_F(PageCells, LayTheirNotesOnAGroundOverThePage) {
+  open(0, 0, 12);
+  QQuickItem* badge = seen(marked(), "CountBadge").value(0);
+  ASSERT_TRUE(badge);
+  const auto grounds = seen(marked(), "QQuickRectangle");
+  const auto ground = std::find_if(grounds.begin(), grounds.end(), [&](const QQuickItem* each) {
+    return each != badge && placeOf(each).contains(placeOf(badge)) && each->height() < 20;
+  });
+  ASSERT_TRUE(ground != grounds.end());
+  EXPECT_EQ(colourOf(*ground), theme()->raised());
+  EXPECT_EQ(colourOf(*ground).alpha(), 255);
+}
+
+TEST_F(PageStripViews, KeepTheirMarginAtTheTop) {
+  open(40);
+  EXPECT_NEAR(scrolled(), -8, 0.01);
+  for (const Int page : {1, 0}) {
+    ASSERT_TRUE(press(QString::number(page + 1), QAccessible::ListItem));
+    stand();
+    EXPECT_NEAR(scrolled(), -8, 0.01);
+  }
+  ASSERT_TRUE(press("Harbour Bread", QAccessible::ListItem));
+  rest();
+  ASSERT_TRUE(press("The Lighthouse", QAccessible::ListItem));
+  stand();
+  ASSERT_TRUE(strip());
+  EXPECT_NEAR(scrolled(), -8, 0.01) << "chosen again";
+  store().page.set({{"t1", 20}});
+  stand();
+  store().page.set({{"t1", 0}});
+  stand();
+  EXPECT_NEAR(scrolled(), -8, 0.01) << "come back to";
+  pressFromAbove();
+  EXPECT_NEAR(scrolled(), -8, 0.01) << "in less room";
+}
+
+TEST_F(PageStripViews, GoWithTheirTicketsInAHurry) {
+  open(40);
+  FileDetail other = lighthouse();
+  other.file.id = "t2";
+  other.file.pages = pagesOf(30);
+  auto details = store().details();
+  details.insert({"t2", other});
+  details["t2"] = other;
+  store().details.set(details);
+  for (int i = 0; i < 20; ++i) {
+    store().select({i % 2 == 0 ? "t2" : "t1"});
+    desk.time.run();
+    QCoreApplication::processEvents();
+    if (i % 3 == 0) settle();
+  }
+  stand();
+  EXPECT_NEAR(scrolled(), -8, 0.01);
+}
+
+TEST_F(PageStripViews, KeepTheirMarginAtTheEnd) {
+  open(40);
+  for (const Int page : {39, 38}) {
+    store().page.set({{"t1", page}});
+    stand();
+    const QQuickItem* last = cell("40");
+    ASSERT_TRUE(last);
+    EXPECT_NEAR(last->mapToItem(list(), {0, last->height()}).y(), list()->height() - 8, 0.01)
+        << page;
+  }
 }
 
 }  // namespace
