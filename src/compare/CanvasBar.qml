@@ -33,12 +33,12 @@ Rectangle {
     readonly property bool beside: overlay.least <= to - from
     readonly property int rows: (single ? 1 : 2) + (view.overlay && !beside ? 1 : 0)
 
-    // From the foot.
     // For what was in the panel that has gone.
     function takeKeyboard(reason: int) {
         panel.forceActiveFocus(reason);
     }
 
+    // From the foot.
     function rowAt(row: int): real {
         return height - Theme.gap8 - line - row * (line + Theme.gap4);
     }

@@ -96,10 +96,6 @@ std::string placeOf(const Page& page, Int index, Int count) {
   return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
 }
 
-std::string placeOf(const Page& page, Int index, Int count) {
-  return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
-}
-
 CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                       const CanvasState& state) {
   const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
