@@ -17,8 +17,9 @@ Pressable {
     help: narrow ? shown.text : shown.help
     Accessible.description: shown.help
     radius: height / 2
-    implicitWidth: narrow ? symbol.implicitWidth : words.implicitWidth
-    implicitHeight: words.implicitHeight
+    implicitWidth: Math.max(24, narrow ? symbol.implicitWidth : words.implicitWidth)
+    // Higher than it looks, for the hand.
+    implicitHeight: Math.max(24, words.implicitHeight)
 
     onClicked: board.refresh()
 
@@ -26,6 +27,7 @@ Pressable {
         id: words
 
         visible: !dot.narrow
+        anchors.verticalCenter: parent.verticalCenter
         small: true
         text: dot.shown.text
         icon: dot.shown.icon
@@ -38,7 +40,8 @@ Pressable {
         id: symbol
 
         visible: dot.narrow
-        height: dot.height
+        anchors.verticalCenter: parent.verticalCenter
+        height: words.implicitHeight
         small: true
         icon: dot.shown.icon
         tone: dot.shown.tone
@@ -47,8 +50,8 @@ Pressable {
     }
 
     Rectangle {
-        anchors.fill: parent
-        radius: dot.radius
+        anchors.fill: dot.narrow ? symbol : words
+        radius: height / 2
         color: Theme.text
         opacity: dot.hovered ? 0.05 : 0
 

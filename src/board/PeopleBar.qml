@@ -117,14 +117,19 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.gap4
+        height: parent.height
+        spacing: 2
 
         ActivityButton {
+            width: height
+            height: ends.height
             activity: bar.activity
             pictures: bar.pictures
         }
 
         IconButton {
+            width: height
+            height: ends.height
             symbol: "gearshape"
             help: "Settings (⌘,)"
             onClicked: bar.commanded("settings")
@@ -133,6 +138,8 @@ Item {
         IconButton {
             id: account
 
+            width: height
+            height: ends.height
             symbol: "ellipsis"
             help: "Account"
             checked: (menu.object as Menu)?.visible ?? false

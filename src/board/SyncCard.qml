@@ -42,6 +42,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: Theme.gap4
         anchors.verticalCenter: parent.verticalCenter
+        height: Math.max(24, implicitHeight)
         text: "Stop"
         color: Theme.strong.red
         onClicked: card.board.stopSync()

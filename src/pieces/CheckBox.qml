@@ -14,7 +14,7 @@ Pressable {
     label: text
     pressedScale: 1
     implicitWidth: words.x + words.implicitWidth
-    implicitHeight: Math.max(20, words.implicitHeight)
+    implicitHeight: Math.max(24, words.implicitHeight)
 
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true

@@ -65,6 +65,8 @@ Rectangle {
 
         Label {
             width: Math.min(implicitWidth, parent.width)
+            // Its lines are as high as those beside it.
+            wrapMode: Text.Wrap
             size: Theme.body
             color: Theme.faint
             text: "What's here stays. It tries again on its own."

@@ -110,6 +110,43 @@ TEST_F(ColumnLooks, OfQueuesWithMoreTicketsThanAnybodyReads) {
   }
 }
 
+TEST_F(ColumnLooks, HaveRoomForTheHand) {
+  serveTheDay();
+  showColumn();
+  change([](BoardState& board) { board.files[0].due = 0; });
+  for (const bool working : {false, true}) {
+    change([&](BoardState& board) {
+      board.sync = jobOf(working ? "stuck" : "done", "sync");
+      board.users.resize(2);
+    });
+    for (const int width : {236, 260, 284}) {
+      resize({width, 700});
+      const auto areas = all("Pressable");
+      EXPECT_GE(areas.size(), 13) << width;
+      for (const QQuickItem* area : areas) {
+        const auto label = area->property("label").toString().toStdString();
+        EXPECT_GE(area->height(), 24) << label;
+        EXPECT_GE(area->width(), 24) << label;
+      }
+    }
+  }
+}
+
+TEST_F(ColumnLooks, AreEquallyHighInARow) {
+  serveTheDay();
+  showColumn();
+  const auto heights = [](const QList<QQuickItem*>& items) {
+    std::set<std::pair<double, double>> places;
+    for (const QQuickItem* item : items)
+      places.emplace(item->mapToScene({0, 0}).y(), item->height());
+    return places;
+  };
+  EXPECT_EQ(heights(seen(all("PeopleBar")[0], "Pressable")).size(), 1U);
+  EXPECT_EQ(seen(all("PeopleBar")[0], "Pressable").size(), 5);
+  EXPECT_EQ(heights({all("BigButton")[0], all("ClaudeLogButton")[0]}).size(), 1U);
+  EXPECT_EQ(all("BigButton")[0]->height(), 36);
+}
+
 TEST_F(ColumnLooks, OfTheBrand) {
   serveTheDay();
   showColumn();

@@ -119,6 +119,25 @@ TEST_F(RootViews, RaiseTheBannerWhileThePollsFail) {
   EXPECT_TRUE(icon->isVisible());
 }
 
+TEST_F(RootViews, SetTheBannersWordsOnOneLine) {
+  serveTheDay();
+  showMain({1'500, 940});
+  theme()->setReducedMotion(true);
+  store().problem.set(kOfflineText);
+  settle();
+  const QQuickItem* banner = itemOf("OfflineBanner");
+  const auto lineOf = [&](const QString& text) {
+    const QQuickItem* words = seenText(banner, text);
+    return words ? words->mapToScene({0, words->baselineOffset()}).y() : -1;
+  };
+  const double line = lineOf("What's here stays. It tries again on its own.");
+  EXPECT_GT(line, 0);
+  EXPECT_EQ(lineOf(kOfflineText), line);
+  const double height = banner->height();
+  resize({760, 540});
+  EXPECT_GT(banner->height(), height) << "below one another where there is no room";
+}
+
 TEST_F(RootViews, LeaveTheContentItsRoomUnderManyWordsOfTrouble) {
   serveTheDay();
   showMain({760, 540});
