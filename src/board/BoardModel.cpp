@@ -29,6 +29,19 @@ void BoardModel::update() {
   auto view = fileList(store_, showReviewed_, clock_.now(), calendar_);
   rows_.setRows(std::move(view.rows));
   if (head_.show(std::move(view.head))) emit headChanged();
+  follow();
+}
+
+// What the program selects comes into sight. What somebody presses in the list stays under the
+// hand, as does all of it while nothing else is selected.
+void BoardModel::follow() {
+  auto selection = store_.board() ? store_.selection() : std::set<std::string>{};
+  auto queue = store_.board() ? store_.effectiveQueue() : std::string{};
+  const bool isNew = selection != seen_ || queue != seenQueue_;
+  seen_ = std::move(selection);
+  seenQueue_ = std::move(queue);
+  if (!isNew) return;
+  if (const int row = chosenRow(); row >= 0) emit followed(row);
 }
 
 // Whether the board is fresh and who is here is asked anew at every change: the steady polling is
@@ -48,6 +61,7 @@ void BoardModel::select(const QString& id, bool command) {
   } else {
     store_.select({id.toStdString()});
   }
+  seen_ = store_.selection();
 }
 
 bool BoardModel::selectByKey(const QString& id, int key, int modifiers, bool repeats) {

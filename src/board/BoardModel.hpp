@@ -3,6 +3,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <set>
+#include <string>
 
 #include "board/file_list.hpp"
 #include "board/live_dot.hpp"
@@ -40,6 +42,9 @@ class BoardModel : public QObject {
   Q_INVOKABLE void select(const QString& id, bool command);
   // By the keys of a Command-click. False for any others, which nothing is done for.
   Q_INVOKABLE bool selectByKey(const QString& id, int key, int modifiers, bool repeats);
+  // See `rowFrom` and `chosenRow`.
+  Q_INVOKABLE int rowFrom(int row, int by) const { return vellix::rowFrom(rows_.rows(), row, by); }
+  Q_INVOKABLE int chosenRow() const { return vellix::chosenRow(rows_.rows()); }
   Q_INVOKABLE void setMineOnly(bool on);
   Q_INVOKABLE void setQueue(const QString& value);
   Q_INVOKABLE void toggleReviewed();
@@ -50,6 +55,8 @@ class BoardModel : public QObject {
   Q_INVOKABLE void togglePage(const QString& email);
 
  signals:
+  // The ticket of that row was selected, and by nobody who has pressed it here.
+  void followed(int row);
   void headChanged();
   void liveDotChanged();
   void syncCardChanged();
@@ -57,6 +64,7 @@ class BoardModel : public QObject {
 
  private:
   void update();
+  void follow();
   void updateColumn();
 
   Store& store_;
@@ -64,6 +72,8 @@ class BoardModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   bool showReviewed_;
+  std::set<std::string> seen_;  // the selection that the list has followed, and its queue
+  std::string seenQueue_;
   Shown<FileListHead> head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
   Shown<LiveDotView> liveDot_;

@@ -12,6 +12,9 @@ Item {
 
     signal toggled()
 
+    // None where it does not fold.
+    readonly property PressArea button: folds ? press : null
+
     implicitHeight: 34
 
     Label {
@@ -28,7 +31,10 @@ Item {
     }
 
     Pressable {
+        id: press
+
         visible: header.folds
+        activeFocusOnTab: false
         anchors.fill: parent
         anchors.topMargin: 4
         label: header.title

@@ -17,6 +17,11 @@ Rectangle {
 
     readonly property alias people: people
 
+    // The keyboard goes so many tickets on in the list.
+    function step(by: int) {
+        tickets.step(by);
+    }
+
     color: Theme.column
 
     Accessible.role: Accessible.Pane
@@ -53,6 +58,8 @@ Rectangle {
     }
 
     FileList {
+        id: tickets
+
         anchors.top: brand.bottom
         anchors.topMargin: Theme.gap8
         anchors.left: parent.left

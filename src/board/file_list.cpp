@@ -111,4 +111,24 @@ FileListView fileList(const Store& store, bool showReviewed, Moment now, const C
   return view;
 }
 
+int rowFrom(const std::vector<FileListRow>& rows, int from, int by) {
+  const int way = by < 0 ? -1 : 1;
+  const int count = static_cast<int>(rows.size());
+  int at = from;
+  for (int row = from + way; by != 0 && row >= 0 && row < count; row += way) {
+    const FileListRow& next = rows[static_cast<std::size_t>(row)];
+    if (next.header && !next.folds) continue;
+    at = row;
+    by -= way;
+  }
+  return at;
+}
+
+int chosenRow(const std::vector<FileListRow>& rows) {
+  const auto selected = [](const FileListRow& row) { return row.ticket.selected; };
+  const auto found = std::ranges::find_if(rows, selected);
+  if (found == rows.end() || std::any_of(found + 1, rows.end(), selected)) return -1;
+  return static_cast<int>(found - rows.begin());
+}
+
 }  // namespace vellix

@@ -54,4 +54,12 @@ struct FileListView {
 
 FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar);
 
+// The row that the keyboard comes to, so many on from that one or, below 0, back, as far as there
+// are any; -1 stands before all of them. It goes past headers that are no buttons. Where there is
+// none in that direction, `from` itself.
+int rowFrom(const std::vector<FileListRow>& rows, int from, int by);
+
+// The row of the one ticket that is selected; -1 where that is not in the list, or there are more.
+int chosenRow(const std::vector<FileListRow>& rows);
+
 }  // namespace vellix

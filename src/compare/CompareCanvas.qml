@@ -32,6 +32,10 @@ Rectangle {
     property point hand
     property bool shifting: false
 
+    KeyboardPart {
+        around: canvas
+    }
+
     // What the loupe hides of the stage.
     readonly property real covered: compare.loupe.open ? loupe.height + 2 * Theme.gap12 : 0
 

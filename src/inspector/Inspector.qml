@@ -82,6 +82,10 @@ Item {
         id: atSides
 
         around: sides
+    KeyboardPart {
+        around: panel
+    }
+
     }
 
     KeyboardHold {

@@ -1,5 +1,5 @@
-// Keeps the rows of a list in the order in which the eye and the Tab key go through them: a list
-// makes its rows in the order in which they come into view.
+// Keeps the rows of a list in the order in which the eye goes through them, for a screen reader and
+// for Tab: a list makes its rows in the order in which they come into view.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>

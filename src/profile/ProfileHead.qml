@@ -10,6 +10,8 @@ Item {
     required property profileHeadView person
     required property PictureSource pictures
 
+    readonly property alias title: name
+
     signal photoWanted()
 
     function takeKeyboard() {

@@ -22,6 +22,11 @@ FocusScope {
         head.takeKeyboard();
     }
 
+    KeyboardPart {
+        around: page
+        at: head.title
+    }
+
     Accessible.role: Accessible.Pane
     Accessible.name: person.name
 

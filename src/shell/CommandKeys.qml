@@ -5,12 +5,14 @@ import QtQuick
 import Vellix.Shell
 
 // The shortcuts of the commands, one each, whatever shows the menus: of all in the main window, in
-// another only of those that are to be had everywhere.
+// another only of those that are to be had everywhere. A menu bar of the system's own listens for
+// what stands in it.
 Item {
     id: keys
 
     required property CommandsModel commands
     property bool elsewhere: false
+    property bool systemMenus: false
 
     Instantiator {
         model: keys.commands.shortcuts.length
@@ -22,7 +24,8 @@ Item {
             sequences: command.sequences
             // A sheet that stands behind what covers the window would keep even the end from it.
             context: keys.commands.covered && !keys.elsewhere ? Qt.ApplicationShortcut : Qt.WindowShortcut
-            enabled: keys.enabled && command.enabled && (!keys.elsewhere || command.everywhere)
+            enabled: command.enabled && (!keys.elsewhere || command.everywhere)
+                     && !(keys.systemMenus && command.listed)
             autoRepeat: command.repeats
             onActivated: keys.commands.run(command.key)
         }

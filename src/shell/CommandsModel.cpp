@@ -28,6 +28,14 @@ void CommandsModel::run(const QString& key) {
     emit photoWanted();
   } else if (key == QLatin1String{"quit"}) {
     emit endWanted();
+  } else if (key == QLatin1String{"nextPart"}) {
+    emit partWanted(1);
+  } else if (key == QLatin1String{"previousPart"}) {
+    emit partWanted(-1);
+  } else if (key == QLatin1String{"nextTicket"}) {
+    emit ticketWanted(1);
+  } else if (key == QLatin1String{"previousTicket"}) {
+    emit ticketWanted(-1);
   } else {
     runCommand(store_, key.toStdString());
   }

@@ -37,6 +37,9 @@ class CommandsModel : public QObject {
   void shortcutsChanged();
   void coveredChanged();
   void settingsWanted();
+  // The keyboard is to go so many parts of the window on, or tickets of the list.
+  void partWanted(int by);
+  void ticketWanted(int by);
   void photoWanted();
   void endWanted();
 

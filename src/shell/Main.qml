@@ -113,8 +113,14 @@ Window {
     }
 
     CommandKeys {
-        enabled: !window.systemMenus
+        systemMenus: window.systemMenus
         commands: window.commands
+    }
+
+    KeyboardParts {
+        id: parts
+
+        within: view
     }
 
     UpdateCover {
@@ -153,6 +159,12 @@ Window {
 
         function onEndWanted() {
             window.close();
+        }
+        function onPartWanted(by: int) {
+            parts.step(by);
+        }
+        function onTicketWanted(by: int) {
+            view.column?.step(by);
         }
         function onPhotoWanted() {
             photoChooser.open();

@@ -44,6 +44,7 @@ FocusScope {
     readonly property bool atPerson: shown.content === "profile"
     // What somebody writes there is still there behind a person's page.
     readonly property string openFile: shown.content === "file" || atPerson ? shown.file : ""
+    property Sidebar column: null
     // The view of that ticket.
     property FileView ticket: null
     // The page of a person over it.
@@ -102,6 +103,7 @@ FocusScope {
                 log: view.log
                 pictures: view.pictures
                 onCommanded: key => view.commanded(key)
+                Component.onCompleted: view.column = sidebar
             }
 
             Hairline {

@@ -73,6 +73,14 @@ constexpr std::array kView{
     Command{"pageStrip", "Show the page strip", "", always, pageStrip},
 };
 
+// They stand in no menu.
+constexpr std::array kKeyboard{
+    Command{"nextPart", "", "F6", whileSignedIn},
+    Command{"previousPart", "", "Shift+F6", whileSignedIn},
+    Command{"nextTicket", "", "Alt+Down", whileSignedIn, nothing, "", true},
+    Command{"previousTicket", "", "Alt+Up", whileSignedIn, nothing, "", true},
+};
+
 std::string textOf(const Command& command, const Store& store) {
   const std::string_view key = command.key;
   if (key == "notes" && store.notesOpen()) return "Hide notes";
@@ -99,12 +107,13 @@ MenuView menu(const char* title, const std::array<Command, N>& commands, const S
 
 template <std::size_t N>
 void addShortcuts(std::vector<ShortcutView>& views, const std::array<Command, N>& commands,
-                  const Store& store, bool covered, bool everywhere = false) {
+                  const Store& store, bool covered, bool everywhere = false, bool listed = true) {
   for (const Command& command : commands) {
     ShortcutView view{.key = command.key,
                       .enabled = isToBeHad(command, store, covered),
                       .repeats = command.repeats,
-                      .everywhere = everywhere};
+                      .everywhere = everywhere,
+                      .listed = listed};
     for (const std::string sequence : {command.shortcut, command.also}) {
       if (!sequence.empty()) view.sequences.push_back(sequence);
     }
@@ -123,7 +132,8 @@ const Command* findIn(const std::array<Command, N>& commands, std::string_view k
 const Command* commandOf(std::string_view key) {
   if (const Command* found = findIn(kApplication, key)) return found;
   if (const Command* found = findIn(kReview, key)) return found;
-  return findIn(kView, key);
+  if (const Command* found = findIn(kView, key)) return found;
+  return findIn(kKeyboard, key);
 }
 
 }  // namespace
@@ -139,6 +149,7 @@ std::vector<ShortcutView> shortcuts(const Store& store, bool covered) {
   addShortcuts(views, kApplication, store, covered, true);
   addShortcuts(views, kReview, store, covered);
   addShortcuts(views, kView, store, covered);
+  addShortcuts(views, kKeyboard, store, covered, false, false);
   return views;
 }
 

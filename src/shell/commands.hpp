@@ -33,9 +33,10 @@ struct ShortcutView {
   bool enabled = true;
   bool repeats = false;     // held down, it goes on
   bool everywhere = false;  // also in a window that does not show what the others act on
+  bool listed = true;       // stands in a menu
   bool operator==(const ShortcutView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats, everywhere))
+BOOST_DESCRIBE_STRUCT(ShortcutView, (), (key, sequences, enabled, repeats, everywhere, listed))
 
 // While something stands in front of everything (`covered`), nothing but the end of the program is
 // to be had.
@@ -49,7 +50,8 @@ std::vector<ShortcutView> shortcuts(const Store& store, bool covered = false);
 bool isEnabled(const Store& store, std::string_view key, bool covered = false);
 
 // Carries out the command of that key. Nothing happens for one that is disabled, or is not the
-// Store's business (the choice of a photo, the settings window, the end of the program).
+// Store's business (the choice of a photo, the settings window, the end of the program, where the
+// keyboard goes).
 void runCommand(Store& store, std::string_view key);
 
 }  // namespace vellix

@@ -43,6 +43,11 @@ Item {
         name.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    KeyboardPart {
+        around: head
+        at: name
+    }
+
     implicitHeight: (card.visible ? card.y + card.height : told) + air
 
     FlowRow {

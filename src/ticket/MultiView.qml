@@ -10,6 +10,10 @@ Item {
     required property FileModel file
     required property ReportModel report
 
+    KeyboardPart {
+        around: multi
+    }
+
     ScrollArea {
         id: scroll
 

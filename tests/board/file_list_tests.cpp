@@ -176,5 +176,56 @@ TEST_F(FileList, MarksTheSelectedTickets) {
   EXPECT_TRUE(rows.at(3).ticket.selected);
 }
 
+// A header, two tickets, a header, a ticket, and a header that folds.
+std::vector<FileListRow> sixRows() {
+  std::vector<FileListRow> rows(6);
+  for (const std::size_t header : {0, 3, 5}) rows[header].header = true;
+  rows[5].folds = true;
+  return rows;
+}
+
+struct RowStep {
+  const char* name;
+  int from;
+  int by;
+  int to;
+};
+BOOST_DESCRIBE_STRUCT(RowStep, (), (name, from, by, to))
+
+class RowSteps : public testing::TestWithParam<RowStep> {};
+
+TEST_P(RowSteps, ComeToWhatIsPressed) {
+  EXPECT_EQ(rowFrom(sixRows(), GetParam().from, GetParam().by), GetParam().to);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, RowSteps,
+    testing::Values(RowStep{"OntoTheFirst", -1, 1, 1}, RowStep{"On", 1, 1, 2},
+                    RowStep{"PastAHeader", 2, 1, 4}, RowStep{"OntoAHeaderThatFolds", 4, 1, 5},
+                    RowStep{"Back", 2, -1, 1}, RowStep{"BackPastAHeader", 4, -1, 2},
+                    RowStep{"ByMore", 1, 2, 4}, RowStep{"BackByMore", 5, -3, 1},
+                    RowStep{"BeyondTheLast", 2, 90, 5}, RowStep{"BeforeTheFirst", 4, -90, 1},
+                    RowStep{"AtTheLast", 5, 1, 5}, RowStep{"AtTheFirst", 1, -1, 1},
+                    RowStep{"BackFromBeforeAll", -1, -1, -1},
+                    RowStep{"BackFromBehindAll", 6, -1, 5}, RowStep{"Nowhere", 4, 0, 4}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(RowSteps, AreNoneWithoutRows) { EXPECT_EQ(rowFrom({}, -1, 1), -1); }
+
+TEST_F(FileList, KnowTheRowOfTheOneTicketOnShow) {
+  show({ticketOf("a"), ticketOf("b"), ticketOf("c", "in_review"), ticketOf("d", "reviewed")});
+  const auto row = [this](std::set<std::string> selection, bool showReviewed = false) {
+    store().selection.set(std::move(selection));
+    return chosenRow(list(showReviewed).rows);
+  };
+  EXPECT_EQ(row({}), -1);
+  EXPECT_EQ(row({"b"}), 2);
+  EXPECT_EQ(row({"c"}), 4);
+  EXPECT_EQ(row({"d"}), -1) << "folded away";
+  EXPECT_EQ(row({"d"}, true), 6);
+  EXPECT_EQ(row({"elsewhere"}), -1);
+  EXPECT_EQ(row({"a", "b"}), -1);
+}
+
 }  // namespace
 }  // namespace vellix

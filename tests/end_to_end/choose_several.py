@@ -22,11 +22,11 @@ def choose_several(build):
         desk.service.take_time(400)
         first = wait_until("the first one", lambda: chosen(desk))[0]
         others = [name for name in names if name != first][:2]
-        desk.reader.tab_to(others[0], ROW)
+        desk.reader.go_to_ticket(others[0])
         desk.reader.key("ctrl+space")
         wait_for(desk, [first, others[0]])
         desk.reader.find(contains="2 files")
-        desk.reader.tab_to(others[1], ROW)
+        desk.reader.go_to_ticket(others[1])
         desk.reader.key("ctrl+Return")
         wait_for(desk, [first, *others])
         desk.reader.find(contains="3 files")

@@ -73,7 +73,7 @@ def open_and_close(build):
     with Desk(build) as desk:
         desk.reader.find("Tickets", roles=("list",))
         desk.service.take_time(400)
-        desk.reader.tab_to(row(desk).name, ("list item",))
+        desk.reader.go_to_ticket(row(desk).name)
         by_key(desk)
         by_menu(desk)
         in_a_hurry(desk)

@@ -216,6 +216,14 @@ class Reader:
             self.key(key)
         raise Trouble(f'no {key} came to "{name}"')
 
+    def go_to_ticket(self, name, most=80):
+        """Gives the keyboard to that row of the tickets, as a person does who has no mouse."""
+        self.key("alt+Down")
+        wait_until("the keyboard in the list", lambda: any(
+            self.has(row, STATE_FOCUSED) for row in self.rows("Tickets")))
+        self.key("Home")
+        self.tab_to(name, ("list item",), "alt+Down", most)
+
     def type(self, text, pause=1):
         """With so many milliseconds between two keys."""
         self.session.run("xdotool", "type", "--delay", str(pause), text)

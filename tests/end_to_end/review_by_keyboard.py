@@ -1,4 +1,4 @@
-"""A whole ticket is reviewed without a mouse: by Tab, the arrows, Return and the menu's keys."""
+"""A whole ticket is reviewed without a mouse: by Tab, F6, the arrows, Return and the menu's keys."""
 
 import sys
 
@@ -40,9 +40,24 @@ def review(build):
             return [each for each in findings() if each["state"] == "open"]
 
         reader.find(heading, roles=ROW)
-        reader.tab_to(heading, roles=ROW)
+        reader.go_to_ticket(heading)
         reader.key("Return")
         reader.find(heading, roles=("heading",))
+
+        # Round the window, by its header, the page and the panel.
+        def comes_to(name, roles):
+            wait_until(f'the keyboard at "{name}"', lambda: (node := keyed(reader)) is not None
+                       and node.name == name and node.role in roles)
+
+        comes_to(heading, ROW)
+        reader.key("F6")
+        comes_to(heading, ("heading",))
+        reader.key("F6", "F6")
+        comes_to("This page", ("page tab",))
+        reader.key("F6")
+        comes_to(heading, ROW)
+        reader.key("shift+F6")
+        comes_to("This page", ("page tab",))
 
         # The keyboard goes on from finding to finding, and from page to page.
         reader.find("Real issue", roles=BUTTON)

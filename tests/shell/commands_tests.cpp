@@ -71,7 +71,7 @@ TEST_F(Commands, StandInTheirMenusInOrder) {
 
 std::string lineOf(const ShortcutView& one) {
   std::string line = one.key + (one.enabled ? "" : " (off)") + (one.repeats ? " (repeats)" : "") +
-                     (one.everywhere ? " (everywhere)" : "");
+                     (one.everywhere ? " (everywhere)" : "") + (one.listed ? "" : " (unlisted)");
   for (const auto& sequence : one.sequences) line += " " + sequence;
   return line;
 }
@@ -84,12 +84,18 @@ TEST_F(SignedOutCommands, HaveTheirShortcuts) {
                 "settings (everywhere) Ctrl+,", "quit (everywhere) Ctrl+Q",
                 "sync (off) Ctrl+Shift+S", "refresh (off) Ctrl+R", "report (off) Ctrl+Shift+P",
                 "markReviewed (off) Ctrl+D", "activity Ctrl+Y", "zoomIn (repeats) Ctrl+= Ctrl++",
-                "zoomOut (repeats) Ctrl+-", "fitPage Ctrl+0", "notes Ctrl+Alt+I"}));
+                "zoomOut (repeats) Ctrl+-", "fitPage Ctrl+0", "notes Ctrl+Alt+I",
+                "nextPart (off) (unlisted) F6", "previousPart (off) (unlisted) Shift+F6",
+                "nextTicket (off) (repeats) (unlisted) Alt+Down",
+                "previousTicket (off) (repeats) (unlisted) Alt+Up"}));
 }
 
 TEST_F(Commands, HaveTheirShortcutsWhileTheyAreOffered) {
   serveOne();
-  for (const auto& one : shortcuts(store())) EXPECT_EQ(one.enabled, enabled(one.key)) << one.key;
+  for (const auto& one : shortcuts(store())) {
+    EXPECT_EQ(one.enabled, isEnabled(store(), one.key)) << one.key;
+    EXPECT_TRUE(!one.listed || one.enabled == enabled(one.key)) << one.key;
+  }
 }
 
 TEST_F(SignedOutCommands, OffersOnlyWhatNeedsNoSession) {

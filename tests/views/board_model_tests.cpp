@@ -278,5 +278,99 @@ INSTANTIATE_TEST_SUITE_P(
                     RowKey{"AnotherKey", Qt::Key_A, Qt::ControlModifier, false, false, false}),
     [](const auto& each) { return each.param.name; });
 
+// The rows that come into sight, one after the other.
+class FollowedRows : public BoardModels {
+ protected:
+  FollowedRows() {
+    serve({"a", "b", "c"});
+    spy_.emplace(&model(), &BoardModel::followed);
+  }
+  void serve(const std::vector<std::string>& ids) {
+    BoardState board = boardOf({});
+    for (const auto& id : ids) board.files.push_back(ticketOf(id));
+    board.files.push_back(ticketOf("d", "reviewed"));
+    board.files.push_back(ticketOf("r"));
+    board.files.back().track = "reprint";
+    serveBoard(board, "\"" + std::to_string(++tag_) + "\"");
+    poll();
+  }
+  // Since the last time.
+  std::vector<int> rows() {
+    desk.time.run();
+    std::vector<int> rows;
+    for (const auto& told : std::exchange(*static_cast<QList<QList<QVariant>>*>(&*spy_), {})) {
+      rows.push_back(told[0].toInt());
+    }
+    return rows;
+  }
+  using Rows = std::vector<int>;
+
+ private:
+  std::optional<QSignalSpy> spy_;
+  int tag_ = 0;
+};
+
+TEST_F(FollowedRows, AreThoseThatTheProgramSelects) {
+  store().select({"c"});
+  EXPECT_EQ(rows(), Rows{3});
+  store().select({"c"});
+  EXPECT_EQ(rows(), Rows{}) << "it is selected";
+  store().select({"a", "b"});
+  EXPECT_EQ(rows(), Rows{}) << "two of them";
+  store().select({"d"});
+  EXPECT_EQ(rows(), Rows{}) << "folded away";
+  model().toggleReviewed();
+  EXPECT_EQ(rows(), Rows{}) << "the group's header stays under the hand";
+}
+
+TEST_F(FollowedRows, AreNotThoseThatArePressed) {
+  model().select("c", false);
+  EXPECT_EQ(rows(), Rows{});
+  model().select("b", true);
+  model().select("c", true);
+  EXPECT_EQ(rows(), Rows{});
+  store().setMineOnly(true);
+  EXPECT_EQ(rows(), Rows{});
+  store().setMineOnly(false);
+  EXPECT_EQ(rows(), Rows{});
+}
+
+TEST_F(FollowedRows, AreThoseThatFollowOnAReviewedOne) {
+  store().select({"b"});
+  EXPECT_EQ(rows(), Rows{2});
+  store().setStatus(*store().currentFile(), "reviewed");
+  EXPECT_EQ(rows(), Rows{1});
+  model().select("c", false);
+  store().setStatus(*store().currentFile(), "reviewed");
+  EXPECT_EQ(rows(), Rows{1}) << "pressed before, and followed on by the program";
+}
+
+TEST_F(FollowedRows, AreThoseOfAnotherQueue) {
+  store().setQueue("reprint");
+  EXPECT_EQ(rows(), Rows{1});
+  store().select({"b"});
+  EXPECT_EQ(rows(), Rows{}) << "it is in the other queue";
+  store().setQueue("new_title");
+  EXPECT_EQ(rows(), Rows{2});
+}
+
+TEST_F(FollowedRows, StayWhereAPollPutsThem) {
+  store().select({"c"});
+  EXPECT_EQ(rows(), Rows{3});
+  serve({"x", "a", "b", "c"});
+  serve({"c", "a"});
+  EXPECT_EQ(rows(), Rows{});
+}
+
+TEST_F(FollowedRows, ComeAgainWithTheBoardOfTheNextSession) {
+  store().select({"c"});
+  EXPECT_EQ(rows(), Rows{3});
+  const auto board = store().board();
+  store().board.set(std::nullopt);
+  EXPECT_EQ(rows(), Rows{});
+  store().board.set(board);
+  EXPECT_EQ(rows(), Rows{3});
+}
+
 }  // namespace
 }  // namespace vellix

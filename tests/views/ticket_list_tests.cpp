@@ -2,6 +2,7 @@
 #include <QQuickItem>
 #include <QTest>
 
+#include "views/sights.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -61,6 +62,27 @@ class TicketLists : public ViewTest {
   void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(window(), key, modifiers);
     settle();
+  }
+  // As the program's commands do.
+  void step(int by) {
+    QQuickItem* files = seen(window()->contentItem(), "FileList").value(0);
+    QMetaObject::invokeMethod(files, "step", Q_ARG(int, by));
+    settle();
+  }
+  void tabIn() {
+    for (int tab = 0; tab < 5; ++tab) key(Qt::Key_Tab);
+  }
+  bool ringed() { return window()->activeFocusItem()->property("visualFocus").toBool(); }
+  static int numberOf(const QString& title) { return title.mid(6).toInt(); }
+  bool comesTo(const QString& name) {
+    return QTest::qWaitFor([&] {
+      settle();
+      return focused() == name;
+    });
+  }
+  // How far the list has been scrolled from its top.
+  double contentY() {
+    return list()->property("contentY").toDouble() - list()->property("originY").toDouble();
   }
   void focusOn(int number) {
     auto* row = reader().find(title(number), QAccessible::ListItem);
@@ -160,34 +182,171 @@ TEST_F(TicketLists, GoThroughTheColumnByTabAsTheEyeDoes) {
   showTickets(3);
   reader().find("Up to date", QAccessible::Button);
   QStringList order;
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < 6; ++i) {
     key(Qt::Key_Tab);
     order.append(focused());
   }
-  EXPECT_EQ(order, (QStringList{"Up to date", "New titles", "Reprints", "Only mine", "Title 0",
-                                "Title 1", "Title 2"}));
+  EXPECT_EQ(order,
+            (QStringList{"Up to date", "New titles", "Reprints", "Only mine", "Title 0", "Sync"}))
+      << "the list is one stop";
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(focused(), "Title 0");
+  EXPECT_TRUE(ringed());
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(focused(), "Only mine");
+}
+
+TEST_F(TicketLists, AreComeToAtTheTicketOnShow) {
+  showTickets(300);
+  store().select({"t200"});
+  settle();
+  place(200);
+  scrollTo(0);
+  tabIn();
+  EXPECT_EQ(focused(), title(200));
+  EXPECT_TRUE(inView(200) && inView(199) && inView(201));
+  key(Qt::Key_Home);
   key(Qt::Key_Tab);
   EXPECT_EQ(focused(), "Sync");
   key(Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_EQ(focused(), "Title 2");
+  EXPECT_EQ(focused(), title(200));
+  store().select({"elsewhere"});
+  key(Qt::Key_Tab);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(focused(), title(0));
 }
 
-TEST_F(TicketLists, GoDownByTabAndBringTheRowIntoView) {
+TEST_F(TicketLists, GoFromRowToRowAndBringThemIntoView) {
   showTickets(300);
   focusOn(0);
   for (int number = 1; number < 30; ++number) {
-    key(Qt::Key_Tab);
+    step(1);
     ASSERT_EQ(focused(), title(number));
-    EXPECT_TRUE(inView(number)) << number;
+    EXPECT_TRUE(ringed() && inView(number) && inView(number + 1)) << number;
   }
   for (int number = 28; number >= 0; --number) {
-    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    step(-1);
     ASSERT_EQ(focused(), title(number));
-    EXPECT_TRUE(inView(number)) << number;
+    EXPECT_TRUE(ringed() && inView(number)) << number;
+  }
+  step(-1);
+  EXPECT_EQ(focused(), title(0));
+  EXPECT_EQ(contentY(), 0) << "with the group's header";
+}
+
+TEST_F(TicketLists, GoByScreenfulsAndToTheirEnds) {
+  showTickets(5'000);
+  focusOn(0);
+  key(Qt::Key_PageDown);
+  const int first = numberOf(focused());
+  EXPECT_GT(first, 4);
+  EXPECT_LT(first, 12);
+  EXPECT_TRUE(ringed() && inView(first));
+  key(Qt::Key_PageDown);
+  EXPECT_NEAR(numberOf(focused()), 2 * first, 2);
+  key(Qt::Key_PageUp);
+  EXPECT_NEAR(numberOf(focused()), first, 2);
+  key(Qt::Key_End);
+  EXPECT_EQ(focused(), title(4'999));
+  EXPECT_TRUE(ringed() && inView(4'999) && inView(4'998));
+  step(1);
+  key(Qt::Key_PageDown);
+  EXPECT_EQ(focused(), title(4'999));
+  key(Qt::Key_End, Qt::ShiftModifier);
+  key(Qt::Key_Home, Qt::AltModifier);
+  EXPECT_EQ(focused(), title(4'999)) << "meant without other keys";
+  key(Qt::Key_Home);
+  EXPECT_EQ(focused(), title(0));
+  EXPECT_TRUE(ringed() && inView(0));
+  EXPECT_LT(list()->property("contentItem").value<QQuickItem*>()->childItems().size(), 60);
+}
+
+TEST_F(TicketLists, GoPastAHeaderAndOntoOneThatFolds) {
+  showTickets(3);
+  board().files[1].status = "in_review";
+  board().files[2].status = "reviewed";
+  serve();
+  place(0);
+  focusOn(0);
+  step(1);
+  EXPECT_EQ(focused(), title(1));
+  step(1);
+  EXPECT_EQ(focused(), "Reviewed");
+  EXPECT_TRUE(ringed());
+  key(Qt::Key_Return);
+  place(2);
+  EXPECT_EQ(focused(), "Reviewed");
+  step(1);
+  EXPECT_EQ(focused(), title(2));
+}
+
+TEST_F(TicketLists, KeepTheKeyboardOnARowThatIsScrolledAway) {
+  showTickets(300);
+  focusOn(3);
+  scrollTo(200 * 60);
+  EXPECT_EQ(focused(), title(3));
+  step(1);
+  EXPECT_EQ(focused(), title(4));
+  EXPECT_TRUE(inView(4));
+}
+
+TEST_F(TicketLists, HandTheKeyboardOnFromARowThatGoes) {
+  showTickets(9);
+  store().select({"t2"});
+  settle();
+  focusOn(5);
+  board().files.erase(board().files.begin() + 5);
+  serve();
+  EXPECT_TRUE(comesTo(title(6))) << "it stands in its place";
+  EXPECT_TRUE(ringed());
+  board().files.pop_back();
+  board().files.pop_back();
+  board().files.pop_back();
+  serve();
+  EXPECT_TRUE(comesTo(title(4))) << "the last there is";
+  focusOn(2);
+  store().setStatus(*store().currentFile(), "reviewed");
+  EXPECT_TRUE(comesTo(title(0))) << "the ticket that follows";
+  EXPECT_TRUE(ringed());
+  EXPECT_EQ(store().selection(), std::set<std::string>{"t0"});
+}
+
+TEST_F(TicketLists, KeepTheRowThatAScreenReaderGoesTo) {
+  showTickets(9);
+  store().select({"t2"});
+  settle();
+  auto* row = reader().find(title(6), QAccessible::ListItem);
+  ASSERT_TRUE(row && row->state().focusable);
+  row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  place(6);
+  EXPECT_EQ(focused(), title(6));
+  step(1);
+  EXPECT_EQ(focused(), title(7));
+  for (const QString& name : reader().names(QAccessible::ListItem)) {
+    EXPECT_TRUE(reader().find(name, QAccessible::ListItem)->state().focusable);
   }
 }
 
-TEST_F(TicketLists, KeepTheTabOrderWhenTicketsMove) {
+TEST_F(TicketLists, RememberTheRowWhileAnotherWindowIsInFront) {
+  showTickets(9);
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  focusOn(6);
+  QQuickWindow other;
+  other.show();
+  other.requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  settle();
+  window()->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  settle();
+  EXPECT_EQ(focused(), title(6));
+  EXPECT_TRUE(ringed());
+  step(1);
+  EXPECT_EQ(focused(), title(7));
+}
+
+TEST_F(TicketLists, KeepTheOrderWhenTicketsMove) {
   showTickets(6);
   board().files[4].due = kFirstDue - 1;
   board().files.push_back(early(900));
@@ -196,10 +355,11 @@ TEST_F(TicketLists, KeepTheTabOrderWhenTicketsMove) {
   focusOn(4);
   QStringList order{focused()};
   for (int i = 0; i < 3; ++i) {
-    key(Qt::Key_Tab);
+    step(1);
     order.append(focused());
   }
   EXPECT_EQ(order, (QStringList{title(4), title(0), title(1), title(2)}));
+  EXPECT_EQ(reader().names(QAccessible::ListItem).mid(1, 4), order);
 }
 
 TEST_F(TicketLists, PressTheFocusedRowBySpaceAndReturn) {
@@ -240,12 +400,12 @@ TEST_F(TicketLists, TakeNoArrowKeysOfTheirOwn) {
   showTickets(300);
   focusOn(2);
   const QVariant before = list()->property("contentY");
-  for (const Qt::Key arrow :
-       {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left, Qt::Key_PageDown, Qt::Key_End}) {
-    key(arrow);
-    EXPECT_EQ(focused(), title(2));
-    EXPECT_EQ(list()->property("contentY"), before);
-    EXPECT_EQ(list()->property("currentIndex").toInt(), -1);
+  for (const Qt::Key arrow : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left}) {
+    for (const Qt::KeyboardModifier held : {Qt::NoModifier, Qt::ShiftModifier, Qt::AltModifier}) {
+      key(arrow, held);
+      EXPECT_EQ(focused(), title(2));
+      EXPECT_EQ(list()->property("contentY"), before);
+    }
   }
 }
 
@@ -257,6 +417,125 @@ TEST_F(TicketLists, StayBlankOverTicketsOfNoGroup) {
   EXPECT_TRUE(reader().names(QAccessible::ListItem).isEmpty());
   EXPECT_FALSE(reader().find("Nothing to review.", QAccessible::StaticText));
   EXPECT_FALSE(reader().find("No new titles here.", QAccessible::StaticText));
+}
+
+class TicketListPlaces : public TicketLists {
+ protected:
+  double height() { return list()->height(); }
+  double end() { return list()->property("contentHeight").toDouble() + 16 - height(); }
+  void stand() {
+    ASSERT_TRUE(QTest::qWaitFor([this] {
+      const double before = contentY();
+      QTest::qWait(50);
+      settle();
+      return contentY() == before;
+    }));
+  }
+};
+
+TEST_F(TicketListPlaces, KeepTheirMarginAtTheEnd) {
+  showTickets(30);
+  focusOn(0);
+  key(Qt::Key_End);
+  EXPECT_EQ(contentY(), end());
+  scrollTo(list()->property("contentY").toDouble() - 16);
+  step(-1);
+  EXPECT_EQ(contentY(), end()) << "beside the last";
+  key(Qt::Key_Home);
+  EXPECT_EQ(contentY(), 0);
+}
+
+TEST_F(TicketListPlaces, GlideToWhatTheProgramSelects) {
+  showTickets(300);
+  QTest::qWait(200);
+  settle();
+  store().select({"t10"});
+  settle();
+  const double first = contentY();
+  EXPECT_FALSE(inView(10)) << "on its way";
+  stand();
+  EXPECT_GT(contentY(), first);
+  EXPECT_TRUE(inView(9) && inView(10) && inView(11));
+  const double near = contentY();
+  store().select({"t9"});
+  stand();
+  EXPECT_EQ(contentY(), near) << "it is in sight with its neighbours";
+  store().select({"t250"});
+  settle();
+  EXPECT_GT(contentY(), 100 * 60) << "from afar the last of the way alone";
+  stand();
+  EXPECT_TRUE(inView(249) && inView(250) && inView(251));
+  EXPECT_LT(list()->property("contentItem").value<QQuickItem*>()->childItems().size(), 60);
+  store().select({"t0"});
+  stand();
+  EXPECT_EQ(contentY(), 0);
+}
+
+TEST_F(TicketListPlaces, JumpWhereMotionIsReduced) {
+  showTickets(300);
+  QTest::qWait(200);
+  theme()->setReducedMotion(true);
+  store().select({"t250"});
+  settle();
+  EXPECT_TRUE(inView(249) && inView(250) && inView(251));
+}
+
+TEST_F(TicketListPlaces, BeginAtTheTicketOnShow) {
+  BoardState all = boardOf({});
+  for (int i = 0; i < 300; ++i) all.files.push_back(numbered(i));
+  store().board.set(all);
+  store().select({"t150"});
+  desk.time.run();
+  showTickets(300);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return contentY() > 0; }));
+  settle();
+  EXPECT_TRUE(inView(149) && inView(150) && inView(151));
+}
+
+TEST_F(TicketListPlaces, LeaveARowThatIsPressedWhereItIs) {
+  showTickets(300);
+  QTest::qWait(200);
+  scrollTo(100 * 60 + 20);
+  const QStringList names = reader().names(QAccessible::ListItem);
+  for (const QString& name : {names.first(), names[names.size() / 2], names.last()}) {
+    const double before = contentY();
+    ASSERT_TRUE(press(name, QAccessible::ListItem));
+    stand();
+    EXPECT_EQ(contentY(), before) << name.toStdString();
+    EXPECT_EQ(store().selection(), std::set<std::string>{"t" + std::to_string(numberOf(name))});
+  }
+}
+
+TEST_F(TicketListPlaces, FollowFromTicketToTicketAsTheyAreReviewed) {
+  showTickets(40);
+  QTest::qWait(200);
+  store().select({"t30"});
+  stand();
+  ASSERT_TRUE(inView(30));
+  store().setStatus(*store().currentFile(), "reviewed");
+  stand();
+  EXPECT_EQ(store().selection(), std::set<std::string>{"t0"});
+  EXPECT_TRUE(inView(0));
+  EXPECT_EQ(contentY(), 0);
+}
+
+TEST_F(TicketListPlaces, DrawALineOverThemOnlyWhileTheyAreScrolled) {
+  showTickets(300);
+  theme()->setReducedMotion(true);
+  const auto lines = [this] {
+    const auto found = seen(seen(window()->contentItem(), "FileList").value(0), "Hairline");
+    QList<double> tops;
+    for (const QQuickItem* line : found) {
+      tops.append(line->y() - list()->y());
+    }
+    return tops;
+  };
+  EXPECT_EQ(lines(), QList<double>{});
+  scrollTo(30);
+  EXPECT_EQ(lines(), QList<double>{0});
+  QMetaObject::invokeMethod(list(), "positionViewAtBeginning");
+  settle();
+  EXPECT_EQ(lines(), QList<double>{});
 }
 
 }  // namespace
