@@ -8,10 +8,7 @@ Pressable {
 
     required property boxMarkView mark
     required property rect place
-    // The pointer is on what else stands for the finding.
-    property bool pointed: false
-
-    readonly property string finding: mark.finding
+    property CompareModel compare: null
 
     x: place.x
     y: place.y
@@ -28,6 +25,14 @@ Pressable {
     Accessible.checked: mark.selected
     Accessible.onToggleAction: box.click()
 
+    PointedFinding {
+        id: pointer
+
+        compare: box.compare
+        finding: box.mark.finding
+        under: box.hovered
+    }
+
     HoverHandler {
         cursorShape: Qt.PointingHandCursor
     }
@@ -35,7 +40,7 @@ Pressable {
     MarkFrame {
         anchors.fill: parent
         color: Theme.onPaper[box.mark.colour]
-        line: box.mark.selected || box.hovered || box.pointed ? 2.4 : 1.6
+        line: box.mark.selected || box.hovered || pointer.pointed ? 2.4 : 1.6
         dash: ({ solid: 0, dashed: 4, dotted: 1.6 })[box.mark.line]
         fill: box.mark.selected ? 0.1 : 0
     }

@@ -62,10 +62,8 @@ Item {
 
                     mark: value
                     place: marks.compare.boxMark(mark.box, marks.picture)
-                    pointed: marks.compare.pointed === finding
-                    onHoveredChanged: marks.compare.point(finding, hovered)
-                    Component.onDestruction: if (hovered) marks.compare.point(finding, false)
-                    onClicked: marks.compare.pressBox(finding)
+                    compare: marks.compare
+                    onClicked: marks.compare.pressBox(mark.finding)
                     onVisualFocusChanged: {
                         if (visualFocus)
                             marks.sought(this);

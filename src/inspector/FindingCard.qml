@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Vellix.Compare
 import Vellix.Inspector
 import Vellix.Notes
 import Vellix.Pictures
@@ -35,8 +36,9 @@ Item {
     required property NotesModel noteActions
     required property PictureSource pictures
 
-    // The pointer is on its mark.
-    property bool pointed: false
+    // Where its marks are.
+    property CompareModel compare: null
+
     property bool expanded: false
     // It stands as it came: what changes from now on may be seen to.
     property bool settled: false
@@ -115,6 +117,14 @@ Item {
         }
     }
 
+    PointedFinding {
+        id: pointer
+
+        compare: card.compare
+        finding: card.id
+        under: card.hovered
+    }
+
     KeyboardHold {
         id: hold
 
@@ -132,7 +142,7 @@ Item {
 
             visible: card.folded
             width: parent.width
-            pointed: card.pointed
+            pointed: pointer.pointed
             icon: card.foldedIcon
             iconColor: Theme.strong[card.foldedTone]
             waits: card.busy
@@ -171,7 +181,7 @@ Item {
                     anchors.fill: parent
                     radius: parent.radius
                     color: Theme.hoverFill
-                    opacity: open.hovered || card.pointed ? 1 : 0
+                    opacity: pointer.pointed || open.hovered ? 1 : 0
 
                     Behavior on opacity {
                         NumberAnimation { duration: Theme.hover }

@@ -1,5 +1,6 @@
 import QtQuick
 import Vellix.Approval
+import Vellix.Compare
 import Vellix.Inspector
 import Vellix.Notes
 import Vellix.Pictures
@@ -14,17 +15,14 @@ Item {
     required property NotesModel notes
     required property HistoryModel history
     required property PictureSource pictures
-    // The finding under the pointer, here or on the page.
-    property string pointed: ""
+    // The page beside it, with the marks of the findings.
+    property CompareModel compare: null
 
     readonly property findingsHead head: inspector.head
     // Another page's findings begin at their top.
     readonly property string place: head.file + " " + head.title
 
     readonly property bool tells: inspector.tab === "history"
-
-    // The pointer came to a finding's card, or left it.
-    signal pointing(string id, bool on)
 
     // From a card that was decided by key the keyboard goes on.
     function goOn(card: FindingCard, way: keyboardWay) {
@@ -82,10 +80,10 @@ Item {
         id: atSides
 
         around: sides
-    KeyboardPart {
-        around: panel
     }
 
+    KeyboardPart {
+        around: panel
     }
 
     KeyboardHold {
@@ -215,9 +213,7 @@ Item {
                     width: content.width
                     noteActions: panel.notes
                     pictures: panel.pictures
-                    pointed: panel.pointed === id
-                    onHoveredChanged: panel.pointing(id, hovered)
-                    Component.onDestruction: if (hovered) panel.pointing(id, false)
+                    compare: panel.compare
                     onRealIssue: panel.goOn(this, panel.inspector.realIssue(id))
                     onMarkFine: panel.goOn(this, panel.inspector.fine(id))
                     onNoted: panel.inspector.note(id)
@@ -233,8 +229,7 @@ Item {
                 inspector: panel.inspector
                 noteActions: panel.notes
                 pictures: panel.pictures
-                pointed: panel.pointed
-                onPointing: (id, on) => panel.pointing(id, on)
+                compare: panel.compare
                 onPicked: card => panel.chosen(card)
             }
 

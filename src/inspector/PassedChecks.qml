@@ -1,4 +1,5 @@
 import QtQuick
+import Vellix.Compare
 import Vellix.Inspector
 import Vellix.Notes
 import Vellix.Pictures
@@ -11,12 +12,10 @@ Column {
     required property InspectorModel inspector
     required property NotesModel noteActions
     required property PictureSource pictures
-    property string pointed: ""
+    property CompareModel compare: null
 
     property bool showExpected: false
 
-    // The pointer came to a finding's card, or left it.
-    signal pointing(string id, bool on)
     // A card is in front now.
     signal picked(FindingCard card)
 
@@ -64,9 +63,7 @@ Column {
                     width: list.width
                     noteActions: checks.noteActions
                     pictures: checks.pictures
-                    pointed: checks.pointed === id
-                    onHoveredChanged: checks.pointing(id, hovered)
-                    Component.onDestruction: if (hovered) checks.pointing(id, false)
+                    compare: checks.compare
                     onChosen: checks.inspector.press(id)
                     onSelectedChanged: if (selected) checks.picked(this)
                     onStepped: by => (cards.itemAt(index + by) as FindingCard)?.takeKeyboard("")

@@ -244,8 +244,7 @@ FocusScope {
             notes: view.notes
             history: view.history
             pictures: view.pictures
-            pointed: view.compare.pointed
-            onPointing: (id, on) => view.compare.point(id, on)
+            compare: view.compare
         }
     }
 

@@ -34,11 +34,14 @@ class PanelHover : public NotesViewTest {
     }
     return nullptr;
   }
+  static QString findingOfMark(const QQuickItem* mark) {
+    return mark->property("mark").toMap()["finding"].toString();
+  }
   // The lines of all marks on the page, by their findings.
   std::map<QString, QList<double>> lines() {
     std::map<QString, QList<double>> all;
     for (const QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-      all[each->property("finding").toString()].append(
+      all[findingOfMark(each)].append(
           seen(each, "MarkFrame").constFirst()->property("line").toDouble());
     }
     return all;
@@ -87,7 +90,7 @@ TEST_F(PanelHover, ShowsTheCardOfAMark) {
   const QImage before = look(card("f2"));
   QQuickItem* mark = nullptr;
   for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-    if (each->property("finding").toString() == "f2") mark = each;
+    if (findingOfMark(each) == "f2") mark = each;
   }
   ASSERT_TRUE(mark);
   point(mark);
@@ -103,7 +106,7 @@ TEST_F(PanelHover, GoesFromOneToTheOther) {
   point(card("f2"));
   EXPECT_EQ(lit(), QStringList{"f2"});
   for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-    if (each->property("finding").toString() == "f2") point(each);
+    if (findingOfMark(each) == "f2") point(each);
   }
   EXPECT_EQ(lit(), QStringList{"f2"}) << "from its card straight to its mark";
   point(card("f2"));
@@ -134,17 +137,17 @@ TEST_F(PanelHover, EndsWithWhatWasPointedAt) {
   const auto removed = detail.findings.front();
   detail.findings.erase(detail.findings.begin());
   put();
-  EXPECT_NE(compare->pointed(), "f1") << "by a poll";
+  EXPECT_TRUE(comes([&] { return compare->pointed() != "f1"; })) << "by a poll";
   detail.findings.insert(detail.findings.begin(), removed);
   put();
   point(card("f1"));
   store().goToPage("t1", 1);
   settle();
-  EXPECT_NE(compare->pointed(), "f1") << "with its page";
+  EXPECT_TRUE(comes([&] { return compare->pointed() != "f1"; })) << "with its page";
   leave();
   store().goToPage("t1", 0);
   settle();
-  EXPECT_EQ(compare->pointed(), "");
+  EXPECT_TRUE(comes([&] { return compare->pointed() == ""; }));
   point(card("f1"));
   store().prefs.showNotes.set(false);
   ASSERT_TRUE(comes([&] { return compare->pointed() == ""; })) << "with the panel";
