@@ -131,7 +131,7 @@ Item {
             width: height
             height: ends.height
             symbol: "gearshape"
-            help: "Settings (⌘,)"
+            help: Theme.keys("Settings (⌘,)")
             onClicked: bar.commanded("settings")
         }
 

@@ -18,7 +18,7 @@ Item {
         title: "Sync"
         icon: "arrow.triangle.2.circlepath"
         busy: card.shown.busy
-        help: "Check supplier mail for new proofs, file them to Drive and run the checks (⇧⌘S)"
+        help: Theme.keys("Check supplier mail for new proofs, file them to Drive and run the checks (⇧⌘S)")
         onAction: card.board.requestSync()
     }
 

@@ -1,5 +1,6 @@
 #include "board/live_dot.hpp"
 
+#include "pieces/written_keys.hpp"
 #include "records/friendly_time.hpp"
 
 namespace vellix {
@@ -23,7 +24,7 @@ LiveDotView stateOf(const Store& store, Moment now, const Calendar& calendar) {
 
 LiveDotView liveDot(const Store& store, Moment now, const Calendar& calendar) {
   LiveDotView view = stateOf(store, now, calendar);
-  view.help = store.problem().value_or("Refresh (⌘R)");
+  view.help = store.problem().value_or(writtenKeys("Refresh (⌘R)"));
   return view;
 }
 

@@ -22,7 +22,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "minus.magnifyingglass"
         onEnabledChanged: over.hand(less, more)
-        help: "Zoom out (⌘−)"
+        help: Theme.keys("Zoom out (⌘−)")
         enabled: tools.view.canZoomOut
         onClicked: tools.compare.zoomOut()
     }
@@ -31,7 +31,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         width: tools.reach
         label: help
-        help: "Zoom (⌘+ and ⌘−, ⌘0 to fit, or pinch)"
+        help: Theme.keys("Zoom (⌘+ and ⌘−, ⌘0 to fit, or pinch)")
         from: 1
         to: 4
         level: tools.view.zoom
@@ -44,7 +44,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "plus.magnifyingglass"
         onEnabledChanged: over.hand(more, less)
-        help: "Zoom in (⌘+)"
+        help: Theme.keys("Zoom in (⌘+)")
         enabled: tools.view.canZoomIn
         onClicked: tools.compare.zoomIn()
     }
@@ -54,7 +54,7 @@ Row {
         implicitWidth: 38
         implicitHeight: 26
         label: tools.view.percent
-        help: "Fit (⌘0)"
+        help: Theme.keys("Fit (⌘0)")
         onClicked: tools.compare.fit()
 
         Digits {

@@ -107,7 +107,7 @@ Writing {
             anchors.verticalCenter: send.verticalCenter
             size: Theme.small
             color: Theme.faint
-            text: "⌘↩ to post"
+            text: Theme.keys("⌘↩ to post")
         }
 
         Pill {

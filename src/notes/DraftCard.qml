@@ -226,7 +226,7 @@ Writing {
         anchors.verticalCenter: send.verticalCenter
         size: Theme.small
         color: Theme.muted
-        text: "⌘↩ to post · Esc to cancel"
+        text: Theme.keys("⌘↩ to post · Esc to cancel")
     }
 
     Pill {

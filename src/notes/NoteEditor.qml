@@ -58,7 +58,7 @@ Writing {
             filled: true
             color: Theme.accent
             enabled: editor.canSave
-            help: "Save (⌘↩)"
+            help: Theme.keys("Save (⌘↩)")
             onClicked: editor.save(visualFocus)
         }
     }

@@ -8,6 +8,8 @@
 #include <QStyleHints>
 #include <cmath>
 
+#include "pieces/written_keys.hpp"
+
 namespace vellix {
 namespace {
 
@@ -108,6 +110,10 @@ QColor Theme::underWhite(const QColor& colour) {
     return static_cast<int>(255 * channelOf(part * kMost / light));
   };
   return {dimmed(red), dimmed(green), dimmed(blue)};
+}
+
+QString Theme::keys(const QString& words) {
+  return QString::fromStdString(writtenKeys(words.toStdString()));
 }
 
 }  // namespace vellix

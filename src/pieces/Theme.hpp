@@ -139,6 +139,8 @@ class Theme : public QObject {
   qreal pointsPerPixel() const;
   // The nearest shade of a colour that white words can be read on.
   Q_INVOKABLE static QColor underWhite(const QColor& colour);
+  // Words that name keys, as the platform writes these.
+  Q_INVOKABLE static QString keys(const QString& words);
   int hover() const { return reducedMotion_ ? 0 : 120; }
   int standard() const { return reducedMotion_ ? 0 : 320; }
   QVariantList curve() const { return {0.2, 0.8, 0.2, 1.0, 1.0, 1.0}; }

@@ -61,7 +61,7 @@ Rectangle {
         height: 24
         radius: 12
         label: toast.undoLabel
-        help: label + " (⌘Z)"
+        help: label + Theme.keys(" (⌘Z)")
         onClicked: toast.undo()
 
         Rectangle {

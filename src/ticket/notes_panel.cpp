@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "pieces/written_keys.hpp"
+
 namespace vellix {
 
 bool notesFloat(double width) { return width < 900; }
@@ -11,7 +13,7 @@ NotesPanelView notesPanel(const Store& store, double width) {
   view.floats = store.notesFloat();
   view.open = store.notesOpen();
   view.width = view.floats ? std::min(width - 40, 320.0) : width < 1100 ? 290 : 330;
-  view.help = view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)";
+  view.help = writtenKeys(view.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
   return view;
 }
 

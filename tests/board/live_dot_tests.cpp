@@ -6,7 +6,7 @@
 namespace vellix {
 namespace {
 
-constexpr const char* kRefresh = "Refresh (⌘R)";
+constexpr const char* kRefresh = "Refresh (Ctrl+R)";
 constexpr const char* kProblem = "The line is down.";
 
 const LiveDotView kChecking{.text = "Checking", .tone = "blue", .spinning = true, .help = kRefresh};

@@ -100,8 +100,8 @@ def choose(reader, hearing):
 def wait_for_the_service(desk, hearing):
     """What cannot be pressed for now says so, and when it can again."""
     reader = desk.reader
-    expect(not has(reader, STATE_SENSITIVE, "Zoom out (⌘−)"), "it says that it can be made smaller")
-    zoom = reader.find("Zoom out (⌘−)", roles=BUTTON)
+    expect(not has(reader, STATE_SENSITIVE, "Zoom out (Ctrl+-)"), "it says that it can be made smaller")
+    zoom = reader.find("Zoom out (Ctrl+-)", roles=BUTTON)
     reader.key("ctrl+equal")
     wait_until("it to be told", lambda: hearing.changes(zoom, "sensitive") == [1])
     reader.key("ctrl+0")

@@ -25,7 +25,8 @@ TEST_P(NotesPanelViews, AreOpenByTheDrawerOrThePreference) {
   const auto notes = notesPanel(store(), 1'000);
   EXPECT_EQ(notes.open, each.open);
   EXPECT_EQ(notes.floats, each.floats);
-  EXPECT_EQ(notes.help, each.open ? "Hide the notes panel (⌥⌘I)" : "Show the notes panel (⌥⌘I)");
+  EXPECT_EQ(notes.help,
+            each.open ? "Hide the notes panel (Ctrl+Alt+I)" : "Show the notes panel (Ctrl+Alt+I)");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, NotesPanelViews,

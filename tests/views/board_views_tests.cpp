@@ -127,7 +127,7 @@ TEST_F(BoardViews, RefreshByTheLiveDot) {
   ASSERT_TRUE(press("Up to date"));
   EXPECT_EQ(desk.toastText(), "Up to date.");
   EXPECT_EQ(reader().find("Up to date", QAccessible::Button)->text(QAccessible::Description),
-            "Refresh (⌘R)");
+            "Refresh (Ctrl+R)");
   routes.set(kStateLine, std::unexpected(HttpError::notConnected));
   poll();
   settle();
@@ -154,8 +154,9 @@ TEST_F(BoardViews, AskForASync) {
   routes.set("POST api/jobs", answerOf(200, "{}"));
   auto* sync = reader().find("Sync", QAccessible::Button);
   ASSERT_TRUE(sync);
-  EXPECT_EQ(sync->text(QAccessible::Description),
-            "Check supplier mail for new proofs, file them to Drive and run the checks (⇧⌘S)");
+  EXPECT_EQ(
+      sync->text(QAccessible::Description),
+      "Check supplier mail for new proofs, file them to Drive and run the checks (Ctrl+Shift+S)");
   EXPECT_FALSE(reader().find("Stop", QAccessible::Button));
   ASSERT_TRUE(press("Sync"));
   EXPECT_EQ(desk.toastText(), "Asked the Mac mini to sync.");

@@ -54,7 +54,7 @@ TEST_F(DraftCards, ComeWithTheKeyboardAfterAPress) {
   ASSERT_TRUE(card());
   ASSERT_TRUE(writes());
   EXPECT_TRUE(reader().find("Note here, p1", QAccessible::Grouping));
-  for (const QString text : {"Note here, p1", "⌘↩ to post · Esc to cancel"}) {
+  for (const QString text : {"Note here, p1", "Ctrl+Return to post · Esc to cancel"}) {
     EXPECT_TRUE(says(text)) << text.toStdString();
   }
   EXPECT_TRUE(item("Tag people"));

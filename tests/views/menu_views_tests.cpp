@@ -253,7 +253,7 @@ TEST_F(MenuViews, TheSettingsFollowTheKeyboard) {
 
 TEST_F(MenuViews, TheColumnLeadsToTheSettings) {
   open();
-  ASSERT_TRUE(press("Settings (⌘,)"));
+  ASSERT_TRUE(press("Settings (Ctrl+,)"));
   EXPECT_TRUE(settingsWindow());
 }
 

@@ -246,7 +246,7 @@ TEST_F(NotesViews, OpenTheComposerWithTheKeyboard) {
   focus(field(kField));
   EXPECT_GT(lines(), idle);
   EXPECT_TRUE(item("Post"));
-  EXPECT_TRUE(says("⌘↩ to post"));
+  EXPECT_TRUE(says("Ctrl+Return to post"));
   EXPECT_TRUE(item("Tag people"));
   EXPECT_EQ(reader().enabled("Post"), 0);
   focus(item("Edit or delete"));

@@ -39,7 +39,7 @@ TEST_F(ToldStates, SayWhatIsDisabled) {
   EXPECT_FALSE(disabled("Mark reviewed"));
   EXPECT_TRUE(disabled("Previous page"));
   EXPECT_FALSE(disabled("Next page"));
-  EXPECT_TRUE(disabled("Zoom out (⌘−)"));
+  EXPECT_TRUE(disabled("Zoom out (Ctrl+-)"));
   store().busy.set({"status", "assign"});
   settle();
   EXPECT_TRUE(disabled("Mark reviewed"));
