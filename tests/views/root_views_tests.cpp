@@ -126,13 +126,15 @@ TEST_F(RootViews, SetTheBannersWordsOnOneLine) {
   store().problem.set(kOfflineText);
   settle();
   const QQuickItem* banner = itemOf("OfflineBanner");
-  const auto lineOf = [&](const QString& text) {
+  // The first line of a text stands by the height of its lines.
+  const auto placeOf = [&](const QString& text) {
     const QQuickItem* words = seenText(banner, text);
-    return words ? words->mapToScene({0, words->baselineOffset()}).y() : -1;
+    return words ? std::pair{words->mapToScene({0, 0}).y(), words->height()}
+                 : std::pair{-1.0, -1.0};
   };
-  const double line = lineOf("What's here stays. It tries again on its own.");
-  EXPECT_GT(line, 0);
-  EXPECT_EQ(lineOf(kOfflineText), line);
+  const auto place = placeOf("What's here stays. It tries again on its own.");
+  EXPECT_GT(place.second, 0);
+  EXPECT_EQ(placeOf(kOfflineText), place);
   const double height = banner->height();
   resize({760, 540});
   EXPECT_GT(banner->height(), height) << "below one another where there is no room";
