@@ -45,7 +45,8 @@ Item {
                 readonly property string run: digits.runs[index] ?? ""
                 readonly property bool digit: run.length === 1 && run >= "0" && run <= "9"
 
-                width: digit ? zero.implicitWidth : implicitWidth
+                // Else its own, without a look at what changes while it is laid out.
+                width: digit ? zero.implicitWidth : undefined
                 horizontalAlignment: Text.AlignHCenter
                 elide: Text.ElideNone
                 size: digits.size

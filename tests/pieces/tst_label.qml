@@ -27,6 +27,16 @@ Item {
             compare(probe.takeWarnings(), []);
         }
 
+        // A cell's digit becomes a letter and back.
+        function test_digitsTakeAnyOtherText() {
+            const shown = digits.text;
+            for (const text of ["999", "p1 · 1 of 120", "iii", "12", "p12 · 3 of 40", "99999999", "abcdefgh1", shown]) {
+                digits.text = text;
+                wait(0);
+                verify(digits.implicitWidth > 0);
+            }
+        }
+
         function test_layOutNoMoreThanIsRead_data() {
             return [
                 { tag: "a line", label: line, most: 1000 },
