@@ -132,7 +132,10 @@ void PressArea::focusInEvent(QFocusEvent* event) {
 
 void PressArea::focusOutEvent(QFocusEvent* event) {
   QQuickItem::focusOutEvent(event);
-  ringWaits_ = visualFocus_ && (!isEnabled() || event->reason() == Qt::ActiveWindowFocusReason);
+  // With another parent the focus is taken away and given back, and is the area's own throughout.
+  const bool movesAlong = event->reason() == Qt::OtherFocusReason && hasFocus();
+  ringWaits_ = visualFocus_ &&
+               (!isEnabled() || movesAlong || event->reason() == Qt::ActiveWindowFocusReason);
   setVisualFocus(false);
   setPressed(false);
 }

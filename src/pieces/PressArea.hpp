@@ -18,7 +18,8 @@ class PressArea : public QQuickItem {
   Q_PROPERTY(bool pressed READ pressed NOTIFY pressedChanged)
   Q_PROPERTY(bool hovered READ hovered NOTIFY hoveredChanged)
   // True while the area has the focus and got it by key: only then a ring is due. It comes back
-  // with the focus where the area was disabled for a while, or the window was left.
+  // with the focus where the area was disabled for a while, has another parent, or the window was
+  // left.
   Q_PROPERTY(bool visualFocus READ visualFocus NOTIFY visualFocusChanged)
   Q_PROPERTY(QString help READ help WRITE setHelp NOTIFY helpChanged)
   // What the area says that a press changes, where a press must not fall on what nobody has seen:

@@ -196,9 +196,11 @@ FocusScope {
                     onItemRemoved: (index, item) => {
                         const quiet = hold.inside === item;
                         view.page = null;
-                        if (quiet && !view.atPerson)
-                            before.giveBack(Qt.OtherFocusReason);
-                        else if (hold.held && hold.ringed && !view.atPerson)
+                        if (quiet && !view.atPerson) {
+                            // It may lie in a panel that has been hidden meanwhile.
+                            if (before.item && !before.giveBack(Qt.OtherFocusReason))
+                                view.ticket?.takeKeyboard();
+                        } else if (hold.held && hold.ringed && !view.atPerson)
                             view.ticket?.takeKeyboard();
                     }
 

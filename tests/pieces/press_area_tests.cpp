@@ -198,6 +198,28 @@ TEST_F(PressAreas, LeaveTheSecondPressOfTwoToWhatTheFirstFellOn) {
   other.setParentItem(nullptr);
 }
 
+TEST_F(PressAreas, KeepTheirRingAlsoWithAnotherParent) {
+  QQuickItem one;
+  QQuickItem other;
+  for (QQuickItem* each : {&one, &other}) each->setParentItem(window.contentItem());
+  area.setParentItem(&one);
+  area.forceActiveFocus(Qt::TabFocusReason);
+  ASSERT_TRUE(area.visualFocus());
+  one.setParentItem(&other);
+  EXPECT_TRUE(area.hasActiveFocus());
+  EXPECT_TRUE(area.visualFocus());
+  area.setParentItem(&other);
+  EXPECT_TRUE(area.visualFocus());
+  other.forceActiveFocus(Qt::OtherFocusReason);
+  EXPECT_FALSE(area.visualFocus());
+  area.forceActiveFocus(Qt::OtherFocusReason);
+  EXPECT_FALSE(area.visualFocus()) << "the keyboard has been elsewhere";
+  area.forceActiveFocus(Qt::TabFocusReason);
+  other.forceActiveFocus(Qt::MouseFocusReason);
+  area.forceActiveFocus(Qt::OtherFocusReason);
+  EXPECT_FALSE(area.visualFocus());
+}
+
 TEST_F(PressAreas, ThatSayNothingTakeEveryPress) {
   PressArea plain;
   plain.setParentItem(window.contentItem());

@@ -93,6 +93,19 @@ TEST_F(ProfileShell, IsLeftByEscapeWhereverTheKeyboardIs) {
   EXPECT_EQ(keyed(), kTheirs) << "who is not on the page stays";
 }
 
+TEST_F(ProfileShell, GivesTheKeyboardToTheTicketWhereItsPanelHasGone) {
+  begin();
+  QQuickItem* words = seen(seen(window()->contentItem(), "Composer").value(0), "TextArea").value(0);
+  ASSERT_TRUE(words);
+  click(words);
+  click(avatar(kMine));
+  ASSERT_TRUE(pageIsOpen());
+  resize({860, 700});
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(pageIsOpen());
+  EXPECT_EQ(keyed(), "The Lighthouse");
+}
+
 TEST_F(ProfileShell, LeavesEscapeToAMenuAboveIt) {
   begin();
   click(avatar(kMine));
