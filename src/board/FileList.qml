@@ -10,6 +10,8 @@ Item {
     required property BoardModel board
     required property PictureSource pictures
 
+    readonly property bool hasRows: rows.count > 0
+
     function step(by: int) {
         rows.step(by);
     }
@@ -70,7 +72,7 @@ Item {
     }
 
     KeyboardPart {
-        visible: rows.count > 0
+        visible: list.hasRows
         around: rows
         at: rows
     }

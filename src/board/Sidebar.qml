@@ -27,6 +27,12 @@ Rectangle {
     Accessible.role: Accessible.Pane
     Accessible.name: "Tickets"
 
+    // While there is no list to go to.
+    KeyboardPart {
+        visible: !tickets.hasRows
+        around: sidebar
+    }
+
     Row {
         id: brand
 

@@ -34,6 +34,8 @@ Rectangle {
 
     KeyboardPart {
         around: canvas
+        also: card
+        at: card.place
     }
 
     // What the loupe hides of the stage.

@@ -11,6 +11,8 @@ Writing {
     required property bool open
 
     readonly property string title: notes.draft.title
+    // Where it is written, while it can be.
+    readonly property Item place: open && visible ? field.place : null
     property real shown: open ? 1 : 0
 
     // It leaves with the keyboard, and what had that before has gone.

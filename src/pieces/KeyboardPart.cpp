@@ -12,6 +12,10 @@ struct Walk {
   int before = 0;  // how many come before what has the keyboard
 };
 
+bool isWithin(const QQuickItem* outer, const QQuickItem* item) {
+  return outer && item && (outer == item || outer->isAncestorOf(item));
+}
+
 void walkThrough(QQuickItem* item, Walk& walk) {
   if (!item->isVisible() || !item->isEnabled()) return;
   if (item == walk.keyed) walk.before = static_cast<int>(walk.parts.size());
@@ -23,7 +27,7 @@ void walkThrough(QQuickItem* item, Walk& walk) {
 }  // namespace
 
 bool KeyboardPart::has(const QQuickItem* item) const {
-  return around_ && item && (around_ == item || around_->isAncestorOf(item));
+  return isWithin(around_, item) || isWithin(also_, item);
 }
 
 bool KeyboardPart::take() {

@@ -13,6 +13,8 @@ class KeyboardPart : public QQuickItem {
   QML_ELEMENT
   // All of the part. Not owned.
   Q_PROPERTY(QQuickItem* around MEMBER around_ REQUIRED)
+  // What belongs to the part though it lies elsewhere, if anything does.
+  Q_PROPERTY(QQuickItem* also MEMBER also_)
   // What has the keyboard when the part is gone to. None: the first that Tab comes to in the part.
   Q_PROPERTY(QQuickItem* at MEMBER at_)
 
@@ -30,6 +32,7 @@ class KeyboardPart : public QQuickItem {
 
  private:
   QPointer<QQuickItem> around_;
+  QPointer<QQuickItem> also_;
   QPointer<QQuickItem> at_;
 };
 

@@ -18,6 +18,8 @@ Item {
     readonly property alias length: edit.length
 
     readonly property bool focused: edit.activeFocus
+    // What takes the keyboard.
+    readonly property Item place: edit
     readonly property real side: plain ? 0 : 9
     readonly property real above: plain ? 0 : 7
     // A text's lines lie on whole pixels.

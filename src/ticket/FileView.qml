@@ -155,6 +155,14 @@ Item {
             onNotesToggled: ticket.file.toggleNotes()
         }
 
+        // Before the panel in Tab's way, since what is in it belongs to the canvas.
+        Item {
+            id: overPanel
+
+            anchors.fill: canvas
+            z: 1
+        }
+
         LateSpinner {
             anchors.centerIn: canvas
             anchors.verticalCenterOffset: -canvas.barHeight / 2
@@ -172,12 +180,6 @@ Item {
             moves: ticket.settled
             foot: canvas.barHeight
             onKeptOut: reason => canvas.takeKeyboard(reason)
-        }
-
-        Item {
-            id: overPanel
-
-            anchors.fill: canvas
         }
     }
 }

@@ -28,8 +28,8 @@ class KeyboardParts : public ViewTest {
     const auto rings = seen(item, "FocusRing");
     const bool ringed = item->property("visualFocus").toBool() || !rings.isEmpty();
     for (const QQuickItem* each = item; ringed && each; each = each->parentItem()) {
-      for (const char* part : {"FileList", "FileHeader", "PageStrip", "CompareCanvas", "Inspector",
-                               "ProfileView", "MultiView", "PeopleBar", "Sidebar"}) {
+      for (const char* part : {"FileList", "FileHeader", "PageStrip", "CompareCanvas", "DraftCard",
+                               "Inspector", "ProfileView", "MultiView", "PeopleBar", "Sidebar"}) {
         if (isOfType(each, part)) return part;
       }
     }
@@ -49,7 +49,15 @@ class KeyboardParts : public ViewTest {
     return parts;
   }
   QQuickItem* item(const char* type) { return seen(window()->contentItem(), type).value(0); }
+  bool comesTo(const QString& wanted) {
+    return QTest::qWaitFor([&] {
+      settle();
+      return name() == wanted;
+    });
+  }
   using Parts = QStringList;
+  static inline const QString kField = QStringLiteral("What needs fixing here?");
+  static inline const DraftNote kDraft{.fileID = "t1", .side = "supplier", .x = 0.5, .y = 0.3};
 };
 
 TEST_F(KeyboardParts, AreGoneRound) {
@@ -112,6 +120,63 @@ TEST_F(KeyboardParts, AreThoseThatAreThere) {
   store().selection.set({});
   settle();
   EXPECT_EQ(round(3), (Parts{"FileList", "FileList", "FileList"}));
+}
+
+TEST_F(KeyboardParts, CountTheCardOfANoteToTheCanvas) {
+  for (const QSize size : {QSize{1'500, 940}, QSize{760, 540}}) {
+    open(size);
+    if (!store().notesOpen()) store().toggleNotes();
+    settle();
+    round(2);
+    ASSERT_EQ(at(), "FileHeader");
+    store().beginDraft(kDraft);
+    ASSERT_TRUE(comesTo(kField));
+    EXPECT_EQ(round(1), Parts{"Inspector"});
+    key(Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(name(), kField);
+    EXPECT_EQ(round(1, Qt::ShiftModifier), Parts{"FileHeader"});
+    key(Qt::Key_F6);
+    EXPECT_EQ(name(), kField);
+    store().dropDraft();
+    settle();
+    EXPECT_EQ(at(), "FileHeader") << "where it was before";
+    EXPECT_EQ(round(1), Parts{"CompareCanvas"});
+  }
+}
+
+TEST_F(KeyboardParts, LeadByTabFromTheCanvasToTheCardAndOn) {
+  open();
+  store().beginDraft(kDraft);
+  ASSERT_TRUE(comesTo(kField));
+  const auto way = [this](Qt::Key tab, Qt::KeyboardModifiers modifiers) {
+    QStringList parts;
+    for (int i = 0; i < 30 && parts.size() < 2; ++i) {
+      key(tab, modifiers);
+      if (const QString part = at(); !part.isEmpty() && !parts.contains(part)) parts.append(part);
+    }
+    return parts;
+  };
+  EXPECT_EQ(way(Qt::Key_Tab, Qt::NoModifier), (Parts{"DraftCard", "Inspector"}));
+  EXPECT_EQ(way(Qt::Key_Backtab, Qt::ShiftModifier), (Parts{"DraftCard", "CompareCanvas"}));
+}
+
+TEST_F(KeyboardParts, BeginWithTheColumnWhereItHasNoTickets) {
+  open();
+  BoardState none = *store().board();
+  none.files.clear();
+  store().board.set(none);
+  settle();
+  EXPECT_EQ(round(2), (Parts{"Sidebar", "Sidebar"}));
+  EXPECT_EQ(name(), "Up to date") << "what comes first in it";
+  QStringList names;
+  for (int i = 0; i < 4; ++i) {
+    key(Qt::Key_Tab);
+    names.append(name());
+  }
+  EXPECT_EQ(names.last(), "Sync");
+  store().profile.set(store().board()->me.email);
+  settle();
+  EXPECT_EQ(round(2), (Parts{"Sidebar", "ProfileView"}));
 }
 
 TEST_F(KeyboardParts, AreAllThereInANarrowWindow) {
@@ -196,10 +261,7 @@ TEST_F(KeyboardParts, GoOnWithTheTicketThatFollows) {
   round(1);
   key(Qt::Key_D, Qt::ControlModifier);
   EXPECT_EQ(store().selection(), std::set<std::string>{"t2"});
-  EXPECT_TRUE(QTest::qWaitFor([this] {
-    settle();
-    return name() == "Harbour Bread";
-  }));
+  EXPECT_TRUE(comesTo("Harbour Bread"));
   EXPECT_EQ(at(), "FileList");
 }
 
