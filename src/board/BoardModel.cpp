@@ -7,6 +7,11 @@ namespace {
 
 constexpr const char* kShowReviewed = "ShowReviewed";
 
+// A command is under way that may give a ticket another place in the list.
+bool movesTickets(const Store& store) {
+  return store.busy().contains("status") || store.busy().contains("due");
+}
+
 }  // namespace
 
 BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
@@ -32,16 +37,30 @@ void BoardModel::update() {
   follow();
 }
 
-// What the program selects comes into sight. What somebody presses in the list stays under the
-// hand, as does all of it while nothing else is selected.
+BoardModel::Chosen BoardModel::chosen() const {
+  if (!store_.board()) return {};
+  Chosen chosen{.tickets = store_.selection(), .queue = store_.effectiveQueue()};
+  if (const FileItem* file = store_.currentFile()) {
+    chosen.status = file->status;
+    chosen.due = file->due;
+  }
+  return chosen;
+}
+
+// What the program selects comes into sight, and what the person's own command moves. What somebody
+// presses in the list stays under the hand, as does all of it when others move what is selected.
 void BoardModel::follow() {
-  auto selection = store_.board() ? store_.selection() : std::set<std::string>{};
-  auto queue = store_.board() ? store_.effectiveQueue() : std::string{};
-  const bool isNew = selection != seen_ || queue != seenQueue_;
-  seen_ = std::move(selection);
-  seenQueue_ = std::move(queue);
-  if (!isNew) return;
-  if (const int row = chosenRow(); row >= 0) emit followed(row);
+  const Chosen before = std::exchange(seen_, chosen());
+  const bool own = moves_ || movesTickets(store_);
+  const bool isNew = seen_.tickets != before.tickets || seen_.queue != before.queue;
+  if (isNew || (own && store_.currentFile() && seen_ != before)) {
+    wanted_ = seen_.tickets.size() == 1;
+  }
+  if (!wanted_) return;
+  const int row = chosenRow();
+  // The board may have it later, or the command take it out of a folded group.
+  wanted_ = row < 0 && (own || !store_.currentFile());
+  if (row >= 0) emit followed(row);
 }
 
 // Whether the board is fresh and who is here is asked anew at every change: the steady polling is
@@ -50,6 +69,7 @@ void BoardModel::updateColumn() {
   const Moment now = clock_.now();
   if (liveDot_.show(vellix::liveDot(store_, now, calendar_))) emit liveDotChanged();
   if (syncCard_.show(vellix::syncCard(store_))) emit syncCardChanged();
+  moves_ = movesTickets(store_);
   people_.setRows(peopleBar(store_, now));
   const bool changing = store_.busy().contains("photo");
   if (std::exchange(changingPhoto_, changing) != changing) emit changingPhotoChanged();
@@ -61,7 +81,8 @@ void BoardModel::select(const QString& id, bool command) {
   } else {
     store_.select({id.toStdString()});
   }
-  seen_ = store_.selection();
+  seen_ = chosen();
+  wanted_ = false;
 }
 
 bool BoardModel::selectByKey(const QString& id, int key, int modifiers, bool repeats) {
@@ -79,6 +100,8 @@ void BoardModel::setQueue(const QString& value) { store_.setQueue(value.toStdStr
 void BoardModel::toggleReviewed() {
   showReviewed_ = !showReviewed_;
   defaults_.setFlag(kShowReviewed, showReviewed_);
+  // The header that was pressed stays under the hand.
+  wanted_ = false;
   update();
 }
 

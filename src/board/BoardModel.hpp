@@ -3,6 +3,7 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -55,7 +56,8 @@ class BoardModel : public QObject {
   Q_INVOKABLE void togglePage(const QString& email);
 
  signals:
-  // The ticket of that row was selected, and by nobody who has pressed it here.
+  // The ticket of that row was selected, and by nobody who has pressed it here; or what the person
+  // did has moved it there.
   void followed(int row);
   void headChanged();
   void liveDotChanged();
@@ -63,7 +65,17 @@ class BoardModel : public QObject {
   void changingPhotoChanged();
 
  private:
+  // What is selected, and where it stands in the list.
+  struct Chosen {
+    std::set<std::string> tickets;
+    std::string queue;
+    std::string status;
+    std::optional<double> due;
+    bool operator==(const Chosen&) const = default;
+  };
+
   void update();
+  Chosen chosen() const;
   void follow();
   void updateColumn();
 
@@ -72,8 +84,9 @@ class BoardModel : public QObject {
   const MainLoop& clock_;
   const Calendar& calendar_;
   bool showReviewed_;
-  std::set<std::string> seen_;  // the selection that the list has followed, and its queue
-  std::string seenQueue_;
+  Chosen seen_;          // what the list has followed
+  bool wanted_ = false;  // it has still to come into sight
+  bool moves_ = false;   // as of the last change, see `movesTickets`
   Shown<FileListHead> head_;
   RowsModel<FileListRow, &FileListRow::key> rows_;
   Shown<LiveDotView> liveDot_;

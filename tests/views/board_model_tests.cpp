@@ -288,11 +288,19 @@ class FollowedRows : public BoardModels {
   void serve(const std::vector<std::string>& ids) {
     BoardState board = boardOf({});
     for (const auto& id : ids) board.files.push_back(ticketOf(id));
+    answer(std::move(board));
+    poll();
+  }
+  // The next poll brings those, one reviewed one and a reprint.
+  void answer(BoardState board) {
     board.files.push_back(ticketOf("d", "reviewed"));
     board.files.push_back(ticketOf("r"));
     board.files.back().track = "reprint";
     serveBoard(board, "\"" + std::to_string(++tag_) + "\"");
-    poll();
+    for (const FileItem& file : board.files) {
+      routes.set("POST api/files/" + file.id + "/status", answerOf(200, "{}"));
+      routes.set("GET api/files/" + file.id, std::unexpected(HttpError::notConnected));
+    }
   }
   // Since the last time.
   std::vector<int> rows() {
@@ -360,6 +368,66 @@ TEST_F(FollowedRows, StayWhereAPollPutsThem) {
   serve({"x", "a", "b", "c"});
   serve({"c", "a"});
   EXPECT_EQ(rows(), Rows{});
+}
+
+TEST_F(FollowedRows, ComeOnceTheyAreListed) {
+  store().select({"x"});
+  EXPECT_EQ(rows(), Rows{});
+  serve({"a", "b", "c"});
+  EXPECT_EQ(rows(), Rows{}) << "not yet";
+  serve({"a", "x", "b"});
+  EXPECT_EQ(rows(), Rows{2});
+  serve({"x", "a", "b"});
+  EXPECT_EQ(rows(), Rows{}) << "it has been in sight";
+  store().select({"y"});
+  model().select("b", false);
+  model().select("y", true);
+  model().select("b", true);
+  serve({"a", "b", "y"});
+  EXPECT_EQ(rows(), Rows{}) << "somebody has pressed rows since";
+}
+
+TEST_F(FollowedRows, AreNotThoseThatAFilterLetsInLater) {
+  store().setMineOnly(true);
+  store().select({"c"});
+  EXPECT_EQ(rows(), Rows{});
+  store().setMineOnly(false);
+  EXPECT_EQ(rows(), Rows{});
+}
+
+TEST_F(FollowedRows, AreThoseThatTheirOwnerMoves) {
+  model().select("b", false);
+  answer(boardOf({ticketOf("a"), ticketOf("b", "in_review"), ticketOf("c")}));
+  store().setStatus(*store().currentFile(), "in_review");
+  EXPECT_EQ(rows(), Rows{4});
+  poll();
+  EXPECT_EQ(rows(), Rows{});
+  answer(boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c")}));
+  poll();
+  EXPECT_EQ(rows(), Rows{}) << "a colleague's doing";
+}
+
+TEST_F(FollowedRows, AreThoseThatAreDueSooner) {
+  model().select("c", false);
+  routes.set("POST api/files/c/due", answerOf(200, "{}"));
+  answer(boardOf({ticketOf("a"), ticketOf("b"), dueIn("c", 30)}));
+  store().setUrgent(*store().currentFile(), true);
+  EXPECT_EQ(rows(), Rows{1});
+  answer(boardOf({dueIn("a", 9), ticketOf("b"), dueIn("c", 40)}));
+  poll();
+  EXPECT_EQ(rows(), Rows{}) << "a colleague's doing";
+}
+
+TEST_F(FollowedRows, AreThoseThatAreTakenBack) {
+  model().select("c", false);
+  answer(boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c", "reviewed")}));
+  store().setStatus(*store().currentFile(), "reviewed");
+  EXPECT_EQ(rows(), Rows{1}) << "the next";
+  ASSERT_EQ(store().selection(), std::set<std::string>{"a"});
+  answer(boardOf({ticketOf("a"), ticketOf("b"), ticketOf("c")}));
+  store().undoToast();
+  EXPECT_EQ(rows(), Rows{3}) << "out of a group that is folded";
+  EXPECT_EQ(store().selection(), std::set<std::string>{"c"});
 }
 
 TEST_F(FollowedRows, ComeAgainWithTheBoardOfTheNextSession) {
