@@ -65,16 +65,14 @@ ListView {
         rest();
         if (!settled || Theme.standard === 0)
             return place(row);
+        // Rows that came and went this moment stand where they stood until then.
+        forceLayout();
         const from = contentY;
-        let to = reveal.placeOf(row);
-        if (isNaN(to)) {
-            reveal.place(row);
-            to = contentY;
-            contentY = to - Math.max(-height, Math.min(to - from, height));
-        }
+        reveal.place(row);
+        glide.to = contentY;
+        contentY = Math.max(contentY - height, Math.min(from, contentY + height));
         glide.row = row;
         glide.from = contentY;
-        glide.to = to;
         glide.start();
     }
     // Gives a row the keyboard.
@@ -190,6 +188,8 @@ ListView {
 
     Accessible.role: Accessible.List
     Accessible.name: "Tickets"
+    Accessible.description: Theme.keys("⌥↑ and ⌥↓ lead from ticket to ticket, from anywhere; here Page Up and "
+                                       + "Page Down go by screenfuls, Home and End to either end")
 
     delegate: FileLine {
         id: line

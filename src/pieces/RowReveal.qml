@@ -27,15 +27,16 @@ QtObject {
             y = nearest(held(row), y);
         return y;
     }
-    // Puts the list there at once. Without any height there is no such place.
+    // Puts the list there at once, with rows that are still on their way where they will stand.
+    // Without any height there is no such place.
     function place(index: int) {
         if (list.count === 0 || list.height <= 0)
             return;
+        const last = list.count - 1;
         for (const row of [index - 1, index + 1, index]) {
-            list.positionViewAtIndex(held(row), ListView.Contain);
-            const y = nearest(held(row), list.contentY);
-            if (!isNaN(y))
-                list.contentY = y;
+            // As far as the list goes: its margin counts there.
+            const mode = row <= 0 ? ListView.End : row >= last ? ListView.Beginning : ListView.Contain;
+            list.positionViewAtIndex(held(row), mode);
         }
     }
 }

@@ -13,7 +13,8 @@ struct Sign {
 
 // In the order in which they are written out.
 constexpr std::array kModifiers{Sign{"⌘", "Ctrl+"}, Sign{"⌥", "Alt+"}, Sign{"⇧", "Shift+"}};
-constexpr std::array kNamed{Sign{"↩", "Return"}, Sign{"−", "-"}};
+constexpr std::array kNamed{Sign{"↩", "Return"}, Sign{"−", "-"}, Sign{"↑", "Up"},
+                            Sign{"↓", "Down"}};
 
 // The sign of a list that the words begin with; the list's end for none.
 template <std::size_t N>

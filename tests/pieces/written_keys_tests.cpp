@@ -33,6 +33,7 @@ INSTANTIATE_TEST_SUITE_P(
                                "Zoom (Ctrl++ and Ctrl+-, Ctrl+0 to fit, or pinch)"},
                     WrittenKey{"Check supplier mail (⇧⌘S)", "Check supplier mail (Ctrl+Shift+S)"},
                     WrittenKey{"Hide the notes panel (⌥⌘I)", "Hide the notes panel (Ctrl+Alt+I)"},
+                    WrittenKey{"⌥↑ and ⌥↓, ↑ alone", "Alt+Up and Alt+Down, ↑ alone"},
                     WrittenKey{"⌥⇧⌘X", "Ctrl+Alt+Shift+X"}, WrittenKey{"", ""},
                     // Signs that are no keys there.
                     WrittenKey{"Pages 3 − 7, ↩", "Pages 3 − 7, ↩"},

@@ -196,6 +196,16 @@ TEST_F(TicketLists, GoThroughTheColumnByTabAsTheEyeDoes) {
   EXPECT_EQ(focused(), "Only mine");
 }
 
+TEST_F(TicketLists, TellTheirKeys) {
+  showTickets(3);
+  auto* tickets = reader().find("Tickets", QAccessible::List);
+  ASSERT_TRUE(tickets);
+  const QString told = tickets->text(QAccessible::Description);
+  for (const QString key : {"Alt+Up", "Alt+Down", "Page Up", "Page Down", "Home", "End"}) {
+    EXPECT_TRUE(told.contains(key)) << key.toStdString();
+  }
+}
+
 TEST_F(TicketLists, AreComeToAtTheTicketOnShow) {
   showTickets(300);
   store().select({"t200"});
@@ -422,6 +432,13 @@ TEST_F(TicketLists, StayBlankOverTicketsOfNoGroup) {
 class TicketListPlaces : public TicketLists {
  protected:
   double height() { return list()->height(); }
+  QObject* glide() {
+    const auto all = list()->findChildren<QObject*>();
+    const auto found = std::ranges::find_if(all, [](const QObject* each) {
+      return each->inherits("QQuickNumberAnimation") && each->property("row").isValid();
+    });
+    return found == all.end() ? nullptr : *found;
+  }
   double end() { return list()->property("contentHeight").toDouble() + 16 - height(); }
   void stand() {
     ASSERT_TRUE(QTest::qWaitFor([this] {
@@ -469,6 +486,70 @@ TEST_F(TicketListPlaces, GlideToWhatTheProgramSelects) {
   store().select({"t0"});
   stand();
   EXPECT_EQ(contentY(), 0);
+}
+
+struct Landing {
+  const char* name;
+  int from;      // is selected first
+  int to;        // then this
+  int more = 0;  // come in above at the same time
+  int gone = 0;  // tickets, from the tenth on, that go then
+};
+BOOST_DESCRIBE_STRUCT(Landing, (), (name, from, to, more, gone))
+
+class TicketListLandings : public TicketListPlaces, public testing::WithParamInterface<Landing> {};
+
+TEST_P(TicketListLandings, AreGlidedToInOneGo) {
+  const auto& each = GetParam();
+  showTickets(300);
+  QTest::qWait(200);
+  store().select({"t" + std::to_string(each.from)});
+  stand();
+  for (int i = 0; i < each.more; ++i) board().files.push_back(early(900 + i));
+  board().files.erase(board().files.begin() + 10, board().files.begin() + 10 + each.gone);
+  store().board.set(board());
+  store().select({"t" + std::to_string(each.to)});
+  desk.time.run();
+  std::vector<double> frames;
+  const auto told = QObject::connect(window(), &QQuickWindow::afterAnimating, window(),
+                                     [&] { frames.push_back(contentY()); });
+  settle();
+  const double aim = glide()->property("to").toDouble();
+  stand();
+  QObject::disconnect(told);
+  EXPECT_EQ(list()->property("contentY").toDouble(), aim) << "no leap at the end";
+  EXPECT_TRUE(inView(each.to - 1) && inView(each.to) && inView(each.to + 1));
+  frames.push_back(contentY());
+  if (each.to > each.from) {
+    EXPECT_TRUE(std::ranges::is_sorted(frames)) << testing::PrintToString(frames);
+  } else {
+    EXPECT_TRUE(std::ranges::is_sorted(frames, std::greater{})) << testing::PrintToString(frames);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TicketListLandings,
+                         testing::Values(Landing{"Down", 2, 12}, Landing{"FarDown", 2, 200},
+                                         Landing{"Up", 40, 33}, Landing{"FarUp", 250, 20},
+                                         Landing{"DownPastNewOnes", 2, 5, 7},
+                                         Landing{"DownPastMany", 2, 9, 60},
+                                         Landing{"DownWhereOthersGo", 2, 30, 0, 15},
+                                         Landing{"FarDownPastNewOnes", 2, 200, 7},
+                                         Landing{"UpWhereOthersGo", 60, 48, 0, 9}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST_F(TicketListPlaces, ShowTheTicketOnShowInTheOtherQueue) {
+  showTickets(300);
+  QTest::qWait(200);
+  for (int i = 0; i < 300; i += 2) board().files[static_cast<std::size_t>(i)].track = "reprint";
+  serve();
+  store().select({"t150"});
+  stand();
+  EXPECT_EQ(contentY(), 0) << "it is not in this one";
+  ASSERT_TRUE(press("Reprints", QAccessible::RadioButton));
+  stand();
+  EXPECT_EQ(store().selection(), std::set<std::string>{"t150"});
+  EXPECT_TRUE(inView(148) && inView(150) && inView(152));
+  EXPECT_GT(contentY(), 60 * 60);
 }
 
 TEST_F(TicketListPlaces, JumpWhereMotionIsReduced) {
