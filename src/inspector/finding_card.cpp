@@ -34,14 +34,18 @@ std::vector<NoteRowView> notesOn(const Store& store, const FileDetail& detail,
   std::vector<NoteRowView> rows;
   // Most findings have none.
   std::vector<Int> numbers;
+  std::string room;
   for (std::size_t i = 0; i < detail.comments.size(); ++i) {
     const Note& note = detail.comments[i];
     if (note.finding_id != finding.id) continue;
-    if (numbers.empty()) numbers = noteNumbers(detail);
+    if (numbers.empty()) {
+      numbers = noteNumbers(detail);
+      room = numberRoom(detail, finding.page);
+    }
     const Int number = note.page == finding.page ? numbers[i] : 0;
     rows.push_back(noteRow(store, note, number, now, calendar));
+    rows.back().digits = room;
   }
-  alignNumbers(rows);
   return rows;
 }
 

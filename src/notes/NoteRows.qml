@@ -27,7 +27,7 @@ Column {
         around: list
     }
 
-    // As wide as the longest number.
+    // As wide as the longest number may be.
     CountBadge {
         id: widest
 

@@ -1,6 +1,8 @@
 #include "notes/note_numbers.hpp"
 
+#include <algorithm>
 #include <map>
+#include <optional>
 
 namespace vellix {
 
@@ -12,6 +14,11 @@ std::vector<Int> noteNumbers(const FileDetail& detail) {
     numbers.push_back(note.page && !note.isResolved() ? ++open[*note.page] : 0);
   }
   return numbers;
+}
+
+std::string numberRoom(const FileDetail& detail, Int page) {
+  const auto most = std::ranges::count(detail.comments, std::optional{page}, &Note::page);
+  return std::string(std::to_string(most).size(), '0');
 }
 
 }  // namespace vellix

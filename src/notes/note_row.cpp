@@ -48,23 +48,17 @@ NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now
   return row;
 }
 
-void alignNumbers(std::vector<NoteRowView>& rows) {
-  Int most = 0;
-  for (const NoteRowView& row : rows) most = std::max(most, row.number);
-  const std::string digits(std::to_string(most).size(), '0');
-  for (NoteRowView& row : rows) row.digits = digits;
-}
-
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar) {
   std::vector<NoteRowView> rows;
   const auto numbers = noteNumbers(detail);
+  const std::string room = numberRoom(detail, page);
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     const Note& note = detail.comments[i];
     if (note.page != page || hasWords(note.finding_id)) continue;
     rows.push_back(noteRow(store, note, numbers[i], now, calendar));
+    rows.back().digits = room;
   }
-  alignNumbers(rows);
   return rows;
 }
 

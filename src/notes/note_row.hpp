@@ -14,7 +14,7 @@ namespace vellix {
 struct NoteRowView {
   std::string id;
   Int number = 0;            // 0 for none
-  std::string digits = "0";  // as many as the longest number of its list has
+  std::string digits = "0";  // as many as it holds room for, with the rest of its page
   AvatarView who;
   std::string name;
   std::string when;
@@ -36,8 +36,6 @@ BOOST_DESCRIBE_STRUCT(NoteRowView, (),
 // `number` is 0 for a note without one.
 NoteRowView noteRow(const Store& store, const Note& note, Int number, Moment now,
                     const Calendar& calendar);
-// Rows that stand in one list hold the same room for their numbers.
-void alignNumbers(std::vector<NoteRowView>& rows);
 // Those of a page that hang on no finding, as the service orders them.
 std::vector<NoteRowView> pageNotes(const Store& store, const FileDetail& detail, Int page,
                                    Moment now, const Calendar& calendar);

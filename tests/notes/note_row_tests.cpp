@@ -158,7 +158,7 @@ TEST_F(NoteRows, SendATextAsItWasWritten) {
   EXPECT_TRUE(store().busy().contains("n-n1"));
 }
 
-TEST_F(NoteRows, HoldRoomForTheLongestNumberOfTheirList) {
+TEST_F(NoteRows, HoldRoomForTheLongestNumberThatTheirPageMayHave) {
   const auto digits = [this] {
     std::set<std::string> all;
     for (const auto& each : pageNotes(store(), detail, 0, desk.time.now(), desk.calendar)) {
@@ -166,14 +166,15 @@ TEST_F(NoteRows, HoldRoomForTheLongestNumberOfTheirList) {
     }
     return all;
   };
-  Note resolved = noteOn("n0");
-  resolved.resolved = 1;
-  detail.comments = {resolved};
-  EXPECT_EQ(digits(), std::set<std::string>{"0"});
   for (int i = 1; i <= 9; ++i) detail.comments.push_back(noteOn("n" + std::to_string(i)));
+  detail.comments.push_back(noteOn("m1", 1));
   EXPECT_EQ(digits(), std::set<std::string>{"0"});
   detail.comments.push_back(noteOn("n10"));
   EXPECT_EQ(digits(), std::set<std::string>{"00"});
+  for (Note& note : detail.comments) {
+    note.resolved = 1;
+    EXPECT_EQ(digits(), std::set<std::string>{"00"}) << "nothing moves";
+  }
 }
 
 TEST_F(NoteRows, SendTheirEnd) {
