@@ -94,14 +94,16 @@ Writing {
             id: picker
 
             y: Theme.gap8
-            width: Math.max(0, keys.x - Theme.gap8)
+            width: Math.max(0, send.x - Theme.gap8)
             height: implicitHeight
             tags: tags
         }
 
+        // Who is tagged wants the room more.
         Label {
             id: keys
 
+            visible: picker.implicitWidth + Theme.gap8 + implicitWidth <= picker.width
             anchors.right: send.left
             anchors.rightMargin: Theme.gap8
             anchors.verticalCenter: send.verticalCenter
@@ -115,12 +117,23 @@ Writing {
 
             anchors.right: parent.right
             y: Theme.gap8
+            width: Math.max(implicitWidth, widest.implicitWidth)
             title: composer.view.post
             icon: "arrow.up"
             filled: true
             color: Theme.accent
+            help: keys.visible ? "" : keys.text
             enabled: composer.canPost
             onClicked: composer.post()
+        }
+
+        Pill {
+            id: widest
+
+            visible: false
+            title: composer.view.widest
+            icon: send.icon
+            filled: true
         }
     }
 }

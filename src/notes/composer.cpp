@@ -10,6 +10,7 @@ ComposerView composer(const Store& store, const FileDetail& detail) {
   return {.title = "Note on page " + pageName(detail.file, pageIndex(store, detail.file)),
           .hint = store.prefs.drawToComment() ? "Or click the page" : "",
           .post = posting ? "Posting…" : "Post",
+          .widest = "Posting…",
           .posting = posting};
 }
 

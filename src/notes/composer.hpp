@@ -11,12 +11,13 @@ namespace vellix {
 
 struct ComposerView {
   std::string title;
-  std::string hint;  // empty where the page takes no clicks
-  std::string post;  // on its button
+  std::string hint;    // empty where the page takes no clicks
+  std::string post;    // on its button
+  std::string widest;  // that may be on it: it holds that room
   bool posting = false;
   bool operator==(const ComposerView&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(ComposerView, (), (title, hint, post, posting))
+BOOST_DESCRIBE_STRUCT(ComposerView, (), (title, hint, post, widest, posting))
 
 ComposerView composer(const Store& store, const FileDetail& detail);
 

@@ -490,6 +490,13 @@ TEST_F(DraftCards, HoldSixLines) {
   EXPECT_EQ(room->height(), six);
 }
 
+TEST_F(DraftCards, TellWholeByWhichKeysTheyEnd) {
+  begin();
+  const QQuickItem* hint = seenText(card(), "Ctrl+Return to post · Esc to cancel");
+  ASSERT_TRUE(hint);
+  EXPECT_FALSE(hint->property("truncated").toBool());
+}
+
 TEST_F(DraftCards, HoldRoomForEveryPress) {
   begin();
   const auto pressed = seen(card(), "Pressable");

@@ -54,6 +54,14 @@ class PanelColumns : public NotesViewTest {
     }
     return all;
   }
+  // Or not any more.
+  void tag(const char* name) {
+    ASSERT_TRUE(press("Tag people"));
+    ASSERT_TRUE(comes([&] { return offers(name); }));
+    ASSERT_TRUE(press(name, QAccessible::MenuItem));
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(comes([&] { return !offers(name); }));
+  }
   static void expectOneOfEach(const Columns& all) {
     EXPECT_EQ(all.faces.size(), 1U);
     EXPECT_EQ(all.names.size(), 1U);
@@ -93,6 +101,84 @@ TEST_F(PanelColumns, HoldRoomForNumbersOfTwoDigits) {
   }
   EXPECT_EQ(numbered, 11);
   EXPECT_EQ(middles.size(), 1U);
+}
+
+TEST_F(PanelColumns, StayWhereOneOfTenNotesIsResolved) {
+  for (const char* finding : {"", "f1"}) {
+    std::vector<Note> notes;
+    for (int i = 0; i < 10; ++i) {
+      notes.push_back(noteBy(std::string{"m"} + finding + std::to_string(i), "jorvas"));
+      if (*finding) notes.back().finding_id = finding;
+    }
+    bring(notes, 4);
+    ASSERT_EQ(rows().size(), 10);
+    const auto places = [this] {
+      std::set<double> all;
+      for (const QQuickItem* row : rows()) {
+        for (const QQuickItem* badge : seen(row, "CountBadge")) {
+          all.insert(placeOf(badge).center().x());
+        }
+      }
+      return all;
+    };
+    const Columns before = columns(rows());
+    const auto numbers = places();
+    for (Note& note : notes) {
+      note.resolved = 1;
+      bring(notes, 5);
+      const Columns now = columns(rows());
+      EXPECT_EQ(now.faces, before.faces) << finding << " without " << note.id;
+      EXPECT_EQ(now.names, before.names) << finding << " without " << note.id;
+      EXPECT_EQ(now.texts, before.texts) << finding << " without " << note.id;
+      EXPECT_TRUE(places().empty() || places() == numbers) << finding << " without " << note.id;
+    }
+  }
+}
+
+TEST_F(PanelColumns, NameWhoeverIsTaggedBesideWhatPosts) {
+  store().board.edit([](std::optional<BoardState>& board) {
+    board->users.push_back({.email = "mara@tessarine.example", .name = "Mara Quellworth"});
+  });
+  for (const int width : {290, 320}) {
+    resize({width, 2'000});
+    focus(field(kField));
+    const auto hint = [this] { return seenText(window()->contentItem(), "Ctrl+Return to post"); };
+    EXPECT_TRUE(hint()) << width;
+    for (const char* name : {"Jorvas", "Mara"}) tag(name);
+    const QQuickItem* composer = seen(window()->contentItem(), "Composer").constFirst();
+    const auto chips = [&] {
+      QList<QRectF> places;
+      for (const QQuickItem* chip : seen(composer, "TagChip")) {
+        const QQuickItem* words = seen(chip, "Label").constFirst();
+        EXPECT_FALSE(words->property("truncated").toBool()) << width;
+        places.append(placeOf(chip));
+      }
+      return places;
+    };
+    const auto before = chips();
+    ASSERT_EQ(before.size(), 2) << width;
+    const QRectF post = placeOf(item("Post"));
+    store().busy.set({"note"});
+    settle();
+    EXPECT_EQ(placeOf(item("Posting…")), post) << width;
+    EXPECT_EQ(chips(), before) << width;
+    store().busy.set({});
+    settle();
+    focus(field(kField));
+    for (const char* letter : {"a", " ", "b"}) {
+      type(letter);
+      EXPECT_EQ(chips(), before) << width;
+      EXPECT_EQ(placeOf(item("Post")), post) << width;
+    }
+    const QQuickItem* words = hint();
+    for (const QRectF& chip : before) {
+      EXPECT_FALSE(words && placeOf(words).intersects(chip)) << width;
+      EXPECT_FALSE(post.intersects(chip)) << width;
+    }
+    // As it was.
+    for (const char* name : {"Jorvas", "Mara"}) tag(name);
+    EXPECT_TRUE(hint()) << width;
+  }
 }
 
 TEST_F(PanelColumns, AreSharedByTheNotesOfAFinding) {
