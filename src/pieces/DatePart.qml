@@ -28,6 +28,9 @@ PressArea {
 
     implicitWidth: Math.ceil(words.implicitWidth) + 6
     implicitHeight: 22
+    containmentMask: HandRoom {
+        around: part
+    }
 
     Accessible.role: Accessible.SpinBox
     Accessible.name: label + ": " + text

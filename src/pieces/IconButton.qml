@@ -16,6 +16,9 @@ Pressable {
     idle: busy
     implicitWidth: Math.round(size) + 11
     implicitHeight: implicitWidth
+    containmentMask: HandRoom {
+        around: button
+    }
     pressedScale: 0.94
 
     Rectangle {

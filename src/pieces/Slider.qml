@@ -29,6 +29,9 @@ PressArea {
 
     implicitWidth: 90
     implicitHeight: 20
+    containmentMask: HandRoom {
+        around: slider
+    }
     holdsPointer: true
     opacity: enabled ? 1 : 0.45
 

@@ -13,6 +13,9 @@ Pressable {
     pressedScale: 1
     implicitWidth: 32
     implicitHeight: 19
+    containmentMask: HandRoom {
+        around: toggle
+    }
 
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true

@@ -14,6 +14,9 @@ Pressable {
     label: text
     implicitWidth: words.x + words.implicitWidth
     implicitHeight: words.implicitHeight + 4
+    containmentMask: HandRoom {
+        around: button
+    }
 
     Row {
         anchors.verticalCenter: parent.verticalCenter
