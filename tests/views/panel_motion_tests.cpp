@@ -206,6 +206,50 @@ TEST_F(PanelMotion, StandsStillForWhoAsksForIt) {
   EXPECT_EQ(frames().size(), 1);
 }
 
+// By each card and from its first frame on, with the ticket, its page and the panel all coming
+// anew.
+TEST_F(PanelMotion, BringsCardsAtTheirWholeHeight) {
+  for (int i = 0; i < 4; ++i) {
+    Finding finding = named("g" + std::to_string(i), "Page two", 1);
+    finding.detail =
+        std::string(300, 'x') + " " + std::string(static_cast<std::size_t>(40 * i), 'z');
+    finding.state = i == 2 ? "fine" : "open";
+    detail.findings.push_back(finding);
+  }
+  detail.comments.push_back(noteBy("n5", "jorvas"));
+  detail.comments.back().finding_id = "g3";
+  put();
+  const auto expectWhole = [this](const std::string& where) {
+    std::map<const QQuickItem*, QList<double>> heights;
+    frames([&] {
+      for (const QQuickItem* each : all("FindingCard")) {
+        auto& own = heights[each];
+        if (own.isEmpty() || own.last() != each->height()) own.append(each->height());
+      }
+      return 0.0;
+    });
+    EXPECT_FALSE(heights.empty()) << where;
+    for (const auto& [card, own] : heights) {
+      EXPECT_EQ(own.size(), 1) << where << ", from " << own.first() << " to " << own.last();
+    }
+  };
+  store().goToPage("t1", 1);
+  for (const QSize size : {QSize{1'500, 940}, QSize{1'200, 700}}) {
+    store().selection.set({"t1"});
+    showMain(size);
+    theme()->setReducedMotion(false);
+    expectWhole("the window opens");
+    store().selection.set({});
+    frames([] { return 0; });
+    store().selection.set({"t1"});
+    expectWhole("a ticket opens");
+    for (const Int page : {0, 1}) {
+      store().goToPage("t1", page);
+      expectWhole("page " + std::to_string(page));
+    }
+  }
+}
+
 TEST_F(PanelMotion, StandsAtOnceInTheWindow) {
   showMain({1'500, 940});
   calm();
