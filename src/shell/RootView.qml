@@ -274,6 +274,7 @@ FocusScope {
         toast: view.root.toast
         aside: view.shown.signedIn ? view.root.sidebarWidth(view.width) : 0
         foot: view.shown.signedIn && view.shown.content === "file" ? view.ticket?.barHeight ?? 0 : 0
+        beside: view.shown.signedIn && view.shown.content === "file" ? view.ticket?.kept ?? 0 : 0
         onUndo: view.root.undo()
         onKeptOut: view.takeKeyboard()
     }

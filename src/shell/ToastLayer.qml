@@ -11,6 +11,8 @@ Item {
     // What the main column has at its left, and what stands at its foot.
     property real aside: 0
     property real foot: 0
+    // What it leaves free at the trailing edge.
+    property real beside: 0
 
     signal undo()
     // The toast goes with the keyboard, and what had that before has gone.
@@ -105,11 +107,13 @@ Item {
         property real rise: Math.max(62, layer.foot + 14) - (layer.open ? 0 : 16)
 
         z: 1
-        x: Math.round(layer.aside + ((parent?.width ?? 0) - layer.aside - width) / 2)
+        property real beside: layer.beside
+
+        x: Math.round(layer.aside + ((parent?.width ?? 0) - layer.aside - beside - width) / 2)
         y: Math.round((parent?.height ?? 0) - height - rise)
         visible: opacity > 0
         opacity: layer.open ? 1 : 0
-        widest: Math.min(560, layer.width - layer.aside - 2 * Theme.gap24)
+        widest: Math.min(560, layer.width - layer.aside - layer.beside - 2 * Theme.gap24)
         text: layer.words
         undoLabel: layer.label
         onUndo: layer.takeBack()
@@ -118,6 +122,10 @@ Item {
             Glide {}
         }
         Behavior on rise {
+            Glide {}
+        }
+        Behavior on beside {
+            enabled: shown.visible
             Glide {}
         }
     }

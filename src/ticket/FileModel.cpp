@@ -44,9 +44,11 @@ void FileModel::updateReview() {
 
 void FileModel::updateStrip() {
   const FileDetail* detail = store_.currentDetail();
-  const bool shows = wantsStrip();
-  // A strip that goes keeps its pages while it slides out.
-  if (shows || !store_.currentFile()) {
+  const bool shows = hasStrip();
+  const FileItem* file = store_.currentFile();
+  const std::string ticket = file ? file->id : "";
+  // A strip that goes keeps its pages while it slides out, but for another ticket's.
+  if (std::exchange(stripOf_, ticket) != ticket || shows) {
     pages_.setRows(shows ? pageStrip(store_, *detail) : std::vector<PageCellView>{});
     const int open = shows ? static_cast<int>(pageIndex(store_, detail->file)) : 0;
     if (openPage_ != open) {
@@ -63,17 +65,19 @@ void FileModel::updateStrip() {
 
 void FileModel::holdStrip() {
   const FileItem* file = store_.currentFile();
-  const bool holds = file && holdsPageStrip(store_, *file, store_.currentDetail(), width_);
-  if (std::exchange(holdsStrip_, holds) != holds) emit holdsStripChanged();
+  const bool room = file && roomForPageStrip(*file, store_.currentDetail(), width_);
+  if (std::exchange(stripRoom_, room) != room) emit stripRoomChanged();
+  const bool wanted = store_.prefs.showPageStrip();
+  if (std::exchange(stripWanted_, wanted) != wanted) emit stripWantedChanged();
 }
 
-bool FileModel::wantsStrip() const {
+bool FileModel::hasStrip() const {
   return vellix::showsPageStrip(store_, store_.currentDetail(), width_);
 }
 
 // What is no news of the pages moves nothing but the strip as a whole.
 void FileModel::turnStrip() {
-  if (showsStrip_ != wantsStrip()) updateStrip();
+  if (showsStrip_ != hasStrip()) updateStrip();
   holdStrip();
 }
 

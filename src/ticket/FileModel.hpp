@@ -24,8 +24,9 @@ class FileModel : public QObject {
   Q_PROPERTY(Qml<MultiFilesView> multi READ multi NOTIFY multiChanged)
   Q_PROPERTY(Qml<NotesPanelView> notesPanel READ notesPanel NOTIFY notesPanelChanged)
   Q_PROPERTY(bool showsStrip READ showsStrip NOTIFY showsStripChanged)
-  // There is room for it, also while its pages are on their way.
-  Q_PROPERTY(bool holdsStrip READ holdsStrip NOTIFY holdsStripChanged)
+  // There is room for it, also while its pages are on their way; and somebody wants to see it.
+  Q_PROPERTY(bool stripRoom READ stripRoom NOTIFY stripRoomChanged)
+  Q_PROPERTY(bool stripWanted READ stripWanted NOTIFY stripWantedChanged)
   Q_PROPERTY(int openPage READ openPage NOTIFY openPageChanged)  // the row of `pages` on show
   Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)  // of the strip on show, or of the last
 
@@ -38,7 +39,8 @@ class FileModel : public QObject {
   Qml<MultiFilesView> multi() const { return multi_.qml(); }
   Qml<NotesPanelView> notesPanel() const { return notesPanel_.qml(); }
   bool showsStrip() const { return showsStrip_; }
-  bool holdsStrip() const { return holdsStrip_; }
+  bool stripRoom() const { return stripRoom_; }
+  bool stripWanted() const { return stripWanted_; }
   int openPage() const { return openPage_; }
   QAbstractItemModel* pages() { return &pages_; }
 
@@ -58,7 +60,8 @@ class FileModel : public QObject {
   void multiChanged();
   void notesPanelChanged();
   void showsStripChanged();
-  void holdsStripChanged();
+  void stripRoomChanged();
+  void stripWantedChanged();
   void openPageChanged();
 
  private:
@@ -66,7 +69,7 @@ class FileModel : public QObject {
   void updateReview();
   void updateStrip();
   void updateNotesPanel();
-  bool wantsStrip() const;
+  bool hasStrip() const;
   void holdStrip();
   void turnStrip();
 
@@ -75,7 +78,9 @@ class FileModel : public QObject {
   const Calendar& calendar_;
   double width_ = 0;
   bool showsStrip_ = false;
-  bool holdsStrip_ = false;
+  bool stripRoom_ = false;
+  bool stripWanted_ = false;
+  std::string stripOf_;  // the ticket, by its id
   int openPage_ = 0;
   Shown<FileHeaderView> header_;
   Shown<ReviewButtonView> review_;

@@ -28,6 +28,9 @@ Item {
 
     readonly property notesPanelView side: file.notesPanel
     readonly property alias barHeight: canvas.barHeight
+    // What a toast leaves free of a panel over the page: all of it, or its trailing edge, where the
+    // buttons of what is written stand.
+    readonly property real kept: dock.floats && dock.open ? Math.min(dock.width + Theme.gap16, Math.max(0, width - 360)) : 0
     // What is there from the start comes without a show; from then on it is seen to move.
     property bool settled: false
 
@@ -106,13 +109,16 @@ Item {
         Item {
             id: strip
 
+            // It glides where somebody shows or hides it. That there is room for it, or is not any more,
+            // is so at once.
+            property real part: ticket.file.stripWanted ? 1 : 0
+
             height: parent.height
             // From the first, so that the page does not move when the others come.
-            width: ticket.file.holdsStrip ? pages.width : 0
+            width: ticket.file.stripRoom ? part * pages.width : 0
             clip: true
 
-            Behavior on width {
-                enabled: ticket.settled
+            Behavior on part {
                 Glide {}
             }
 

@@ -18,11 +18,13 @@ Item {
 
     readonly property bool floats: side.floats
     readonly property bool open: side.open
-    // How far it has come in, and the room that it takes from the page.
-    property real reach: open ? side.width + (floats ? Theme.gap16 : 0) : 0
-    property real taken: open && !floats ? side.width : 0
-    // 1 for the card.
-    property real lift: floats ? 1 : 0
+    // How far it has come in. That glides where somebody opens or closes it; what another width of the
+    // window changes is there at once.
+    property real part: 0
+    property bool glides: false
+    // That in pixels, and the room that it takes from the page.
+    readonly property real reach: part * (side.width + (floats ? Theme.gap16 : 0))
+    readonly property real taken: floats ? 0 : part * side.width
     property bool wasOpen: false
     property bool floated: false
     // What the keyboard went to from it.
@@ -32,24 +34,14 @@ Item {
     signal keptOut(int reason)
 
     x: (parent?.width ?? 0) - reach
-    y: lift * Theme.gap16
+    y: floats ? Theme.gap16 : 0
     width: side.width
-    height: (parent?.height ?? 0) - lift * (foot + 2 * Theme.gap16)
-    visible: open || reach > 0
-    opacity: 1 - lift * (1 - Math.min(1, reach / (width + Theme.gap16)))
+    height: (parent?.height ?? 0) - (floats ? foot + 2 * Theme.gap16 : 0)
+    visible: open || part > 0
+    opacity: floats ? Math.min(1, part) : 1
 
-    Behavior on reach {
-        enabled: panel.moves
-        Glide {}
-    }
-
-    Behavior on taken {
-        enabled: panel.moves
-        Glide {}
-    }
-
-    Behavior on lift {
-        enabled: panel.moves && panel.reach > 0
+    Behavior on part {
+        enabled: panel.glides
         Glide {}
     }
 
@@ -60,12 +52,14 @@ Item {
         const turned = side.open !== wasOpen;
         floated = side.floats;
         wasOpen = side.open;
-        if (!turned)
+        if (!turned && !laid)
             return;
-        if (!wasOpen)
+        if (turned && !wasOpen)
             giveAway(laid);
-        else if (laid)
+        else if (turned && laid)
             returning.restart();
+        glides = moves && !laid;
+        part = wasOpen ? 1 : 0;
     }
 
     function giveAway(laid: bool) {
@@ -102,14 +96,13 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        radius: panel.lift * Theme.radiusCard
+        radius: panel.floats ? Theme.radiusCard : 0
         color: Theme.window
 
         Shadow {
-            visible: panel.lift > 0
+            visible: panel.floats
             anchors.fill: parent
             z: -1
-            opacity: panel.lift
             radius: Theme.radiusCard
             color: Theme.shadow
         }
@@ -120,9 +113,9 @@ Item {
     }
 
     Hairline {
+        visible: !panel.floats
         vertical: true
         height: parent.height
-        opacity: 1 - panel.lift
     }
 
     Loader {

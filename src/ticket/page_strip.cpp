@@ -85,12 +85,11 @@ std::vector<PageCellView> pageStrip(const Store& store, const FileDetail& detail
 }
 
 bool showsPageStrip(const Store& store, const FileDetail* detail, double width) {
-  return detail && holdsPageStrip(store, detail->file, detail, width);
+  return detail && store.prefs.showPageStrip() && roomForPageStrip(detail->file, detail, width);
 }
 
-bool holdsPageStrip(const Store& store, const FileItem& file, const FileDetail* detail,
-                    double width) {
-  if (!store.prefs.showPageStrip() || !(width >= kLeastWidth)) return false;
+bool roomForPageStrip(const FileItem& file, const FileDetail* detail, double width) {
+  if (!(width >= kLeastWidth)) return false;
   const auto& pages = detail ? detail->file.pages : file.pages;
   if (detail || pages) return pages && pages->size() > 1;
   return file.page_count.value_or(0) > 1;

@@ -29,8 +29,8 @@ std::vector<PageCellView> pageStrip(const Store& store, const FileDetail& detail
 
 // `width` is that of the view which the strip stands in, in logical pixels. No detail, no strip.
 bool showsPageStrip(const Store& store, const FileDetail* detail, double width);
-// Whether there is room for it: also while the detail is on its way, as far as the ticket tells.
-bool holdsPageStrip(const Store& store, const FileItem& file, const FileDetail* detail,
-                    double width);
+// Whether there is room for it and it has pages, be it wanted or not: also while the detail is on
+// its way, as far as the ticket tells.
+bool roomForPageStrip(const FileItem& file, const FileDetail* detail, double width);
 
 }  // namespace vellix

@@ -198,34 +198,32 @@ INSTANTIATE_TEST_SUITE_P(All, StripRooms,
 
 struct Held {
   const char* name;
-  bool wanted;
   double width;
   std::optional<Int> told;   // the ticket's count of its pages
   std::optional<Int> pages;  // the detail's; none for no detail
-  bool held;
+  bool room;
 };
-BOOST_DESCRIBE_STRUCT(Held, (), (name, wanted, width, told, pages, held))
+BOOST_DESCRIBE_STRUCT(Held, (), (name, width, told, pages, room))
 
 class StripHolds : public PageStrips, public testing::WithParamInterface<Held> {};
 
 TEST_P(StripHolds, DecideWhetherItHasItsRoom) {
   const auto& each = GetParam();
-  store().prefs.showPageStrip.set(each.wanted);
   FileItem file = ticketOf("t1");
   file.pages.reset();
   file.page_count = each.told;
   detail.file.pages = pagesOf(each.pages.value_or(0));
-  EXPECT_EQ(holdsPageStrip(store(), file, each.pages ? &detail : nullptr, each.width), each.held);
+  EXPECT_EQ(roomForPageStrip(file, each.pages ? &detail : nullptr, each.width), each.room);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, StripHolds,
-                         testing::Values(Held{"SoonToCome", true, 860, 2, {}, true},
-                                         Held{"TooNarrow", true, 859.9, 2, {}, false},
-                                         Held{"Unwanted", false, 1'200, 2, {}, false},
-                                         Held{"OnePage", true, 1'200, 1, {}, false},
-                                         Held{"NothingTold", true, 1'200, {}, {}, false},
-                                         Held{"ByTheDetail", true, 1'200, 1, 2, true},
-                                         Held{"LessByTheDetail", true, 1'200, 3, 1, false}),
+                         testing::Values(Held{"SoonToCome", 860, 2, {}, true},
+                                         Held{"TooNarrow", 859.9, 2, {}, false},
+                                         Held{"NoWidth", std::nan(""), 2, {}, false},
+                                         Held{"OnePage", 1'200, 1, {}, false},
+                                         Held{"NothingTold", 1'200, {}, {}, false},
+                                         Held{"ByTheDetail", 1'200, 1, 2, true},
+                                         Held{"LessByTheDetail", 1'200, 3, 1, false}),
                          [](const auto& each) { return each.param.name; });
 
 TEST_F(PageStrips, AreNotShownForADetailWithoutPages) {

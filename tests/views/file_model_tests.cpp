@@ -171,6 +171,20 @@ TEST_F(FileModels, ReplaceTheStripAcrossTickets) {
   EXPECT_EQ(operations.take(), (Lines{"remove 0-2", "insert 0-1"}));
 }
 
+TEST_F(FileModels, KeepNoStripOfAnotherTicket) {
+  model().lay(1'500);
+  bringDetail();
+  ASSERT_EQ(model().pages()->rowCount(), 3);
+  store().prefs.showPageStrip.set(false);
+  desk.time.run();
+  EXPECT_EQ(model().pages()->rowCount(), 3) << "while it slides out";
+  store().prefs.showPageStrip.set(true);
+  desk.time.run();
+  select({"t2"});
+  EXPECT_FALSE(model().showsStrip());
+  EXPECT_EQ(model().pages()->rowCount(), 0);
+}
+
 TEST_F(FileModels, NameTheTicketsWhileSeveralAreSelected) {
   const auto multi = [this](const char* field) { return model().multi()[field].toString(); };
   EXPECT_EQ(multi("heading"), "");

@@ -138,6 +138,35 @@ TEST_F(PanelKeepsWords, WhileItIsHidden) {
   EXPECT_EQ(caret(written), 5);
 }
 
+TEST_F(PanelKeepsWords, AndGivesTheKeyboardToItsButtonFromWhateverHadIt) {
+  open();
+  focus(item("Real issue"));
+  ASSERT_TRUE(inPanel(keyed()));
+  toggle();
+  EXPECT_TRUE(atItsButton()) << keyedName().toStdString();
+  toggle();
+  store().setSideTab("history");
+  settle();
+  QQuickItem* tab = item("History", QAccessible::PageTab);
+  focus(tab);
+  ASSERT_TRUE(inPanel(keyed()));
+  toggle();
+  EXPECT_TRUE(atItsButton()) << keyedName().toStdString();
+}
+
+TEST_F(PanelKeepsWords, BelowTheFoldWithTheirCaretInSight) {
+  open({1'500, 640});
+  QQuickItem* written = write();
+  resize({760, 640});
+  resize({1'500, 640});
+  ASSERT_TRUE(comes([&] { return keyed() == written; }));
+  const QQuickItem* panel = the("TicketPanel");
+  const QRectF caret = written->mapRectToScene(written->property("cursorRectangle").toRectF());
+  const QRectF room = panel->mapRectToScene(panel->boundingRect());
+  EXPECT_GE(caret.top(), room.top());
+  EXPECT_LE(caret.bottom(), room.bottom());
+}
+
 TEST_F(PanelKeepsWords, AndItsPlaceAndItsSide) {
   open({1'500, 700});
   QQuickItem* area = nullptr;

@@ -49,6 +49,34 @@ TEST_F(ToastViews, WrapInTheMainColumn) {
   EXPECT_LE(place("ToastView").bottom(), place("CanvasBar").top() - 12);
 }
 
+TEST_F(ToastViews, CoverNothingThatIsPressed) {
+  store().notesDrawer.set(true);
+  open({760, 540});
+  auto* field = reader().find("Write a note for the report", QAccessible::EditableText);
+  ASSERT_TRUE(field);
+  qobject_cast<QQuickItem*>(field->object())->forceActiveFocus(Qt::TabFocusReason);
+  for (const bool offline : {false, true}) {
+    if (offline) store().problem.set("The service could not be reached.");
+    for (const QSize size : {QSize{760, 540}, {900, 640}, {1'100, 700}}) {
+      resize(size);
+      for (const char* words :
+           {"Marked fine.", "Something of quite a length that wraps in here."}) {
+        say(words);
+        const QRectF toast = place("ToastView");
+        ASSERT_FALSE(toast.isEmpty());
+        for (const char* name : {"Post", "Previous page", "Next page"}) {
+          auto* button = reader().find(name, QAccessible::Button);
+          ASSERT_TRUE(button) << name;
+          const QRectF at =
+              qobject_cast<QQuickItem*>(button->object())
+                  ->mapRectToScene(qobject_cast<QQuickItem*>(button->object())->boundingRect());
+          EXPECT_FALSE(at.intersects(toast)) << name << " under " << words << size.width();
+        }
+      }
+    }
+  }
+}
+
 TEST_F(ToastViews, GlideWhereTheBarGrows) {
   open({760, 540});
   theme()->setReducedMotion(false);

@@ -9,9 +9,9 @@ namespace {
 
 class WaitingTickets : public ViewTest {
  protected:
-  // The ticket that waits has as many pages as told, and `bring` brings them.
-  void wait(QSize size, Int pages) {
-    pages_ = pages;
+  // The ticket that waits has as many pages as told, or does not tell; `bring` brings them.
+  void wait(QSize size, std::optional<Int> pages) {
+    pages_ = pages.value_or(3);
     serveTheDay();
     FileItem file = ticketOf("t9");
     file.title = "Not Yet Here";
@@ -32,7 +32,11 @@ class WaitingTickets : public ViewTest {
     detail.file.title = "Not Yet Here";
     detail.file.page_count = pages_;
     detail.file.pages = pagesOf(pages_);
-    for (auto& page : *detail.file.pages) page.img = "waited-" + std::to_string(page.i);
+    for (auto& page : *detail.file.pages) {
+      page.img = "waited-" + std::to_string(page.i);
+      page.label = called_;
+      if (page.i == 0 && onlyLatest_) page.refs = {{"latest", RefPage{}}};
+    }
     store().details.edit([&](auto& all) { all["t9"] = detail; });
     settle();
   }
@@ -51,11 +55,18 @@ class WaitingTickets : public ViewTest {
       auto* button = reader().find(name, QAccessible::Button);
       all.append(button ? QRectF{button->rect()} : QRectF{});
     }
+    for (const QQuickItem* each : seen(the("CanvasBar"), "PressArea")) {
+      all.append(each->mapRectToScene(each->boundingRect()));
+    }
     return all;
   }
 
  private:
   Int pages_ = 0;
+
+ protected:
+  std::optional<std::string> called_;  // each page
+  bool onlyLatest_ = false;            // the first page is compared with nothing else
 };
 
 TEST_F(WaitingTickets, HoldThePlacesOfWhatComes) {
@@ -90,6 +101,57 @@ TEST_F(WaitingTickets, HoldNoPlaceForAStripOfOnePage) {
   bring();
   EXPECT_EQ(places(), before);
 }
+
+TEST_F(WaitingTickets, HaveAStripAtOnceThatNothingTold) {
+  wait({1'500, 940}, std::nullopt);
+  EXPECT_EQ(place("CanvasBar").left(), place("FileView").left());
+  theme()->setReducedMotion(false);
+  QTest::qWait(100);
+  std::vector<double> widths;
+  QQuickItem* canvas = the("CompareCanvas");
+  QObject::connect(canvas, &QQuickItem::widthChanged, canvas,
+                   [&] { widths.push_back(canvas->width()); });
+  const double before = canvas->width();
+  bring();
+  QTest::qWait(400);
+  EXPECT_EQ(widths, std::vector<double>{before - 92}) << "nothing moves under the eye";
+  EXPECT_EQ(place("CanvasBar").left(), place("FileView").left() + 92);
+}
+
+struct Arrival {
+  QSize size;
+  Int pages;
+  std::string called;
+};
+void PrintTo(const Arrival& each, std::ostream* out) {
+  *out << each.size.width() << " wide, " << each.pages << " pages called " << each.called;
+}
+
+class ArrivingTickets : public WaitingTickets, public testing::WithParamInterface<Arrival> {};
+
+TEST_P(ArrivingTickets, MoveNothingWithTheNamesAndReferencesOfTheirPages) {
+  called_ = GetParam().called;
+  onlyLatest_ = true;
+  wait(GetParam().size, GetParam().pages);
+  for (const CompareMode mode : {CompareMode::side, CompareMode::overlay}) {
+    store().details.edit([](auto& all) { all.erase("t9"); });
+    store().setMode(mode);
+    settle();
+    ASSERT_FALSE(store().currentDetail());
+    EXPECT_TRUE(reader().find("FBC", QAccessible::CheckBox));
+    const auto before = places();
+    bring();
+    EXPECT_EQ(places(), before);
+    EXPECT_TRUE(reader().find("Last print", QAccessible::CheckBox));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ArrivingTickets,
+                         testing::Values(Arrival{{760, 540}, 12, "xviii"},
+                                         Arrival{{1'500, 940}, 3, "xviii"},
+                                         Arrival{{1'500, 940}, 12, "12–13"},
+                                         Arrival{{1'500, 940}, 240, "Inside front cover"},
+                                         Arrival{{1'900, 1'000}, 12, "Inside front cover"}));
 
 TEST_F(WaitingTickets, HaveABarThatDoesNothingYet) {
   wait({1'500, 940}, 3);
