@@ -31,12 +31,12 @@ Item {
     readonly property real told: Math.max(words.height > 0 ? words.y + words.height : under,
                                           wide ? actions.y + actions.height : 0)
 
-    // Where its blocks end, from the top down, and what is left below the last.
+    // Where its blocks end, and the lines of the summary, from the top down; and what is left below the
+    // last.
     readonly property real air: Theme.gap12
     readonly property real first: Math.max(title.y + title.height, wide ? actions.y + actions.height : 0)
-    readonly property var ends: [first, Math.max(first, under), Math.max(first, words.y + words.told),
-                                 Math.max(first, words.y + words.known), told,
-                                 card.visible ? card.y + card.height : told]
+    readonly property var ends: [first, under, ...words.lines, words.y + words.told, words.y + words.known,
+                                 told, card.visible ? card.y + card.height : told]
 
     // At the title, where no key does anything by mistake.
     function takeKeyboard() {

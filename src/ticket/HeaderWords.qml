@@ -12,6 +12,14 @@ Column {
     readonly property real told: summary.visible ? summary.y + summary.height : -spacing
     readonly property real known: facts.visible ? facts.y + facts.height : told
 
+    // Where the summary's lines end but for the last, as its parent sees it.
+    readonly property var lines: {
+        const all = [];
+        for (let i = 1; i < summary.lineCount; ++i)
+            all.push(y + summary.y + summary.height * i / summary.lineCount);
+        return all;
+    }
+
     spacing: Theme.gap8
 
     Label {

@@ -6,8 +6,11 @@ namespace vellix {
 
 double headerCut(const std::vector<double>& ends, double air, double most) {
   double height = 0;
+  double reached = 0;
   for (const double end : ends) {
-    if (end + air <= most) height = std::max(height, end + air);
+    // Beside what reaches further down.
+    reached = std::max(reached, end);
+    if (reached + air <= most) height = reached + air;
   }
   return height > 0 ? height : most;
 }

@@ -28,6 +28,8 @@ INSTANTIATE_TEST_SUITE_P(All, HeaderCuts,
                                          Cut{"OneLess", {40, 76, 140}, 151, 88},
                                          Cut{"TheFirst", {40, 76, 140}, 60, 52},
                                          Cut{"ABlockThatIsNotThere", {40, 40, 140}, 60, 52},
+                                         Cut{"ALineBesideThem", {76, 40, 58, 140}, 120, 88},
+                                         Cut{"ALineBesideWhatIsTooHigh", {76, 40}, 70, 70},
                                          Cut{"AFirstThatIsTooHigh", {400, 420}, 184, 184},
                                          Cut{"Nothing", {}, 184, 184}),
                          [](const auto& each) { return each.param.name; });

@@ -38,7 +38,10 @@ class HeaderViews : public ViewTest {
       for (const QQuickItem* each : seen(the("FileHeader"), type)) {
         const QRectF place = placeOf(each);
         if (place.isEmpty()) continue;
-        // Below the end of a block there is air; what comes next only begins in it.
+        // Below the end of a block there is air; what comes next only begins in it, be it a line.
+        const double line = place.height() / std::max(1, each->property("lineCount").toInt());
+        const double lines = (end - 12 - place.top()) / line;
+        if (lines > 0.9 && std::abs(lines - std::round(lines)) * line < 1.01) continue;
         if (place.top() < end - 5 && place.bottom() > end) {
           names.append(QString{type} + " " + each->property("text").toString().left(20));
         }
@@ -67,6 +70,20 @@ TEST_F(HeaderViews, EndWithAWholeBlock) {
           << sentences << " in " << size.width() << "×" << size.height();
     }
   }
+}
+
+TEST_F(HeaderViews, ShowAsManyLinesOfALongSummaryAsFit) {
+  open({760, 540}, 40);
+  const auto words = seen(the("HeaderWords"), "Label");
+  const QQuickItem* summary = words.value(0);
+  ASSERT_TRUE(summary);
+  const double line = summary->height() / summary->property("lineCount").toInt();
+  const double highest = 0.36 * the("FileView")->height();
+  ASSERT_GT(summary->height(), highest);
+  const double shown = placeOf(area()).bottom() - 12 - placeOf(summary).top();
+  EXPECT_GE(shown, line - 1);
+  EXPECT_LE(area()->height(), highest + 1);
+  EXPECT_GT(area()->height() + line, highest) << "no more of them fit";
 }
 
 TEST_F(HeaderViews, TellThatThereIsMore) {
