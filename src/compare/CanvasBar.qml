@@ -22,16 +22,20 @@ Rectangle {
     readonly property real line: 32
     readonly property real gap: Theme.gap8
     readonly property real end: width - Theme.gap8
-    // Pages and zoom stand above panes and modes where all of them do not fit side by side, and where
-    // those of most tickets do not: choosing another ticket leaves them where they are.
-    readonly property real needed: pages.x + pages.width + toggles.least + modes.width + tools.width + 3 * gap
-    readonly property bool single: needed <= end && width >= 772
-    // Between what stands at the ends of the first row.
-    readonly property real from: gap + (single ? toggles.x + toggles.width : pages.x + pages.width)
-    readonly property real to: (single ? modes.x : tools.x) - gap
+    // The rows are those of this width and never of a ticket: choosing another one, or getting its
+    // pages, leaves them as they are. What is longer than its room is cut short.
+    readonly property real least: 88
+    readonly property real most: 180
+    // What one row leaves to the page's place and the toggles.
+    readonly property real free: end - pages.x - pages.lead - modes.width - tools.width - 3 * gap
+    readonly property bool single: free >= least + toggles.least
     // What an overlay needs stands there if it can, else in a row on top.
-    readonly property bool beside: overlay.least <= to - from
+    readonly property bool beside: single ? free >= 620 : across >= least
     readonly property int rows: (single ? 1 : 2) + (view.overlay && !beside ? 1 : 0)
+    // What is left of the free to these in every mode.
+    readonly property real kept: free - (beside ? overlay.most + gap : 0)
+    // What two rows leave to the page's place, above the toggles and before an overlay's tools.
+    readonly property real across: tools.x - 2 * gap - overlay.least - pages.x - pages.lead
 
     // For what was in the panel that has gone.
     function takeKeyboard(reason: int) {
@@ -66,6 +70,10 @@ Rectangle {
         y: bar.rowAt(bar.single ? 0 : 1)
         height: bar.line
         compare: bar.compare
+        // Names have more room than numbers where the toggles have theirs.
+        reach: !bar.single ? bar.beside ? Math.min(bar.across, bar.most) : bar.most
+            : Math.min(Math.max(numbers, Math.min(numbers + 40, bar.kept - toggles.ample)),
+                       bar.kept - toggles.least, bar.most)
     }
 
     Item {
@@ -79,18 +87,21 @@ Rectangle {
     Row {
         id: toggles
 
+        // Of any ticket's: two names of references, and as little of a supplier's, or as much.
+        readonly property real least: 228
+        readonly property real ample: 294
         // The supplier's, whose name may be of any length, is the one that gives way.
-        readonly property real least: Math.min(first, shortest) + others
-        readonly property real first: panes.count > 0 ? panes.itemAt(0)?.implicitWidth ?? 0 : 0
         readonly property real others: {
             let sum = 0;
             for (let i = 1; i < panes.count; ++i)
                 sum += spacing + Math.min(panes.itemAt(i)?.implicitWidth ?? 0, most);
             return sum;
         }
-        readonly property real shortest: 44
+        readonly property real shortest: 34
         readonly property real most: 120
-        readonly property real room: modes.x - bar.gap - x
+        readonly property real room: bar.single ? bar.kept - pages.reach : modes.x - bar.gap - x
+        // The last does, where another face makes them wider.
+        readonly property real over: Math.max(0, shortest + others - room)
 
         x: bar.single ? pages.x + pages.width + bar.gap : Theme.gap8
         y: bar.rowAt(0)
@@ -107,7 +118,8 @@ Rectangle {
 
                 // By id: a toggle that goes has no parent any more.
                 anchors.verticalCenter: toggles.verticalCenter
-                width: Math.min(implicitWidth, index > 0 ? toggles.most : Math.max(toggles.shortest, toggles.room - toggles.others))
+                width: index === 0 ? Math.min(implicitWidth, Math.max(toggles.shortest, toggles.room - toggles.others))
+                    : Math.min(implicitWidth, toggles.most) - (index === panes.count - 1 ? toggles.over : 0)
                 onClicked: {
                     bar.toggled();
                     bar.compare.togglePane(key);
@@ -139,13 +151,16 @@ Rectangle {
     OverlayTools {
         id: overlay
 
+        readonly property real from: pages.x + pages.lead + pages.reach + bar.gap
+
         parent: !bar.beside ? onTop : bar.single ? overlayBehindPanes : overlayBehindPages
         visible: bar.view.overlay
-        x: bar.beside ? (bar.from + bar.to - width) / 2 : Math.min(modes.x, bar.end - width)
+        x: !bar.beside ? Math.min(modes.x, bar.end - width)
+            : bar.single ? modes.x - bar.gap - width : (from + tools.x - bar.gap - width) / 2
         y: bar.rowAt(bar.beside && bar.single ? 0 : bar.beside ? 1 : bar.rows - 1)
         height: bar.line
         compare: bar.compare
-        room: bar.beside ? bar.to - bar.from : Infinity
+        room: bar.beside && !bar.single ? tools.x - bar.gap - from : Infinity
     }
 
     Row {

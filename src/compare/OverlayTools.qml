@@ -11,6 +11,7 @@ Row {
     property real room: Infinity
 
     readonly property real least: 60 + spacing + difference.width
+    readonly property real most: 96 + spacing + difference.width
 
     spacing: Theme.gap8
 

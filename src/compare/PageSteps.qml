@@ -2,14 +2,20 @@ import QtQuick
 import Vellix.Compare
 import Vellix.Pieces
 
-// Goes from page to page and tells which one is open. It is as wide on each page of the ticket, so
-// that what stands behind it stays where it is.
+// Goes from page to page and tells which one is open, in a room that no page's name changes, so that
+// what stands behind it stays where it is.
 Row {
     id: steps
 
     required property CompareModel compare
+    // Of the text; what is longer is cut short.
+    required property real reach
 
     readonly property canvasBarView view: compare.bar
+    // Before the text.
+    readonly property real lead: previous.width + next.width + Theme.gap4
+    // What pages without names want of it.
+    readonly property real numbers: Math.ceil(widest.implicitWidth)
 
     HandOver {
         id: over
@@ -38,12 +44,7 @@ Row {
     }
 
     Item {
-        id: room
-
-        // Which of the texts is the widest was found out without their face, so it may be a little more.
-        readonly property real most: Math.min(Math.ceil(widest.implicitWidth) + 4, 180)
-
-        width: Theme.gap4 + most
+        width: Theme.gap4 + steps.reach
         height: parent.height
 
         Digits {
@@ -57,7 +58,7 @@ Row {
         Digits {
             id: place
 
-            visible: implicitWidth <= room.most
+            visible: implicitWidth <= steps.reach
             x: Theme.gap4
             anchors.verticalCenter: parent.verticalCenter
             size: Theme.body
@@ -69,7 +70,7 @@ Row {
             visible: !place.visible
             x: Theme.gap4
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, room.most)
+            width: Math.min(implicitWidth, steps.reach)
             elide: Text.ElideMiddle
             tellsWhole: true
             size: Theme.body

@@ -6,7 +6,7 @@ Pressable {
     id: button
 
     required property string key
-    // What it says on another page of the ticket may be wider: it holds that room.
+    // What it says on another page may be wider: it holds that room.
     required property string widest
     required property string tone
     required property string icon

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "compare/canvas.hpp"
-#include "compare/rough_width.hpp"
 #include "records/finding_words.hpp"
 #include "records/words.hpp"
 
@@ -29,22 +28,6 @@ PaneView paneView(const PaneInfo& pane, const FileItem& file) {
   return view;
 }
 
-// Of what a function of a page says of each page of a ticket, the same on all of them: in its room
-// another page's comes to stand without anything beside it having to move.
-template <typename Say>
-std::string widestOf(const FileItem& file, Say say) {
-  std::string widest;
-  int most = -1;
-  for (Int index = 0; const Page* page = pageAt(file, index); ++index) {
-    std::string said = say(*page, index);
-    const int width = roughWidth(said);
-    if (width <= most) continue;
-    most = width;
-    widest = std::move(said);
-  }
-  return widest;
-}
-
 PaneToggleView toggleView(const Store& store, std::string key, std::string label,
                           std::string tone) {
   const bool shown = store.shown().contains(key);
@@ -63,13 +46,13 @@ std::vector<PaneToggleView> togglesOf(const Store& store, const Page& page, cons
     return {toggleView(store, "supplier", "v" + std::to_string(version), "purple"),
             toggleView(store, "third", "v" + std::to_string(version - 1), "orange")};
   }
-  const auto third = [&](const Page& each, Int = 0) {
-    return roleLabel(thirdRole(each, file, version));
-  };
+  const auto third = [&](const Page& each) { return roleLabel(thirdRole(each, file, version)); };
   std::vector toggles{toggleView(store, "supplier", supplierOf(file), "purple"),
                       toggleView(store, "submitted", roleLabel("submitted"), "blue"),
                       toggleView(store, "third", third(page), "orange")};
-  if (pageAt(file, 0)) toggles.back().widest = widestOf(file, third);
+  // Of all pages that there can be, this one brings the widest name.
+  static const Page kOnlyLatest{.refs = {{{"latest", RefPage{}}}}};
+  toggles.back().widest = third(kOnlyLatest);
   return toggles;
 }
 
@@ -96,6 +79,12 @@ std::string placeOf(const Page& page, Int index, Int count) {
   return "p" + page.name() + " · " + std::to_string(index + 1) + " of " + std::to_string(count);
 }
 
+// Known before the pages' names are. Short books have the room of others.
+std::string widestPlace(Int count) {
+  const Int last = std::max<Int>(count, 10);
+  return placeOf(Page{.i = last - 1}, last - 1, last);
+}
+
 CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                       const CanvasState& state) {
   const Int count = file.pages ? static_cast<Int>(file.pages->size()) : 0;
@@ -105,11 +94,10 @@ CanvasBarView barView(const Store& store, const FileItem& file, Int index,
                     .opacity = state.opacity,
                     .difference = state.difference,
                     .draws = store.prefs.drawToComment(),
-                    .page = index};
+                    .page = index,
+                    .widest = widestPlace(count)};
   if (page) {
-    const auto place = [count](const Page& each, Int at) { return placeOf(each, at, count); };
-    bar.place = place(*page, index);
-    bar.widest = widestOf(file, place);
+    bar.place = placeOf(*page, index, count);
   } else {
     bar.empty = "No pages in this file.";
   }
@@ -184,7 +172,7 @@ CanvasView waitingCanvas(const Store& store, const FileItem& file) {
     const auto open = store.page().find(file.id);
     const Int at = open == store.page().end() ? 0 : std::clamp<Int>(open->second, 0, count - 1);
     view.bar.place = placeOf(Page{.i = at}, at, count);
-    view.bar.widest = placeOf(Page{.i = count - 1}, count - 1, count);
+    view.bar.widest = widestPlace(count);
   }
   view.bar.empty.clear();
   view.bar.first = view.bar.last = true;

@@ -43,7 +43,7 @@ BOOST_DESCRIBE_STRUCT(PaneView, (),
 struct PaneToggleView {
   std::string key;
   std::string label;
-  std::string widest;  // that any page of the ticket has here
+  std::string widest;  // that any page of such a ticket may have here
   std::string tone;
   std::string icon;
   std::string help;
@@ -72,7 +72,7 @@ struct CanvasBarView {
   bool drafting = false;  // one is being written on this page
   Int page = 0;           // 0-based
   std::string place;      // "p{name} · {n} of {count}"
-  std::string widest;     // of all places in the ticket
+  std::string widest;     // of the places in a ticket of so many pages without names
   bool first = true;
   bool last = true;
   double zoom = 1;

@@ -50,10 +50,34 @@ TEST_F(WaitingCanvases, HaveTheTogglesThatComeAndTheirRoom) {
   EXPECT_EQ(view.toggles[0].label, "Harrow Print");
   EXPECT_EQ(view.toggles[2].label, "FBC");
   EXPECT_EQ(view.bar.widest, "p12 · 12 of 12");
+  EXPECT_EQ(view.toggles[2].widest, "Last print") << "a page may have that one alone";
   file.version = 3;
   view = waitingCanvas(store(), file);
   ASSERT_EQ(view.toggles.size(), 2U);
   EXPECT_EQ(view.toggles[1].label, "v2");
+}
+
+// Whatever its pages turn out to be called and compared with.
+TEST_F(WaitingCanvases, HaveTheRoomsThatTheDetailWillHave) {
+  for (const Int pages : {0, 3, 12, 240}) {
+    FileItem file = ticketOf("t1");
+    file.page_count = pages;
+    file.pages.reset();
+    const CanvasView before = waitingCanvas(store(), file);
+    file.pages = pagesOf(pages);
+    for (auto& page : *file.pages) {
+      page.label = "xviii–" + std::to_string(page.i);
+      page.refs = {{"latest", RefPage{}}};
+    }
+    FileDetail detail;
+    detail.file = file;
+    const CanvasView after = canvasView(store(), detail);
+    EXPECT_EQ(after.bar.widest, before.bar.widest) << pages;
+    ASSERT_EQ(after.toggles.size(), before.toggles.size());
+    for (std::size_t i = 0; i < after.toggles.size(); ++i) {
+      EXPECT_EQ(after.toggles[i].widest, before.toggles[i].widest) << pages;
+    }
+  }
 }
 
 }  // namespace

@@ -160,7 +160,7 @@ class EveryView : public ViewTest {
          {pick("compare"), {"notesOpen", true}, {"notesHelp", "Hide the notes"}}},
         {"Compare/HandOver", {}},
         {"Compare/OverlayTools", {pick("compare")}},
-        {"Compare/PageSteps", {pick("compare")}},
+        {"Compare/PageSteps", {pick("compare"), {"reach", 88}}},
         {"Compare/ZoomTools", {pick("compare"), {"reach", 44}}},
         {"Compare/CompareCanvas",
          {pick("compare"),
