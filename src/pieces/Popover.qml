@@ -18,6 +18,16 @@ T.Popup {
         around: popover.contentItem
     }
 
+    // It does not outstay what it hangs on.
+    readonly property Connections hanging: Connections {
+        target: popover.parent
+
+        function onVisibleChanged() {
+            if (!popover.parent.visible)
+                popover.close();
+        }
+    }
+
     // What had the keyboard before does not take it back.
     signal keptOut()
 

@@ -272,5 +272,19 @@ TEST_F(PanelKeepsWords, UnderTheCardOfANoteOnAFinding) {
   EXPECT_TRUE(inPanel(keyed())) << keyedName().toStdString();
 }
 
+TEST_F(PanelKeepsWords, WithNoMenuLeftWithoutItsButton) {
+  open();
+  for (const char* button : {"Tag people", "Edit or delete"}) {
+    write();
+    const QString entry = QByteArray{button} == "Tag people" ? "Jorvas" : "Edit";
+    ASSERT_TRUE(press(button)) << button;
+    ASSERT_TRUE(comes([&] { return offers(entry); })) << button;
+    resize(kNarrow);
+    EXPECT_TRUE(comes([&] { return !offers(entry); })) << button;
+    resize(kWide);
+    settle();
+  }
+}
+
 }  // namespace
 }  // namespace vellix
