@@ -27,8 +27,9 @@ class HeaderViews : public ViewTest {
   }
   QQuickItem* the(const QByteArray& type) { return seen(window()->contentItem(), type).value(0); }
   QQuickItem* area() { return the("FileHeader")->parentItem()->parentItem(); }
+  // All of it, also where a text's lines leave some air.
   static QRectF placeOf(const QQuickItem* item) {
-    return item->mapRectToScene(item->boundingRect());
+    return item->mapRectToScene({0, 0, item->width(), item->height()});
   }
   // What is cut through by the lower end of what is seen of the header.
   QStringList sliced() {

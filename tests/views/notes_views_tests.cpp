@@ -495,6 +495,7 @@ TEST_F(NotesViews, HoldLongWordsWithinTheirWidth) {
 
 TEST_F(NotesViews, StandWithTwoHundredNotes) {
   std::vector<Note> notes;
+  notes.reserve(200);
   for (int i = 0; i < 200; ++i) notes.push_back(noteBy("m" + std::to_string(i), "renny"));
   bring(notes);
   EXPECT_EQ(reader().names(QAccessible::ListItem).size(), 200);
