@@ -169,9 +169,11 @@ CanvasView waitingCanvas(const Store& store, const FileItem& file) {
   CanvasView view{.bar = barView(store, file, index, {})};
   const Int count = file.page_count.value_or(0);
   if (!pageAt(file, index) && count > 0) {
-    const auto open = store.page().find(file.id);
-    const Int at = open == store.page().end() ? 0 : std::clamp<Int>(open->second, 0, count - 1);
-    view.bar.place = placeOf(Page{.i = at}, at, count);
+    // At which page it opens for the first time, the detail alone can tell.
+    if (const auto open = store.page().find(file.id); open != store.page().end()) {
+      const Int at = std::clamp<Int>(open->second, 0, count - 1);
+      view.bar.place = placeOf(Page{.i = at}, at, count);
+    }
     view.bar.widest = widestPlace(count);
   }
   view.bar.empty.clear();

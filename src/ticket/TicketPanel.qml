@@ -62,6 +62,12 @@ Item {
         part = wasOpen ? 1 : 0;
     }
 
+    // Somebody may have gone there on its way out.
+    onVisibleChanged: {
+        if (!visible && !open && hold.inside)
+            keptOut(Qt.TabFocusReason);
+    }
+
     function giveAway(laid: bool) {
         heir = null;
         if (!hold.inside)

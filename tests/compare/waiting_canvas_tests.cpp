@@ -11,7 +11,7 @@ struct Wait {
   const char* name;
   std::optional<Int> told;   // the ticket's count of its pages
   std::optional<Int> pages;  // that it has with it
-  Int open;
+  std::optional<Int> open;   // the page on show the last time
   const char* place;
 };
 BOOST_DESCRIBE_STRUCT(Wait, (), (name, told, pages, open, place))
@@ -23,7 +23,7 @@ TEST_P(WaitingCanvases, TellThePlaceAsFarAsItIsKnown) {
   file.page_count = GetParam().told;
   file.pages.reset();
   if (GetParam().pages) file.pages = pagesOf(*GetParam().pages);
-  store().page.set({{"t1", GetParam().open}});
+  if (GetParam().open) store().page.set({{"t1", *GetParam().open}});
   const CanvasView view = waitingCanvas(store(), file);
   EXPECT_EQ(view.bar.place, GetParam().place);
   EXPECT_EQ(view.bar.empty, "") << "nothing is known to be missing";
@@ -33,6 +33,7 @@ TEST_P(WaitingCanvases, TellThePlaceAsFarAsItIsKnown) {
 
 INSTANTIATE_TEST_SUITE_P(All, WaitingCanvases,
                          testing::Values(Wait{"Told", 12, {}, 0, "p1 · 1 of 12"},
+                                         Wait{"NeverOpened", 12, {}, {}, ""},
                                          Wait{"Opened", 12, {}, 4, "p5 · 5 of 12"},
                                          Wait{"Beyond", 3, {}, 9, "p3 · 3 of 3"},
                                          Wait{"WithItsPages", {}, 3, 1, "p2 · 2 of 3"},

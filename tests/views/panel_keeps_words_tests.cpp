@@ -138,6 +138,18 @@ TEST_F(PanelKeepsWords, WhileItIsHidden) {
   EXPECT_EQ(caret(written), 5);
 }
 
+TEST_F(PanelKeepsWords, FromWhoGoesThereOnItsWayOut) {
+  open();
+  QQuickItem* written = write();
+  theme()->setReducedMotion(false);
+  toggle();
+  ASSERT_TRUE(the("TicketPanel")) << "it is still going";
+  written->forceActiveFocus(Qt::TabFocusReason);
+  ASSERT_TRUE(inPanel(keyed()));
+  EXPECT_TRUE(comes([this] { return !the("TicketPanel"); }));
+  EXPECT_TRUE(comes([this] { return atItsButton(); })) << keyedName().toStdString();
+}
+
 TEST_F(PanelKeepsWords, AndGivesTheKeyboardToItsButtonFromWhateverHadIt) {
   open();
   focus(item("Real issue"));
