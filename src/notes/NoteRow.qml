@@ -167,6 +167,7 @@ Item {
                         parent: more
                         x: more.width - width
                         y: more.height + Theme.gap4
+                        goesAlong: true
                         label: "Note"
                         entries: [
                             { key: "edit", text: "Edit",

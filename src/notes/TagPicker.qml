@@ -40,6 +40,7 @@ FlowRow {
             Menu {
                 parent: at
                 y: at.height + Theme.gap4
+                goesAlong: true
                 label: "Tag people"
                 entries: picker.tags.entries
                 onPicked: key => picker.tags.press(key)

@@ -18,8 +18,10 @@ T.Popup {
         around: popover.contentItem
     }
 
-    // It does not outstay what it hangs on.
+    // It does not outstay what it hangs on, where that may go by itself.
+    property bool goesAlong: false
     readonly property Connections hanging: Connections {
+        enabled: popover.goesAlong
         target: popover.parent
 
         function onVisibleChanged() {

@@ -53,7 +53,7 @@ class HandRoom : public ApprovalViewsTest {
       if (!button || !button->isVisible()) continue;
       const std::string label = button->property("label").toString().toStdString();
       QMetaObject::invokeMethod(button, "click");
-      look(where + ", " + label);
+      look(std::string{where}.append(", ").append(label));
       ++opened_;
       if (button && button->property("expanded").toBool()) key(Qt::Key_Escape);
       settle();

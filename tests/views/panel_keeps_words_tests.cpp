@@ -142,7 +142,12 @@ TEST_F(PanelKeepsWords, FromWhoGoesThereOnItsWayOut) {
   open();
   QQuickItem* written = write();
   theme()->setReducedMotion(false);
-  toggle();
+  ASSERT_TRUE(comes([this] { return the("TicketPanel")->property("moves").toBool(); }));
+  // No frame is painted until the hand is there.
+  QTest::keyClick(window(), Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+  desk.time.run();
+  ASSERT_FALSE(store().notesOpen());
+  ASSERT_TRUE(atItsButton()) << keyedName().toStdString();
   ASSERT_TRUE(the("TicketPanel")) << "it is still going";
   written->forceActiveFocus(Qt::TabFocusReason);
   ASSERT_TRUE(inPanel(keyed()));
