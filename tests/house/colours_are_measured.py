@@ -7,6 +7,8 @@ import re
 import sys
 from pathlib import Path
 
+from source import texts, verdict
+
 # What words and marks have. Grounds are the table's other side.
 USE = re.compile(r"\bTheme\.(?:(fore|strong|onPaper)(?:\.(\w+)|\[)"
                  r"|(text|ink|muted|faint|accent|strongAccent|success|danger|warning|onAccent|onToast)\b)")
@@ -53,14 +55,8 @@ def complaints(table, files):
 
 
 def main(src, table):
-    root = Path(src)
-    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for path in root.rglob("*.qml")}
-    said = complaints(Path(table).read_text(encoding="utf-8"), files)
-    for sentence in said:
-        print(sentence)
-    print(f"{len(files)} views looked at, {len(said)} complaints")
-    return 1 if said or not files else 0
+    files = texts(src, "*.qml")
+    return verdict(complaints(Path(table).read_text(encoding="utf-8"), files), files)
 
 
 if __name__ == "__main__":

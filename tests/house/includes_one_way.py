@@ -6,7 +6,8 @@ includes_one_way.py SRC
 import re
 import sys
 from graphlib import CycleError, TopologicalSorter
-from pathlib import Path
+
+from source import texts, verdict
 
 # From the ground up. Folders of one line may use one another, as long as no circle comes of it.
 FLOORS = [
@@ -64,14 +65,8 @@ def complaints(files):
 
 
 def main(src):
-    root = Path(src)
-    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for pattern in ("*.hpp", "*.cpp", "*.mm", "*.qml") for path in root.rglob(pattern)}
-    said = complaints(files)
-    for sentence in said:
-        print(sentence)
-    print(f"{len(files)} files looked at, {len(said)} point the wrong way")
-    return 1 if said or not files else 0
+    files = texts(src, "*.hpp", "*.cpp", "*.mm", "*.qml")
+    return verdict(complaints(files), files)
 
 
 if __name__ == "__main__":

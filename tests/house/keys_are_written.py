@@ -5,7 +5,8 @@ keys_are_written.py SRC
 
 import re
 import sys
-from pathlib import Path
+
+from source import texts, verdict
 
 # Knows the signs, and gives them their names.
 TABLE = "pieces/written_keys.cpp"
@@ -33,15 +34,9 @@ def complaints(table, files):
 
 
 def main(src):
-    root = Path(src)
-    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for pattern in ("*.hpp", "*.cpp", "*.qml") for path in root.rglob(pattern)}
+    files = texts(src, "*.hpp", "*.cpp", "*.qml")
     table = files.pop(TABLE)
-    said = complaints(table, files)
-    for sentence in said:
-        print(sentence)
-    print(f"{len(files)} files looked at, {len(said)} complaints")
-    return 1 if said or not files else 0
+    return verdict(complaints(table, files), files)
 
 
 if __name__ == "__main__":

@@ -5,7 +5,8 @@ store_keeps_its_fields.py SRC
 
 import re
 import sys
-from pathlib import Path
+
+from source import texts, verdict
 
 STORE = "store/store.hpp"
 FIELD = re.compile(r"^\s*Published<.+>\s+(\w+)\s*[{;]", re.MULTILINE)
@@ -38,14 +39,8 @@ def complaints(files):
 
 
 def main(src):
-    root = Path(src)
-    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for pattern in ("*.hpp", "*.cpp") for path in root.rglob(pattern)}
-    said = complaints(files)
-    for sentence in said:
-        print(sentence)
-    print(f"{len(files)} files looked at, {len(said)} complaints")
-    return 1 if said else 0
+    files = texts(src, "*.hpp", "*.cpp")
+    return verdict(complaints(files), files)
 
 
 if __name__ == "__main__":

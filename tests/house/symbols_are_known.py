@@ -7,6 +7,8 @@ import re
 import sys
 from pathlib import Path
 
+from source import texts, verdict
+
 TABLE = "pieces/symbols.txt"
 LITERAL = re.compile(r'"([^"\n]*)"')
 SYMBOL = re.compile(r"[a-z][a-z0-9]*(\.[a-z0-9]+)*")
@@ -49,14 +51,8 @@ def complaints(table, files):
 
 
 def main(src):
-    root = Path(src)
-    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
-             for pattern in ("*.hpp", "*.cpp", "*.qml") for path in root.rglob(pattern)}
-    said = complaints((root / TABLE).read_text(encoding="utf-8"), files)
-    for sentence in said:
-        print(sentence)
-    print(f"{len(files)} files looked at, {len(said)} complaints")
-    return 1 if said or not files else 0
+    files = texts(src, "*.hpp", "*.cpp", "*.qml")
+    return verdict(complaints(Path(src, TABLE).read_text(encoding="utf-8"), files), files)
 
 
 if __name__ == "__main__":
