@@ -28,9 +28,7 @@ PressArea {
 
     implicitWidth: Math.ceil(words.implicitWidth) + 6
     implicitHeight: 22
-    containmentMask: HandRoom {
-        around: part
-    }
+    handRoom: 24
 
     Accessible.role: Accessible.SpinBox
     Accessible.name: label + ": " + text

@@ -16,9 +16,7 @@ Pressable {
     idle: busy
     implicitWidth: Math.round(size) + 11
     implicitHeight: implicitWidth
-    containmentMask: HandRoom {
-        around: button
-    }
+    handRoom: 24
     pressedScale: 0.94
 
     Rectangle {

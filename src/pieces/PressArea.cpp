@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 #include <QStyleHints>
+#include <algorithm>
+#include <cmath>
 
 #include "HelpTip.hpp"
 #include "PressAccess.hpp"
@@ -33,6 +35,12 @@ void PressArea::setSays(const QVariant& says) {
 bool PressArea::begin(quint64 stamp, std::optional<QPointF> at) {
   begunOn_ = says();
   return !sight_ || sight_->wasMeant(stamp, at);
+}
+
+bool PressArea::contains(const QPointF& point) const {
+  const QPointF off = point - QPointF{width() / 2, height() / 2};
+  return QQuickItem::contains(point) || (2 * std::abs(off.x()) <= std::max(width(), handRoom_) &&
+                                         2 * std::abs(off.y()) <= std::max(height(), handRoom_));
 }
 
 void PressArea::click() {

@@ -26,6 +26,9 @@ class PressArea : public QQuickItem {
   // one that was made before this was on show, here, does nothing. Nothing by default: all are
   // taken.
   Q_PROPERTY(QVariant says READ says WRITE setSays NOTIFY saysChanged)
+  // Presses are taken on at least so much around the middle, in logical pixels, where less is seen
+  // than a hand wants. It takes no room beside others.
+  Q_PROPERTY(qreal handRoom MEMBER handRoom_ NOTIFY handRoomChanged)
   // Keeps the pointer from being taken by what scrolls around it, for sliders.
   Q_PROPERTY(bool holdsPointer MEMBER holdsPointer_ NOTIFY holdsPointerChanged)
   // Whether a press opens and closes something, and whether that is open: told to a screen reader.
@@ -48,6 +51,8 @@ class PressArea : public QQuickItem {
   QVariant says() const { return sight_ ? sight_->says() : QVariant{}; }
   void setSays(const QVariant& says);
 
+  bool contains(const QPointF& point) const override;
+
   Q_INVOKABLE void click();
 
  signals:
@@ -60,6 +65,7 @@ class PressArea : public QQuickItem {
   void visualFocusChanged();
   void helpChanged();
   void saysChanged();
+  void handRoomChanged();
   void holdsPointerChanged();
   void expandedChanged();
   void idleChanged();
@@ -91,6 +97,7 @@ class PressArea : public QQuickItem {
   bool hovered_ = false;
   bool visualFocus_ = false;
   bool ringWaits_ = false;
+  qreal handRoom_ = 0;
   bool holdsPointer_ = false;
   bool idle_ = false;
   bool expandable_ = false;

@@ -29,9 +29,7 @@ PressArea {
 
     implicitWidth: 90
     implicitHeight: 20
-    containmentMask: HandRoom {
-        around: slider
-    }
+    handRoom: 24
     holdsPointer: true
     opacity: enabled ? 1 : 0.45
 

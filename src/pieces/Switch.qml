@@ -13,9 +13,7 @@ Pressable {
     pressedScale: 1
     implicitWidth: 32
     implicitHeight: 19
-    containmentMask: HandRoom {
-        around: toggle
-    }
+    handRoom: 24
 
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true

@@ -14,9 +14,7 @@ Pressable {
     label: text
     implicitWidth: words.x + words.implicitWidth
     implicitHeight: words.implicitHeight + 4
-    containmentMask: HandRoom {
-        around: button
-    }
+    handRoom: 24
 
     Row {
         anchors.verticalCenter: parent.verticalCenter
