@@ -167,8 +167,9 @@ CanvasView waitingCanvas(const Store& store, const FileItem& file) {
   static const Page kNoPage;
   const Int index = pageIndex(store, file);
   CanvasView view{.bar = barView(store, file, index, {})};
+  const Page* page = pageAt(file, index);
   const Int count = file.page_count.value_or(0);
-  if (!pageAt(file, index) && count > 0) {
+  if (!page && count > 0) {
     // At which page it opens for the first time, the detail alone can tell.
     if (const auto open = store.page().find(file.id); open != store.page().end()) {
       const Int at = std::clamp<Int>(open->second, 0, count - 1);
@@ -178,7 +179,6 @@ CanvasView waitingCanvas(const Store& store, const FileItem& file) {
   }
   view.bar.empty.clear();
   view.bar.first = view.bar.last = true;
-  const Page* page = pageAt(file, index);
   view.toggles = togglesOf(store, page ? *page : kNoPage, file, file.versionNumber());
   return view;
 }

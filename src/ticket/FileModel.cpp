@@ -77,8 +77,11 @@ bool FileModel::hasStrip() const {
 
 // What is no news of the pages moves nothing but the strip as a whole.
 void FileModel::turnStrip() {
-  if (showsStrip_ != hasStrip()) updateStrip();
-  holdStrip();
+  if (showsStrip_ != hasStrip()) {
+    updateStrip();
+  } else {
+    holdStrip();
+  }
 }
 
 void FileModel::updateNotesPanel() {
