@@ -14,8 +14,10 @@ namespace {
 constexpr auto kLanes = {HttpLane::calls, HttpLane::pictures, HttpLane::transfers};
 
 constexpr std::int64_t kMega = 1'000'000;
-// What the connection itself may hold of what nobody has read, at either end.
-constexpr std::int64_t kOnItsWay = 20 * kMega;
+// What the connection itself may hold of what nobody has read: Linux lets a window grow to 32 MB
+// and more, and a busy machine lets it fill before the reader hangs up. All that is sent is ten
+// times it.
+constexpr std::int64_t kOnItsWay = 100 * kMega;
 
 // Sends without end until the client is gone, and counts the bytes.
 void sendEndlessly(Peer& peer, const std::string& head, std::atomic<std::int64_t>& sent) {
