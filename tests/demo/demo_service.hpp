@@ -25,6 +25,7 @@ class DemoService : public testing::Test {
   void SetUp() override {
     ASSERT_GT(service_->port(), 0) << service_->announced();
     client_.set_read_timeout(20);
+    client_.set_write_timeout(20);
     const auto answer =
         post("/api/login/exchange", R"({"code":"demo-renny","state":"","device":"test"})");
     ASSERT_TRUE(answer);
