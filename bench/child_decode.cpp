@@ -16,6 +16,7 @@ int decodeChild() {
     tellFault("the board cannot be encoded: " + json.error().why);
     return 1;
   }
+  const auto& files = std::as_const(board).files;
   bool same = true;
   const auto ours = [&] {
     const double start = cpuOfThread();
@@ -29,9 +30,9 @@ int decodeChild() {
     simdjson::dom::parser parser;
     simdjson::dom::element root;
     const auto error = parser.parse(json->data(), json->size()).get(root);
-    const BoardState copy = board;
+    const std::vector<FileItem> copy(files.begin(), files.end());
     const double took = cpuOfThread() - start;
-    same = same && !error && copy.files.size() == board.files.size();
+    same = same && !error && copy.size() == files.size();
     return took;
   };
   const auto [our, their] = alternate(ours, bare, 21);

@@ -25,6 +25,15 @@ struct RowSignals {
   QObject context;
 };
 
+// As an answer comes in: records of its own, and then those that are held in place of equal ones.
+// Both are done where it comes in, which is not the main thread.
+BoardState comesIn(const BoardState& board, const SharedList<FileItem>& held) {
+  BoardState fresh = board;
+  fresh.files = std::vector<FileItem>(fresh.files.begin(), fresh.files.end());
+  fresh.files.shareWith(held);
+  return fresh;
+}
+
 }  // namespace
 
 int listChild(int argc, char** argv) {
@@ -32,7 +41,7 @@ int listChild(int argc, char** argv) {
   Desk desk("staged", Desk::Board::staged);
   if (!desk.shown()) return 1;
   BoardState board = bigBoard(kManyTickets);
-  FileItem& first = board.files.front();
+  const FileItem first = board.files.front();
   desk.store().details.edit([&](auto& details) { details[first.id] = {.file = first}; });
   desk.store().selection.set({first.id});
   desk.store().board.set(board);
@@ -46,8 +55,8 @@ int listChild(int argc, char** argv) {
   std::vector<double> whole;
   int wrong = 0;
   for (int round = 0; round <= kRounds; ++round) {
-    first.po = "PO-" + std::to_string(round);
-    BoardState next = board;
+    board.files.front().po = "PO-" + std::to_string(round);
+    BoardState next = comesIn(board, desk.store().board()->files);
     const int frames = desk.frames().count();
     const int changed = rows.changed;
     const int told = rows.others.count();

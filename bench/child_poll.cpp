@@ -64,7 +64,7 @@ void measurePolls(Desk& desk, const std::string& server, const std::string& toke
   BarePoll bare(server, token, desk.store().etag.value_or(""));
   SignalCount told;
   desk.watchModels(told);
-  const auto* records = desk.store().board()->files.data();
+  const FileItem* record = &desk.store().board()->files.front();
   const int frames = desk.frames().count();
   int rounds = 0;
   int signalled = 0;
@@ -92,7 +92,7 @@ void measurePolls(Desk& desk, const std::string& server, const std::string& toke
   // Now and then a word of time moves on, and is rightly told.
   if (2 * signalled > rounds) tellFault("a poll without news made a model signal");
   if (desk.frames().count() != frames) tellFault("a poll without news painted a frame");
-  if (desk.store().board()->files.data() != records) {
+  if (&desk.store().board()->files.front() != record) {
     tellFault("a poll without news made the records anew");
   }
 }

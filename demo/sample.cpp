@@ -32,7 +32,7 @@ bool Service::writeSample(const std::string& folder) {
   Sample sample;
   sample.board = state_.boardFor(kRenny);
   std::vector<std::string> leftOut;
-  std::erase_if(sample.board.files, [&](const FileItem& file) {
+  sample.board.files.eraseIf([&](const FileItem& file) {
     if (file.page_count.value_or(0) <= kMostPages) return false;
     leftOut.push_back("/" + file.id + "/");
     return true;

@@ -1,16 +1,11 @@
 #include "approval/sheet_ticket.hpp"
 
-#include <algorithm>
-
 #include "approval/approval_pill.hpp"
 
 namespace vellix {
 
 const FileItem* ticketOnBoard(const Store& store, const std::string& id) {
-  if (!store.board()) return nullptr;
-  const auto& files = store.board()->files;
-  const auto found = std::ranges::find(files, id, &FileItem::id);
-  return found == files.end() ? nullptr : &*found;
+  return store.board() ? store.board()->files.find(id) : nullptr;
 }
 
 std::string sheetTrouble(const FileItem* file, bool (*able)(const FileItem&)) {

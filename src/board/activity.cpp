@@ -1,7 +1,6 @@
 #include "board/activity.hpp"
 
 #include <algorithm>
-#include <unordered_map>
 
 #include "board/file_list.hpp"
 #include "records/friendly_time.hpp"
@@ -43,8 +42,6 @@ std::string placeOf(const FileItem& file, const std::optional<Int>& page) {
 std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar& calendar) {
   std::vector<ActivityRow> rows;
   if (!store.board()) return rows;
-  std::unordered_map<std::string_view, const FileItem*> tickets;
-  for (const FileItem& file : store.board()->files) tickets.emplace(file.id, &file);
   rows.reserve(store.board()->events.size());
   for (const Event& event : store.board()->events) {
     ActivityRow row{.key = std::to_string(event.id),
@@ -54,8 +51,8 @@ std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar
     const bool named = hasWords(event.by);
     if (named || !isTold(event.kind)) row.who = displayName(store, event.by);
     row.spoken = row.who + (row.who.empty() || row.said.empty() ? "" : " ") + row.said;
-    const auto ticket = event.file_id ? tickets.find(*event.file_id) : tickets.end();
-    if (ticket != tickets.end()) row.where = placeOf(*ticket->second, event.page);
+    const FileItem* ticket = event.file_id ? store.board()->files.find(*event.file_id) : nullptr;
+    if (ticket) row.where = placeOf(*ticket, event.page);
     rows.push_back(std::move(row));
   }
   return rows;
@@ -64,13 +61,12 @@ std::vector<ActivityRow> activity(const Store& store, Moment now, const Calendar
 bool openEvent(Store& store, const std::string& key) {
   if (!store.board()) return false;
   const auto& events = store.board()->events;
-  const auto& files = store.board()->files;
   const auto event =
       std::ranges::find(events, key, [](const Event& one) { return std::to_string(one.id); });
   if (event == events.end() || !event->file_id) return false;
   const std::string id = *event->file_id;
   const auto page = event->page;
-  if (std::ranges::find(files, id, &FileItem::id) == files.end()) return false;
+  if (!store.board()->files.find(id)) return false;
   store.select({id});
   if (page) store.goToPage(id, heldPage(*page));
   return true;

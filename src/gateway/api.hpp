@@ -71,13 +71,15 @@ class API {
   // Success is any status below 400, 304 among them: the caller looks at it.
   Task<Result<HttpResponse>> send(Request request);
 
-  // The same for an answer that is a record. It is decoded where it comes in, off the main thread.
+  // The same for an answer that is a record. It is decoded where it comes in, off the main thread,
+  // and what is done with it there, if anything, is for `ready`.
   template <class T>
-  Task<Result<Answer<T>>> ask(Request request) {
+  Task<Result<Answer<T>>> ask(Request request, std::function<void(T&)> ready = nullptr) {
     using Record = std::expected<T, DecodeFailure>;
     const auto record = std::make_shared<Record>(std::unexpected(DecodeFailure{}));
-    const auto reader = [record](HttpResponse& response) {
+    const auto reader = [record, ready](HttpResponse& response) {
       *record = decode<T>(std::exchange(response.body, {}));
+      if (ready && *record) ready(**record);
     };
     auto call = sendFor(std::move(request), reader);
     auto response = co_await std::move(call);

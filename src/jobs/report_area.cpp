@@ -59,13 +59,15 @@ std::string madeBy(const Store& store, const Report& report, const Calendar& cal
 }  // namespace
 
 std::vector<const FileItem*> selectedFiles(const Store& store) {
-  std::vector<const FileItem*> files;
-  if (!store.board()) return files;
-  Ids wanted = store.selection();
-  for (const FileItem& file : store.board()->files) {
-    if (wanted.erase(file.id) > 0) files.push_back(&file);
+  std::vector<const FileItem*> selected;
+  if (!store.board()) return selected;
+  const auto& files = store.board()->files;
+  std::set<std::size_t> places;
+  for (const std::string& id : store.selection()) places.insert(files.placeOf(id));
+  for (const std::size_t place : places) {
+    if (place < files.size()) selected.push_back(&files[place]);
   }
-  return files;
+  return selected;
 }
 
 ReportAreaView reportArea(const Store& store, Moment now, const Calendar& calendar) {

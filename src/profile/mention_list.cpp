@@ -1,9 +1,8 @@
 #include "profile/mention_list.hpp"
 
 #include <map>
-#include <string_view>
-#include <unordered_map>
 
+#include "approval/sheet_ticket.hpp"
 #include "board/activity.hpp"
 #include "records/friendly_time.hpp"
 #include "store/people.hpp"
@@ -21,27 +20,17 @@ std::string keyOf(const Mention& mention) {
          std::to_string(mention.at);
 }
 
-// Looked for in the board one by one, many mentions and many tickets would take long.
-std::unordered_map<std::string_view, const FileItem*> ticketsOf(const Store& store) {
-  std::unordered_map<std::string_view, const FileItem*> tickets;
-  if (!store.board()) return tickets;
-  for (const FileItem& file : store.board()->files) tickets.emplace(file.id, &file);
-  return tickets;
-}
-
 }  // namespace
 
 std::vector<MentionView> mentionList(const Store& store, const std::vector<Mention>& mentions,
                                      Moment now, const Calendar& calendar) {
   std::vector<MentionView> rows;
   rows.reserve(mentions.size());
-  const auto tickets = ticketsOf(store);
   std::map<std::string, int> told;  // how often
   for (const Mention& mention : mentions) {
     std::string key = keyOf(mention);
     if (const int again = told[key]++; again > 0) key += "#" + std::to_string(again);
-    const auto ticket = tickets.find(mention.file_id);
-    const FileItem* file = ticket == tickets.end() ? nullptr : ticket->second;
+    const FileItem* file = ticketOnBoard(store, mention.file_id);
     MentionView row{.key = std::move(key),
                     .ticket = file ? mention.file_id : "",
                     .avatar = avatarOf(mention.by, store),

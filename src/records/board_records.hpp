@@ -247,7 +247,7 @@ struct BoardState {
   Int rev = 0;
   Me me;
   std::vector<Person> users;
-  std::vector<FileItem> files;
+  SharedList<FileItem> files;
   std::optional<Job> sync;
   std::vector<Job> jobs;
   std::vector<Report> reports;

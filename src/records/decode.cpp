@@ -38,7 +38,7 @@ class Walk {
       return read(from, to.emplace());
     } else if constexpr (Described<T>) {
       return readRecord(from, to);
-    } else if constexpr (isA<T, std::vector>) {
+    } else if constexpr (isList<T>) {
       return readList(from, to);
     } else if constexpr (isA<T, std::map>) {
       return readMap(from, to);
@@ -135,13 +135,15 @@ class Walk {
     return required;
   }
 
-  template <class T>
-  bool readList(dom::element from, std::vector<T>& to) {
+  template <class List>
+  bool readList(dom::element from, List& to) {
+    constexpr std::size_t each =
+        sizeof(typename List::value_type) + (isA<List, SharedList> ? kBlock : 0);
     dom::array array;
     if (from.get_array().get(array)) return refuse("a list was expected");
     to.clear();
     // Two bytes of a hostile list would claim a record's worth of memory each.
-    if (!take(array.size() * sizeof(T) + kBlock)) return false;
+    if (!take(array.size() * each + kBlock)) return false;
     to.reserve(array.size());
     for (const auto entry : array) {
       if (!read(entry, to.emplace_back())) {

@@ -10,6 +10,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "records/shared_list.hpp"
+
 namespace vellix {
 
 template <class T>
@@ -31,6 +33,9 @@ inline constexpr bool isA = false;
 template <class... Args, template <class...> class Template>
 inline constexpr bool isA<Template<Args...>, Template> = true;
 
+template <class T>
+inline constexpr bool isList = isA<T, std::vector> || isA<T, SharedList>;
+
 // Hash of a described value, over all its fields, through optionals, vectors and maps.
 template <class T>
 std::size_t hashOf(const T& value) {
@@ -40,7 +45,7 @@ std::size_t hashOf(const T& value) {
     return seed;
   } else if constexpr (isA<T, std::optional>) {
     return value ? mixHash(1, hashOf(*value)) : 0;
-  } else if constexpr (isA<T, std::vector>) {
+  } else if constexpr (isList<T>) {
     std::size_t seed = value.size();
     for (const auto& entry : value) seed = mixHash(seed, hashOf(entry));
     return seed;

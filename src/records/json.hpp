@@ -69,7 +69,7 @@ class Encoder {
       forEachMember<T>(
           [&](auto member) { writeMember(member.name, value.*member.pointer, first); });
       out += '}';
-    } else if constexpr (isA<T, std::vector>) {
+    } else if constexpr (isList<T>) {
       out += '[';
       for (std::size_t i = 0; i < value.size(); ++i) {
         if (i > 0) out += ',';

@@ -15,10 +15,9 @@ void selectFirstTwo(Staged& staged) {
   }
 }
 
-const FileItem* askedTicket(const std::vector<FileItem>& files, const Arguments& arguments) {
+const FileItem* askedTicket(const SharedList<FileItem>& files, const Arguments& arguments) {
   if (const auto id = argument(arguments, "--file")) {
-    const auto named = std::ranges::find(files, *id, &FileItem::id);
-    if (named != files.end()) return &*named;
+    if (const FileItem* named = files.find(*id)) return named;
   }
   if (hasFlag(arguments, "--reprints")) {
     const auto reprint = std::ranges::find(files, kReprint, &FileItem::track);

@@ -10,6 +10,14 @@ constexpr Milliseconds kJobPause{3'000};
 constexpr Milliseconds kSeenPause{5'000};
 constexpr Milliseconds kUnseenPause{45'000};
 
+// Tickets that have not changed go on as they are, so that comparing and freeing them costs
+// nothing.
+std::function<void(BoardState&)> sharing(const std::optional<BoardState>& held) {
+  return [files = held ? held->files : SharedList<FileItem>{}](BoardState& fresh) {
+    fresh.files.shareWith(files);
+  };
+}
+
 }  // namespace
 
 bool Store::anyJobActive() const {
@@ -44,13 +52,14 @@ Milliseconds Store::pause() const {
 Task<API::Result<API::Answer<BoardState>>> Store::fetchBoard(std::stop_token stop) {
   const auto session = session_;
   API::Request request{.path = "api/state", .etag = etag, .stop = stop};
-  auto call = api_.ask<BoardState>(request);
+  auto ready = sharing(board());
+  auto call = api_.ask<BoardState>(request, ready);
   auto answer = co_await std::move(call);
   if (session != session_ || !isUnchanged(answer) || board()) co_return answer;
   etag.reset();
   if (request.etag) {
     request.etag.reset();
-    auto again = api_.ask<BoardState>(request);
+    auto again = api_.ask<BoardState>(request, ready);
     answer = co_await std::move(again);
   }
   if (isUnchanged(answer) && !board()) {

@@ -85,8 +85,8 @@ Task<> Store::takeUpRevision(FileItem file, Int n, Session session) {
   auto poll = pollWhole();
   co_await std::move(poll);
   if (session != session_ || !board()) co_return;
-  const auto found = std::ranges::find(board()->files, file.id, &FileItem::id);
-  if (found == board()->files.end()) co_return;
+  const FileItem* found = board()->files.find(file.id);
+  if (!found) co_return;
   auto load = loadDetail(*found, true);
   co_await std::move(load);
 }

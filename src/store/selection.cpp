@@ -32,8 +32,7 @@ std::optional<Int> chosenVersion(const Store& store, const std::string& id) {
 
 const FileItem* Store::currentFile() const {
   if (selection().size() != 1 || !board()) return nullptr;
-  const auto found = std::ranges::find(board()->files, *selection().begin(), &FileItem::id);
-  return found == board()->files.end() ? nullptr : &*found;
+  return board()->files.find(*selection().begin());
 }
 
 const FileDetail* Store::currentDetail() const {

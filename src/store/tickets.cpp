@@ -66,9 +66,7 @@ void Store::setStatus(FileItem file, std::string status) {
 std::optional<Order> Store::reviewLocally(const std::string& id) {
   if (!board()) return std::nullopt;
   BoardState changed = *board();
-  if (std::ranges::find(changed.files, id, &FileItem::id) == changed.files.end()) {
-    return std::nullopt;
-  }
+  if (!changed.files.find(id)) return std::nullopt;
   const Order since = order();
   reviewed_.show(id, {"reviewed", myEmail(), wireOf(ports_.loop.now())}, since);
   layOver(changed, since);
@@ -78,9 +76,10 @@ std::optional<Order> Store::reviewLocally(const std::string& id) {
 
 void Store::layOver(BoardState& fresh, Order asked) {
   if (reviewed_.empty()) return;
-  for (FileItem& file : fresh.files) {
-    const Told* told = reviewed_.over(file.id, asked);
+  for (std::size_t at = 0; at < fresh.files.size(); ++at) {
+    const Told* told = reviewed_.over(std::as_const(fresh.files)[at].id, asked);
     if (!told) continue;
+    FileItem& file = fresh.files[at];
     file.status = told->state;
     file.status_by = told->by;
     file.status_at = told->at;

@@ -47,6 +47,20 @@ TEST_F(Poll, ReplacesTheBoardAndItsTag) {
   EXPECT_EQ(store().lastOK(), desk.time.now());
 }
 
+TEST_F(Poll, GoesOnWithTheRecordsOfTicketsThatHaveNotChanged) {
+  auto board = boardOf({ticketOf("t1"), ticketOf("t2"), ticketOf("t3")});
+  serveBoard(board, "\"b1\"");
+  poll();
+  const FileItem* first = store().board()->files.find("t1");
+  const FileItem* last = store().board()->files.find("t3");
+  board.files[1].status = "reviewed";
+  serveBoard(board, "\"b2\"");
+  poll();
+  EXPECT_EQ(store().board(), board);
+  EXPECT_EQ(store().board()->files.find("t1"), first);
+  EXPECT_EQ(store().board()->files.find("t3"), last);
+}
+
 TEST_F(Poll, ThatIsNotModifiedIsASuccessWithNoChange) {
   holdABoard();
   const auto before = store().board();
