@@ -64,6 +64,10 @@ Item {
         text: edit
     }
 
+    LongText {
+        document: edit.textDocument
+    }
+
     FontMetrics {
         id: line
 
