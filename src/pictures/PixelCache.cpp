@@ -12,7 +12,7 @@ namespace vellix {
 namespace {
 
 constexpr int kThreads = 2;
-// Until a page was shown nobody knows how large: enough for most windows.
+// Of what comes before a page was shown, when nobody knows how large: enough for most windows.
 constexpr int kFirstReduction = 2;
 
 // What is more urgent has the higher one. Who asked for a picture that comes from outside is not
@@ -73,11 +73,16 @@ void PixelCache::requestPixels(const PictureHandle& picture, const PictureRoom& 
       if (waiter.context) waiter.done(pixels);
     });
   }
-  request({.picture = picture, .exact = exact, .keepsReduced = true, .priority = kForAView},
+  const bool resized = holds(*picture);
+  request({.picture = picture, .exact = exact, .keepsReduced = resized, .priority = kForAView},
           std::move(waiter));
 }
 
 void PixelCache::decodeWhole(const PictureHandle& encoded, Done done) {
+  if (page_.isEmpty() && !encoded->file.empty()) {
+    ahead_.emplace_back(encoded, std::move(done));
+    return;
+  }
   const QSize whole = wholeOf(*encoded);
   const QSize exact = page_.isEmpty() ? reducedSize(whole, kFirstReduction)
                                       : exactSize(whole, roomOnPage(whole, page_));
@@ -105,7 +110,13 @@ PixelCache::Key PixelCache::keyOf(const Picture& picture, QSize size) {
 }
 
 void PixelCache::notePage(const PictureRoom& room) {
-  if (!room.page.isEmpty()) page_ = room.page;
+  if (room.page.isEmpty()) return;
+  page_ = room.page;
+  if (ahead_.empty()) return;
+  // By then what is being laid out has its size.
+  later([this] {
+    for (auto& [encoded, done] : std::exchange(ahead_, {})) decodeWhole(encoded, std::move(done));
+  });
 }
 
 QImage PixelCache::find(const Key& key) {
@@ -113,6 +124,11 @@ QImage PixelCache::find(const Key& key) {
   if (found == index_.end()) return {};
   entries_.splice(entries_.begin(), entries_, found->second);
   return found->second->image;
+}
+
+bool PixelCache::holds(const Picture& picture) const {
+  const auto at = index_.lower_bound(keyOf(picture, {0, 0}));
+  return at != index_.end() && at->first.first == picture.key;
 }
 
 void PixelCache::keep(const Picture& picture, const QImage& image) {

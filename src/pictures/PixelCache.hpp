@@ -22,7 +22,8 @@ namespace vellix {
 
 // Main thread. A picture is decoded at the greatest reduction that is enough and then scaled to
 // exactly what is shown, always in this way: equal pictures at equal sizes have equal pixels. One
-// that would take more than decoding may gets fewer. Both are held by picture and size; the least
+// that would take more than decoding may gets fewer. Held by picture and size are the exact pixels,
+// and the reduction too once a second size was wanted of it, for then others follow; the least
 // recently used go first. Views that hold an image keep it alive beyond the budget. Its end waits
 // for the work under way and drops what waits.
 class PixelCache {
@@ -51,7 +52,8 @@ class PixelCache {
                      Done done, QObject* reader = nullptr);
 
   // Decodes to the end and keeps what a page with this picture would show where pages were last
-  // shown; null when it does not decode. `done` is called in a later turn.
+  // shown; null when it does not decode. `done` is called in a later turn. What lies in a file, and
+  // is good therefore, waits until a page was shown: at a guess it would be made twice.
   void decodeWhole(const PictureHandle& encoded, Done done);
 
   std::int64_t bytesHeld() const { return held_; }
@@ -93,6 +95,8 @@ class PixelCache {
 
   static Key keyOf(const Picture& picture, QSize size);
   QImage find(const Key& key);
+  // At any size.
+  bool holds(const Picture& picture) const;
   void keep(const Picture& picture, const QImage& image);
   void request(Job job, Waiter waiter);
   void enqueue(Waiting next);
@@ -106,8 +110,9 @@ class PixelCache {
   std::int64_t held_ = 0;
   std::int64_t decodes_ = 0;
   std::int64_t started_ = 0;
-  QSizeF page_;               // the room that pages were last shown in
-  std::list<Entry> entries_;  // the most recently used first
+  QSizeF page_;                                        // the room that pages were last shown in
+  std::vector<std::pair<PictureHandle, Done>> ahead_;  // until that is known
+  std::list<Entry> entries_;                           // the most recently used first
   std::map<Key, std::list<Entry>::iterator> index_;
   std::map<Key, std::vector<Waiter>> wanted_;
   // Stays here: what it holds belongs to this thread.

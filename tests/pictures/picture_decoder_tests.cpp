@@ -53,6 +53,7 @@ TEST_F(QtPictureDecoderTest, ReadsFromTheFileAndHoldsNoBytes) {
   ASSERT_TRUE(known.has_value());
   EXPECT_EQ(known->width, 40);
   EXPECT_TRUE(known->bytes.empty());
+  cache_.notePage({{40, 30}, PictureFit::within, {40, 40}});
   const auto handle = decoded(picture);
   ASSERT_TRUE(handle);
   EXPECT_TRUE(handle->bytes.empty());
