@@ -1,7 +1,8 @@
 import QtQuick
 import Vellix.Pieces
 
-// A ring arc that turns for as long as it can be seen.
+// A ring arc that turns for as long as it can be seen. Most stand in a button and are never shown:
+// what they are drawn with is made once they are.
 Item {
     id: spinner
 
@@ -15,30 +16,36 @@ Item {
     Accessible.role: Accessible.Animation
     Accessible.name: "Working"
 
-    InSight {
-        id: sight
-
-        item: spinner
-    }
-
-    Ring {
+    Loader {
         anchors.fill: parent
-        thickness: Math.max(1.5, spinner.size / 9)
-        color: Qt.alpha(spinner.color, spinner.color.a * 0.2)
-    }
+        active: spinner.visible
+        sourceComponent: Item {
+            InSight {
+                id: sight
 
-    Ring {
-        anchors.fill: parent
-        thickness: Math.max(1.5, spinner.size / 9)
-        color: spinner.color
-        sweep: 0.28
+                item: spinner
+            }
 
-        RotationAnimation on rotation {
-            running: spinner.on && sight.now && !Theme.reducedMotion
-            from: 0
-            to: 360
-            duration: 900
-            loops: Animation.Infinite
+            Ring {
+                anchors.fill: parent
+                thickness: Math.max(1.5, spinner.size / 9)
+                color: Qt.alpha(spinner.color, spinner.color.a * 0.2)
+            }
+
+            Ring {
+                anchors.fill: parent
+                thickness: Math.max(1.5, spinner.size / 9)
+                color: spinner.color
+                sweep: 0.28
+
+                RotationAnimation on rotation {
+                    running: spinner.on && sight.now && !Theme.reducedMotion
+                    from: 0
+                    to: 360
+                    duration: 900
+                    loops: Animation.Infinite
+                }
+            }
         }
     }
 }

@@ -406,7 +406,8 @@ Item {
 
         // The arc of a spinner, which lies over its ring.
         function arcOf(item) {
-            return item.children[item.children.length - 1];
+            const made = item.children[item.children.length - 1].item.children;
+            return made[made.length - 1];
         }
 
         function test_whatMovesStandsStillWhenAsked() {
@@ -426,6 +427,14 @@ Item {
             compare([arc.rotation, ring.rotation, mark.open], [...still, 0]);
             Theme.reducedMotion = false;
             tryVerify(() => arc.rotation !== still[0]);
+        }
+
+        function test_aSpinnerThatIsNotShownIsMadeOfNothing() {
+            spinner.visible = false;
+            compare(spinner.children[0].item, null);
+            compare(spinner.implicitWidth, 14);
+            spinner.visible = true;
+            verify(arcOf(spinner));
         }
 
         function test_theSpinnerTurnsWhileItIsOn() {
