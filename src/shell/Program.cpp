@@ -1,7 +1,9 @@
 #include "shell/Program.hpp"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QWindow>
+#include <QtDebug>
 
 #include "bridge/value.hpp"
 #include "pieces/Symbol.hpp"
@@ -15,6 +17,15 @@ namespace {
 
 QUrl urlOf(const char* view) {
   return QUrl{QStringLiteral("qrc:/qt/qml/Vellix/Shell/%1.qml").arg(QLatin1String(view))};
+}
+
+// The next of its states.
+Pending<> changeOf(const QQmlComponent& views) {
+  const Resolver<> told;
+  QObject::connect(
+      &views, &QQmlComponent::statusChanged, qApp, [told] { told(); },
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+  return told.pending();
 }
 
 }  // namespace
@@ -63,12 +74,31 @@ void Program::begin() {
   }
 }
 
-bool Program::show() {
+void Program::read(QQmlComponent::CompilationMode mode) {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  QObject::connect(&engine_, &QQmlEngine::quit, qApp, &QCoreApplication::quit,
+                   Qt::QueuedConnection);
+  views_ = std::make_unique<QQmlComponent>(&engine_);
+  views_->loadUrl(urlOf(panelAlone(arguments_).empty() ? "Main" : "PanelWindow"), mode);
+}
+
+Task<> Program::load() {
+  read(QQmlComponent::Asynchronous);
+  // Which fonts there are takes a while to find out, and the views ask for it first.
+  QFontDatabase::hasFamily(QGuiApplication::font().family());
+  while (views_->isLoading()) {
+    const auto change = changeOf(*views_);
+    co_await change;
+  }
+}
+
+bool Program::show() {
+  if (!views_) read(QQmlComponent::PreferSynchronous);
   const std::string panel = panelAlone(arguments_);
-  engine_.setInitialProperties(panel.empty() ? parts() : panelOf(panel));
-  engine_.load(urlOf(panel.empty() ? "Main" : "PanelWindow"));
-  if (engine_.rootObjects().isEmpty()) return false;
+  shown_.reset(views_->createWithInitialProperties(panel.empty() ? parts() : panelOf(panel)));
+  for (const auto& error : views_->errors()) qWarning().noquote() << error.toString();
+  views_.reset();
+  if (!shown_) return false;
   if (stage_.on()) stage_.present();
   return true;
 }
@@ -145,7 +175,7 @@ void Program::end() {
 }
 
 void Program::bringForward(const QByteArray& activationToken) {
-  if (auto* window = qobject_cast<QWindow*>(engine_.rootObjects().value(0))) {
+  if (auto* window = qobject_cast<QWindow*>(shown_.get())) {
     raiseWindow(*window, activationToken);
   }
 }

@@ -1,7 +1,8 @@
 // Every part of the running program, made once in the order of its dependencies.
 #pragma once
 
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <memory>
 
 #include "approval/ApprovalModel.hpp"
@@ -52,10 +53,12 @@ class Program {
  public:
   Program(QtMainLoop& loop, Defaults& defaults, TokenStore& tokens, Arguments arguments = {});
 
-  // Stages the Store, or has it poll for a session that is there. A turn of the main loop later the
-  // first request is on its way, while the window is made.
+  // Stages the Store, or has it poll for a session that is there.
   void begin();
-  // False when the window could not be made.
+  // Reads the views on a thread of the engine's. Meanwhile the service answers, and what it tells
+  // is taken in: the window is made once, of what there is by then.
+  Task<> load();
+  // False when the window could not be made. Reads the views itself where that has not been done.
   bool show();
   // Once shown: from now on it learns of newer builds.
   void keepUpToDate() { updater_.start(); }
@@ -71,6 +74,7 @@ class Program {
  private:
   bool isAtRest() const;
   Task<> endAtRest();
+  void read(QQmlComponent::CompilationMode mode);
   QVariantMap parts();
   QVariantMap panelOf(const std::string& panel);
 
@@ -126,7 +130,9 @@ class Program {
   PhotoModel photo_;
   UpdateModel update_{updater_};
   RootModel root_;  // told last: a view it makes finds the other models up to date
-  QQmlApplicationEngine engine_;
+  QQmlEngine engine_;
+  std::unique_ptr<QQmlComponent> views_;
+  std::unique_ptr<QObject> shown_;
   TaskScope tasks_;
 };
 

@@ -1,12 +1,7 @@
-#include <cstdlib>  // defines __GLIBC__
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 #include <QGuiApplication>
-#include <QQuickWindow>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -16,6 +11,8 @@
 #include "platform/qt/QtTools.hpp"
 #include "platform/qt/QtUpdateFiles.hpp"
 #include "shell/Program.hpp"
+#include "shell/allocator.hpp"
+#include "shell/renderer.hpp"
 #include "shell/usage.hpp"
 #include "update/rename.hpp"
 
@@ -26,14 +23,6 @@ namespace {
 constexpr Milliseconds kTokenPatience{2'000};
 // A last token that is still on its way to the keyring gets this long when the program ends.
 constexpr Milliseconds kLastWrite{2'000};
-
-// Left to itself the allocator learns from the first freed page to keep blocks of that size, and
-// the pictures of pages long gone stay in memory: a sixth on top of what the pictures may take.
-void giveFreedPicturesBack() {
-#ifdef __GLIBC__
-  ::mallopt(M_MMAP_THRESHOLD, 1 << 20);
-#endif
-}
 
 Arguments plain(const QStringList& arguments) {
   Arguments plain;
@@ -78,8 +67,8 @@ class Run {
     co_await known;
     program_.emplace(loop_, defaults_, tokens_, arguments_);
     program_->begin();
-    const auto turn = loop_.turn();
-    co_await turn;
+    auto loading = program_->load();
+    co_await std::move(loading);
     if (!program_->show()) {
       application_.exit(1);
       co_return;
@@ -145,10 +134,7 @@ int main(int argc, char* argv[]) {
   application.setApplicationDisplayName("Vellix");
   application.setDesktopFileName(kDesktopName);
   application.setApplicationVersion(QString::fromStdString(API::shortVersion()));
-  // Without a display there is nothing but memory to draw into.
-  if (QGuiApplication::platformName() == "offscreen") {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-  }
+  chooseRenderer();
   const auto request = requestOf(application.arguments(), activationToken);
   SystemApplication desktop;
   if (!standsApart(plain(application.arguments())) && desktop.handOver(request)) return 0;
