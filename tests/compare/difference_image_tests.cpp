@@ -11,6 +11,7 @@
 #include "pictures/rest.hpp"
 #include "pictures/scripted_source.hpp"
 #include "platform/waiting.hpp"
+#include "support/next_frame.hpp"
 
 namespace vellix {
 namespace {
@@ -46,7 +47,7 @@ class DifferenceImageTest : public testing::Test {
     return (QSizeF(logical) * window.effectiveDevicePixelRatio()).toSize();
   }
   // The very next frame.
-  QImage frame() { return window.grabWindow(); }
+  QImage frame() { return nextFrame(window); }
   QColor seen(QPoint point = {50, 50}) {
     return frame().pixelColor((QPointF(point) * window.effectiveDevicePixelRatio()).toPoint());
   }

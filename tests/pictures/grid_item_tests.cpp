@@ -6,6 +6,8 @@
 #include <QQuickWindow>
 #include <cmath>
 
+#include "support/next_frame.hpp"
+
 namespace vellix {
 namespace {
 
@@ -38,7 +40,7 @@ class GridItems : public testing::Test {
     item.setParentItem(&holder);
     item.setSize({20, 20});
     window.show();
-    window.grabWindow();
+    nextFrame(window);
   }
   void TearDown() override {
     item.setParentItem(nullptr);
@@ -47,7 +49,7 @@ class GridItems : public testing::Test {
   // How often it is painted in the next frame.
   int paints() {
     const int before = item.paints;
-    window.grabWindow();
+    nextFrame(window);
     return item.paints - before;
   }
   bool isOnGrid(QPointF at) const {
@@ -94,7 +96,7 @@ TEST_F(GridItems, FindTheirGridAgainOnceTheyAreInSight) {
   holder.setPosition({0.3, 0.3});
   EXPECT_EQ(paints(), 0);
   item.setVisible(true);
-  window.grabWindow();
+  nextFrame(window);
   EXPECT_TRUE(isOnGrid({}));
 }
 
@@ -110,11 +112,11 @@ TEST_F(GridItems, TellOfAnotherSizeAndAnotherWindow) {
   item.setParentItem(other.contentItem());
   EXPECT_GT(item.sizes, before + 1);
   const int frames = item.frames;
-  window.grabWindow();
+  nextFrame(window);
   EXPECT_EQ(item.frames, frames) << "the frames of the window that it has left";
   other.resize(50, 50);
   other.show();
-  other.grabWindow();
+  nextFrame(other);
   EXPECT_GT(item.frames, frames);
   item.setParentItem(&holder);
 }

@@ -9,6 +9,7 @@
 
 #include "pictures/RemoteImage.hpp"
 #include "scripted_source.hpp"
+#include "support/next_frame.hpp"
 
 namespace vellix {
 
@@ -65,7 +66,7 @@ class RemoteImageTest : public testing::Test {
   qreal scale() const { return window.effectiveDevicePixelRatio(); }
   // The very next frame, in the device's pixels.
   QImage pixels() {
-    QImage image = window.grabWindow();
+    QImage image = nextFrame(window);
     EXPECT_EQ(image.size(), (QSizeF(kRoom) * scale()).toSize());
     image.setDevicePixelRatio(1);
     return image.convertToFormat(QImage::Format_RGB32);
