@@ -21,6 +21,7 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
       clock_(clock),
       calendar_(calendar),
       showReviewed_(defaults.flag(kShowReviewed).value_or(false)),
+      rows_([this](const FileLine& line) { return fileListRow(line, store_, listed_, calendar_); }),
       onChange_(store.changes.observe(
           Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn | Store::kPolled,
           [this] { update(); })),
@@ -31,9 +32,11 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
 }
 
 void BoardModel::update() {
-  auto view = fileList(store_, showReviewed_, clock_.now(), calendar_);
-  rows_.setRows(std::move(view.rows));
-  if (head_.show(std::move(view.head))) emit headChanged();
+  listed_ = clock_.now();
+  FileLines next = fileList(store_, showReviewed_, listed_);
+  rows_.setLines(std::move(next.lines));
+  list_ = std::move(next);
+  if (head_.show(list_.head)) emit headChanged();
   follow();
 }
 

@@ -11,6 +11,7 @@
 #include "board/live_dot.hpp"
 #include "board/people_bar.hpp"
 #include "board/sync_card.hpp"
+#include "bridge/LazyRowsModel.hpp"
 #include "bridge/RowsModel.hpp"
 #include "bridge/Shown.hpp"
 
@@ -44,8 +45,8 @@ class BoardModel : public QObject {
   // By the keys of a Command-click. False for any others, which nothing is done for.
   Q_INVOKABLE bool selectByKey(const QString& id, int key, int modifiers, bool repeats);
   // See `rowFrom` and `chosenRow`.
-  Q_INVOKABLE int rowFrom(int row, int by) const { return vellix::rowFrom(rows_.rows(), row, by); }
-  Q_INVOKABLE int chosenRow() const { return vellix::chosenRow(rows_.rows()); }
+  Q_INVOKABLE int rowFrom(int row, int by) const { return vellix::rowFrom(rows_.lines(), row, by); }
+  Q_INVOKABLE int chosenRow() const { return vellix::chosenRow(rows_.lines()); }
   Q_INVOKABLE void setMineOnly(bool on);
   Q_INVOKABLE void setQueue(const QString& value);
   Q_INVOKABLE void toggleReviewed();
@@ -88,7 +89,9 @@ class BoardModel : public QObject {
   bool wanted_ = false;  // it has still to come into sight
   bool moves_ = false;   // as of the last change, see `movesTickets`
   Shown<FileListHead> head_;
-  RowsModel<FileListRow, &FileListRow::key> rows_;
+  FileLines list_;   // what the rows are made of
+  Moment listed_{};  // as of when
+  LazyRowsModel<FileListRow, FileLine, &FileLine::key> rows_;
   Shown<LiveDotView> liveDot_;
   Shown<SyncCardView> syncCard_;
   RowsModel<PersonView, &PersonView::email> people_;

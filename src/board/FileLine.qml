@@ -14,6 +14,8 @@ Loader {
     required property bool open
     required property string count
     required property fileRowView ticket
+    // To hold it keeps the row's values from being made anew.
+    required property var kept
     required property BoardModel board
     required property PictureSource pictures
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "board/file_row.hpp"
@@ -47,19 +48,50 @@ struct FileListHead {
 BOOST_DESCRIBE_STRUCT(FileListHead, (),
                       (queues, queue, mineOnly, overdue, empty, emptyFirst, emptySecond, syncing))
 
-struct FileListView {
-  FileListHead head;
-  std::vector<FileListRow> rows;
+// A group of the list, by the status of its tickets.
+struct FileGroup {
+  std::string status;
+  std::string title;
+  bool folds = false;
+  bool open = false;
+  std::string count;
+  bool operator==(const FileGroup&) const = default;
 };
 
-FileListView fileList(const Store& store, bool showReviewed, Moment now, const Calendar& calendar);
+// What a line of the list is made of: a ticket, or the header of a group.
+struct FileLine {
+  const FileItem* ticket = nullptr;  // null for a header
+  const FileGroup* group = nullptr;
+  bool selected = false;
+  // The ticket's id, or the group's status.
+  struct Key {
+    bool header = false;
+    std::string_view name;
+    bool operator==(const Key&) const = default;
+  };
+  Key key() const;
+  bool operator==(const FileLine& other) const;
+};
+BOOST_DESCRIBE_STRUCT(FileLine::Key, (), (header, name))
 
-// The row that the keyboard comes to, so many on from that one or, below 0, back, as far as there
+struct FileLines {
+  FileListHead head;
+  std::vector<FileLine> lines;
+  // What the lines point to.
+  SharedList<FileItem> files;
+  std::vector<FileGroup> groups;
+};
+
+FileLines fileList(const Store& store, bool showReviewed, Moment now);
+FileListRow fileListRow(const FileLine& line, const Store& store, Moment now,
+                        const Calendar& calendar);
+
+// The line that the keyboard comes to, so many on from that one or, below 0, back, as far as there
 // are any; -1 stands before all of them. It goes past headers that are no buttons. Where there is
 // none in that direction, `from` itself.
-int rowFrom(const std::vector<FileListRow>& rows, int from, int by);
+int rowFrom(const std::vector<FileLine>& lines, int from, int by);
 
-// The row of the one ticket that is selected; -1 where that is not in the list, or there are more.
-int chosenRow(const std::vector<FileListRow>& rows);
+// The line of the one ticket that is selected; -1 where that is not in the list, or there are more.
+int chosenRow(const std::vector<FileLine>& lines);
 
 }  // namespace vellix

@@ -73,12 +73,6 @@ FileCountView fileCount(const FileItem& file) {
 FileRowView fileRow(const FileItem& file, const Store& store, Moment now,
                     const Calendar& calendar) {
   FileRowView row;
-  fillFileRow(row, file, store, now, calendar);
-  return row;
-}
-
-void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Moment now,
-                 const Calendar& calendar) {
   row.id = file.id;
   row.heading = file.heading();
   row.subline = sublineOf(file);
@@ -89,6 +83,7 @@ void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Mom
   if (hasWords(file.assignee)) row.assignee = avatarOf(file.assignee, store);
   row.selected = store.selection().contains(file.id);
   row.spoken = spokenOf(row);
+  return row;
 }
 
 }  // namespace vellix

@@ -41,8 +41,5 @@ BOOST_DESCRIBE_STRUCT(FileRowView, (),
 
 FileCountView fileCount(const FileItem& file);
 FileRowView fileRow(const FileItem& file, const Store& store, Moment now, const Calendar& calendar);
-// The same into a row that is new: a row is large, and a list has thousands.
-void fillFileRow(FileRowView& row, const FileItem& file, const Store& store, Moment now,
-                 const Calendar& calendar);
 
 }  // namespace vellix

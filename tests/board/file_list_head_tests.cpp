@@ -10,7 +10,7 @@ constexpr const char* kRenny = "renny@tessarine.example";
 class FileListHeads : public StoreTest {
  protected:
   void show(std::vector<FileItem> files) { store().board.set(boardOf(std::move(files))); }
-  FileListHead head() { return fileList(store(), false, desk.time.now(), desk.calendar).head; }
+  FileListHead head() { return fileList(store(), false, desk.time.now()).head; }
   FileItem due(std::string id, double seconds, std::string status = "new") {
     FileItem file = ticketOf(std::move(id), std::move(status));
     file.due = wireOf(desk.time.now()) + seconds * 1'000;

@@ -9,13 +9,21 @@ namespace {
 class FileList : public StoreTest {
  protected:
   void show(std::vector<FileItem> files) { store().board.set(boardOf(std::move(files))); }
-  FileListView list(bool showReviewed = false) {
-    return fileList(store(), showReviewed, desk.time.now(), desk.calendar);
+  FileLines list(bool showReviewed = false) {
+    return fileList(store(), showReviewed, desk.time.now());
+  }
+  std::vector<FileListRow> rows(bool showReviewed = false) {
+    std::vector<FileListRow> rows;
+    const FileLines made = list(showReviewed);
+    for (const FileLine& line : made.lines) {
+      rows.push_back(fileListRow(line, store(), desk.time.now(), desk.calendar));
+    }
+    return rows;
   }
   // The lines by their keys, without the word that tells their kind.
   std::vector<std::string> lines(bool showReviewed = false) {
     std::vector<std::string> all;
-    for (const auto& row : list(showReviewed).rows) {
+    for (const auto& row : rows(showReviewed)) {
       all.push_back(row.header ? row.title : row.ticket.id);
     }
     return all;
@@ -123,7 +131,7 @@ TEST_P(FileListFolds, HideTheReviewedOnlyWhileTheyFold) {
   const auto& each = GetParam();
   store().prefs.foldReviewed.set(each.foldReviewed);
   show({ticketOf("a"), ticketOf("b", "reviewed"), ticketOf("c", "reviewed")});
-  const auto rows = list(each.showReviewed).rows;
+  const auto rows = this->rows(each.showReviewed);
   ASSERT_EQ(rows.size(), each.open ? 5U : 3U);
   const auto& header = rows.at(2);
   EXPECT_TRUE(header.header);
@@ -146,18 +154,18 @@ TEST_F(FileList, CountsOnlyOnesOwnBesideTheFoldedHeader) {
   auto mine = ticketOf("a", "reviewed");
   mine.assignee = "renny@tessarine.example";
   show({mine, ticketOf("b", "reviewed")});
-  EXPECT_EQ(list().rows.at(0).count, "2");
+  EXPECT_EQ(rows().at(0).count, "2");
   store().setMineOnly(true);
-  EXPECT_EQ(list().rows.at(0).count, "1");
+  EXPECT_EQ(rows().at(0).count, "1");
 }
 
 TEST_F(FileList, GivesEveryLineAKeyThatOutlastsItsContent) {
   show({ticketOf("a"), ticketOf("group new", "in_review")});
-  const auto before = list().rows;
+  const auto before = rows();
   auto board = *store().board();
   board.files[0].title = "Another title";
   store().board.set(board);
-  const auto after = list().rows;
+  const auto after = rows();
   ASSERT_EQ(before.size(), after.size());
   std::set<std::string> keys;
   for (std::size_t i = 0; i < before.size(); ++i) {
@@ -170,17 +178,20 @@ TEST_F(FileList, GivesEveryLineAKeyThatOutlastsItsContent) {
 TEST_F(FileList, MarksTheSelectedTickets) {
   show({ticketOf("a"), ticketOf("b"), ticketOf("c")});
   store().selection.set({"a", "c"});
-  const auto rows = list().rows;
+  const auto rows = this->rows();
   EXPECT_TRUE(rows.at(1).ticket.selected);
   EXPECT_FALSE(rows.at(2).ticket.selected);
   EXPECT_TRUE(rows.at(3).ticket.selected);
 }
 
 // A header, two tickets, a header, a ticket, and a header that folds.
-std::vector<FileListRow> sixRows() {
-  std::vector<FileListRow> rows(6);
-  for (const std::size_t header : {0, 3, 5}) rows[header].header = true;
-  rows[5].folds = true;
+std::vector<FileLine> sixRows() {
+  static const FileItem ticket;
+  static const FileGroup group;
+  static const FileGroup folding{.folds = true};
+  std::vector<FileLine> rows(6, {.ticket = &ticket, .group = &group});
+  for (const std::size_t header : {0, 3, 5}) rows[header].ticket = nullptr;
+  rows[5].group = &folding;
   return rows;
 }
 
@@ -216,7 +227,7 @@ TEST_F(FileList, KnowTheRowOfTheOneTicketOnShow) {
   show({ticketOf("a"), ticketOf("b"), ticketOf("c", "in_review"), ticketOf("d", "reviewed")});
   const auto row = [this](std::set<std::string> selection, bool showReviewed = false) {
     store().selection.set(std::move(selection));
-    return chosenRow(list(showReviewed).rows);
+    return chosenRow(list(showReviewed).lines);
   };
   EXPECT_EQ(row({}), -1);
   EXPECT_EQ(row({"b"}), 2);

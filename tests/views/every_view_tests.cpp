@@ -147,6 +147,7 @@ class EveryView : public ViewTest {
           {"open", false},
           {"count", ""},
           {"ticket", ticket},
+          {"kept", 0},
           pick("board"),
           pick("pictures")}},
         {"Board/FileList", {pick("board"), pick("pictures")}},

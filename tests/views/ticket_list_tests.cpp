@@ -300,6 +300,23 @@ TEST_F(TicketLists, KeepTheKeyboardOnARowThatIsScrolledAway) {
   EXPECT_TRUE(inView(4));
 }
 
+TEST_F(TicketLists, TellTheRowWithTheKeyboardOfTimeThatPassesHoweverFarAway) {
+  showTickets(300);
+  focusOn(3);
+  const auto told = [&] {
+    auto* row = QAccessible::queryAccessibleInterface(window()->activeFocusItem());
+    return row ? row->text(QAccessible::Description).section(u',', 0, 0) : QString{};
+  };
+  EXPECT_EQ(told(), "Due in 3 min");
+  for (int screen = 1; screen < 20; ++screen) scrollTo(screen * 600);
+  qmlEngine(list())->collectGarbage();
+  desk.time.advance(Milliseconds{60'000});
+  poll();
+  settle();
+  EXPECT_EQ(focused(), title(3));
+  EXPECT_EQ(told(), "Due in 2 min");
+}
+
 TEST_F(TicketLists, HandTheKeyboardOnFromARowThatGoes) {
   showTickets(9);
   store().select({"t2"});
