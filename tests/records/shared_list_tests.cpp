@@ -20,7 +20,8 @@ std::vector<const FileItem*> placesOf(const Files& files) {
 
 TEST(SharedList, SharesItsRecordsWithItsCopies) {
   const Files files{ticketOf("a"), ticketOf("b")};
-  const Files copy = files;
+  Files copy;
+  copy = files;
   EXPECT_EQ(placesOf(copy), placesOf(files));
   EXPECT_EQ(copy, files);
 }
