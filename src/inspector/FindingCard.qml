@@ -45,6 +45,8 @@ Item {
     readonly property bool hovered: folded ? foldedRow.hovered : open.hovered
     // What is being written is not folded away.
     readonly property bool folded: folds && !expanded && !written.editing
+    // What is out of sight must not be lost.
+    readonly property bool stays: expanded || written.staying || moving.running || gliding.running
     readonly property bool brief: compact && !selected && !written.editing
     // Whether the keyboard came to the card, and not the pointer.
     readonly property bool keyed: hold.held && hold.ringed
@@ -266,6 +268,7 @@ Item {
                     width: parent.width
                     topPadding: Theme.gap8
                     bottomPadding: Theme.gap4
+                    whole: true
                     rows: card.notes
                     notes: card.noteActions
                     pictures: card.pictures

@@ -170,7 +170,7 @@ Item {
         // It stays on its spot when a poll brings something above it, unless it is out of sight.
         function keepSpot() {
             const now = standing();
-            if (writes && (stood < now || stood > now) && spot < height && spot + whole.height > 0)
+            if (writes && Math.abs(now - stood) > 0.01 && spot < height && spot + whole.height > 0)
                 goTo(now - spot);
             note();
         }
@@ -178,9 +178,9 @@ Item {
         visible: !panel.tells
         onWholeChanged: note()
         onContentHeightChanged: keepSpot()
-        // Not where the content has become too short.
+        // Not where the content has become too short. What is mapped is no more exact than that.
         onContentYChanged: {
-            if (standing() === stood)
+            if (Math.abs(standing() - stood) <= 0.01)
                 note();
         }
         anchors.top: sides.bottom
@@ -202,15 +202,19 @@ Item {
                 head: panel.head
             }
 
-            Repeater {
+            LazyColumn {
                 id: cards
 
+                width: content.width
+                spacing: content.spacing
                 model: panel.inspector.cards
+                alike: "folds"
+                always: "selected"
 
                 FindingCard {
                     required property int index
 
-                    width: content.width
+                    width: cards.width
                     noteActions: panel.notes
                     pictures: panel.pictures
                     compare: panel.compare

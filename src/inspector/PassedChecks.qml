@@ -46,28 +46,24 @@ Column {
             Glide {}
         }
 
-        Column {
+        LazyColumn {
             id: list
 
             width: parent.width
             spacing: Theme.gap8
+            model: checks.inspector.passed
+            always: "selected"
 
-            Repeater {
-                id: cards
+            FindingCard {
+                required property int index
 
-                model: checks.inspector.passed
-
-                FindingCard {
-                    required property int index
-
-                    width: list.width
-                    noteActions: checks.noteActions
-                    pictures: checks.pictures
-                    compare: checks.compare
-                    onChosen: checks.inspector.press(id)
-                    onSelectedChanged: if (selected) checks.picked(this)
-                    onStepped: by => (cards.itemAt(index + by) as FindingCard)?.takeKeyboard("")
-                }
+                width: list.width
+                noteActions: checks.noteActions
+                pictures: checks.pictures
+                compare: checks.compare
+                onChosen: checks.inspector.press(id)
+                onSelectedChanged: if (selected) checks.picked(this)
+                onStepped: by => (list.itemAt(index + by) as FindingCard)?.takeKeyboard("")
             }
         }
     }

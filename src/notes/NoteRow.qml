@@ -16,6 +16,8 @@ Item {
     property bool editing: false
 
     readonly property Menu menu: place.object as Menu
+    // What is out of sight must not be lost.
+    readonly property bool stays: editing || (menu?.visible ?? false)
     readonly property real pad: note.tagged ? Theme.gap8 : 0
 
     // Gives the keyboard to the row, as after a row beside it has gone.

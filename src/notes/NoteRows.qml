@@ -13,8 +13,12 @@ Column {
     required property NotesModel notes
     required property PictureSource pictures
 
+    // Each row is there, wherever it is.
+    property bool whole: false
     property int edits: 0
     readonly property bool editing: edits > 0
+    property int stayers: 0
+    readonly property bool staying: stayers > 0
 
     // The last row has gone, and the keyboard with it.
     signal emptied()
@@ -39,9 +43,12 @@ Column {
         }
     }
 
-    Repeater {
+    LazyColumn {
         id: each
 
+        width: list.width
+        spacing: list.spacing
+        whole: list.whole
         model: KeyedRows {
             by: "id"
             rows: list.rows
@@ -50,13 +57,19 @@ Column {
         NoteRow {
             required property noteRowView value
 
-            width: list.width
+            width: each.width
             numberRoom: widest.width
             note: value
             notes: list.notes
             pictures: list.pictures
             onEditingChanged: list.edits += editing ? 1 : -1
-            Component.onDestruction: if (editing) list.edits -= 1
+            onStaysChanged: list.stayers += stays ? 1 : -1
+            Component.onDestruction: {
+                if (editing)
+                    list.edits -= 1;
+                if (stays)
+                    list.stayers -= 1;
+            }
         }
 
         // The keyboard goes on to the next row, else to the one before.
