@@ -12,8 +12,12 @@ Item {
     signal chosen(file: url)
 
     function open() {
+        ask(filters);
+    }
+
+    function ask(kinds: var) {
         dialog.active = true;
-        (dialog.item as FileChooserDialog)?.ask(title, filters);
+        (dialog.item as FileChooserDialog)?.ask(title, kinds);
     }
 
     // With what covers it.

@@ -8,8 +8,12 @@ FileChooser {
     required property PhotoModel photo
 
     title: "Pick a photo for your profile."
-    filters: photo.filters
     onChosen: file => photo.choose(file)
+
+    // What can be read is asked for now: it loads every reader of pictures that there is.
+    function open() {
+        ask(photo.filters);
+    }
 
     // For nobody, it asks no more.
     Connections {
