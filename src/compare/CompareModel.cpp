@@ -8,14 +8,6 @@
 #include "compare/marks.hpp"
 
 namespace vellix {
-namespace {
-
-QRectF markOn(Box (*mark)(const Box&, Extent), QRectF box, QSizeF picture) {
-  const Extent size = extentOf(picture);
-  return rectOf(inSight(mark(boxOf(box), size), size));
-}
-
-}  // namespace
 
 CompareModel::CompareModel(Store& store, MainLoop& loop)
     : store_(store),
@@ -66,6 +58,7 @@ void CompareModel::updateCanvas(const FileDetail* detail) {
   // First the places, so that a pane that comes knows its own.
   stage_.layOut(view.panes, takesTurns(store_));
   panes_.setRows(std::move(view.panes));
+  emit boxesChanged();
   toggles_.setRows(std::move(view.toggles));
   stage_.followZoom();
   if (bar_.show(std::move(view.bar))) emit barChanged();
@@ -99,12 +92,15 @@ void CompareModel::setSeen(bool seen) {
   followBlink();
 }
 
-QRectF CompareModel::boxMark(QRectF box, QSizeF picture) {
-  return markOn(&vellix::boxMark, box, picture);
+const std::vector<BoxMarkView>& CompareModel::boxes(const QString& pane) const {
+  static const std::vector<BoxMarkView> kNone;
+  const auto found = std::ranges::find(panes_.rows(), pane.toStdString(), &PaneView::key);
+  return found == panes_.rows().end() ? kNone : found->boxes;
 }
 
 QRectF CompareModel::areaMark(QRectF box, QSizeF picture) {
-  return markOn(&vellix::areaMark, box, picture);
+  const Extent size = extentOf(picture);
+  return rectOf(inSight(vellix::areaMark(boxOf(box), size), size));
 }
 
 Qml<CropLayout> CompareModel::cropLayout(QRectF part, const QVariantList& boxes, double aspect,

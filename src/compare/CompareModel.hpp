@@ -34,6 +34,10 @@ class CompareModel : public QObject {
   CompareModel(Store& store, MainLoop& loop);
 
   bool loaded() const { return loaded_; }
+  // The marks of findings on the pane of this key, until boxesChanged is told: as QML's values so
+  // many would cost more than all else of a page.
+  const std::vector<BoxMarkView>& boxes(const QString& pane) const;
+
   Qml<CanvasBarView> bar() const { return bar_.qml(); }
   Qml<LoupeView> loupe() const { return loupe_.qml(); }
   QString pointed() const { return pointed_.empty() ? QString{} : pointed_.back(); }
@@ -66,7 +70,6 @@ class CompareModel : public QObject {
   // The window can be seen.
   Q_INVOKABLE void setSeen(bool seen);
   // In the picture's coordinates; `box` in fractions of the page. Cut off where it is out of sight.
-  Q_INVOKABLE static QRectF boxMark(QRectF box, QSizeF picture);
   Q_INVOKABLE static QRectF areaMark(QRectF box, QSizeF picture);
   // How a crop of this part of a page lies in a place of this size; `boxes` are rectangles.
   Q_INVOKABLE static Qml<CropLayout> cropLayout(QRectF part, const QVariantList& boxes,
@@ -75,6 +78,7 @@ class CompareModel : public QObject {
 
  signals:
   void loadedChanged();
+  void boxesChanged();  // or may have
   void barChanged();
   void loupeChanged();
   void pointedChanged();

@@ -10,7 +10,7 @@ Item {
     id: marks
 
     required property CompareModel compare
-    required property var boxes
+    required property string pane  // its key
     required property var notes
     required property draftMarkView draft
     required property bool draws
@@ -48,27 +48,27 @@ Item {
         anchors.margins: -reach
         clip: true
 
-        Item {
+        BoxMarks {
+            id: boxes
+
             x: cut.reach
             y: cut.reach
+            width: marks.width
+            height: marks.height
+            compare: marks.compare
+            pane: marks.pane
+            accent: Theme.onPaper.accent
+            green: Theme.onPaper.green
+            muted: Theme.onPaper.muted
+            opacity: enabled ? 1 : 0.45
+            onSought: mark => marks.sought(mark)
 
-            Repeater {
-                model: KeyedRows {
-                    rows: marks.boxes
-                }
+            Accessible.role: Accessible.Grouping
 
-                BoxMark {
-                    required property boxMarkView value
-
-                    mark: value
-                    place: marks.compare.boxMark(mark.box, marks.picture)
-                    compare: marks.compare
-                    onClicked: marks.compare.pressBox(mark.finding)
-                    onVisualFocusChanged: {
-                        if (visualFocus)
-                            marks.sought(this);
-                    }
-                }
+            FocusRing {
+                parent: boxes.keyed ?? boxes
+                visible: boxes.keyed !== null
+                around: 3
             }
         }
 

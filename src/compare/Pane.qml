@@ -10,6 +10,7 @@ Item {
     id: pane
 
     required property int index
+    required property string key
     required property string img
     required property string thumb
     required property string label
@@ -19,7 +20,6 @@ Item {
     required property bool onStage
     required property string under
     required property bool difference
-    required property var boxes
     required property var notes
     required property draftMarkView draft
     required property CompareModel compare
@@ -193,7 +193,7 @@ Item {
             visible: own.shown !== ""
             anchors.fill: parent
             compare: pane.compare
-            boxes: pane.boxes
+            pane: pane.key
             notes: pane.notes
             draft: pane.draft
             draws: pane.compare.bar.draws

@@ -11,7 +11,6 @@
 
 namespace vellix {
 
-VELLIX_VIEW(BoxMarkView, boxMarkView)
 VELLIX_VIEW(CanvasBarView, canvasBarView)
 VELLIX_VIEW(CropLayout, cropLayout)
 VELLIX_VIEW(CropView, cropView)

@@ -24,12 +24,13 @@ HelpTip* HelpTip::only() {
   return tip;
 }
 
-void HelpTip::show(QQuickItem* owner, const QString& text) {
+void HelpTip::show(QQuickItem* owner, const QString& text, const QRectF& part) {
   if (text.isEmpty()) return;
   HelpTip* tip = only();
   tip->vanish();
   tip->owner_ = owner;
   tip->text_ = text;
+  tip->part_ = part;
   tip->rest_.start();
 }
 
@@ -61,7 +62,7 @@ void HelpTip::appear() {
   if (!engine) return;
   QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/qt/qml/Vellix/Pieces/HelpBubble.qml")));
   QQuickItem* scene = owner_->window()->contentItem();
-  const QRectF target = owner_->mapRectToScene(owner_->boundingRect());
+  const QRectF target = owner_->mapRectToScene(part_.isNull() ? owner_->boundingRect() : part_);
   QObject* made = component.createWithInitialProperties(
       {{QStringLiteral("text"), text_}, {QStringLiteral("target"), target}});
   auto* bubble = qobject_cast<QQuickItem*>(made);

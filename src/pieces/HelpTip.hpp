@@ -11,8 +11,9 @@ namespace vellix {
 
 class HelpTip : public QObject {
  public:
-  // Shows `text` after a rest of the pointer; nothing for an empty text.
-  static void show(QQuickItem* owner, const QString& text);
+  // Shows `text` after a rest of the pointer; nothing for an empty text. It is about all of the
+  // item, or this part of it.
+  static void show(QQuickItem* owner, const QString& text, const QRectF& part = {});
   static void reword(QQuickItem* owner, const QString& text);
   static void hide(QQuickItem* owner);
 
@@ -26,6 +27,7 @@ class HelpTip : public QObject {
   QPointer<QQuickItem> owner_;
   QPointer<QQuickItem> bubble_;
   QString text_;
+  QRectF part_;  // of the owner; null for all of it
 };
 
 }  // namespace vellix

@@ -1,15 +1,10 @@
-// The frame of a mark on a picture: a line with round corners over a lighter one that keeps it
-// readable on any ground. The line runs along the item's edge, half of it outside. However large
-// the frame, only its line is ever drawn. Lengths are logical pixels.
+// The frame of a mark on a picture, along the item's edge. Lengths are logical pixels.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
-#include <QColor>
-#include <QImage>
-#include <QPainterPath>
-#include <vector>
 
 #include "pictures/GridItem.hpp"
+#include "pieces/frame_drawing.hpp"
 
 namespace vellix {
 
@@ -35,12 +30,6 @@ class MarkFrame : public vellix::GridItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  // Strips are parts of the frame, in device pixels from the item's corner as it lies on the
-  // device's grid, from which the corner itself is off by so much.
-  std::vector<QRect> strips() const;
-  QImage drawn(const QRect& strip, QPointF off) const;
-  QPainterPath dashes(const QPainterPath& path, qreal round) const;
-
   QColor color_ = Qt::black;
   qreal line_ = 1.6;
   qreal dash_ = 0;

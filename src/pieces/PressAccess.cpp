@@ -1,24 +1,21 @@
 #include "PressAccess.hpp"
 
-#include <QAccessible>
-#include <QPointer>
-
+#include "PlainAccess.hpp"
 #include "PressArea.hpp"
 
 namespace vellix {
 namespace {
 
-// Qt Quick's own interface of an item, with more of its state.
-class PressAccess : public QAccessibleInterface {
+// With more of an item's state.
+class PressAccess : public PlainAccess {
  public:
-  // Both go with the item.
-  PressAccess(QQuickItem* item, QAccessibleInterface* plain) : item_(item), plain_(plain) {}
+  using PlainAccess::PlainAccess;
 
   QAccessible::State state() const override {
-    QAccessible::State state = plain_->state();
-    if (!item_) return state;
-    state.disabled = !item_->isEnabled();
-    if (const auto* area = qobject_cast<const PressArea*>(item_.get())) {
+    QAccessible::State state = PlainAccess::state();
+    if (!item()) return state;
+    state.disabled = !item()->isEnabled();
+    if (const auto* area = qobject_cast<const PressArea*>(item())) {
       state.disabled |= area->idle();
       state.expandable = area->expandable();
       state.expanded = area->expandable() && area->expanded();
@@ -26,37 +23,6 @@ class PressAccess : public QAccessibleInterface {
     }
     return state;
   }
-
-  bool isValid() const override { return item_ && plain_->isValid(); }
-  QObject* object() const override { return item_; }
-  QWindow* window() const override { return plain_->window(); }
-  QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(
-      QAccessible::Relation match) const override {
-    return plain_->relations(match);
-  }
-  QAccessibleInterface* focusChild() const override { return plain_->focusChild(); }
-  QAccessibleInterface* childAt(int x, int y) const override { return plain_->childAt(x, y); }
-  QAccessibleInterface* parent() const override { return plain_->parent(); }
-  QAccessibleInterface* child(int index) const override { return plain_->child(index); }
-  int childCount() const override { return plain_->childCount(); }
-  int indexOfChild(const QAccessibleInterface* child) const override {
-    return plain_->indexOfChild(child);
-  }
-  QString text(QAccessible::Text which) const override { return plain_->text(which); }
-  void setText(QAccessible::Text which, const QString& text) override {
-    plain_->setText(which, text);
-  }
-  QRect rect() const override { return plain_->rect(); }
-  QAccessible::Role role() const override { return plain_->role(); }
-  QColor foregroundColor() const override { return plain_->foregroundColor(); }
-  QColor backgroundColor() const override { return plain_->backgroundColor(); }
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    return plain_->interface_cast(type);
-  }
-
- private:
-  QPointer<QQuickItem> item_;
-  QAccessibleInterface* plain_;
 };
 
 enum class Change { disabled, expanded };

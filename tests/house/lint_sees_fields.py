@@ -20,7 +20,7 @@ Item {{
 
     required property CompareModel compare
     required property PlanModel plan
-    required property boxMarkView mark
+    required property noteMarkView mark
     readonly property canvasBarView bar: compare.bar
 
     Text {{
@@ -41,7 +41,7 @@ PLACES = 2
 SPELLINGS = [
     ("view.compare.bar.first", "view.compare.bar.frist"),
     ("view.plan.due.chip.text", "view.plan.due.chip.txt"),
-    ("view.mark.colour", "view.mark.color"),
+    ("view.mark.number", "view.mark.nummer"),
     ("view.bar.place", "view.bar.plaice"),
     ("view.mark.box.width", "view.mark.box.wide"),
 ]

@@ -277,7 +277,6 @@ TEST_F(CanvasModels, OpenAndCloseTheLoupe) {
 
 TEST_F(CanvasModels, CutAndMarkForTheirViews) {
   const QRectF box{0.25, 0.5, 0.5, 0.25};
-  EXPECT_EQ(CompareModel::boxMark(box, {400, 600}), QRectF(97, 297, 206, 156));
   EXPECT_EQ(CompareModel::areaMark(box, {400, 600}), QRectF(100, 300, 200, 150));
   EXPECT_EQ(CompareModel::cropPlace(900, 2), QSizeF(444, 205));
   EXPECT_EQ(CompareModel::cropPlace(480, -1), QSizeF(480, 220));

@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "compare/canvas.hpp"
-#include "views/sights.hpp"
+#include "views/page_sights.hpp"
 #include "views/view_test.hpp"
 
 namespace vellix {
@@ -330,9 +330,8 @@ TEST_F(CanvasViews, BringASelectedFindingInSight) {
   const auto inSight = [this] {
     settle();
     const QRectF room = stage()->mapRectToScene(stage()->boundingRect());
-    return std::ranges::any_of(seen(stage(), "BoxMark"), [&](const QQuickItem* box) {
-      const bool selected = box->property("mark").toMap()["selected"].toBool();
-      return selected && room.contains(box->mapRectToScene(box->boundingRect()));
+    return std::ranges::any_of(seenMarks(stage()), [&](const SeenMark& box) {
+      return box.selected && room.contains(box.place);
     });
   };
   EXPECT_FALSE(inSight());
@@ -344,7 +343,7 @@ TEST_F(CanvasViews, BringAMarkInSightThatTheKeyboardHasComeTo) {
   zoomTo(4);
   QMetaObject::invokeMethod(stage(), "forceActiveFocus");
   QTest::keyClick(window(), Qt::Key_End);
-  QQuickItem* box = seen(stage(), "BoxMark").constFirst();
+  QQuickItem* box = seenMarks(stage()).constFirst().item();
   box->forceActiveFocus(Qt::TabFocusReason);
   EXPECT_TRUE(QTest::qWaitFor([&] {
     settle();
@@ -391,10 +390,8 @@ TEST_F(CanvasViews, KeepTheHoverOfABoxAcrossAPoll) {
   settle();
   const auto hovered = [this] {
     QStringList findings;
-    for (const QQuickItem* box : seen(stage(), "BoxMark")) {
-      if (box->property("hovered").toBool()) {
-        findings.append(box->property("mark").toMap()["finding"].toString());
-      }
+    for (const SeenMark& box : seenMarks(stage())) {
+      if (box.hovered) findings.append(box.finding);
     }
     return findings;
   };
@@ -409,7 +406,7 @@ TEST_F(CanvasViews, KeepTheHoverOfABoxAcrossAPoll) {
 }
 
 TEST_F(CanvasViews, GiveTheKeyboardBackWhenTheLoupeIsClosedByIt) {
-  QQuickItem* box = seen(stage(), "BoxMark").constFirst();
+  QQuickItem* box = seenMarks(stage()).constFirst().item();
   box->forceActiveFocus(Qt::TabFocusReason);
   QTest::keyClick(window(), Qt::Key_Space);
   settle();
@@ -481,7 +478,7 @@ TEST_F(CanvasViews, KeepTheirPlaceAcrossAPageStep) {
 }
 
 TEST_F(CanvasViews, KeepTheFocusOfABoxAcrossAPoll) {
-  QQuickItem* box = seen(window()->contentItem(), "BoxMark").constFirst();
+  QQuickItem* box = seenMarks(stage()).constFirst().item();
   box->forceActiveFocus();
   FileDetail changed = lighthouse(2);
   changed.findings.push_back(findingOf("f9"));

@@ -3,6 +3,7 @@
 
 #include "compare/draft_place.hpp"
 #include "views/notes_test.hpp"
+#include "views/page_sights.hpp"
 
 namespace vellix {
 namespace {
@@ -197,7 +198,7 @@ TEST_F(DraftCards, LeaveEscapeToANoteThatIsEdited) {
 }
 
 TEST_F(DraftCards, GiveTheKeyboardBack) {
-  QQuickItem* box = seen(window()->contentItem(), "BoxMark").constFirst();
+  QQuickItem* box = seenMarks(window()->contentItem()).constFirst().item();
   for (const bool byKey : {true, false}) {
     focus(box);
     begin();

@@ -47,8 +47,6 @@ class EveryView : public ViewTest {
     const QVariantList wordings{toQml(WordingView{"What we sent", "light"}),
                                 toQml(WordingView{"Supplier file", ""})};
     const Box quarter{0.25, 0.25, 0.25, 0.25};
-    const QVariant boxMark =
-        toQml(BoxMarkView{"f1 0", "f1", quarter, "accent", "dotted", true, "A word", "f1"});
     const QVariant noteMark = toQml(NoteMarkView{"n1", 1, quarter, true, "Renny: here", "Note 1"});
     const QVariant draftMark = toQml(DraftMarkView{true, quarter, true, "Note on this area"});
     const QVariant crop = toQml(CropView{.img = "supplier-0",
@@ -236,7 +234,6 @@ class EveryView : public ViewTest {
         {"Jobs/ReportWork", {pick("report")}},
         {"Ticket/ReviewActions", {pick("file"), pick("report")}},
         {"Compare/NoRef", {{"what", "No FBC for this page"}, {"why", "It was never made."}}},
-        {"Compare/BoxMark", {{"mark", boxMark}, {"place", QRectF{20, 30, 80, 20}}}},
         {"Compare/Crop",
          {pick("compare"), pick("pictures"), {"crop", crop}, {"ground", "#ffffff"}}},
         {"Compare/DraftOutline", {{"mark", draftMark}, {"picture", QSizeF{300, 400}}}},
@@ -248,13 +245,14 @@ class EveryView : public ViewTest {
         {"Compare/NotePin", {{"number", 12}}},
         {"Compare/PageMarks",
          {pick("compare"),
-          {"boxes", QVariantList{boxMark}},
+          {"pane", "t1 supplier"},
           {"notes", QVariantList{noteMark}},
           {"draft", draftMark},
           {"draws", true},
           {"seen", true}}},
         {"Compare/Pane",
          {{"index", 0},
+          {"key", "t1 supplier"},
           {"img", "supplier-0"},
           {"thumb", "small-0"},
           {"label", "Harrow Print file · p1"},
@@ -264,7 +262,6 @@ class EveryView : public ViewTest {
           {"onStage", true},
           {"under", "submitted-0"},
           {"difference", true},
-          {"boxes", QVariantList{boxMark}},
           {"notes", QVariantList{noteMark}},
           {"draft", draftMark},
           {"shifting", false},

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "views/notes_test.hpp"
+#include "views/page_sights.hpp"
 
 namespace vellix {
 namespace {
@@ -90,11 +91,7 @@ class Grounds : public NotesViewTest {
     }
     touch.release(0, at - QPoint{48, 0}).release(1, at + QPoint{56, 0}).commit();
   }
-  bool pageIsHovered() {
-    return std::ranges::any_of(seen(stage(), "BoxMark"), [](const QQuickItem* each) {
-      return each->property("hovered").toBool();
-    });
-  }
+  bool pageIsHovered() { return std::ranges::any_of(seenMarks(stage()), &SeenMark::hovered); }
 
   // How the page stands.
   struct Sight {

@@ -19,7 +19,7 @@ class HandRoom : public ApprovalViewsTest {
   // line between a menu's entries is none.
   static bool isFree(const QQuickItem* area) {
     if (isOfType(area, "MenuEntry") && area->property("label").toString().isEmpty()) return true;
-    constexpr std::array kFree{"BoxMark", "NoteMark", "ScrollBar", "WeekBar"};
+    constexpr std::array kFree{"BoxMark", "BoxMarks", "NoteMark", "ScrollBar", "WeekBar"};
     return std::ranges::any_of(kFree, [&](const char* each) { return isOfType(area, each); });
   }
   static bool holds(const QQuickItem* area) {

@@ -1,6 +1,7 @@
 // A finding under the pointer: its card and its marks answer one another.
 #include "views/notes_test.hpp"
 #include "views/operations.hpp"
+#include "views/page_sights.hpp"
 
 namespace vellix {
 namespace {
@@ -34,15 +35,11 @@ class PanelHover : public NotesViewTest {
     }
     return nullptr;
   }
-  static QString findingOfMark(const QQuickItem* mark) {
-    return mark->property("mark").toMap()["finding"].toString();
-  }
   // The lines of all marks on the page, by their findings.
   std::map<QString, QList<double>> lines() {
     std::map<QString, QList<double>> all;
-    for (const QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-      all[findingOfMark(each)].append(
-          seen(each, "MarkFrame").constFirst()->property("line").toDouble());
+    for (const SeenMark& each : seenMarks(window()->contentItem())) {
+      all[each.finding].append(each.line);
     }
     return all;
   }
@@ -68,6 +65,14 @@ class PanelHover : public NotesViewTest {
     settle();
   }
   void point(const QQuickItem* at) { point(at->mapToScene({24, 14}).toPoint()); }
+  void point(const SeenMark& at) { point((at.place.topLeft() + QPointF{24, 14}).toPoint()); }
+  std::optional<SeenMark> lastMark(const QString& finding) {
+    std::optional<SeenMark> last;
+    for (const SeenMark& each : seenMarks(window()->contentItem())) {
+      if (each.finding == finding) last = each;
+    }
+    return last;
+  }
   void leave() { point(QPoint{700, 6}); }
 
   FileDetail detail;
@@ -88,12 +93,9 @@ TEST_F(PanelHover, ShowsTheMarksOfACard) {
 
 TEST_F(PanelHover, ShowsTheCardOfAMark) {
   const QImage before = look(card("f2"));
-  QQuickItem* mark = nullptr;
-  for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-    if (findingOfMark(each) == "f2") mark = each;
-  }
+  const auto mark = lastMark("f2");
   ASSERT_TRUE(mark);
-  point(mark);
+  point(*mark);
   EXPECT_NE(look(card("f2")), before);
   EXPECT_EQ(lit(), QStringList{"f2"});
   leave();
@@ -105,8 +107,8 @@ TEST_F(PanelHover, GoesFromOneToTheOther) {
   point(card("f1"));
   point(card("f2"));
   EXPECT_EQ(lit(), QStringList{"f2"});
-  for (QQuickItem* each : seen(window()->contentItem(), "BoxMark")) {
-    if (findingOfMark(each) == "f2") point(each);
+  for (const SeenMark& each : seenMarks(window()->contentItem())) {
+    if (each.finding == "f2") point(each);
   }
   EXPECT_EQ(lit(), QStringList{"f2"}) << "from its card straight to its mark";
   point(card("f2"));
@@ -120,14 +122,19 @@ TEST_F(PanelHover, TellsNoRowsAnew) {
   Operations cards{inspector->cards()};
   const QSignalSpy bars{compare, &CompareModel::barChanged};
   const QSignalSpy heads{inspector, &InspectorModel::headChanged};
-  const auto marks = seen(window()->contentItem(), "BoxMark");
+  const auto ids = [this] {
+    QList<int> all;
+    for (const SeenMark& each : seenMarks(window()->contentItem())) all.append(each.id);
+    return all;
+  };
+  const auto marks = ids();
   for (const char* id : {"f1", "f2", "f3", "f1"}) point(card(id));
   leave();
   EXPECT_EQ(panes.take(), std::vector<std::string>{});
   EXPECT_EQ(cards.take(), std::vector<std::string>{});
   EXPECT_EQ(bars.count(), 0);
   EXPECT_EQ(heads.count(), 0);
-  EXPECT_EQ(seen(window()->contentItem(), "BoxMark"), marks);
+  EXPECT_EQ(ids(), marks);
 }
 
 TEST_F(PanelHover, EndsWithWhatWasPointedAt) {

@@ -108,6 +108,7 @@ TEST_F(ToldStates, SayWhatIsChosen) {
 TEST_F(ToldStates, AreTheSameFromEverywhere) {
   begin();
   for (QQuickItem* item : seen(window()->contentItem(), "PressArea")) {
+    if (isOfType(item, "BoxMark")) continue;  // told of by all of a pane
     auto* told = QAccessible::queryAccessibleInterface(item);
     ASSERT_TRUE(told);
     auto* parent = told->parent();
