@@ -1,29 +1,101 @@
 import QtQuick
 
+// Shows what the program shows, and nothing else.
 Window {
+    id: window
+
+    required property var scene
+    required property string pictures
+    property int pagesToCome: scene.pictures.filter(one => one.page).length
+
     width: 1500
     height: 940
     visible: true
 
-    ListView {
-        width: 300
-        height: parent.height
-        model: 12
+    Repeater {
+        model: window.scene.boxes
 
-        delegate: Item {
-            id: line
+        Rectangle {
+            required property var modelData
 
-            required property int index
+            x: modelData.x
+            y: modelData.y
+            z: modelData.z
+            width: modelData.w
+            height: modelData.h
+            opacity: modelData.opacity
+            color: modelData.color
+            radius: modelData.radius
+            border.width: modelData.line ?? 0
+            border.color: modelData.lineColor ?? "transparent"
+        }
+    }
 
-            objectName: "row"
-            width: ListView.view.width
-            height: 54
+    Repeater {
+        model: window.scene.pictures
 
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                x: 8
-                text: "Row " + line.index
+        Image {
+            required property var modelData
+
+            x: modelData.x
+            y: modelData.y
+            z: modelData.z
+            width: modelData.w
+            height: modelData.h
+            opacity: modelData.opacity
+            sourceSize.width: width
+            sourceSize.height: height
+            fillMode: modelData.fill ? Image.PreserveAspectCrop : Image.PreserveAspectFit
+            source: window.pictures + modelData.key
+            onStatusChanged: {
+                if (status === Image.Ready && modelData.page)
+                    --window.pagesToCome;
             }
+        }
+    }
+
+    Repeater {
+        model: window.scene.drawings
+
+        Image {
+            required property var modelData
+
+            x: modelData.x
+            y: modelData.y
+            z: modelData.z
+            width: modelData.w
+            height: modelData.h
+            opacity: modelData.opacity
+            sourceSize.width: width
+            sourceSize.height: height
+            source: "image://symbols/" + modelData.name + modelData.color
+        }
+    }
+
+    Repeater {
+        model: window.scene.words
+
+        Text {
+            required property var modelData
+
+            x: modelData.x
+            y: modelData.y
+            z: modelData.z
+            width: modelData.w
+            height: modelData.h
+            opacity: modelData.opacity
+            text: modelData.text
+            textFormat: Text.PlainText
+            color: modelData.color
+            wrapMode: modelData.wrapMode
+            elide: modelData.elide
+            lineHeight: modelData.lineHeight
+            horizontalAlignment: modelData.horizontalAlignment
+            verticalAlignment: modelData.verticalAlignment
+            font.family: modelData.family
+            font.pointSize: modelData.points
+            font.weight: modelData.weight
+            font.capitalization: modelData.capitalization
         }
     }
 }

@@ -21,4 +21,12 @@ bool layOutPictures();
 // Each page has two references, which are the pictures of the pages that follow.
 FileDetail bigTicket();
 
+// The same for a ticket of the board, with 300 notes and with findings on some pages.
+inline constexpr int kFewPage = 0;   // 10 findings
+inline constexpr int kBarePage = 1;  // nothing
+inline constexpr int kFullPage = 2;  // 1,000 findings, and half of the notes
+FileDetail crowdedTicket(const FileItem& file);
+// One of a few pages, each with some findings.
+FileDetail smallTicket(const FileItem& file);
+
 }  // namespace vellix::bench

@@ -29,16 +29,23 @@ DemoService::~DemoService() {
   process_.waitForFinished(1000);
 }
 
-std::string DemoService::signIn() {
+QByteArray DemoService::post(const std::string& path, const std::string& token,
+                             const QByteArray& json) {
   QNetworkAccessManager manager;
-  QNetworkRequest request(QUrl(QString::fromStdString(server_ + "/api/login/exchange")));
+  QNetworkRequest request(QUrl(QString::fromStdString(server_ + path)));
   request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json");
-  const auto reply = std::unique_ptr<QNetworkReply>(
-      manager.post(request, QByteArray(R"({"code":"demo-renny","state":"","device":"bench"})")));
+  request.setRawHeader("Authorization", "Bearer " + QByteArray::fromStdString(token));
+  const auto reply = std::unique_ptr<QNetworkReply>(manager.post(request, json));
   QEventLoop loop;
   QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
   loop.exec();
-  const auto answer = decode<SignInAnswer>(reply->readAll().toStdString());
+  return reply->readAll();
+}
+
+std::string DemoService::signIn() {
+  const QByteArray json =
+      post("/api/login/exchange", "", R"({"code":"demo-renny","state":"","device":"bench"})");
+  const auto answer = decode<SignInAnswer>(json.toStdString());
   return answer ? answer->token : std::string{};
 }
 

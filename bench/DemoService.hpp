@@ -16,6 +16,8 @@ class DemoService {
   const std::string& server() const { return server_; }  // empty when it did not start
   // Signs in; the token, or empty.
   std::string signIn();
+  // Waits for the answer. No token: for what needs none.
+  QByteArray post(const std::string& path, const std::string& token, const QByteArray& json);
 
  private:
   QProcess process_;

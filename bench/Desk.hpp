@@ -4,6 +4,7 @@
 #include <QAbstractItemModel>
 #include <QQuickWindow>
 
+#include "PacedLoop.hpp"
 #include "Scene.hpp"
 #include "pictures/RemoteImage.hpp"
 #include "platform/ports/token_store.hpp"
@@ -41,7 +42,8 @@ class SignalCount : public QObject {
 class Desk {
  public:
   enum class Board { polled, staged };  // a staged one is set by hand, and nothing is polled
-  Desk(std::string token, Board board);
+  // `pace` is how fast its clock goes.
+  Desk(std::string token, Board board, double pace = 1);
 
   bool shown() const { return window_ != nullptr; }
   Store& store() { return program_.store(); }
@@ -63,7 +65,7 @@ class Desk {
     return qobject_cast<T*>(window_->property(name).value<QObject*>());
   }
 
-  QtMainLoop loop_;
+  PacedLoop loop_;
   QtDefaults defaults_;
   MemoryTokens tokens_;
   Program program_;

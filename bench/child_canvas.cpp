@@ -122,7 +122,7 @@ void measurePan(Desk& desk) {
     return panned(frames, [&](double x) { content.setPosition({-x, -x}); });
   };
   const auto [our, their] = alternate(ours, theirs);
-  tell({"a frame of three panes that are panned", our, their, "ms", 2});
+  tell({"a frame of three panes that are panned", our, their, "ms", 1.5});
 }
 
 }  // namespace

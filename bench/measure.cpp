@@ -49,4 +49,10 @@ double median(std::vector<double> figures) {
   return figures.size() % 2 == 1 ? figures[middle] : (figures[middle - 1] + figures[middle]) / 2;
 }
 
+double percentile99(std::vector<double> figures) {
+  if (figures.empty()) return 0;
+  std::ranges::sort(figures);
+  return figures[(figures.size() * 99 + 99) / 100 - 1];
+}
+
 }  // namespace vellix::bench

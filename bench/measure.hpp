@@ -19,6 +19,8 @@ double proportionalMegabytes();  // what is shared with others is divided among 
 long voluntarySwitches();        // of all threads that live
 
 double median(std::vector<double> figures);
+// Ninety-nine of a hundred are at most so large.
+double percentile99(std::vector<double> figures);
 
 struct Figures {
   double ours = 0;

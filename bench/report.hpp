@@ -2,23 +2,28 @@
 // parted by tabs.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace vellix::bench {
 
-// One line of the table. `ours` and `bare` are in `unit`.
+// One line of the table. All figures but a ratio's budget are in `unit`.
 struct Result {
   std::string name;
   double ours = 0;
-  double bare = 0;
+  std::optional<double> bare;  // none: the budget is for `ours` itself
   std::string unit;
-  double budget = 0;  // the greatest ratio
-  double ratio() const;
-  bool over() const { return !(ratio() <= budget); }
+  double budget = 0;             // the most that the ratio may be, or else `ours`
+  std::optional<double> middle;  // where `ours` is a 99th percentile: the median
+  double held() const;           // what is held against the budget
+  bool over() const { return !(held() <= budget); }
 };
 
 void tell(const Result& result);
+// The 99th percentile of the figures, with their median, against a budget of its own.
+void tellMost(const std::string& name, std::vector<double> figures, const std::string& unit,
+              double budget);
 void tellFigure(const std::string& name, double figure);  // for another process to use
 void tellFault(const std::string& what);                  // something that must hold did not
 void tellNote(const std::string& what);                   // worth reading beside the table

@@ -55,6 +55,8 @@ def wait_until(what, condition, limit=LIMIT, pause=0.05):
 
 
 class PrivateSession:
+    display_options = ()
+
     def __init__(self, size="1500x940"):
         self.size = size
         self.children = []
@@ -147,7 +149,8 @@ class PrivateSession:
     def _start_display(self):
         # The server picks a free number itself, so sessions side by side never meet.
         server = self.start("display", ["Xvfb", "-displayfd", "1", "-screen", "0",
-                                        f"{self.size}x24", "-nolisten", "tcp", "-noreset"],
+                                        f"{self.size}x24", "-nolisten", "tcp", "-noreset",
+                                        *self.display_options],
                             stdout=subprocess.PIPE)
         self.environment["DISPLAY"] = ":" + self.read_line(server, "a display")
         # Without a window manager a window never gets the keyboard.

@@ -1,0 +1,98 @@
+#include "Costs.hpp"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include "measure.hpp"
+#include "report.hpp"
+
+namespace vellix::bench {
+namespace {
+
+constexpr int kStep = 16;              // ms of a glide in a frame
+constexpr int kLongestGlide = 1'000;   // ms: what goes on for longer turns for ever
+constexpr double kQuiet = 12;          // ms without anything: it has come to rest
+constexpr double kLongestFrame = 200;  // ms
+constexpr double kPatience = 3'000;    // ms
+constexpr unsigned long kPause = 500;  // µs
+
+}  // namespace
+
+void Costs::Pace::step() {
+  now_ += kStep;
+  advance();
+}
+
+Costs::Costs(Frames& frames, std::function<bool()> isIdle)
+    : frames_(frames), isIdle_(std::move(isIdle)) {
+  pace_.install();
+  frames_.onFrame = [this] {
+    if (!cost_) return;
+    note();
+    if (++cost_->frames == 1) cost_->first = cost_->whole;
+  };
+}
+
+void Costs::note() {
+  const double now = cpuOfThread();
+  const double took = now - mark_;
+  mark_ = now;
+  cost_->whole += took;
+  // Before the first frame is all one: nothing of the action is on show yet.
+  cost_->worst = std::max(cost_->worst, cost_->frames == 0 ? cost_->whole : took);
+}
+
+Cost Costs::of(const std::function<void()>& action) {
+  Cost cost;
+  cost_ = &cost;
+  mark_ = cpuOfThread();
+  action();
+  settle(&cost);
+  cost_ = nullptr;
+  return cost;
+}
+
+Cost Costs::frame(const std::function<void()>& action) {
+  Cost cost;
+  cost_ = &cost;
+  mark_ = cpuOfThread();
+  action();
+  const double end = wallTime() + kLongestFrame;
+  while (cost.frames == 0 && wallTime() < end) {
+    if (pace_.isRunning()) pace_.step();
+    QCoreApplication::processEvents();
+  }
+  cost_ = nullptr;
+  return cost;
+}
+
+bool Costs::settle(Cost* cost) {
+  const double end = wallTime() + kPatience;
+  double quietSince = wallTime();
+  int glided = 0;
+  while (wallTime() < end) {
+    const int frames = frames_.count();
+    QCoreApplication::processEvents();
+    if (frames_.count() != frames) {
+      quietSince = wallTime();
+      continue;
+    }
+    if (cost) note();
+    if (pace_.isRunning() && glided < kLongestGlide) {
+      pace_.step();
+      glided += kStep;
+      quietSince = wallTime();
+      continue;
+    }
+    if (!isIdle_()) quietSince = wallTime();
+    if (wallTime() - quietSince >= kQuiet) return true;
+    QThread::usleep(kPause);
+    // Looking on is no part of it.
+    mark_ = cpuOfThread();
+  }
+  tellFault(std::string("the window never came to rest: ") +
+            (isIdle_() ? "it paints" : "something is still to come"));
+  return false;
+}
+
+}  // namespace vellix::bench
