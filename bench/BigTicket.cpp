@@ -33,6 +33,7 @@ QImage painting(int page) {
 
 std::vector<Page> pagesOf(int count) {
   std::vector<Page> pages;
+  pages.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     pages.push_back({.i = i,
                      .label = std::to_string(i + 1),

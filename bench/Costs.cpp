@@ -18,7 +18,7 @@ constexpr unsigned long kPause = 500;  // µs
 
 }  // namespace
 
-void Costs::Pace::step() {
+void Costs::Pace::go() {
   now_ += kStep;
   advance();
 }
@@ -59,7 +59,7 @@ Cost Costs::frame(const std::function<void()>& action) {
   action();
   const double end = wallTime() + kLongestFrame;
   while (cost.frames == 0 && wallTime() < end) {
-    if (pace_.isRunning()) pace_.step();
+    if (pace_.isRunning()) pace_.go();
     QCoreApplication::processEvents();
   }
   cost_ = nullptr;
@@ -79,7 +79,7 @@ bool Costs::settle(Cost* cost) {
     }
     if (cost) note();
     if (pace_.isRunning() && glided < kLongestGlide) {
-      pace_.step();
+      pace_.go();
       glided += kStep;
       quietSince = wallTime();
       continue;

@@ -34,7 +34,7 @@ class Costs {
  private:
   class Pace : public QAnimationDriver {
    public:
-    void step();
+    void go();
     qint64 elapsed() const override { return now_; }
 
    private:

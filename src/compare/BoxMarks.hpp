@@ -17,7 +17,7 @@ namespace vellix {
 class BoxMarks;
 
 // A mark that the keyboard has come to: who remembers it finds it gone with its finding.
-class BoxMark : public PressArea {
+class BoxMark : public vellix::PressArea {
   Q_OBJECT
 
  public:
@@ -32,7 +32,7 @@ class BoxMark : public PressArea {
   BoxMarks& marks_;
 };
 
-class BoxMarks : public PressArea {
+class BoxMarks : public vellix::PressArea {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(vellix::CompareModel* compare READ compare WRITE setCompare NOTIFY compareChanged)
