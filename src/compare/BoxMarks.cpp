@@ -108,9 +108,14 @@ void BoxMarks::read() {
     mark.item->setParentItem(nullptr);
     mark.item->deleteLater();
   }
+  if (!hoveredMark()) hover(nullptr);
+  tellHelp();
+}
+
+// Of the mark under the pointer, where it is now.
+void BoxMarks::tellHelp() {
   const Mark* under = hoveredMark();
-  if (!under) hover(nullptr);
-  if (under) HelpTip::reword(this, QString::fromStdString(under->view.help));
+  if (under) HelpTip::reword(this, QString::fromStdString(under->view.help), under->place);
 }
 
 // A small one within a large one can still be pressed.
@@ -126,6 +131,7 @@ void BoxMarks::place() {
     const Box& box = marks_[i].view.box;
     return box.width * box.height;
   });
+  tellHelp();
   draw();
 }
 
@@ -222,7 +228,7 @@ void BoxMarks::hover(const Mark* mark) {
   if (std::exchange(hovered_, id) == id) return;
   const QString before =
       std::exchange(pointed_, mark ? QString::fromStdString(mark->view.finding) : QString{});
-  if (mark) {
+  if (mark && !mark->view.help.empty()) {
     HelpTip::show(this, QString::fromStdString(mark->view.help), mark->place);
   } else {
     HelpTip::hide(this);

@@ -102,6 +102,7 @@ class BoxMarks : public vellix::PressArea {
   void read();
   void place();
   void draw();
+  void tellHelp();
   void hover(const Mark* mark);
   void follow(BoxMark* item);
   void stack();

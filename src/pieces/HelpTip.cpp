@@ -34,10 +34,11 @@ void HelpTip::show(QQuickItem* owner, const QString& text, const QRectF& part) {
   tip->rest_.start();
 }
 
-void HelpTip::reword(QQuickItem* owner, const QString& text) {
+void HelpTip::reword(QQuickItem* owner, const QString& text, const QRectF& part) {
   HelpTip* tip = only();
   if (tip->owner_ != owner) return;
   tip->text_ = text;
+  tip->part_ = part;
   if (text.isEmpty()) {
     hide(owner);
   } else if (tip->bubble_) {

@@ -14,7 +14,7 @@ class HelpTip : public QObject {
   // Shows `text` after a rest of the pointer; nothing for an empty text. It is about all of the
   // item, or this part of it.
   static void show(QQuickItem* owner, const QString& text, const QRectF& part = {});
-  static void reword(QQuickItem* owner, const QString& text);
+  static void reword(QQuickItem* owner, const QString& text, const QRectF& part = {});
   static void hide(QQuickItem* owner);
 
  private:

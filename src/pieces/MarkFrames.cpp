@@ -24,8 +24,16 @@ std::shared_ptr<const MarkFrames::Drawn> drawnAs(const FrameShape& shape) {
 
 MarkFrames::MarkFrames(QQuickItem* parent) : GridItem(parent) {
   connect(&drawing_, &QFutureWatcherBase::finished, this, [this] {
+    draws_ = false;
     if (drawing_.isCanceled()) return;
-    for (auto& [id, drawn] : drawing_.result()) drawings_[id] = drawn;
+    const Drawings made = drawing_.result();
+    for (const Frame& frame : frames_) {
+      const auto late = made.find(frame.id);
+      if (late == made.end()) continue;
+      auto& kept = drawings_[frame.id];
+      // What fits already is not given up for what was wanted a while ago.
+      if (!kept || kept->shape != shapeOf(frame)) kept = late->second;
+    }
     stale_ = true;
     update();
   });
@@ -64,7 +72,7 @@ void MarkFrames::draw() {
   drawings_ = std::move(kept);
   if (wanted.size() <= kAtOnce) {
     for (const auto& [id, shape] : wanted) drawings_[id] = drawnAs(shape);
-  } else if (!drawing_.isRunning()) {
+  } else if (!std::exchange(draws_, true)) {
     const auto promise = std::make_shared<QPromise<Drawings>>();
     drawing_.setFuture(promise->future());
     promise->start();

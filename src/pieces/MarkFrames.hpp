@@ -56,6 +56,7 @@ class MarkFrames : public GridItem {
   std::vector<Frame> frames_;
   Drawings drawings_;
   QFutureWatcher<Drawings> drawing_;
+  bool draws_ = false;  // until the pixels that are made elsewhere have come
   bool stale_ = false;  // some may have other pixels than they should
   QPointF grid_;        // from the item's corner, in the device's pixels, when last they were drawn
 };

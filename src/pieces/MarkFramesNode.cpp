@@ -52,11 +52,14 @@ class SoftwareNode : public QSGRenderNode {
         renderer->getResource(&window_, QSGRendererInterface::PainterResource));
     if (!painter) return;
     const QTransform transform = matrix()->toTransform();
-    const QRegion* clip = state->clipRegion();
-    if (clip && !clip->isEmpty()) painter->setClipRegion(*clip, Qt::ReplaceClip);
-    const QRectF seen = clip && !clip->isEmpty()
-                            ? transform.inverted().mapRect(QRectF(clip->boundingRect()))
-                            : rect_;
+    QRectF seen = rect_;
+    if (isCut()) {
+      // It is called even where nothing of it is left to see.
+      const QRegion* clip = state->clipRegion();
+      if (!clip || clip->isEmpty()) return;
+      painter->setClipRegion(*clip, Qt::ReplaceClip);
+      seen = transform.inverted().mapRect(QRectF(clip->boundingRect()));
+    }
     painter->setOpacity(inheritedOpacity());
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     for (const Painted& mark : marks_) {
@@ -78,6 +81,12 @@ class SoftwareNode : public QSGRenderNode {
   QRectF rect() const override { return rect_; }
 
  private:
+  bool isCut() const {
+    const QSGNode* around = parent();
+    while (around && around->type() != ClipNodeType) around = around->parent();
+    return around != nullptr;
+  }
+
   QQuickWindow& window_;
   std::vector<Painted> marks_;
   QRectF rect_;
@@ -126,6 +135,7 @@ class GpuNode : public QSGTransformNode {
   ~GpuNode() override { clear(*this); }
 
   void show(const std::vector<Painted>& marks, QQuickWindow& window) {
+    if (showInPlace(marks, window)) return;
     std::unordered_map<int, MarkNode*> former;
     while (QSGNode* child = firstChild()) {
       removeChildNode(child);
@@ -139,6 +149,23 @@ class GpuNode : public QSGTransformNode {
       appendChildNode(node);
     }
     for (const auto& [id, node] : former) delete node;
+  }
+
+ private:
+  // Nodes that stay where they are in their order cost the renderer nothing.
+  bool showInPlace(const std::vector<Painted>& marks, QQuickWindow& window) {
+    QSGNode* child = firstChild();
+    for (const Painted& mark : marks) {
+      if (!child || static_cast<MarkNode*>(child)->mark.frame.id != mark.frame.id) return false;
+      child = child->nextSibling();
+    }
+    if (child) return false;
+    child = firstChild();
+    for (const Painted& mark : marks) {
+      static_cast<MarkNode*>(child)->show(mark, window);
+      child = child->nextSibling();
+    }
+    return true;
   }
 };
 
