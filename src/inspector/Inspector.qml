@@ -27,7 +27,14 @@ Item {
     // From a card that was decided by key the keyboard goes on.
     function goOn(card: FindingCard, way: keyboardWay) {
         if (card.keyed)
-            (cards.itemAt(way.row) as FindingCard)?.takeKeyboard(way.decision);
+            keyTo(cards.itemAt(way.row) as FindingCard, way.decision);
+    }
+    function keyTo(card: FindingCard, decision: string) {
+        if (!card)
+            return;
+        card.takeKeyboard(decision);
+        showing.card = card;
+        showing.restart();
     }
 
     function chosen(card: FindingCard) {
@@ -123,9 +130,15 @@ Item {
         id: showing
 
         property FindingCard card: null
+        // It is shown once the cards are.
+        property bool waits: false
 
         interval: Theme.standard + 20
-        onTriggered: if (card?.selected) scroll.reveal(card)
+        onTriggered: {
+            waits = !scroll.visible;
+            if (!waits && (card?.selected || card?.keyed))
+                scroll.reveal(card);
+        }
     }
 
     Segmented {
@@ -176,6 +189,10 @@ Item {
         }
 
         visible: !panel.tells
+        onVisibleChanged: {
+            if (visible && showing.waits)
+                showing.restart();
+        }
         onWholeChanged: note()
         onContentHeightChanged: keepSpot()
         // Not where the content has become too short. What is mapped is no more exact than that.

@@ -42,7 +42,7 @@ void LazyColumn::componentComplete() {
 
 void LazyColumn::geometryChange(const QRectF& now, const QRectF& before) {
   QQuickItem::geometryChange(now, before);
-  if (now.width() != before.width()) heights_.forgetAll();
+  if (now.width() != before.width()) heights_.doubtAll();
   if (now != before) polish();
 }
 
@@ -97,6 +97,7 @@ void LazyColumn::remove(int first, int last) {
   const std::vector<QQuickItem*> gone(items_.begin() + first, items_.begin() + last + 1);
   items_.erase(items_.begin() + first, items_.begin() + last + 1);
   heights_.remove(static_cast<std::size_t>(first), gone.size());
+  if (items_.empty()) owed_ = 0;
   number();
   for (QQuickItem* item : gone) {
     if (!item) continue;
@@ -126,7 +127,8 @@ void LazyColumn::change(int first, int last, const QList<int>& roles) {
   const auto names = model_->roleNames();
   for (int row = first; row <= last; ++row) {
     const QPointer<QQuickItem> item = itemOf(row);
-    if (!item) heights_.forget(static_cast<std::size_t>(row), data(row, alike_).toInt());
+    heights_.become(static_cast<std::size_t>(row), data(row, alike_).toInt());
+    if (!item) heights_.forget(static_cast<std::size_t>(row));
     for (const int role : roles) {
       const QByteArray name = names[role];
       if (item && has(item, name)) {
@@ -209,6 +211,7 @@ void LazyColumn::followKeyboard() {
   for (const int row : {keyed_ - 1, keyed_ + 1}) {
     if (row >= 0 && row < count()) make(row);
   }
+  polish();
 }
 
 }  // namespace vellix

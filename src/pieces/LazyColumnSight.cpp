@@ -16,7 +16,8 @@ constexpr double kFar = 2'000;
 }  // namespace
 
 bool LazyColumn::isKept(int row) {
-  if (row == 0 || row == count() - 1 || (keyed_ >= 0 && std::abs(row - keyed_) <= 1)) return true;
+  if (whole_ || row == 0 || row == count() - 1 || (keyed_ >= 0 && std::abs(row - keyed_) <= 1))
+    return true;
   const QQuickItem* item = itemOf(row);
   return item && (item->property("stays").toBool() || data(row, always_).toBool());
 }
@@ -40,7 +41,9 @@ std::optional<int> LazyColumn::missingNear() {
   return std::nullopt;
 }
 
+// What is made above moves the view, which a hand on it would not have.
 void LazyColumn::makeNear() {
+  if (view_ && view_->property("moving").toBool()) return;
   const auto row = missingNear();
   if (!row) return;
   make(*row);
@@ -74,12 +77,16 @@ void LazyColumn::layOut() {
       at > 0 && at + view_->height() > view_->property("contentHeight").toDouble() - 1;
   const auto misjudged = heights_.layOut(sight.top, spacing_);
   owed_ += misjudged.above + (atEnd ? misjudged.below : 0);
-  const bool among = sight.top >= owed_ && sight.bottom <= heights_.total() && !atEnd;
+  const double top = view_ ? -mapToItem(view_, {0, 0}).y() : 0;
+  const bool among = view_ && !atEnd && top >= std::max(0.0, -owed_) &&
+                     top + view_->height() <= heights_.total() - std::max(0.0, owed_);
   double to = at;
-  if (!view_) {
+  if (!view_ || !isVisible()) {
     owed_ = 0;
   } else if (!among) {
-    to = std::max(0.0, at + std::exchange(owed_, 0));
+    // At its beginning it stays there.
+    const double owed = std::exchange(owed_, 0);
+    if (at > 0) to = std::max(0.0, at + owed);
   } else if (!view_->property("moving").toBool()) {
     // To be put somewhere else would stop what moves under the wheel, and whole pixels are what the
     // view comes to rest at.
@@ -95,16 +102,19 @@ void LazyColumn::layOut() {
   for (QQuickItem* on = parentItem(); on && on != view_; on = on->parentItem())
     on->ensurePolished();
   const double now = view_->property("contentY").toDouble();
-  if (std::abs(now - at) < 1) view_->setProperty("contentY", to);
+  // It may have kept itself within what has become shorter.
+  if (std::abs(now - at) < 1 || (to + 1 < now && now < at)) view_->setProperty("contentY", to);
 }
 
 void LazyColumn::updatePolish() {
-  if (!isComponentComplete()) return;
+  // Who makes a row lays out once it is whole.
+  if (!isComponentComplete() || making_) return;
   layOut();
   while (isVisible()) {
     const auto row = missing(0);
     if (!row) break;
     make(*row);
+    if (!itemOf(*row)) break;
     layOut();
   }
   letGoFar();

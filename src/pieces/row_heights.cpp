@@ -41,17 +41,15 @@ void RowHeights::move(std::size_t first, std::size_t count, std::size_t to) {
   }
 }
 
-void RowHeights::forget(std::size_t row, int kind) {
-  rows_[row].kind = kind;
+void RowHeights::become(std::size_t row, int kind) { rows_[row].kind = kind; }
+
+void RowHeights::forget(std::size_t row) {
   rows_[row].measured.reset();
   rows_[row].steady = false;
 }
 
-void RowHeights::forgetAll() {
-  for (Row& row : rows_) {
-    row.measured.reset();
-    row.placed.reset();
-  }
+void RowHeights::doubtAll() {
+  for (Row& row : rows_) row.steady = false;
 }
 
 void RowHeights::measure(std::size_t row, double height) { rows_[row].measured = height; }

@@ -18,9 +18,11 @@ class RowHeights {
   void remove(std::size_t first, std::size_t count);
   void move(std::size_t first, std::size_t count, std::size_t to);  // `to` is the place afterwards
 
-  // It is another row now, or lies in another width.
-  void forget(std::size_t row, int kind);
-  void forgetAll();
+  void become(std::size_t row, int kind);
+  // It is another row now.
+  void forget(std::size_t row);
+  // They lie in another width: each is as high as it was until it is measured there.
+  void doubtAll();
   // It is being made: until `settle` it is only found out how high it has been all along.
   void begin(std::size_t row) { rows_[row].steady = false; }
   void measure(std::size_t row, double height);
