@@ -2,7 +2,8 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QWindow>
+#include <QQmlFileSelector>
+#include <QQuickWindow>
 #include <QtDebug>
 
 #include "bridge/value.hpp"
@@ -99,6 +100,12 @@ bool Program::show() {
   for (const auto& error : views_->errors()) qWarning().noquote() << error.toString();
   views_.reset();
   if (!shown_) return false;
+  // Lists make ahead of being scrolled between two frames, and Qt's own chooser of files has views
+  // for each style: neither is for the start.
+  if (auto* window = qobject_cast<QQuickWindow*>(shown_.get())) {
+    engine_.setIncubationController(window->incubationController());
+  }
+  new QQmlFileSelector(&engine_, &engine_);
   if (stage_.on()) stage_.present();
   return true;
 }

@@ -1,11 +1,15 @@
 #include "shell/renderer.hpp"
 
+#include <QGuiApplication>
 #include <QQuickWindow>
 
 namespace vellix {
 
 void chooseRenderer() {
-#ifndef Q_OS_MACOS
+#ifdef Q_OS_MACOS
+  // Without a display there is nothing but memory to draw into.
+  if (QGuiApplication::platformName() != "offscreen") return;
+#endif
   if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND") ||
       qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
     return;
@@ -13,7 +17,6 @@ void chooseRenderer() {
   // A frame is a copy of pixels that are ready: nothing is left for a GPU to do, nor for a driver
   // that is loaded, started and held in memory for it.
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-#endif
 }
 
 }  // namespace vellix

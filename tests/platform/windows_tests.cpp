@@ -13,7 +13,7 @@ namespace vellix {
 namespace {
 
 TEST(QtWindows, AreSeenWhileAnActiveOneShows) {
-  const QtWindows windows;
+  const QtWindows windows(Milliseconds{0});
   EXPECT_FALSE(windows.seen());
   QRasterWindow window;
   window.resize(100, 100);
@@ -28,6 +28,11 @@ TEST(QtWindows, AreSeenWhileAnActiveOneShows) {
   EXPECT_TRUE(waitUntil([&windows] { return windows.seen(); }));
   window.hide();
   EXPECT_FALSE(windows.seen());
+}
+
+TEST(QtWindows, AreSeenWhileTheFirstIsOnItsWay) {
+  EXPECT_TRUE(QtWindows().seen());
+  EXPECT_TRUE(QtWindows(Milliseconds{60'000}).seen());
 }
 
 TEST(QtMachine, HasTheHostsName) {
