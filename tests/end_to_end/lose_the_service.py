@@ -2,7 +2,7 @@
 
 import sys
 
-from desk import SIGNED_IN, Desk, expect, run
+from desk import SIGNED_IN, Desk, expect, run, wait_until
 
 BANNER = "What's here stays. It tries again on its own."
 
@@ -11,8 +11,8 @@ def lose(build):
     with Desk(build) as desk:
         reader, service = desk.reader, desk.service
         reader.find(name="Only mine")
+        wait_until("tickets to be listed", lambda: reader.rows("Tickets"))
         tickets = len(reader.rows("Tickets"))
-        expect(tickets, "no ticket is listed")
 
         # The service's own words stand in the banner, the board stays, and it goes as it came.
         service.fail_with({"path": "/api/state", "times": 100000, "status": 503,

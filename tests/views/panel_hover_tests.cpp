@@ -16,7 +16,12 @@ class PanelHover : public NotesViewTest {
     put();
     showMain({1'500, 940});
     calm();
-    settle();
+    // What was on its way before it was calm takes the marks along.
+    QList<QRectF> before;
+    EXPECT_TRUE(comes([&] {
+      settle();
+      return std::exchange(before, places()) == places();
+    }));
   }
   static Finding placed(std::string id, double y) {
     Finding finding = findingOf(std::move(id));
@@ -41,6 +46,11 @@ class PanelHover : public NotesViewTest {
     for (const SeenMark& each : seenMarks(window()->contentItem())) {
       all[each.finding].append(each.line);
     }
+    return all;
+  }
+  QList<QRectF> places() {
+    QList<QRectF> all;
+    for (const SeenMark& each : seenMarks(window()->contentItem())) all.append(each.place);
     return all;
   }
   QStringList lit() {
