@@ -15,6 +15,14 @@ constexpr double kQuiet = 12;          // ms without anything: it has come to re
 constexpr double kLongestFrame = 200;  // ms
 constexpr double kPatience = 3'000;    // ms
 constexpr unsigned long kPause = 500;  // µs
+constexpr int kTurns = 6;
+
+// The dispatcher takes what is most urgent alone, and a frame is the least: it comes once nothing
+// else is due.
+void turn(const Frames& frames) {
+  const int before = frames.count();
+  for (int i = 0; i < kTurns && frames.count() == before; ++i) QCoreApplication::processEvents();
+}
 
 }  // namespace
 
@@ -60,7 +68,7 @@ Cost Costs::frame(const std::function<void()>& action) {
   const double end = wallTime() + kLongestFrame;
   while (cost.frames == 0 && wallTime() < end) {
     if (pace_.isRunning()) pace_.go();
-    QCoreApplication::processEvents();
+    turn(frames_);
   }
   cost_ = nullptr;
   return cost;
@@ -72,7 +80,7 @@ bool Costs::settle(Cost* cost) {
   int glided = 0;
   while (wallTime() < end) {
     const int frames = frames_.count();
-    QCoreApplication::processEvents();
+    turn(frames_);
     if (frames_.count() != frames) {
       quietSince = wallTime();
       continue;
