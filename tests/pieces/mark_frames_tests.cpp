@@ -137,6 +137,12 @@ TEST_F(ManyMarkFrames, AreCutOffByWhatClipsThem) {
   holder.setClip(true);
   const QImage plain = shown(true);
   EXPECT_TRUE(alike(shown(false), plain));
+  // Nothing of them is left to see, though the window is painted anew.
+  single.setX(300);
+  many.setX(300);
+  const QImage none = shown(true);
+  EXPECT_NE(none, plain);
+  EXPECT_TRUE(alike(shown(false), none));
 }
 
 TEST_F(ManyMarkFrames, ComeALittleLaterWhereThereAreMany) {
