@@ -1,8 +1,7 @@
 #include "measure.hpp"
 
-#include <time.h>
-
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <string>

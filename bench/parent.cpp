@@ -118,9 +118,9 @@ Report rest(const Session& session) {
   all.results = {{"context switches in " + seconds + " of rest, with its polls",
                   our.figure("switches"), their.figure("switches"), "", 2}};
   // A poll each five seconds is all that may wake it.
-  const double polls = kRestSeconds / 5 + 1;
+  constexpr int kPolls = kRestSeconds / 5 + 1;
   if (!(our.figure("frames") == 0)) all.faults.push_back("a window at rest painted frames");
-  if (!(our.figure("timers") <= polls)) all.faults.push_back("a window at rest has timers");
+  if (!(our.figure("timers") <= kPolls)) all.faults.push_back("a window at rest has timers");
   return all;
 }
 

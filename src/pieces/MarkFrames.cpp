@@ -61,12 +61,12 @@ void MarkFrames::draw() {
   Drawings kept;
   std::vector<std::pair<int, FrameShape>> wanted;
   for (const Frame& frame : frames_) {
-    FrameShape shape = shapeOf(frame);
+    const FrameShape shape = shapeOf(frame);
     if (!shape.isDrawable()) continue;
     const auto known = drawings_.find(frame.id);
     if (known != drawings_.end()) kept.insert(*known);
     if (known == drawings_.end() || known->second->shape != shape) {
-      wanted.emplace_back(frame.id, std::move(shape));
+      wanted.emplace_back(frame.id, shape);
     }
   }
   drawings_ = std::move(kept);

@@ -15,6 +15,7 @@ class FileList : public StoreTest {
   std::vector<FileListRow> rows(bool showReviewed = false) {
     std::vector<FileListRow> rows;
     const FileLines made = list(showReviewed);
+    rows.reserve(made.lines.size());
     for (const FileLine& line : made.lines) {
       rows.push_back(fileListRow(line, store(), desk.time.now(), desk.calendar));
     }

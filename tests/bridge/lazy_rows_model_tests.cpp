@@ -31,7 +31,7 @@ class LazyRows : public testing::Test {
  protected:
   static Lines many(int count) {
     Lines lines;
-    for (int i = 0; i < count; ++i) lines.push_back({std::to_string(i), 10 * i});
+    for (int i = 0; i < count; ++i) lines.push_back({std::to_string(i), Int{10} * i});
     return lines;
   }
   QVariant held(int row) { return fieldOf(&model, row, "kept"); }

@@ -74,7 +74,8 @@ class ManyMarkFrames : public testing::Test {
     std::vector<MarkFrames::Frame> all;
     for (int i = 0; i < count; ++i) {
       MarkFrames::Frame frame{.id = i + 1};
-      frame.place = {(i * 37.3) - 20 - 400 * (i / 12), 3 + 21.7 * (i % 17), 8 + 11.3 * (i % 9),
+      const int line = i / 12;
+      frame.place = {(i * 37.3) - 20 - 400 * line, 3 + 21.7 * (i % 17), 8 + 11.3 * (i % 9),
                      8 + 7.1 * (i % 5)};
       frame.look.color = i % 3 == 0 ? QColor("#e4572e") : QColor("#2e8b57");
       frame.look.line = i % 4 == 0 ? 2.4 : 1.6;

@@ -21,6 +21,7 @@ class RowHeightsOf : public testing::Test {
   }
   std::vector<double> all() const {
     std::vector<double> heights;
+    heights.reserve(rows.count());
     for (std::size_t row = 0; row < rows.count(); ++row) heights.push_back(rows.height(row));
     return heights;
   }

@@ -22,10 +22,10 @@ class ManyMarks : public ViewTest {
     FileDetail detail = lighthouse(++rev_);
     detail.findings.clear();
     for (int i = 0; i < count; ++i) {
+      const int line = i / 25;
       detail.findings.push_back(findingOf("f" + std::to_string(i)));
       detail.findings.back().title = "Finding " + std::to_string(i);
-      detail.findings.back().box = {0.02 + 0.038 * (i % 25), 0.02 + 0.024 * double(i / 25), 0.03,
-                                    0.012};
+      detail.findings.back().box = {0.02 + 0.038 * (i % 25), 0.02 + 0.024 * line, 0.03, 0.012};
     }
     store().details.set({{"t1", detail}});
     settle();

@@ -167,7 +167,7 @@ TEST_F(PanelRows, StayInTheirPlaceUnderTheWheel) {
                       Qt::NoModifier,
                       Qt::NoScrollPhase,
                       false};
-    wheel.setTimestamp(static_cast<quint64>(1'000 + 200 * turn));
+    wheel.setTimestamp(1'000 + 200 * static_cast<quint64>(turn));
     QGuiApplication::sendEvent(window(), &wheel);
     for (int frame = 0; frame < 6; ++frame) {
       const QPointer<QQuickItem> held = firstInSight();
