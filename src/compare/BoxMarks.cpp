@@ -109,7 +109,6 @@ void BoxMarks::read() {
     mark.item->deleteLater();
   }
   if (!hoveredMark()) hover(nullptr);
-  tellHelp();
 }
 
 // Of the mark under the pointer, where it is now.
