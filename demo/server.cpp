@@ -78,6 +78,8 @@ Request headOf(const httplib::Request& from) {
 }  // namespace
 
 Server::Server(int port) {
+  // Connections inherit it from the socket that they come in by.
+  server_.set_tcp_nodelay(true);
   if (port == 0) {
     port_ = std::max(0, server_.bind_to_any_port("127.0.0.1"));
   } else if (server_.bind_to_port("127.0.0.1", port)) {
@@ -132,7 +134,6 @@ bool Server::serve(Service& service) {
   server_.set_keep_alive_max_count(100'000);
   server_.set_keep_alive_timeout(300);
   server_.set_read_timeout(60);
-  server_.set_tcp_nodelay(true);
   const auto withBody = [&](const httplib::Request& from, httplib::Response& to,
                             const httplib::ContentReader& body) {
     answer(service, from, to, &body);
