@@ -39,17 +39,15 @@ bool Actions::begin() {
   return costs_->rest();
 }
 
-std::vector<Actions::Kind> Actions::kinds() {
+std::array<Actions::Kind, kKinds> Actions::kinds() {
   const auto kind = [this](const char* name, std::optional<double> (Actions::*work)(int)) {
     return Kind{name, [this, work](int n) { return (this->*work)(n); }};
   };
-  return {kind("page step", &Actions::stepPage),
-          kind("decide a finding", &Actions::decide),
-          kind("select a ticket at hand", &Actions::select),
-          kind("open a popover or a menu", &Actions::open),
-          kind("switch the mode", &Actions::changeMode),
-          kind("type a letter", &Actions::type),
-          kind("a poll that changes one ticket", &Actions::poll)};
+  return {{kind("page step", &Actions::stepPage), kind("decide a finding", &Actions::decide),
+           kind("select a ticket at hand", &Actions::select),
+           kind("open a popover or a menu", &Actions::open),
+           kind("switch the mode", &Actions::changeMode), kind("type a letter", &Actions::type),
+           kind("a poll that changes one ticket", &Actions::poll)}};
 }
 
 QQuickItem* Actions::find(const std::function<bool(QQuickItem*)>& wanted) {
@@ -79,14 +77,21 @@ QQuickItem* Actions::noteField() {
   QQuickItem* field = findItem(desk_.window()->contentItem(), [](QQuickItem* item) {
     return isA(item, "TextArea") && item->property("label") == "Write a note for the report";
   });
-  QQuickItem* around = field;
-  while (around && !around->property("contentY").isValid()) around = around->parentItem();
-  if (!around) return nullptr;
-  const double end = around->property("contentHeight").toDouble() - around->height();
-  around->setProperty("contentY", std::max(0.0, end));
-  costs_->rest();
+  if (!bringIn(field)) return nullptr;
   press(field);
   return field;
+}
+
+bool Actions::bringIn(QQuickItem* item) {
+  QQuickItem* around = item;
+  while (around && !around->property("contentY").isValid()) around = around->parentItem();
+  if (!around) return false;
+  const double end = around->property("contentHeight").toDouble() - around->height();
+  const double at = around->property("contentY").toDouble() +
+                    item->mapToItem(around, QPointF{}).y() - around->height() / 2;
+  around->setProperty("contentY", std::clamp(at, 0.0, std::max(0.0, end)));
+  costs_->rest();
+  return true;
 }
 
 void Actions::goTo(int page) {
@@ -164,6 +169,7 @@ void Actions::findOpeners() {
               {"ShareButton", nullptr, {}},         {"ActivityButton", nullptr, {}},
               {"ClaudeLogButton", nullptr, {}},     {"IconButton", "help", "Account"},
               {"IconButton", "help", "Tag people"}, {"IconButton", "help", "Edit or delete"}};
+  if (!ownNotePage()) openers_.pop_back();
   for (const char* menu : {"Vellix", "Review", "View "}) {
     openers_.push_back({"MenuTitle", "label", menu});
   }
@@ -172,14 +178,31 @@ void Actions::findOpeners() {
   }
 }
 
+std::optional<int> Actions::ownNotePage() {
+  const std::string& me = desk_.store().board()->me.email;
+  for (const Note& note : desk_.store().currentDetail()->comments) {
+    if (note.by == me && note.page && !note.finding_id && note.page != kFullPage) {
+      return static_cast<int>(*note.page);
+    }
+  }
+  return std::nullopt;
+}
+
+// Some stand where the page has to be gone to, the panel scrolled, or a field begun.
 std::optional<double> Actions::open(int n) {
-  if (n == 0) goTo(0);
   const Opener& opener = openers_[static_cast<std::size_t>(n) % openers_.size()];
   const auto isIt = [&](QQuickItem* item) {
     return isA(item, opener.type) &&
            (!opener.property || item->property(opener.property).toString() == opener.value);
   };
+  goTo(opener.value == "Edit or delete" ? ownNotePage().value_or(0) : 0);
+  if (opener.value == "Tag people") noteField();
   QQuickItem* item = find(isIt);
+  if (!item) {
+    QQuickItem* apart = findItem(desk_.window()->contentItem(),
+                                 [&](QQuickItem* each) { return isIt(each) && each->isVisible(); });
+    if (bringIn(apart)) item = find(isIt);
+  }
   const Cost cost = press(item);
   const bool opened = item && item->property("expanded").toBool();
   if (opened) hand_->key(Qt::Key_Escape);

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <QPointer>
+#include <array>
 
 #include "Costs.hpp"
 #include "Desk.hpp"
 #include "Hand.hpp"
+#include "children.hpp"
 
 namespace vellix::bench {
 
@@ -13,9 +15,8 @@ namespace vellix::bench {
 class Actions {
  public:
   // `changeTicket` has the service tell another board from then on, of which one ticket differs.
-  Actions(std::string token, std::function<void()> changeTicket, double pace = 1)
-      : desk_(std::move(token), Desk::Board::polled, pace),
-        changeTicket_(std::move(changeTicket)) {}
+  Actions(std::string token, std::function<void()> changeTicket)
+      : desk_(std::move(token), Desk::Board::polled), changeTicket_(std::move(changeTicket)) {}
 
   // False when the board or its first ticket's page were never shown.
   bool begin();
@@ -26,7 +27,7 @@ class Actions {
     // None when nothing happened.
     std::function<std::optional<double>(int n)> once;
   };
-  std::vector<Kind> kinds();
+  std::array<Kind, kKinds> kinds();
 
   Desk& desk() { return desk_; }
   Costs& costs() { return *costs_; }
@@ -53,6 +54,10 @@ class Actions {
   std::optional<double> type(int n);
   std::optional<double> poll(int n);
   void findOpeners();
+  // Of the ticket on show, the first page with a note of the person's own.
+  std::optional<int> ownNotePage();
+  // Scrolls what it stands in until it is in sight; false where nothing scrolls, or for null.
+  bool bringIn(QQuickItem* item);
   const Finding* findingOf(const QQuickItem* inCard);
 
   struct Opener {

@@ -10,8 +10,9 @@ namespace vellix::bench {
 namespace {
 
 constexpr int kStep = 16;              // ms of a glide in a frame
+constexpr int kLongStep = 160;         // the same where nothing is worked out
 constexpr int kLongestGlide = 1'000;   // ms: what goes on for longer turns for ever
-constexpr double kQuiet = 12;          // ms without anything: it has come to rest
+constexpr double kQuiet = 6;           // ms without anything: it has come to rest
 constexpr double kLongestFrame = 200;  // ms
 constexpr double kPatience = 3'000;    // ms
 constexpr unsigned long kPause = 500;  // µs
@@ -26,8 +27,8 @@ void turn(const Frames& frames) {
 
 }  // namespace
 
-void Costs::Pace::go() {
-  now_ += kStep;
+void Costs::Pace::go(int step) {
+  now_ += step;
   advance();
 }
 
@@ -60,14 +61,14 @@ Cost Costs::of(const std::function<void()>& action) {
   return cost;
 }
 
-Cost Costs::frame(const std::function<void()>& action) {
+Cost Costs::frame(const std::function<void()>& action, int step) {
   Cost cost;
   cost_ = &cost;
   mark_ = cpuOfThread();
   action();
   const double end = wallTime() + kLongestFrame;
   while (cost.frames == 0 && wallTime() < end) {
-    if (pace_.isRunning()) pace_.go();
+    if (pace_.isRunning()) pace_.go(step);
     turn(frames_);
   }
   cost_ = nullptr;
@@ -75,8 +76,10 @@ Cost Costs::frame(const std::function<void()>& action) {
 }
 
 bool Costs::settle(Cost* cost) {
+  const int step = cost ? kStep : kLongStep;
   const double end = wallTime() + kPatience;
   double quietSince = wallTime();
+  double stepped = 0;
   int glided = 0;
   while (wallTime() < end) {
     const int frames = frames_.count();
@@ -86,13 +89,16 @@ bool Costs::settle(Cost* cost) {
       continue;
     }
     if (cost) note();
-    if (pace_.isRunning() && glided < kLongestGlide) {
-      pace_.go();
-      glided += kStep;
+    const bool idle = isIdle_();
+    // What turns until an answer comes turns for as long as that takes.
+    if (pace_.isRunning() && glided < kLongestGlide && (idle || wallTime() - stepped >= step)) {
+      stepped = wallTime();
+      pace_.go(step);
+      glided += step;
       quietSince = wallTime();
       continue;
     }
-    if (!isIdle_()) quietSince = wallTime();
+    if (!idle) quietSince = wallTime();
     if (wallTime() - quietSince >= kQuiet) return true;
     QThread::usleep(kPause);
     // Looking on is no part of it.

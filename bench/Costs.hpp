@@ -26,15 +26,15 @@ class Costs {
   Costs(Frames& frames, std::function<bool()> isIdle);
 
   Cost of(const std::function<void()>& action);
-  // The same up to its first frame alone, while what glides goes on by one step.
-  Cost frame(const std::function<void()>& action);
+  // The same up to its first frame alone, while what glides goes on by so many milliseconds.
+  Cost frame(const std::function<void()>& action, int step);
   // Lets everything come to rest; false when it never does.
   bool rest() { return settle(nullptr); }
 
  private:
   class Pace : public QAnimationDriver {
    public:
-    void go();
+    void go(int step);  // so many milliseconds
     qint64 elapsed() const override { return now_; }
 
    private:

@@ -30,7 +30,7 @@ std::string thumb() {
 
 void Settings::name(const std::string& server) { QtDefaults().setText("ServerURL", server); }
 
-int onCrowdedBoard(int argc, char** argv, void (*work)(Actions& actions)) {
+int onCrowdedBoard(int argc, char** argv, const std::function<void(Actions& actions)>& work) {
   const Settings settings;
   const QGuiApplication application(argc, argv);
   BoardState board = bigBoard(kManyTickets);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTemporaryDir>
+#include <functional>
 #include <string>
 
 #include "Actions.hpp"
@@ -21,6 +22,6 @@ class Settings {
 };
 
 // Does the work once all is on show. The process's exit code.
-int onCrowdedBoard(int argc, char** argv, void (*work)(Actions& actions));
+int onCrowdedBoard(int argc, char** argv, const std::function<void(Actions& actions)>& work);
 
 }  // namespace vellix::bench

@@ -18,8 +18,8 @@ void SignalCount::watch(QObject* object) {
   }
 }
 
-Desk::Desk(std::string token, Board board, double pace)
-    : loop_(pace), tokens_(std::move(token)), program_(loop_, defaults_, tokens_) {
+Desk::Desk(std::string token, Board board)
+    : tokens_(std::move(token)), program_(loop_, defaults_, tokens_) {
   if (board == Board::staged) {
     store().sample = true;
     // Without a good poll the column spins, and no scene comes to rest.

@@ -4,8 +4,8 @@
 #include <QAbstractItemModel>
 #include <QQuickWindow>
 
-#include "PacedLoop.hpp"
 #include "Scene.hpp"
+#include "SteppedLoop.hpp"
 #include "pictures/RemoteImage.hpp"
 #include "platform/ports/token_store.hpp"
 #include "shell/Program.hpp"
@@ -42,10 +42,10 @@ class SignalCount : public QObject {
 class Desk {
  public:
   enum class Board { polled, staged };  // a staged one is set by hand, and nothing is polled
-  // `pace` is how fast its clock goes.
-  Desk(std::string token, Board board, double pace = 1);
+  Desk(std::string token, Board board);
 
   bool shown() const { return window_ != nullptr; }
+  SteppedLoop& loop() { return loop_; }
   Store& store() { return program_.store(); }
   QQuickWindow* window() { return window_; }
   Frames& frames() { return *frames_; }
@@ -65,7 +65,7 @@ class Desk {
     return qobject_cast<T*>(window_->property(name).value<QObject*>());
   }
 
-  PacedLoop loop_;
+  SteppedLoop loop_;
   QtDefaults defaults_;
   MemoryTokens tokens_;
   Program program_;

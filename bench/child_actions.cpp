@@ -1,6 +1,7 @@
 // Whatever a person does, to the frame that shows it: on a board as large as they come, and on the
 // demo's.
 #include <QGuiApplication>
+#include <cstdlib>
 
 #include "Actions.hpp"
 #include "BigTicket.hpp"
@@ -17,8 +18,17 @@ constexpr int kSamples = 200;  // of each kind
 constexpr double kFrame = 1000.0 / 60;
 constexpr double kDemoBudget = 6;
 
-void measure(Actions& actions, const std::string& board, double budget) {
+// What was asked for behind "--child NAME".
+struct Wanted {
+  Wanted(int argc, char** argv) : kind(argc > 3 ? std::atoi(argv[3]) : -1) {}
+  bool has(int which) const { return kind < 0 || kind == which; }
+  int kind;  // negative for all
+};
+
+void measure(Actions& actions, Wanted wanted, const std::string& board, double budget) {
+  int which = 0;
   for (const auto& kind : actions.kinds()) {
+    if (!wanted.has(which++)) continue;
     std::vector<double> costs;
     for (int i = 0; i < kSamples; ++i) {
       const auto cost = kind.once(i);
@@ -49,13 +59,16 @@ void measureOpening(Actions& actions) {
 }  // namespace
 
 int actionsChild(int argc, char** argv) {
-  return onCrowdedBoard(argc, argv,
-                        [](Actions& actions) { measure(actions, "10,000 tickets", kFrame); });
+  const Wanted wanted(argc, argv);
+  return onCrowdedBoard(argc, argv, [wanted](Actions& actions) {
+    measure(actions, wanted, "10,000 tickets", kFrame);
+  });
 }
 
 int openingChild(int argc, char** argv) { return onCrowdedBoard(argc, argv, measureOpening); }
 
 int demoActionsChild(int argc, char** argv) {
+  const Wanted wanted(argc, argv);
   const Settings settings;
   const QGuiApplication application(argc, argv);
   DemoService service;
@@ -73,7 +86,7 @@ int demoActionsChild(int argc, char** argv) {
     return 1;
   }
   ticket = actions.desk().store().currentFile()->id;
-  measure(actions, "demo's board", kDemoBudget);
+  measure(actions, wanted, "demo's board", kDemoBudget);
   return 0;
 }
 

@@ -1,4 +1,5 @@
-// Steps from page to page, against a bare picture that is swapped; and a long walk through many.
+// Steps from page to page, from the disk against a bare picture that is read and swapped; and a
+// long walk through many.
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QPointer>
@@ -129,28 +130,19 @@ QImage bareDecode(int page, QSize pixels) {
   return reader.read();
 }
 
-void measureSwaps(Walk& walk, BareSwap& bare, QSize pixels) {
-  const QImage pictures[] = {bareDecode(0, pixels), bareDecode(1, pixels)};
+constexpr int kSteps = 20;
+
+// To and fro between two pages that are at hand.
+void checkSteps(Walk& walk) {
   const int waits = walk.watched().waits();
   const int placeholders = walk.placeholders();
-  bool good = true;
-  int turn = 0;
-  const auto ours = [&] {
-    const int page = ++turn % 2;
-    const auto took = walk.goTo(page);
-    good = good && took && walk.shows(page);
+  for (int step = 1; step <= kSteps; ++step) {
+    const int page = step % 2;
+    if (!walk.goTo(page) || !walk.shows(page)) {
+      tellFault("a page step to a page at hand did not show the page");
+    }
     walk.desk().frames().settle(30);
-    return took.value_or(0);
-  };
-  const auto theirs = [&] {
-    const auto took = bare.show(pictures[turn % 2], wallTime());
-    good = good && took;
-    bare.frames().settle(30);
-    return took.value_or(0);
-  };
-  const auto [our, their] = alternate(ours, theirs, 41);
-  tell({"page step to a page at hand, to its frame", our, their, "ms", 1.2});
-  if (!good) tellFault("a page step to a page at hand did not show the page");
+  }
   if (walk.watched().waits() > waits) tellFault("a page at hand was waited for");
   if (walk.placeholders() > placeholders) tellFault("a page step showed a placeholder");
 }
@@ -199,7 +191,7 @@ int pagesChild(int argc, char** argv) {
   }
   const QSize pixels = walk.watched().pixels();
   BareSwap bare(walk.desk().window(), walk.place(), pixels);
-  measureSwaps(walk, bare, pixels);
+  checkSteps(walk);
   measureFromDisk(walk, bare, pixels);
   tellNote("A page is shown at " + std::to_string(walk.watched().shown().width()) + " x " +
            std::to_string(walk.watched().shown().height()) + " from " +

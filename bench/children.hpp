@@ -4,6 +4,9 @@
 
 namespace vellix::bench {
 
+// The kinds of actions, each of which the next two measure in a process of its own:
+//   KIND      which, from 0; none for all of them
+inline constexpr int kKinds = 7;
 int actionsChild(int argc, char** argv);
 int demoActionsChild(int argc, char** argv);
 int openingChild(int argc, char** argv);

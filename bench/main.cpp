@@ -1,7 +1,7 @@
 // Measures the budgets.
 //
 //   vellix_bench
-//   [actions|demo|opening|paste|scroll|decode|list|poll|canvas|pages|visits|launch|rest]...
+//   [opening|paste|decode|list|poll|actions|demo|scroll|canvas|pages|visits|launch|rest|soak]...
 #include <unistd.h>
 
 #include <QCoreApplication>

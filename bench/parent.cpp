@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "DemoService.hpp"
+#include "children.hpp"
 #include "measure.hpp"
 #include "platform/linux/FileTokenStore.hpp"
 #include "platform/qt/QtDefaults.hpp"
@@ -19,13 +20,10 @@ namespace vellix::bench {
 namespace {
 
 constexpr int kPatience = 175'000;  // ms, for one child
-constexpr int kLongPatience = 335'000;
-constexpr int kRestSeconds = 11;  // two polls and the pauses between them
+constexpr int kRestSeconds = 11;    // two polls and the pauses between them
 
-const QStringList kNames{"opening", "paste", "decode", "list",   "poll",
-                         "canvas",  "pages", "visits", "launch", "rest"};
-const QStringList kByNameAlone{"soak", "actions", "demo",
-                               "scroll"};  // they take too long for every run
+const QStringList kNames{"opening", "paste",  "decode", "list",   "poll",   "actions", "demo",
+                         "scroll",  "canvas", "pages",  "visits", "launch", "rest",    "soak"};
 
 class Child {
  public:
@@ -33,9 +31,9 @@ class Child {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(QCoreApplication::applicationDirPath() + "/" + program, arguments);
   }
-  Report finish(int patience = kPatience) {
+  Report finish() {
     Report report;
-    const bool ended = process_.waitForFinished(patience);
+    const bool ended = process_.waitForFinished(kPatience);
     if (!ended) process_.kill();
     for (const auto& line : process_.readAllStandardOutput().split('\n')) {
       report.read(line.toStdString());
@@ -143,21 +141,30 @@ bool layOutProfile(const QString& folder, const DemoService& service, const std:
   return FileTokenStore(configFolder() + "/session").read() == token;
 }
 
+// One after the other, each in front of a program that has done nothing else.
+Report actionsOf(const QString& name) {
+  Report all;
+  for (int kind = 0; kind < kKinds; ++kind) {
+    all.add(Child("vellix_bench", {"--child", name, QString::number(kind)}).finish());
+  }
+  return all;
+}
+
 Report measure(const QString& name, const Session& session) {
+  if (name == "actions" || name == "demo") return actionsOf(name);
   if (name == "launch") return launches(session);
   if (name == "rest") return rest(session);
   QStringList arguments{"--child", name};
   if (name == "poll") arguments << session.server << session.token;
-  return Child("vellix_bench", arguments)
-      .finish(kByNameAlone.contains(name) ? kLongPatience : kPatience);
+  return Child("vellix_bench", arguments).finish();
 }
 
 }  // namespace
 
 int run(const QStringList& names) {
   for (const auto& name : names) {
-    if ((kNames + kByNameAlone).contains(name)) continue;
-    std::fprintf(stderr, "vellix_bench [%s]...\n", qPrintable((kNames + kByNameAlone).join('|')));
+    if (kNames.contains(name)) continue;
+    std::fprintf(stderr, "vellix_bench [%s]...\n", qPrintable(kNames.join('|')));
     return 2;
   }
   // All in one thread and without a pause for further changes, so that a frame follows at once.
