@@ -188,13 +188,15 @@ bool PixelCache::isWanted(const Waiting& one) const {
   return !one.shared || std::ranges::any_of(wanted_.at(one.key), &Waiter::isWanted);
 }
 
-// Views first, the latest before those that came before it; then what is fetched ahead, in order.
+// Views first, the latest before those that came before it; then what is fetched ahead, in order,
+// and not beside what a view waits for.
 void PixelCache::pump() {
   const auto rank = [](const Waiting& one) {
     return std::pair{one.job.priority, one.job.priority == kForAView ? one.id : -one.id};
   };
   while (std::ssize(working_) < kThreads && !queue_.empty()) {
     const auto next = std::ranges::max_element(queue_, {}, rank);
+    if (next->job.priority == kAhead && forViews_ > 0) return;
     Waiting one = std::move(*next);
     queue_.erase(next);
     if (isWanted(one)) {
@@ -217,8 +219,10 @@ void PixelCache::start(Waiting next) {
   next.job.reduced =
       find(keyOf(*next.job.picture, reducedSize(whole, reductionFor(whole, next.job.exact))));
   if (next.job.reduced.isNull()) ++decodes_;
+  const bool forAView = next.job.priority == kForAView;
+  forViews_ += forAView;
   working_[id] = std::move(next.done);
-  auto work = [this, id, job = std::move(next.job)] {
+  auto work = [this, id, forAView, job = std::move(next.job)] {
     std::optional<DecodingBudget::Share> share;
     Made made{.reduced = job.reduced, .exact = {}};
     if (made.reduced.isNull()) {
@@ -228,7 +232,8 @@ void PixelCache::start(Waiting next) {
     }
     made.exact = scaled(made.reduced, job.exact);
     if (!job.keepsReduced) made.reduced = {};
-    later([this, id, made = std::move(made)] {
+    later([this, id, forAView, made = std::move(made)] {
+      forViews_ -= forAView;
       const auto found = working_.find(id);
       const auto told = std::move(found->second);
       working_.erase(found);

@@ -117,6 +117,7 @@ class PixelCache {
   std::map<Key, std::vector<Waiter>> wanted_;
   // Stays here: what it holds belongs to this thread.
   std::map<std::int64_t, std::function<void(Made)>> working_;
+  int forViews_ = 0;            // of these
   std::vector<Waiting> queue_;  // until a thread is free
   QObject context_;
   QThreadPool pool_;

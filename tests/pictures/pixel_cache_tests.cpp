@@ -354,6 +354,29 @@ TEST_F(PixelCacheTest, APageDecodedAheadTakesNoMoreThanItShows) {
   EXPECT_EQ(cache.bytesHeld(), 4 * 300 * 150);
 }
 
+// A start would else share its two threads among the open page and those beside it.
+TEST_F(PixelCacheTest, APageIsDecodedAheadOnceNoViewWaits) {
+  const QTemporaryDir folder;
+  Picture next = *handle("next");
+  next.file = folder.filePath("next").toStdString();
+  QFile file(folder.filePath("next"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(next.bytes.data(), static_cast<qint64>(next.bytes.size()));
+  file.close();
+  PixelCache cache;
+  cache.notePage({{300, 150}, PictureFit::within, {300, 300}});
+  QObject view;
+  std::vector<std::string> told;
+  cache.requestPixels(handle("open"), QSize(300, 150), &view,
+                      [&](const Pixels&) { told.push_back("open"); });
+  cache.decodeWhole(std::make_shared<const Picture>(next),
+                    [&](const Pixels&) { told.push_back("next"); });
+  EXPECT_EQ(cache.decodesStarted(), 1);
+  ASSERT_TRUE(waitUntil([&told] { return told.size() == 2; }));
+  EXPECT_EQ(told.front(), "open");
+  EXPECT_EQ(cache.decodesStarted(), 2);
+}
+
 TEST_F(PixelCacheTest, ItsEndDropsWhatIsUnderWay) {
   QObject context;
   bool called = false;
