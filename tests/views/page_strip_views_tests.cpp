@@ -186,7 +186,7 @@ TEST_F(PageStripViews, LookLikeWhatTheyAre) {
   EXPECT_EQ(colourOf(figures("1")), theme()->accent());
   EXPECT_EQ(colourOf(figures("41-1711")), theme()->muted());
   // Of equal width, and cut off where they do not fit.
-  const auto digits = seen(figures("41-1711"), "Label");
+  const auto digits = seen(figures("41-1711"), "Words");
   ASSERT_EQ(digits.size(), 7);
   for (const int i : {1, 3, 4}) EXPECT_EQ(digits[i]->width(), digits[0]->width());
   const QQuickItem* words =
