@@ -29,26 +29,6 @@ std::vector<WordingView> wordingsOf(const Finding& finding, const FileItem& file
           {supplierOf(file) + " file", finding.after.value_or("")}};
 }
 
-std::vector<NoteRowView> notesOn(const Store& store, const FileDetail& detail,
-                                 const Finding& finding, Moment now, const Calendar& calendar) {
-  std::vector<NoteRowView> rows;
-  // Most findings have none.
-  std::vector<Int> numbers;
-  std::string room;
-  for (std::size_t i = 0; i < detail.comments.size(); ++i) {
-    const Note& note = detail.comments[i];
-    if (note.finding_id != finding.id) continue;
-    if (numbers.empty()) {
-      numbers = noteNumbers(detail);
-      room = numberRoom(detail, finding.page);
-    }
-    const Int number = note.page == finding.page ? numbers[i] : 0;
-    rows.push_back(noteRow(store, note, number, now, calendar));
-    rows.back().digits = room;
-  }
-  return rows;
-}
-
 const Finding* findingOf(const Store& store, const std::string& id) {
   const FileDetail* detail = store.currentDetail();
   if (!detail) return nullptr;
@@ -65,18 +45,40 @@ void toggleState(Store& store, const std::string& id, const std::string& state) 
 
 }  // namespace
 
-FindingCardView findingCard(const Store& store, const FileDetail& detail, const Finding& finding,
-                            Moment now, const Calendar& calendar) {
+NotesOfFindings::NotesOfFindings(const FileDetail& detail)
+    : detail_(detail), numbers_(noteNumbers(detail)) {
+  for (std::size_t i = 0; i < detail.comments.size(); ++i) {
+    if (const auto& finding = detail.comments[i].finding_id) places_[*finding].push_back(i);
+  }
+}
+
+std::vector<NoteRowView> NotesOfFindings::on(const Finding& finding, const Store& store, Moment now,
+                                             const Calendar& calendar) const {
+  std::vector<NoteRowView> rows;
+  const auto found = places_.find(finding.id);
+  if (found == places_.end()) return rows;
+  const std::string room = numberRoom(detail_, finding.page);
+  for (const std::size_t i : found->second) {
+    const Note& note = detail_.comments[i];
+    const Int number = note.page == finding.page ? numbers_[i] : 0;
+    rows.push_back(noteRow(store, note, number, now, calendar));
+    rows.back().digits = room;
+  }
+  return rows;
+}
+
+FindingCardView findingCard(const Store& store, const FileItem& file, const NotesOfFindings& notes,
+                            const Finding& finding, Moment now, const Calendar& calendar) {
   const bool decided = finding.state != "open";
-  auto notes = notesOn(store, detail, finding, now, calendar);
-  const std::string noteCount = notes.empty() ? "" : std::to_string(notes.size());
+  auto rows = notes.on(finding, store, now, calendar);
+  const std::string noteCount = rows.empty() ? "" : std::to_string(rows.size());
   const std::string line = decided ? decidedLine(store, finding, now, calendar) : std::string{};
   return {
       .id = finding.id,
       .caption = cardCaption(finding),
       .title = finding.title,
       .detail = wordsOf(finding.detail),
-      .wordings = wordingsOf(finding, detail.file),
+      .wordings = wordingsOf(finding, file),
       .decision = finding.state,
       .triage = !isPassed(finding),
       .issue = finding.state == "issue",
@@ -92,7 +94,7 @@ FindingCardView findingCard(const Store& store, const FileDetail& detail, const 
           finding.state == "issue" ? "exclamationmark.triangle.fill" : "checkmark.circle.fill",
       .foldedTone = finding.state == "issue" ? "red" : "green",
       .foldedHelp = decided ? line + ". Click to open." : std::string{},
-      .notes = std::move(notes),
+      .notes = std::move(rows),
       .noteCount = noteCount,
   };
 }

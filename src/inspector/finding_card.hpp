@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "notes/note_row.hpp"
@@ -47,9 +49,23 @@ BOOST_DESCRIBE_STRUCT(FindingCardView, (),
                        noteable, selectable, selected, compact, folds, decided, foldedIcon,
                        foldedTone, foldedHelp, notes, noteCount))
 
-// `detail` is the one that the finding is of.
-FindingCardView findingCard(const Store& store, const FileDetail& detail, const Finding& finding,
-                            Moment now, const Calendar& calendar);
+// A ticket's notes by the findings that they hang on, looked up once for all of its cards.
+class NotesOfFindings {
+ public:
+  // Must not outlive the detail.
+  explicit NotesOfFindings(const FileDetail& detail);
+  std::vector<NoteRowView> on(const Finding& finding, const Store& store, Moment now,
+                              const Calendar& calendar) const;
+
+ private:
+  const FileDetail& detail_;
+  std::vector<Int> numbers_;
+  std::unordered_map<std::string_view, std::vector<std::size_t>> places_;
+};
+
+// `file` is the ticket that the finding is of, and `notes` are that ticket's.
+FindingCardView findingCard(const Store& store, const FileItem& file, const NotesOfFindings& notes,
+                            const Finding& finding, Moment now, const Calendar& calendar);
 
 // What the triage buttons, the note button and a press on the card do; the finding is looked up by
 // its id.

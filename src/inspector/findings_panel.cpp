@@ -107,8 +107,9 @@ FindingsPanelView findingsPanel(const Store& store, const FileDetail& detail, Mo
     view.head.calm = "Nothing different here.";
     view.head.calmReason = calmReason(roles);
   }
+  const NotesOfFindings notes(detail);
   const auto cardOf = [&](const Finding* finding) {
-    return findingCard(store, detail, *finding, now, calendar);
+    return findingCard(store, detail.file, notes, *finding, now, calendar);
   };
   std::ranges::transform(real, std::back_inserter(view.cards), cardOf);
   std::ranges::transform(passed, std::back_inserter(view.passed), cardOf);
