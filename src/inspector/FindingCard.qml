@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Compare
 import Vellix.Inspector
@@ -42,12 +40,15 @@ Item {
     property bool expanded: false
     // It stands as it came: what changes from now on may be seen to.
     property bool settled: false
-    readonly property bool hovered: folded ? foldedRow.hovered : open.hovered
+    readonly property PanelRow foldedRow: line.item as PanelRow
+    readonly property NoteRows written: notesRoom.item as NoteRows
+    readonly property bool editing: written?.editing ?? false
+    readonly property bool hovered: (folded ? foldedRow?.hovered : open.hovered) ?? false
     // What is being written is not folded away.
-    readonly property bool folded: folds && !expanded && !written.editing
+    readonly property bool folded: folds && !expanded && !editing
     // What is out of sight must not be lost.
-    readonly property bool stays: expanded || written.staying || moving.running || gliding.running
-    readonly property bool brief: compact && !selected && !written.editing
+    readonly property bool stays: expanded || (written?.staying ?? false) || moving.running || gliding.running
+    readonly property bool brief: compact && !selected && !editing
     // Whether the keyboard came to the card, and not the pointer.
     readonly property bool keyed: hold.held && hold.ringed
 
@@ -60,7 +61,8 @@ Item {
 
     // Gives the keyboard to the decision of that name, or to the card.
     function takeKeyboard(decision: string) {
-        (folded ? foldedRow : decisions.button(decision) ?? open).forceActiveFocus(Qt.TabFocusReason);
+        const one = folded ? foldedRow : (decisions.item as Triage)?.button(decision);
+        (one ?? open).forceActiveFocus(Qt.TabFocusReason);
     }
 
     // What folds, opens or is chosen glides; what comes, or is laid out anew, is there at once.
@@ -90,7 +92,7 @@ Item {
     Keys.onDownPressed: event => step(event, 1)
 
     function step(event: var, by: int) {
-        event.accepted = open.activeFocus || foldedRow.activeFocus;
+        event.accepted = open.activeFocus || (foldedRow?.activeFocus ?? false);
         if (event.accepted)
             stepped(by);
     }
@@ -139,22 +141,26 @@ Item {
 
         width: parent.width
 
-        PanelRow {
-            id: foldedRow
+        WhenNeeded {
+            id: line
 
-            visible: card.folded
+            needed: card.folded
+            visible: needed
             width: parent.width
-            pointed: pointer.pointed
-            icon: card.foldedIcon
-            iconColor: Theme.strong[card.foldedTone]
-            waits: card.busy
-            text: card.title
-            help: card.foldedHelp
-            count: card.noteCount
-            countIcon: "text.bubble.fill"
-            expandable: true
-            countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
-            onClicked: card.expanded = true
+
+            sourceComponent: PanelRow {
+                pointed: pointer.pointed
+                icon: card.foldedIcon
+                iconColor: Theme.strong[card.foldedTone]
+                waits: card.busy
+                text: card.title
+                help: card.foldedHelp
+                count: card.noteCount
+                countIcon: "text.bubble.fill"
+                expandable: true
+                countSpoken: card.notes.length === 1 ? "1 note" : card.notes.length + " notes"
+                onClicked: card.expanded = true
+            }
         }
 
         Pressable {
@@ -236,20 +242,23 @@ Item {
                     wordings: card.wordings
                 }
 
-                Triage {
+                WhenNeeded {
                     id: decisions
 
+                    needed: card.triage && !card.folded
                     visible: card.triage
                     width: parent.width
-                    height: implicitHeight
-                    decision: card.decision
-                    issue: card.issue
-                    fine: card.fine
-                    busy: card.busy
-                    noteable: card.noteable
-                    onRealIssue: card.realIssue()
-                    onMarkFine: card.markFine()
-                    onNoted: card.noted()
+
+                    sourceComponent: Triage {
+                        decision: card.decision
+                        issue: card.issue
+                        fine: card.fine
+                        busy: card.busy
+                        noteable: card.noteable
+                        onRealIssue: card.realIssue()
+                        onMarkFine: card.markFine()
+                        onNoted: card.noted()
+                    }
                 }
 
                 Label {
@@ -261,18 +270,22 @@ Item {
                     text: card.decided
                 }
 
-                NoteRows {
-                    id: written
+                WhenNeeded {
+                    id: notesRoom
 
-                    visible: card.notes.length > 0 && !card.brief
+                    needed: card.notes.length > 0
+                    visible: needed && !card.brief
                     width: parent.width
-                    topPadding: Theme.gap8
-                    bottomPadding: Theme.gap4
-                    whole: true
-                    rows: card.notes
-                    notes: card.noteActions
-                    pictures: card.pictures
-                    onEmptied: open.forceActiveFocus(Qt.TabFocusReason)
+
+                    sourceComponent: NoteRows {
+                        topPadding: Theme.gap8
+                        bottomPadding: Theme.gap4
+                        whole: true
+                        rows: card.notes
+                        notes: card.noteActions
+                        pictures: card.pictures
+                        onEmptied: open.forceActiveFocus(Qt.TabFocusReason)
+                    }
                 }
             }
         }

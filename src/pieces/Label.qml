@@ -33,8 +33,6 @@ Words {
     Accessible.name: laidOut
     Accessible.ignored: text === ""
 
-    ToolTipArea {
-        anchors.fill: parent
-        text: label.help || (label.tellsWhole && label.truncated ? label.text : "")
-    }
+    // Most have none.
+    HelpOver.text: help || (tellsWhole && truncated ? text : "")
 }

@@ -2,7 +2,7 @@ import QtQuick
 import Vellix.Pieces
 
 // A spinner for what is mostly done at once: it is shown only where it lasts.
-Item {
+Loader {
     id: late
 
     required property bool waits
@@ -10,8 +10,9 @@ Item {
     property int after: 400  // milliseconds
     readonly property bool shown: waits && patience.over
 
-    implicitWidth: size
-    implicitHeight: size
+    width: size
+    height: size
+    active: shown
 
     onWaitsChanged: patience.over = false
 
@@ -25,8 +26,7 @@ Item {
         onTriggered: over = true
     }
 
-    Spinner {
-        visible: late.shown
+    sourceComponent: Spinner {
         size: late.size
     }
 }

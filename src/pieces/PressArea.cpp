@@ -176,7 +176,21 @@ void PressArea::setHovered(bool hovered) {
 void PressArea::setVisualFocus(bool visual) {
   if (visual == visualFocus_) return;
   visualFocus_ = visual;
+  showRing();
   emit visualFocusChanged();
+}
+
+void PressArea::showRing() {
+  if (visualFocus_ && !ring_ && ringOf_) {
+    QObject* made = ringOf_->beginCreate(ringOf_->creationContext());
+    ring_ = qobject_cast<QQuickItem*>(made);
+    if (ring_) {
+      ring_->setParent(this);
+      ring_->setParentItem(this);
+    }
+    ringOf_->completeCreate();
+  }
+  if (ring_) ring_->setVisible(visualFocus_);
 }
 
 }  // namespace vellix

@@ -4,6 +4,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QPointF>
+#include <QPointer>
+#include <QQmlComponent>
 #include <QQuickItem>
 #include <QVariant>
 #include <optional>
@@ -34,6 +36,8 @@ class PressArea : public QQuickItem {
   // Whether a press opens and closes something, and whether that is open: told to a screen reader.
   Q_PROPERTY(bool expandable MEMBER expandable_ NOTIFY expandedChanged)
   Q_PROPERTY(bool expanded MEMBER expanded_ NOTIFY expandedChanged)
+  // What is put around the area while that is due.
+  Q_PROPERTY(QQmlComponent* ring MEMBER ringOf_ NOTIFY ringChanged)
   // Takes the keyboard and does nothing for now: told as disabled, too.
   Q_PROPERTY(bool idle MEMBER idle_ NOTIFY idleChanged)
 
@@ -69,6 +73,7 @@ class PressArea : public QQuickItem {
   void holdsPointerChanged();
   void expandedChanged();
   void idleChanged();
+  void ringChanged();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -92,11 +97,14 @@ class PressArea : public QQuickItem {
   bool saysTheSame() const { return says() == begunOn_; }
   void setHovered(bool hovered);
   void setVisualFocus(bool visual);
+  void showRing();
 
   bool pressed_ = false;
   bool hovered_ = false;
   bool visualFocus_ = false;
   bool ringWaits_ = false;
+  QPointer<QQmlComponent> ringOf_;
+  QPointer<QQuickItem> ring_;  // made when it is first due
   qreal handRoom_ = 0;
   bool holdsPointer_ = false;
   bool idle_ = false;

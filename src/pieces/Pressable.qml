@@ -24,8 +24,7 @@ PressArea {
         NumberAnimation { duration: Theme.hover }
     }
 
-    FocusRing {
-        visible: area.visualFocus
+    ring: FocusRing {
         around: area.radius
         z: 1
     }
