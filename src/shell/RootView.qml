@@ -147,15 +147,17 @@ FocusScope {
                     around: content
                 }
 
-                // Another ticket is another view: nothing of the last one's state carries over.
+                // Another ticket is another view: nothing of the last one's state carries over. The last
+                // one goes before its models turn to the other, which it would follow for nothing.
                 Repeater {
-                    model: view.openFile === "" ? [] : [view.openFile]
+                    model: view.openFile !== "" && view.openFile === view.file.ticket ? [view.openFile] : []
                     onItemAdded: (index, item) => {
                         view.ticket = item as FileView;
                         if (!view.page && hold.held && hold.ringed)
                             view.ticket.takeKeyboard();
                     }
                     onItemRemoved: (index, item) => {
+                        outgoing.end(item);
                         if (view.ticket === item)
                             view.ticket = null;
                     }
@@ -219,6 +221,10 @@ FocusScope {
 
                 CameFrom {
                     id: before
+                }
+
+                AfterFrame {
+                    id: outgoing
                 }
             }
 

@@ -31,6 +31,8 @@ FileModel::FileModel(Store& store, const MainLoop& clock, const Calendar& calend
 
 void FileModel::updateHeader() {
   const FileItem* file = store_.currentFile();
+  const QString ticket = file ? QString::fromStdString(file->id) : QString{};
+  if (std::exchange(ticket_, ticket) != ticket) emit ticketChanged();
   auto header = file ? fileHeader(store_, *file, store_.currentDetail(), clock_.now(), calendar_)
                      : FileHeaderView{};
   if (header_.show(std::move(header))) emit headerChanged();

@@ -19,6 +19,8 @@ class FileModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  // Id of the ticket that all of this is about, told before any of it; empty when there is none.
+  Q_PROPERTY(QString ticket READ ticket NOTIFY ticketChanged)
   Q_PROPERTY(Qml<FileHeaderView> header READ header NOTIFY headerChanged)
   Q_PROPERTY(Qml<ReviewButtonView> review READ review NOTIFY reviewChanged)
   Q_PROPERTY(Qml<MultiFilesView> multi READ multi NOTIFY multiChanged)
@@ -34,6 +36,7 @@ class FileModel : public QObject {
   // What is passed must outlive the model.
   FileModel(Store& store, const MainLoop& clock, const Calendar& calendar);
 
+  QString ticket() const { return ticket_; }
   Qml<FileHeaderView> header() const { return header_.qml(); }
   Qml<ReviewButtonView> review() const { return review_.qml(); }
   Qml<MultiFilesView> multi() const { return multi_.qml(); }
@@ -55,6 +58,7 @@ class FileModel : public QObject {
   Q_INVOKABLE static double headerCut(const QVariantList& ends, double air, double most);
 
  signals:
+  void ticketChanged();
   void headerChanged();
   void reviewChanged();
   void multiChanged();
@@ -82,6 +86,7 @@ class FileModel : public QObject {
   bool stripWanted_ = false;
   std::string stripOf_;  // the ticket, by its id
   int openPage_ = 0;
+  QString ticket_;
   Shown<FileHeaderView> header_;
   Shown<ReviewButtonView> review_;
   Shown<MultiFilesView> multi_;
