@@ -1,11 +1,9 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Vellix.Pictures
 import Vellix.Pieces
 
 // One page of the strip: its picture, its name, and what waits on it. The arguments are those of a
-// PageCellView.
+// PageCellView. Most have no mark: what shows one is made where there is any.
 Pressable {
     id: cell
 
@@ -146,48 +144,58 @@ Pressable {
         height: 16
         spacing: 3
 
-        CountBadge {
-            visible: text !== ""
+        Loader {
+            active: cell.waiting !== ""
+            visible: active
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, marks.widest)
-            small: true
-            colour: Theme.strongAccent
-            text: cell.waiting
-            Accessible.ignored: true
+
+            sourceComponent: CountBadge {
+                small: true
+                colour: Theme.strongAccent
+                text: cell.waiting
+                Accessible.ignored: true
+            }
         }
 
-        CountBadge {
-            visible: text !== ""
+        Loader {
+            active: cell.issues !== ""
+            visible: active
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, marks.widest)
-            small: true
-            filled: true
-            colour: Theme.fore.red
-            text: cell.issues
-            Accessible.ignored: true
+
+            sourceComponent: CountBadge {
+                small: true
+                filled: true
+                colour: Theme.fore.red
+                text: cell.issues
+                Accessible.ignored: true
+            }
         }
     }
 
-    // On a ground of its own, since it lies over the page.
-    Rectangle {
-        visible: notes.visible
-        anchors.fill: notes
-        anchors.margins: -1
-        radius: height / 2
-        color: Theme.raised
-    }
-
-    CountBadge {
-        id: notes
-
-        visible: text !== ""
+    Loader {
+        active: cell.notes !== ""
+        visible: active
         anchors.right: paper.right
         anchors.rightMargin: -4
         y: paper.y - 3
-        small: true
-        icon: "text.bubble.fill"
-        colour: Theme.muted
-        text: cell.notes
-        Accessible.ignored: true
+
+        sourceComponent: CountBadge {
+            small: true
+            icon: "text.bubble.fill"
+            colour: Theme.muted
+            text: cell.notes
+            Accessible.ignored: true
+
+            // On a ground of its own, since it lies over the page.
+            Rectangle {
+                z: -1
+                anchors.fill: parent
+                anchors.margins: -1
+                radius: height / 2
+                color: Theme.raised
+            }
+        }
     }
 }

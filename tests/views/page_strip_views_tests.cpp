@@ -34,6 +34,12 @@ class PageStripViews : public ViewTest {
     }
   }
   QQuickItem* strip() { return seen(window()->contentItem(), "PageStrip").value(0); }
+  // Also of what cannot be seen.
+  static int made(const QQuickItem* item, const QByteArray& type) {
+    int count = isOfType(item, type) ? 1 : 0;
+    for (const QQuickItem* child : item->childItems()) count += made(child, type);
+    return count;
+  }
   QList<QQuickItem*> cells() { return strip() ? seen(strip(), "PageCell") : QList<QQuickItem*>{}; }
   QQuickItem* cell(const QString& name) {
     for (QQuickItem* each : cells()) {
@@ -200,6 +206,8 @@ TEST_F(PageStripViews, LookLikeWhatTheyAre) {
   for (QQuickItem* badge : badges) EXPECT_EQ(badge->property("text").toString(), "1");
   EXPECT_EQ(seen(badges[2], "Symbol").value(0)->property("name").toString(), "text.bubble.fill");
   EXPECT_TRUE(seen(cell("41-1711"), "CountBadge").isEmpty());
+  EXPECT_EQ(made(cell("1"), "CountBadge"), 3);
+  EXPECT_EQ(made(cell("41-1711"), "CountBadge"), 0);
   store().page.set({{"t1", 1}});
   rest();
   EXPECT_EQ(colourOf(figures("1")), theme()->muted());
