@@ -1,5 +1,6 @@
 // The worker: it takes one job after the other out of the line, and through its steps.
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 #include "body.hpp"
@@ -53,7 +54,8 @@ const std::string* State::pdfOf(const std::string& reportId) const {
 std::vector<Job*> State::liveJobs() {
   std::vector<Job*> live;
   if (sync_ && sync_->active()) live.push_back(&*sync_);
-  for (Job& job : jobs_) {
+  // The newest is kept first, but of those asked for in one moment the first has its turn first.
+  for (Job& job : jobs_ | std::views::reverse) {
     if (job.active()) live.push_back(&job);
   }
   std::ranges::stable_sort(live, {}, [](const Job* job) { return job->created.value_or(0); });

@@ -125,6 +125,20 @@ TEST_F(Worker, DoesOneThingAfterTheOther) {
   EXPECT_GE(*onceIt(next.id, "done").started, *done.finished);
 }
 
+// As fast as they can be asked for, several share a moment.
+TEST_F(Worker, TakesThemInTheOrderTheyWereAskedFor) {
+  constexpr std::size_t kMany = 12;
+  worker(R"({"hold":"queued"})");
+  for (std::size_t i = 0; i < kMany; ++i) ASSERT_EQ(statusOf(post("/api/jobs", kReport)), 200);
+  std::vector<Job> asked = board().jobs;
+  asked.resize(kMany);
+  std::ranges::reverse(asked);
+  worker(R"({"hold":""})");
+  std::vector<double> starts;
+  for (const Job& job : asked) starts.push_back(onceIt(job.id, "done").started.value_or(0));
+  EXPECT_TRUE(std::ranges::is_sorted(starts));
+}
+
 TEST_F(Worker, FailsWithWhatItIsToldOnce) {
   for (const char* body : {kSync, kReport}) {
     worker(R"({"hold":"queued","fail":"The Drive folder of PO 7811 takes no more files."})");
