@@ -90,6 +90,8 @@ bool Costs::settle(Cost* cost) {
     }
     if (cost) note();
     const bool idle = isIdle_();
+    // Looking on is no part of it.
+    mark_ = cpuOfThread();
     // What turns until an answer comes turns for as long as that takes.
     if (pace_.isRunning() && glided < kLongestGlide && (idle || wallTime() - stepped >= step)) {
       stepped = wallTime();
@@ -101,8 +103,6 @@ bool Costs::settle(Cost* cost) {
     if (!idle) quietSince = wallTime();
     if (wallTime() - quietSince >= kQuiet) return true;
     QThread::usleep(kPause);
-    // Looking on is no part of it.
-    mark_ = cpuOfThread();
   }
   tellFault(std::string("the window never came to rest: ") +
             (isIdle_() ? "it paints" : "something is still to come"));
