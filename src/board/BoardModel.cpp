@@ -23,8 +23,9 @@ BoardModel::BoardModel(Store& store, Defaults& defaults, const MainLoop& clock,
       showReviewed_(defaults.flag(kShowReviewed).value_or(false)),
       rows_([this](const FileLine& line) { return fileListRow(line, store_, listed_, calendar_); }),
       onChange_(store.changes.observe(
-          Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn | Store::kPolled,
+          Store::kBoard | Store::kSelection | Store::kQueue | Store::kSignedIn,
           [this] { update(); })),
+      onPolled_(store.changes.observe(Store::kPolled, [this] { passTime(); })),
       onPrefs_(store.prefs.changes.observe(Prefs::kAny, [this] { update(); })),
       onAny_(store.changes.observe(Store::kAny, [this] { updateColumn(); })) {
   update();
@@ -37,6 +38,12 @@ void BoardModel::update() {
   rows_.setLines(std::move(next.lines));
   list_ = std::move(next);
   if (head_.show(list_.head)) emit headChanged();
+  follow();
+}
+
+// A poll may have brought nothing but the time.
+void BoardModel::passTime() {
+  if (!isSteady(list_, listed_, clock_.now(), calendar_)) return update();
   follow();
 }
 

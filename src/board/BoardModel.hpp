@@ -76,6 +76,7 @@ class BoardModel : public QObject {
   };
 
   void update();
+  void passTime();
   Chosen chosen() const;
   void follow();
   void updateColumn();
@@ -97,6 +98,7 @@ class BoardModel : public QObject {
   RowsModel<PersonView, &PersonView::email> people_;
   bool changingPhoto_ = false;
   Changes::Subscription onChange_;
+  Changes::Subscription onPolled_;
   Changes::Subscription onPrefs_;
   Changes::Subscription onAny_;
 };

@@ -1,12 +1,14 @@
 #include "board/due_dates.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <utility>
 
 namespace vellix {
 namespace {
 
+constexpr double kMinute = 60;
 constexpr double kHour = 3'600;
 constexpr double kDay = 86'400;
 constexpr double kNear = 6 * kHour;
@@ -65,6 +67,16 @@ std::string dueTextShort(Moment date, Moment now, const Calendar& calendar) {
 
 std::string dueTextTiny(Moment date, Moment now, const Calendar& calendar) {
   return wordsOf(date, now, calendar).tiny;
+}
+
+double dueSteadyFor(Moment date, Moment now) {
+  const double ahead = secondsBetween(now, date);
+  if (ahead < 0) {
+    const double unit = ahead > -kHour ? kMinute : ahead > -2 * kDay ? kHour : kDay;
+    return unit - std::fmod(-ahead, unit);
+  }
+  if (ahead < kHour) return std::fmod(ahead, kMinute);
+  return ahead - (ahead < kNear ? kHour : kNear);
 }
 
 std::optional<DueChipView> dueChip(const FileItem& file, Moment now, const Calendar& calendar) {

@@ -23,6 +23,10 @@ struct DueChipView {
 };
 BOOST_DESCRIBE_STRUCT(DueChipView, (), (text, shortText, tinyText, icon, tone))
 
+// The seconds from now on in which neither what these say nor the tone of the chip changes, if the
+// day does not.
+double dueSteadyFor(Moment date, Moment now);
+
 // None for a ticket that is reviewed or has no due date.
 std::optional<DueChipView> dueChip(const FileItem& file, Moment now, const Calendar& calendar);
 

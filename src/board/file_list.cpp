@@ -115,6 +115,8 @@ FileLines fileList(const Store& store, bool showReviewed, Moment now) {
     if (track != kReprint && track != "new_title") continue;
     const bool reprint = track == kReprint;
     queues[reprint ? 1 : 0].count(file, now);
+    if (file.due && file.status != kReviewed)
+      list.steadyFor = std::min(list.steadyFor, dueSteadyFor(momentOf(*file.due), now));
     if (reprint == reprints) queues[reprint ? 1 : 0].place(file);
   }
   list.head.queues = {queueView(queues[0], "new_title", "New titles"),
@@ -137,6 +139,11 @@ FileLines fileList(const Store& store, bool showReviewed, Moment now) {
     addGroup(list, members, store);
   }
   return list;
+}
+
+bool isSteady(const FileLines& list, Moment made, Moment now, const Calendar& calendar) {
+  const double passed = secondsBetween(made, now);
+  return passed >= 0 && passed < list.steadyFor && calendar.dayOf(made) == calendar.dayOf(now);
 }
 
 FileListRow fileListRow(const FileLine& line, const Store& store, Moment now,

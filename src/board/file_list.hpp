@@ -80,9 +80,14 @@ struct FileLines {
   // What the lines point to.
   SharedList<FileItem> files;
   std::vector<FileGroup> groups;
+  double steadyFor = 60;  // seconds, see `isSteady`
 };
 
 FileLines fileList(const Store& store, bool showReviewed, Moment now);
+// Time alone has changed nothing of the list, nor of its rows, between when it was made and now. It
+// is never steady for more than a minute: the zone may change, too.
+bool isSteady(const FileLines& list, Moment made, Moment now, const Calendar& calendar);
+
 FileListRow fileListRow(const FileLine& line, const Store& store, Moment now,
                         const Calendar& calendar);
 

@@ -93,6 +93,51 @@ TEST(DueWords, HoldDatesThatNoCalendarKnows) {
   EXPECT_EQ(dueTextTiny(momentOf(-1e300), tuesdayAt(10), calendar).substr(0, 5), "Late ");
 }
 
+struct Steady {
+  const char* name;
+  double ahead;  // seconds
+  double steady;
+};
+BOOST_DESCRIBE_STRUCT(Steady, (), (name, ahead, steady))
+
+class SteadyDueWords : public testing::TestWithParam<Steady> {};
+
+TEST_P(SteadyDueWords, StayUntilTheirTime) {
+  const auto& each = GetParam();
+  const Moment now = tuesdayAt(10);
+  EXPECT_NEAR(dueSteadyFor(after(now, each.ahead), now), each.steady, 1e-6);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SteadyDueWords,
+                         testing::Values(Steady{"UntilTheNextDay", -2.25 * kDay, 0.75 * kDay},
+                                         Steady{"UntilTheNextHour", -1.75 * kHour, 0.25 * kHour},
+                                         Steady{"UntilTheNextMinute", -90, 30},
+                                         Steady{"AnHourLate", -kHour, kHour},
+                                         Steady{"UntilLate", 20, 20}, Steady{"AtTheMoment", 0, 0},
+                                         Steady{"UntilAMinuteLess", 30 * kMinute + 5, 5},
+                                         Steady{"UntilMinutesCount", 1.5 * kHour, 0.5 * kHour},
+                                         Steady{"UntilNear", 7 * kHour, kHour}),
+                         [](const auto& each) { return std::string{each.param.name}; });
+
+TEST(SteadyDueWords, SayTheSameAllTheWhile) {
+  const FakeCalendar calendar;
+  FileItem file = ticketOf("t1");
+  int steady = 0;
+  for (double ahead = -3 * kDay; ahead < 3 * kDay; ahead += 397) {
+    for (const double passed : {1.0, 29.0, 59.0, 601.0, 3'599.0, 11'000.0}) {
+      const Moment now = tuesdayAt(10);
+      const Moment later = after(now, passed);
+      const Moment date = after(now, ahead);
+      file.due = wireOf(date);
+      if (passed >= dueSteadyFor(date, now)) continue;
+      ++steady;
+      EXPECT_EQ(dueChip(file, now, calendar), dueChip(file, later, calendar)) << ahead;
+      EXPECT_EQ(date < now, date < later) << ahead;
+    }
+  }
+  EXPECT_GT(steady, 3'000);
+}
+
 struct Chip {
   const char* name;
   const char* status;

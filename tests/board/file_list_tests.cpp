@@ -33,6 +33,40 @@ class FileList : public StoreTest {
 
 using Lines = std::vector<std::string>;
 
+TEST_F(FileList, IsSteadyUntilTimeChangesOneOfItsRows) {
+  const Moment now = desk.time.now();
+  FileItem soon = ticketOf("a");
+  soon.due = wireOf(now) + 600'000 + 20'000;
+  FileItem late = ticketOf("b", "in_review");
+  late.due = wireOf(now) - 90'000;
+  FileItem done = ticketOf("c", "reviewed");
+  done.due = wireOf(now) + 1'000;
+  const auto isSteadyFor = [&](double seconds) {
+    return isSteady(list(), now, now + Milliseconds{seconds * 1'000}, desk.calendar);
+  };
+  show({done, late});
+  EXPECT_TRUE(isSteadyFor(29));
+  EXPECT_FALSE(isSteadyFor(31));
+  show({done, late, soon});
+  EXPECT_TRUE(isSteadyFor(19));
+  EXPECT_FALSE(isSteadyFor(21));
+  EXPECT_FALSE(isSteadyFor(-1)) << "the clock was put back";
+  show({done});
+  EXPECT_TRUE(isSteadyFor(59));
+  EXPECT_FALSE(isSteadyFor(60)) << "the zone may have changed";
+}
+
+TEST_F(FileList, IsNotSteadyOverMidnight) {
+  show({ticketOf("a")});
+  const Moment midnight = momentOf(1'700'006'400'000);
+  const auto around = [&](double before, double after) {
+    return isSteady(list(), midnight - Milliseconds{before}, midnight + Milliseconds{after},
+                    desk.calendar);
+  };
+  EXPECT_TRUE(around(2'000, -1'000));
+  EXPECT_FALSE(around(1'000, 1'000));
+}
+
 struct Dates {
   std::optional<double> due;
   std::optional<double> received;

@@ -71,6 +71,31 @@ TEST_F(BoardModels, TellNothingOfAPollThatBringsNothing) {
   EXPECT_EQ(heads.count(), 0);
 }
 
+// Tells how often it was asked for the time of a day.
+class AskedCalendar : public FakeCalendar {
+ public:
+  std::string shortTime(Moment moment) const override {
+    ++asked;
+    return FakeCalendar::shortTime(moment);
+  }
+  mutable int asked = 0;
+};
+
+TEST_F(BoardModels, MakeNoRowAnewForAPollThatCannotHaveChangedIt) {
+  const AskedCalendar calendar;
+  BoardModel rows{store(), desk.defaults, desk.time, calendar};
+  serveBoard(boardOf({dueIn("a", 90.5), ticketOf("b")}), "\"b1\"");
+  poll();
+  const QVariant kept = fieldOf(rows.rows(), 1, "kept");
+  EXPECT_EQ(std::exchange(calendar.asked, 0), 1);
+  wait(5);
+  poll();
+  EXPECT_EQ(calendar.asked, 0);
+  wait(60);
+  poll();
+  EXPECT_GT(calendar.asked, 0);
+}
+
 TEST_F(BoardModels, MoveTheWordsOfTimeOnWithThePolls) {
   serveBoard(boardOf({dueIn("a", 30), ticketOf("b")}));
   poll();
