@@ -157,6 +157,7 @@ void PixelCache::request(Job job, Waiter waiter) {
       same->job.priority = std::max(same->job.priority, job.priority);
       same->job.keepsReduced |= job.keepsReduced;
       same->id = ++started_;
+      pump();
     }
     return;
   }

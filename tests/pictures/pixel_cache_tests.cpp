@@ -355,25 +355,46 @@ TEST_F(PixelCacheTest, APageDecodedAheadTakesNoMoreThanItShows) {
 }
 
 // A start would else share its two threads among the open page and those beside it.
+// As it lies on the disk.
+PictureHandle inFolder(const QTemporaryDir& folder, const std::string& key) {
+  Picture picture = *handle(key);
+  const QString path = folder.filePath(QString::fromStdString(key));
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(picture.bytes.data(), static_cast<qint64>(picture.bytes.size()));
+  picture.file = path.toStdString();
+  return std::make_shared<const Picture>(std::move(picture));
+}
+
 TEST_F(PixelCacheTest, APageIsDecodedAheadOnceNoViewWaits) {
   const QTemporaryDir folder;
-  Picture next = *handle("next");
-  next.file = folder.filePath("next").toStdString();
-  QFile file(folder.filePath("next"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(next.bytes.data(), static_cast<qint64>(next.bytes.size()));
-  file.close();
   PixelCache cache;
   cache.notePage({{300, 150}, PictureFit::within, {300, 300}});
   QObject view;
   std::vector<std::string> told;
   cache.requestPixels(handle("open"), QSize(300, 150), &view,
                       [&](const Pixels&) { told.push_back("open"); });
-  cache.decodeWhole(std::make_shared<const Picture>(next),
-                    [&](const Pixels&) { told.push_back("next"); });
+  cache.decodeWhole(inFolder(folder, "next"), [&](const Pixels&) { told.push_back("next"); });
   EXPECT_EQ(cache.decodesStarted(), 1);
   ASSERT_TRUE(waitUntil([&told] { return told.size() == 2; }));
   EXPECT_EQ(told.front(), "open");
+  EXPECT_EQ(cache.decodesStarted(), 2);
+}
+
+TEST_F(PixelCacheTest, WhatWasToBeAheadBeginsAtOnceWhenAViewAsksForIt) {
+  PixelCache cache;
+  QObject view;
+  int told = 0;
+  const auto tell = [&told](const Pixels&) { ++told; };
+  cache.notePage({{300, 150}, PictureFit::within, {300, 300}});
+  const QTemporaryDir folder;
+  const PictureHandle next = inFolder(folder, "next");
+  cache.requestPixels(handle("open"), QSize(300, 150), &view, tell);
+  cache.decodeWhole(next, tell);
+  ASSERT_EQ(cache.decodesStarted(), 1);
+  cache.requestPixels(next, QSize(300, 150), &view, tell);
+  EXPECT_EQ(cache.decodesStarted(), 2);
+  EXPECT_TRUE(waitUntil([&told] { return told == 3; }));
   EXPECT_EQ(cache.decodesStarted(), 2);
 }
 
