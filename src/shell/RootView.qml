@@ -157,7 +157,6 @@ FocusScope {
                             view.ticket.takeKeyboard();
                     }
                     onItemRemoved: (index, item) => {
-                        outgoing.end(item);
                         if (view.ticket === item)
                             view.ticket = null;
                     }
@@ -221,10 +220,6 @@ FocusScope {
 
                 CameFrom {
                     id: before
-                }
-
-                AfterFrame {
-                    id: outgoing
                 }
             }
 
