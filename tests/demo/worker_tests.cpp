@@ -135,6 +135,7 @@ TEST_F(Worker, TakesThemInTheOrderTheyWereAskedFor) {
   std::ranges::reverse(asked);
   worker(R"({"hold":""})");
   std::vector<double> starts;
+  starts.reserve(kMany);
   for (const Job& job : asked) starts.push_back(onceIt(job.id, "done").started.value_or(0));
   EXPECT_TRUE(std::ranges::is_sorted(starts));
 }
