@@ -195,9 +195,12 @@ void PixelCache::pump() {
   const auto rank = [](const Waiting& one) {
     return std::pair{one.job.priority, one.job.priority == kForAView ? one.id : -one.id};
   };
+  const auto viewsWait = [this] {
+    return std::ranges::any_of(working_, [](const auto& one) { return one.second.forAView; });
+  };
   while (std::ssize(working_) < kThreads && !queue_.empty()) {
     const auto next = std::ranges::max_element(queue_, {}, rank);
-    if (next->job.priority == kAhead && forViews_ > 0) return;
+    if (next->job.priority == kAhead && viewsWait()) return;
     Waiting one = std::move(*next);
     queue_.erase(next);
     if (isWanted(one)) {
@@ -220,10 +223,8 @@ void PixelCache::start(Waiting next) {
   next.job.reduced =
       find(keyOf(*next.job.picture, reducedSize(whole, reductionFor(whole, next.job.exact))));
   if (next.job.reduced.isNull()) ++decodes_;
-  const bool forAView = next.job.priority == kForAView;
-  forViews_ += forAView;
-  working_[id] = std::move(next.done);
-  auto work = [this, id, forAView, job = std::move(next.job)] {
+  working_[id] = {std::move(next.done), next.job.priority == kForAView};
+  auto work = [this, id, job = std::move(next.job)] {
     std::optional<DecodingBudget::Share> share;
     Made made{.reduced = job.reduced, .exact = {}};
     if (made.reduced.isNull()) {
@@ -233,10 +234,9 @@ void PixelCache::start(Waiting next) {
     }
     made.exact = scaled(made.reduced, job.exact);
     if (!job.keepsReduced) made.reduced = {};
-    later([this, id, forAView, made = std::move(made)] {
-      forViews_ -= forAView;
+    later([this, id, made = std::move(made)] {
       const auto found = working_.find(id);
-      const auto told = std::move(found->second);
+      const auto told = std::move(found->second.done);
       working_.erase(found);
       pump();
       told(made);

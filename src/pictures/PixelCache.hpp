@@ -116,8 +116,11 @@ class PixelCache {
   std::map<Key, std::list<Entry>::iterator> index_;
   std::map<Key, std::vector<Waiter>> wanted_;
   // Stays here: what it holds belongs to this thread.
-  std::map<std::int64_t, std::function<void(Made)>> working_;
-  int forViews_ = 0;            // of these
+  struct Work {
+    std::function<void(Made)> done;
+    bool forAView;
+  };
+  std::map<std::int64_t, Work> working_;
   std::vector<Waiting> queue_;  // until a thread is free
   QObject context_;
   QThreadPool pool_;

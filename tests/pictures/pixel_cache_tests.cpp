@@ -354,7 +354,6 @@ TEST_F(PixelCacheTest, APageDecodedAheadTakesNoMoreThanItShows) {
   EXPECT_EQ(cache.bytesHeld(), 4 * 300 * 150);
 }
 
-// A start would else share its two threads among the open page and those beside it.
 // As it lies on the disk.
 PictureHandle inFolder(const QTemporaryDir& folder, const std::string& key) {
   Picture picture = *handle(key);
@@ -366,6 +365,7 @@ PictureHandle inFolder(const QTemporaryDir& folder, const std::string& key) {
   return std::make_shared<const Picture>(std::move(picture));
 }
 
+// A start would else share its two threads among the open page and those beside it.
 TEST_F(PixelCacheTest, APageIsDecodedAheadOnceNoViewWaits) {
   const QTemporaryDir folder;
   PixelCache cache;
