@@ -30,6 +30,8 @@ void turn(const Frames& frames) {
 void Costs::Pace::go(int step) {
   now_ += step;
   advance();
+  // What a glide lets go outside of any event would else wait for the end.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 Costs::Costs(Frames& frames, std::function<bool()> isIdle)

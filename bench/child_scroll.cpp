@@ -1,5 +1,4 @@
 // The whole list of ten thousand tickets by the wheel, from end to end.
-#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -16,8 +15,8 @@ constexpr double kFrame = 1000.0 / 60;
 constexpr int kNotches = 3;  // with every frame, as of a wheel that spins freely
 constexpr int kLooks = 20;   // frames from one look at the pixels to the next
 constexpr int kMostFrames = 60'000;
-constexpr int kFrameTime =
-    32;  // ms of its glide in a frame: every other one of a display is left out
+// ms of its glide in a frame: every other one of a display is left out
+constexpr int kFrameTime = 32;
 
 // Something is written on it, in ink that stands out from its ground.
 bool isWritten(const QImage& picture, const QRect& place) {
@@ -41,12 +40,7 @@ class Scroll {
   bool run() {
     Hand hand(actions_.desk().window());
     while (!atEnd() && static_cast<int>(costs_.size()) < kMostFrames) {
-      const auto turnWheel = [&] {
-        // Rows that a glide lets go outside of any event would else wait for the end.
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        hand.wheel(list_, kNotches);
-      };
-      const Cost cost = actions_.costs().frame(turnWheel, kFrameTime);
+      const Cost cost = actions_.costs().frame([&] { hand.wheel(list_, kNotches); }, kFrameTime);
       if (cost.frames == 0) continue;
       costs_.push_back(cost.worst);
       if (cost.worst > dearest_) {
