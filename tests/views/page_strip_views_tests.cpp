@@ -34,12 +34,6 @@ class PageStripViews : public ViewTest {
     }
   }
   QQuickItem* strip() { return seen(window()->contentItem(), "PageStrip").value(0); }
-  // Also of what cannot be seen.
-  static int made(const QQuickItem* item, const QByteArray& type) {
-    int count = isOfType(item, type) ? 1 : 0;
-    for (const QQuickItem* child : item->childItems()) count += made(child, type);
-    return count;
-  }
   QList<QQuickItem*> cells() { return strip() ? seen(strip(), "PageCell") : QList<QQuickItem*>{}; }
   QQuickItem* cell(const QString& name) {
     for (QQuickItem* each : cells()) {

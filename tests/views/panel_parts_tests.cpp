@@ -33,25 +33,18 @@ class PanelParts : public ViewTest {
     serve();
   }
   // All in the first card, whether they are seen or not.
-  qsizetype made(const QByteArray& type) { return count(card(), type); }
+  qsizetype madeInIt(const QByteArray& type) { return made(card(), type); }
   qsizetype shown(const QByteArray& type) { return seen(card(), type).size(); }
   QQuickItem* card() { return seen(window()->contentItem(), "FindingCard").constFirst(); }
-  static qsizetype count(const QQuickItem* root, const QByteArray& type) {
-    qsizetype found = 0;
-    for (const QQuickItem* child : root->childItems()) {
-      found += (isOfType(child, type) ? 1 : 0) + count(child, type);
-    }
-    return found;
-  }
 
   FileDetail detail;
 };
 
 TEST_F(PanelParts, AreThoseThatShow) {
   for (const char* type : {"PanelRow", "NoteRows", "FocusRing", "Ring", "ToolTipArea"}) {
-    EXPECT_EQ(made(type), 0) << type;
+    EXPECT_EQ(madeInIt(type), 0) << type;
   }
-  EXPECT_EQ(made("Triage"), 1);
+  EXPECT_EQ(madeInIt("Triage"), 1);
 }
 
 TEST_F(PanelParts, ComeWithTheDecisionThatFoldsTheCard) {
@@ -70,7 +63,7 @@ TEST_F(PanelParts, AreNotThoseOfTheOpenCardWhereItComesFolded) {
   detail.findings[0].state = "fine";
   serve();
   EXPECT_EQ(shown("PanelRow"), 1);
-  EXPECT_EQ(made("Triage"), 0);
+  EXPECT_EQ(madeInIt("Triage"), 0);
   store().prefs.foldDecided.set(false);
   settle();
   EXPECT_EQ(shown("Triage"), 1);
@@ -83,7 +76,7 @@ TEST_F(PanelParts, ComeWithTheFirstNoteAndStay) {
   detail.comments.clear();
   serve();
   EXPECT_EQ(shown("NoteRows"), 0);
-  EXPECT_EQ(made("NoteRows"), 1) << "what it tells as its last row goes is still heard";
+  EXPECT_EQ(madeInIt("NoteRows"), 1) << "what it tells as its last row goes is still heard";
 }
 
 TEST_F(PanelParts, HaveTheirRingsWhileTheyAreDue) {

@@ -26,6 +26,15 @@ inline QList<QQuickItem*> seen(const QQuickItem* root, const QByteArray& type) {
   return found;
 }
 
+// How many there are below `root`, whether they can be seen or not.
+inline qsizetype made(const QQuickItem* root, const QByteArray& type) {
+  qsizetype count = 0;
+  for (const QQuickItem* child : root->childItems()) {
+    count += (isOfType(child, type) ? 1 : 0) + made(child, type);
+  }
+  return count;
+}
+
 inline QQuickItem* seenText(const QQuickItem* root, const QString& text) {
   for (QQuickItem* label : seen(root, "Label")) {
     if (label->property("text").toString() == text) return label;
