@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDataStream>
+#include <QImage>
 #include <QRectF>
 #include <QString>
 #include <vector>
@@ -10,14 +11,34 @@ namespace vellix::demo {
 
 struct PdfWord {
   QString text;
-  QRectF box;  // in fractions of the page as it is shown
+  QRectF box;         // in fractions of the page as it is shown
+  QString font = {};  // its name without the mark of a subset; empty where the PDF tells none
+  double size = 0;    // of its letters, in points; 0 where the PDF tells none
 };
 
 struct PdfPage {
   double width = 0;  // in points, as shown: turned and cropped
   double height = 0;
   std::vector<PdfWord> words;  // in reading order
+  // The same, of what is left when it is cut, and of what is printed beyond that; empty where the
+  // PDF tells neither.
+  QSizeF trim = {};
+  QSizeF bleed = {};
+  std::vector<QString> inks = {};  // the spot colours that it prints with, sorted
 };
+
+struct PdfBarcode {
+  QString kind;  // "EAN-13" and the like
+  QString digits;
+  QRectF box;  // in fractions of the page as it is shown
+};
+
+// A page as it looks.
+struct PdfSight {
+  QImage picture;  // RGB888, kSightDots an inch, fewer for a page that would be too large
+  std::vector<PdfBarcode> barcodes;
+};
+inline constexpr int kSightDots = 100;
 
 enum class PdfTrouble { none, damaged, locked, empty, tooLong };
 
