@@ -1,6 +1,7 @@
 // A person's own proof, and the files that it is to be compared with.
 #pragma once
 
+#include <boost/describe.hpp>
 #include <optional>
 #include <string>
 
@@ -15,5 +16,6 @@ struct GivenProof {
   std::string title;
   std::optional<double> due;  // in milliseconds since 1970
 };
+BOOST_DESCRIBE_STRUCT(GivenProof, (), (proof, sent, previous, fbc, title, due))
 
 }  // namespace vellix::demo

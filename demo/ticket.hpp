@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "defects.hpp"
+#include "given_proof.hpp"
 #include "pdf_file.hpp"
 #include "records/records.hpp"
 
@@ -23,7 +24,10 @@ struct ProofPage {
 struct TicketVersion {
   Version record;
   std::vector<ProofPage> proofs;       // of a version that the demo set itself
-  std::shared_ptr<const PdfFile> pdf;  // of one that was uploaded
+  std::shared_ptr<const PdfFile> pdf;  // of one that was uploaded, or is somebody's own
+  std::string path;                    // where that one lies; empty for one in memory alone
+  std::string stamp;                   // changes with what lies there
+  bool unchecked = false;              // it waits for a check, or for the end of one
   // What a later version is checked against; not valid before there is one.
   std::shared_future<std::shared_ptr<const PdfFile>> printed;
   std::shared_future<PdfReading> reading;
@@ -43,7 +47,8 @@ struct Ticket {
   std::vector<TicketVersion> versions;
   std::vector<StoredNote> notes;
   std::optional<Approval> approval;
-  bool waiting = false;  // not on the board before a sync brings it
+  bool waiting = false;                  // not on the board before a sync brings it
+  std::optional<GivenProof> given = {};  // of somebody's own proof: what all its versions came from
 
   TicketVersion& newest() { return versions.back(); }
   const TicketVersion& newest() const { return versions.back(); }
