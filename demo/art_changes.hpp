@@ -8,9 +8,6 @@
 
 namespace vellix::demo {
 
-// Pixels of a sketch's shorter side: enough to see that something was moved, came in or went.
-inline constexpr int kSketchSide = 128;
-
 // In fractions of the page; the sketches are grey and need not have the same shape. Pages that
 // differ in too many places differ as a whole.
 std::vector<QRectF> artChanges(const QImage& old, const QImage& now,

@@ -1,48 +1,30 @@
 #include "pdf_file.hpp"
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QImageWriter>
 #include <QPainter>
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cmath>
-#include <semaphore>
+#include <limits>
 
+#include "pdf_process.hpp"
 #include "typeset.hpp"
 
 namespace vellix::demo {
 namespace {
 
-constexpr std::size_t kMostTold = std::size_t{128} << 20;
+constexpr qint64 kMostOfAPicture = qint64{64} << 20;
+constexpr std::size_t kMostWords = 400'000;
+constexpr int kPagesAtOnce = 25;
 constexpr double kDotsPerPoint = 240.0 / 72;
 constexpr int kMostAcross = 4000;
 constexpr double kMostPixels = 6'000'000;
-
-std::counting_semaphore<2>& turns() {
-  static std::counting_semaphore<2> two(2);
-  return two;
-}
-
-// Everything that comes until the other end closes; empty when that is too much.
-std::string allOf(int pipe) {
-  std::string all;
-  std::array<char, 65536> piece{};
-  while (true) {
-    const ssize_t got = ::read(pipe, piece.data(), piece.size());
-    if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return all;
-    all.append(piece.data(), static_cast<std::size_t>(got));
-    if (all.size() > kMostTold) return {};
-  }
-}
 
 std::string excuse(QSize pixels) {
   QImage image(pixels, QImage::Format_RGB32);
@@ -62,6 +44,29 @@ std::string excuse(QSize pixels) {
   return bytes.toStdString();
 }
 
+// Asks for that range, and again for the rest where the reader's time ran out on the way.
+template <class Entry>
+std::vector<Entry> range(int file, const char* what, int from, int to, const Demand& demand) {
+  std::vector<Entry> all;
+  from = std::max(from, 0);
+  const int begin = from;
+  while (from < to) {
+    const auto take = [&](QIODevice& answer) {
+      QDataStream stream(&answer);
+      for (Entry entry; from < to; ++from) {
+        stream >> entry;
+        if (stream.status() != QDataStream::Ok) return;
+        all.push_back(std::move(entry));
+      }
+    };
+    const int before = from;
+    if (askReader(file, {what, std::to_string(from), std::to_string(to)}, demand, take)) break;
+    if (from == before) break;
+  }
+  all.resize(static_cast<std::size_t>(from - begin));
+  return all;
+}
+
 }  // namespace
 
 std::shared_ptr<const PdfFile> PdfFile::of(std::string_view bytes) {
@@ -77,76 +82,99 @@ std::shared_ptr<const PdfFile> PdfFile::of(std::string_view bytes) {
   return made;
 }
 
-PdfFile::~PdfFile() { close(file_); }
-
-std::string PdfFile::told(std::vector<std::string> arguments) const {
-  std::array<int, 2> pipe{};
-  if (pipe2(pipe.data(), O_CLOEXEC) != 0) return {};
-  const std::string program =
-      (QCoreApplication::applicationDirPath() + QStringLiteral("/vellix_demo_pdf_reader"))
-          .toStdString();
-  arguments.insert(arguments.begin(), program);
-  std::vector<char*> words;
-  words.reserve(arguments.size() + 1);
-  for (std::string& argument : arguments) words.push_back(argument.data());
-  words.push_back(nullptr);
-  // Fonts and the like are found by the environment; no connection of the service's is handed on,
-  // since it would stay open with the reader.
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, file_, STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_addclosefrom_np(&actions, 3);
-  turns().acquire();
-  pid_t child = 0;
-  const int failed = posix_spawn(&child, program.c_str(), &actions, nullptr, words.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  close(pipe[1]);
-  std::string all = failed == 0 ? allOf(pipe[0]) : std::string();
-  close(pipe[0]);
-  int status = -1;
-  while (failed == 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
-  turns().release();
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? all : std::string();
+std::shared_ptr<const PdfFile> PdfFile::at(const std::string& path) {
+  // A pipe or a device of that name must hold up nobody.
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (file < 0) return nullptr;
+  std::shared_ptr<const PdfFile> made(new PdfFile(file));
+  struct stat told{};
+  return fstat(file, &told) == 0 && S_ISREG(told.st_mode) ? made : nullptr;
 }
 
-PdfReading PdfFile::read() const {
-  const QByteArray all = QByteArray::fromStdString(told({"words"}));
-  QDataStream stream(all);
+PdfFile::~PdfFile() { close(file_); }
+
+PdfReading PdfFile::facts(const Demand& demand) const {
   PdfReading reading;
-  stream >> reading;
+  const bool well = askReader(file_, {"facts"}, demand, [&](QIODevice& answer) {
+    QDataStream stream(&answer);
+    stream >> reading;
+  });
+  return well ? reading : PdfReading{};
+}
+
+std::vector<PdfPage> PdfFile::pages(int from, int to, const Demand& demand) const {
+  return range<PdfPage>(file_, "pages", from, to, demand);
+}
+
+std::vector<PdfSight> PdfFile::sights(int from, int to, const Demand& demand) const {
+  return range<PdfSight>(file_, "sights", from, to, demand);
+}
+
+std::vector<QImage> PdfFile::sketches(int from, int to, const Demand& demand) const {
+  return range<QImage>(file_, "sketches", from, to, demand);
+}
+
+PdfReading PdfFile::read(const Demand& demand) const {
+  PdfReading reading = facts(demand);
+  if (reading.trouble != PdfTrouble::none) return reading;
+  std::vector<PdfPage> all;
+  std::size_t words = 0;
+  for (int from = 0; from < reading.count; from += kPagesAtOnce) {
+    const int to = std::min(reading.count, from + kPagesAtOnce);
+    for (PdfPage& page : pages(from, to, demand)) {
+      if (words >= kMostWords) page.words.clear();
+      words += page.words.size();
+      all.push_back(std::move(page));
+    }
+    if (std::ssize(all) < to) {
+      reading.trouble = PdfTrouble::damaged;
+      break;
+    }
+  }
+  reading.pages = std::move(all);
   return reading;
 }
 
-std::string PdfFile::picture(int page, QSize pixels) const {
-  std::string jpeg = told({"picture", std::to_string(page), std::to_string(pixels.width()),
-                           std::to_string(pixels.height())});
-  return jpeg.empty() ? excuse(pixels) : jpeg;
+PdfPicture PdfFile::drawn(int page, QSize pixels, const Demand& demand) const {
+  PdfPicture picture;
+  picture.drawn = askReader(file_,
+                            {"picture", std::to_string(page), std::to_string(pixels.width()),
+                             std::to_string(pixels.height())},
+                            demand, [&](QIODevice& answer) {
+                              picture.jpeg = answer.read(kMostOfAPicture).toStdString();
+                            });
+  picture.drawn = picture.drawn && !picture.jpeg.empty();
+  if (picture.drawn) return picture;
+  return {demand.stop.stop_requested() ? std::string() : excuse(pixels), false};
 }
 
-std::vector<QImage> PdfFile::sketches() const {
-  const QByteArray all = QByteArray::fromStdString(told({"sketches"}));
-  QDataStream stream(all);
-  std::vector<QImage> pages;
-  while (!stream.atEnd()) {
-    QImage page;
-    stream >> page;
-    if (stream.status() != QDataStream::Ok || page.format() != QImage::Format_Grayscale8) break;
-    pages.push_back(std::move(page));
-  }
-  return pages;
+std::size_t PdfFile::size() const {
+  struct stat told{};
+  return fstat(file_, &told) == 0 ? static_cast<std::size_t>(told.st_size) : 0;
 }
 
-std::string PdfFile::bytes() const {
-  std::string all;
-  std::array<char, 65536> piece{};
-  for (off_t at = 0; const ssize_t got = pread(file_, piece.data(), piece.size(), at); at += got) {
-    if (got < 0) break;
-    all.append(piece.data(), static_cast<std::size_t>(got));
+std::string PdfFile::piece(std::size_t from, std::size_t most) const {
+  std::string all(std::min(most, size() - std::min(from, size())), '\0');
+  std::size_t done = 0;
+  while (done < all.size()) {
+    const ssize_t got =
+        pread(file_, all.data() + done, all.size() - done, static_cast<off_t>(from + done));
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    done += static_cast<std::size_t>(got);
   }
+  all.resize(done);
   return all;
+}
+
+std::string PdfFile::bytes() const { return piece(0, std::numeric_limits<std::size_t>::max()); }
+
+std::string PdfFile::tag() const {
+  struct stat told{};
+  if (fstat(file_, &told) != 0) return {};
+  return std::to_string(told.st_dev) + ":" + std::to_string(told.st_ino) + ":" +
+         std::to_string(told.st_size) + ":" + std::to_string(told.st_mtim.tv_sec) + "." +
+         std::to_string(told.st_mtim.tv_nsec);
 }
 
 QSize pixelsWithin(const PdfPage& page, int width, int height) {

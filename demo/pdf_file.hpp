@@ -1,5 +1,5 @@
-// A PDF that was uploaded. A program of its own reads it, within bounds of memory and time, so a
-// PDF that brings its reader down fails by itself.
+// A PDF that was uploaded, or lies on the disk. A program of its own reads it, within bounds of
+// memory and time, so a PDF that brings its reader down fails by itself.
 #pragma once
 
 #include <QImage>
@@ -10,29 +10,54 @@
 #include <vector>
 
 #include "pdf_reading.hpp"
+#include "pdf_turns.hpp"
 
 namespace vellix::demo {
+
+// A page's picture as JPEG bytes; where the page cannot be drawn, one that says so, and none at all
+// when it is no longer wanted.
+struct PdfPicture {
+  std::string jpeg;
+  bool drawn = false;
+};
 
 class PdfFile {
  public:
   // Null when there is no room for it.
   static std::shared_ptr<const PdfFile> of(std::string_view bytes);
+  // A file of the disk's, which is kept open; null when it cannot be opened.
+  static std::shared_ptr<const PdfFile> at(const std::string& path);
   ~PdfFile();
   PdfFile(const PdfFile&) = delete;
   PdfFile& operator=(const PdfFile&) = delete;
 
-  // These wait for the reader, and for their turn: two read at a time. Any thread.
-  PdfReading read() const;
-  // As JPEG; where the page cannot be drawn, a picture that says so.
-  std::string picture(int page, QSize pixels) const;
-  // The pages in grey, small, from the first on; it ends before the last where
-  // drawing them takes too long.
-  std::vector<QImage> sketches() const;
+  // These wait for the reader and for their turn, in the order of their urgency. Any thread. What
+  // is no longer wanted ends soon, with what there is until then.
+
+  // The pages without their words, which takes a moment even for many.
+  PdfReading facts(const Demand& demand = {Urgency::checked}) const;
+  // Pages from `from` until before `to`, with everything; they end before the first that cannot be
+  // read.
+  std::vector<PdfPage> pages(int from, int to, const Demand& demand = {Urgency::checked}) const;
+  std::vector<PdfSight> sights(int from, int to, const Demand& demand = {Urgency::checked}) const;
+  // All of it; a page that cannot be read makes it damaged.
+  PdfReading read(const Demand& demand = {Urgency::checked}) const;
+  PdfPicture drawn(int page, QSize pixels, const Demand& demand = {}) const;
+  std::string picture(int page, QSize pixels) const { return drawn(page, pixels).jpeg; }
+  // The pages in grey, small; they end before the last where drawing them takes too long.
+  std::vector<QImage> sketches(int from = 0, int to = kMostPdfPages,
+                               const Demand& demand = {Urgency::checked}) const;
+
+  // In bytes.
+  std::size_t size() const;
+  // So many bytes of the file from there on, fewer at its end.
+  std::string piece(std::size_t from, std::size_t most) const;
   std::string bytes() const;
+  // The same for one file that nobody wrote to meanwhile, another for any other.
+  std::string tag() const;
 
  private:
   explicit PdfFile(int file) : file_(file) {}
-  std::string told(std::vector<std::string> arguments) const;
 
   int file_;
 };

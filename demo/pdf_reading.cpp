@@ -1,34 +1,139 @@
 #include "pdf_reading.hpp"
 
-namespace vellix::demo {
+#include <algorithm>
 
-QDataStream& operator<<(QDataStream& stream, const PdfReading& reading) {
-  stream << static_cast<qint32>(reading.trouble) << static_cast<qint32>(reading.count)
-         << static_cast<qint32>(reading.pages.size());
-  for (const PdfPage& page : reading.pages) {
-    stream << page.width << page.height << static_cast<qint32>(page.words.size());
-    for (const PdfWord& word : page.words) stream << word.text << word.box;
+namespace vellix::demo {
+namespace {
+
+QDataStream& operator<<(QDataStream& stream, const PdfBarcode& code) {
+  return stream << code.kind << code.digits << code.box;
+}
+
+QDataStream& operator>>(QDataStream& stream, PdfBarcode& code) {
+  return stream >> code.kind >> code.digits >> code.box;
+}
+
+// More than these makes no sense, whoever says so.
+constexpr qint32 kMostOfAnything = 1 << 20;
+
+// How many follow; 0 where the stream is broken.
+qint32 countIn(QDataStream& stream) {
+  qint32 count = 0;
+  stream >> count;
+  if (count < 0 || count > kMostOfAnything) stream.setStatus(QDataStream::ReadCorruptData);
+  return stream.status() == QDataStream::Ok ? count : 0;
+}
+
+template <class Entry>
+void tell(QDataStream& stream, const std::vector<Entry>& entries) {
+  stream << static_cast<qint32>(entries.size());
+  for (const Entry& entry : entries) stream << entry;
+}
+
+template <class Entry>
+void take(QDataStream& stream, std::vector<Entry>& entries) {
+  const qint32 count = countIn(stream);
+  for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+    stream >> entries.emplace_back();
+  }
+}
+
+}  // namespace
+
+QDataStream& operator<<(QDataStream& stream, const PdfPage& page) {
+  stream << page.width << page.height << page.trim << page.bleed;
+  tell(stream, page.inks);
+  // Each name once, so that a whole book's words share a few.
+  std::vector<QString> fonts;
+  std::vector<qint32> places;
+  for (const PdfWord& word : page.words) {
+    const auto found = std::ranges::find(fonts, word.font);
+    places.push_back(static_cast<qint32>(found - fonts.begin()));
+    if (found == fonts.end()) fonts.push_back(word.font);
+  }
+  tell(stream, fonts);
+  stream << static_cast<qint32>(page.words.size());
+  for (std::size_t i = 0; i < page.words.size(); ++i) {
+    stream << page.words[i].text << page.words[i].box << page.words[i].size << places[i];
   }
   return stream;
 }
 
+QDataStream& operator>>(QDataStream& stream, PdfPage& page) {
+  page = {};
+  PdfPage read;
+  stream >> read.width >> read.height >> read.trim >> read.bleed;
+  take(stream, read.inks);
+  std::vector<QString> fonts;
+  take(stream, fonts);
+  const qint32 words = countIn(stream);
+  for (qint32 i = 0; i < words && stream.status() == QDataStream::Ok; ++i) {
+    PdfWord& word = read.words.emplace_back();
+    qint32 font = 0;
+    stream >> word.text >> word.box >> word.size >> font;
+    if (font < 0 || font >= std::ssize(fonts)) {
+      stream.setStatus(QDataStream::ReadCorruptData);
+    } else {
+      word.font = fonts[static_cast<std::size_t>(font)];
+    }
+  }
+  // What is not larger than nothing cannot be shown.
+  if (!(read.width > 0 && read.height > 0)) stream.setStatus(QDataStream::ReadCorruptData);
+  if (stream.status() == QDataStream::Ok) page = std::move(read);
+  return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const PdfReading& reading) {
+  stream << static_cast<qint32>(reading.trouble) << static_cast<qint32>(reading.count);
+  tell(stream, reading.pages);
+  return stream;
+}
+
 QDataStream& operator>>(QDataStream& stream, PdfReading& reading) {
+  reading = {};
   qint32 trouble = 0;
   qint32 count = 0;
-  qint32 pages = 0;
-  stream >> trouble >> count >> pages;
-  reading = {};
-  PdfReading read{static_cast<PdfTrouble>(trouble), count, {}};
-  for (qint32 i = 0; i < pages && stream.status() == QDataStream::Ok; ++i) {
-    PdfPage page;
-    qint32 words = 0;
-    stream >> page.width >> page.height >> words;
-    for (qint32 w = 0; w < words && stream.status() == QDataStream::Ok; ++w) {
-      stream >> page.words.emplace_back().text >> page.words.back().box;
-    }
-    read.pages.push_back(std::move(page));
+  stream >> trouble >> count;
+  if (trouble < 0 || trouble > static_cast<qint32>(PdfTrouble::tooLong)) {
+    stream.setStatus(QDataStream::ReadCorruptData);
   }
+  PdfReading read{static_cast<PdfTrouble>(trouble), count, {}};
+  take(stream, read.pages);
   if (stream.status() == QDataStream::Ok) reading = std::move(read);
+  return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const PdfSight& sight) {
+  stream << static_cast<qint32>(sight.picture.width())
+         << static_cast<qint32>(sight.picture.height());
+  for (int y = 0; y < sight.picture.height(); ++y) {
+    stream.writeRawData(reinterpret_cast<const char*>(sight.picture.constScanLine(y)),
+                        sight.picture.width() * 3);
+  }
+  tell(stream, sight.barcodes);
+  return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, PdfSight& sight) {
+  sight = {};
+  qint32 width = 0;
+  qint32 height = 0;
+  stream >> width >> height;
+  if (width <= 0 || height <= 0 || width > kMostSightPixels / height) {
+    stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
+  }
+  PdfSight read{QImage(width, height, QImage::Format_RGB888), {}};
+  if (read.picture.isNull()) stream.setStatus(QDataStream::ReadCorruptData);
+  for (int y = 0; y < read.picture.height(); ++y) {
+    char* row = reinterpret_cast<char*>(read.picture.scanLine(y));
+    if (stream.readRawData(row, width * 3) != width * 3) {
+      stream.setStatus(QDataStream::ReadPastEnd);
+      return stream;
+    }
+  }
+  take(stream, read.barcodes);
+  if (stream.status() == QDataStream::Ok) sight = std::move(read);
   return stream;
 }
 

@@ -39,6 +39,10 @@ struct PdfSight {
   std::vector<PdfBarcode> barcodes;
 };
 inline constexpr int kSightDots = 100;
+inline constexpr int kMostSightPixels = 3'000'000;
+
+// Pixels of the shorter side of a page's sketch: enough to tell one page from another.
+inline constexpr int kSketchSide = 128;
 
 enum class PdfTrouble { none, damaged, locked, empty, tooLong };
 
@@ -51,8 +55,13 @@ struct PdfReading {
   std::vector<PdfPage> pages;
 };
 
+// What is cut short or makes no sense reads as nothing, a reading as damaged, and leaves the stream
+// broken.
+QDataStream& operator<<(QDataStream& stream, const PdfPage& page);
+QDataStream& operator>>(QDataStream& stream, PdfPage& page);
 QDataStream& operator<<(QDataStream& stream, const PdfReading& reading);
-// What is cut short or makes no sense reads as damaged.
 QDataStream& operator>>(QDataStream& stream, PdfReading& reading);
+QDataStream& operator<<(QDataStream& stream, const PdfSight& sight);
+QDataStream& operator>>(QDataStream& stream, PdfSight& sight);
 
 }  // namespace vellix::demo

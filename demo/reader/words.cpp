@@ -1,0 +1,58 @@
+#include "reader/words.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace vellix::demo {
+namespace {
+
+constexpr std::size_t kMostWordsOfAPage = 40'000;
+constexpr std::size_t kSubsetMark = 6;
+
+// Without what marks a subset, "ABCDEF+", which every program makes up anew.
+QString fontName(std::string_view name) {
+  const auto isCapital = [](char letter) { return letter >= 'A' && letter <= 'Z'; };
+  if (name.size() > kSubsetMark && name[kSubsetMark] == '+' &&
+      std::ranges::all_of(name.substr(0, kSubsetMark), isCapital)) {
+    name.remove_prefix(kSubsetMark + 1);
+  }
+  const auto size = static_cast<qsizetype>(name.size());
+  const QString text = QString::fromUtf8(name.data(), size);
+  // Names may be written in anything; the same bytes read the same at least.
+  return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(name.data(), size) : text;
+}
+
+}  // namespace
+
+std::vector<PdfWord> wordsOf(const poppler::page& page, QSizeF size) {
+  const QRectF whole(0, 0, 1, 1);
+  const auto rounded = [](double value) { return std::round(value * 1e5) / 1e5; };
+  std::vector<PdfWord> words;
+  for (const auto& box : page.text_list(poppler::page::text_list_include_font)) {
+    if (words.size() >= kMostWordsOfAPage) break;
+    const auto utf8 = box.text().to_utf8();
+    // Letters that were joined into one are letters again, so that a word reads the same however
+    // it was set.
+    QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()))
+                       .normalized(QString::NormalizationForm_KC)
+                       .trimmed();
+    text.remove(QChar(0xAD));
+    const auto at = box.bbox();
+    const QRectF place = QRectF(at.x() / size.width(), at.y() / size.height(),
+                                at.width() / size.width(), at.height() / size.height())
+                             .normalized()
+                             .intersected(whole);
+    if (text.isEmpty() || place.isEmpty()) continue;  // what was cut off is not on the page
+    PdfWord word{text, QRectF(QPointF(rounded(place.left()), rounded(place.top())),
+                              QPointF(rounded(place.right()), rounded(place.bottom())))};
+    if (box.has_font_info()) {
+      word.font = fontName(box.get_font_name());
+      word.size = std::round(std::abs(box.get_font_size()) * 100) / 100;
+    }
+    words.push_back(std::move(word));
+  }
+  return words;
+}
+
+}  // namespace vellix::demo
