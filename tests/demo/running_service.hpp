@@ -8,13 +8,17 @@
 
 #include <array>
 #include <cstdio>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace vellix::demo_tests {
 
 class RunningService {
  public:
-  RunningService() {
+  // `more` goes behind the usual arguments; `inChild` is called ahead of the service's start.
+  explicit RunningService(
+      std::vector<std::string> more = {}, const std::function<void()>& inChild = [] {}) {
     std::array<int, 2> in{};
     std::array<int, 2> out{};
     if (pipe(in.data()) != 0 || pipe(out.data()) != 0) return;
@@ -23,8 +27,13 @@ class RunningService {
       dup2(in[0], STDIN_FILENO);
       dup2(out[1], STDOUT_FILENO);
       for (const int end : {in[0], in[1], out[0], out[1]}) close(end);
-      execl(DEMO_SERVICE, DEMO_SERVICE, "--no-colleague", "--until-stdin-closes", "--pace", "0.02",
-            static_cast<char*>(nullptr));
+      inChild();
+      more.insert(more.begin(),
+                  {DEMO_SERVICE, "--no-colleague", "--until-stdin-closes", "--pace", "0.02"});
+      std::vector<char*> words;
+      for (std::string& word : more) words.push_back(word.data());
+      words.push_back(nullptr);
+      execv(DEMO_SERVICE, words.data());
       _exit(127);
     }
     close(in[0]);
@@ -44,6 +53,14 @@ class RunningService {
 
   const std::string& announced() const { return announced_; }
   int port() const { return port_; }
+
+  pid_t pid() const { return child_; }
+
+  // As a crash would, in the middle of whatever it does.
+  void kill() {
+    if (child_ > 0) ::kill(child_, SIGKILL);
+    (void)end();
+  }
 
   // Closes its standard input and waits; its exit status, or -1.
   int end() {
