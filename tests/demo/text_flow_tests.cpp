@@ -1,0 +1,166 @@
+#include "check/text_flow.hpp"
+
+#include <gtest/gtest.h>
+
+#include "check/text_check.hpp"
+#include "set_pages.hpp"
+
+namespace vellix::demo {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using Pages = std::vector<PdfPage>;
+
+std::vector<Finding> found(const Pages& proof, const Pages& reference) {
+  const Partners partners = asTheyStand(proof.size(), reference.size());
+  return textFindings({proof, reference, partners, "submitted", "our file"});
+}
+
+std::string told(const Pages& proof, const Pages& reference) {
+  std::string text;
+  for (const Finding& finding : found(proof, reference)) {
+    text += finding.kind + " p" + std::to_string(finding.page + 1) + " " + finding.title + "\n";
+  }
+  return text;
+}
+
+// The same words, whatever breaks.
+bool sameWords(const Pages& proof, const Pages& reference) {
+  return told(proof, reference).find("words p") == std::string::npos;
+}
+
+TEST(TextFlow, PutsBrokenWordsTogether) {
+  const Pages whole{setPage({u"this is an example of a well-known thing"_s})};
+  EXPECT_TRUE(sameWords({setPage({u"this is an exam-"_s, u"ple of a well-known thing"_s})}, whole));
+  EXPECT_TRUE(
+      sameWords({setPage({u"this is an exam\u2010"_s, u"ple of a well-known thing"_s})}, whole));
+  EXPECT_TRUE(
+      sameWords({setPage({u"this is an exam\u00AD"_s, u"ple of a well-known thing"_s})}, whole));
+  EXPECT_TRUE(sameWords({setPage({u"this is an example of a well-"_s, u"known thing"_s})}, whole));
+  EXPECT_TRUE(
+      sameWords(whole, {setPage({u"this is an exam-"_s, u"ple of a well-"_s, u"known thing"_s})}));
+  EXPECT_TRUE(
+      sameWords({setPage({u"this is an exam-"_s}), setPage({u"ple of a well-known thing"_s})},
+                {whole[0], setPage({})}) == false)
+      << "a page that says nothing";
+}
+
+TEST(TextFlow, CallsABreakWithinAWordABreak) {
+  const Pages whole{setPage({u"this is an"_s, u"example of a thing"_s})};
+  EXPECT_EQ(told({setPage({u"this is an exam-"_s, u"ple of a thing"_s})}, whole),
+            "breaks p1 Lines break elsewhere\n");
+}
+
+TEST(TextFlow, MindsHyphensThatNoLineEnds) {
+  const Pages whole{setPage({u"this is a well-known thing"_s, u"to all of us"_s})};
+  EXPECT_FALSE(sameWords({setPage({u"this is a wellknown thing"_s, u"to all of us"_s})}, whole));
+  EXPECT_FALSE(sameWords({setPage({u"this is a well known thing"_s, u"to all of us"_s})}, whole));
+}
+
+TEST(TextFlow, BoxesBothPartsOfABrokenWord) {
+  const Pages ours{setPage({u"this is an exam-"_s, u"ple of a thing to come"_s})};
+  Pages proof = ours;
+  proof[0].words[4].text = u"pel"_s;
+  const auto findings = found(proof, ours);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(*findings[0].boxes,
+            (std::vector{asBox(proof[0].words[3].box), asBox(proof[0].words[4].box)}));
+  EXPECT_EQ(findings[0].detail, "It reads “exampel” where our file reads “example”.");
+}
+
+TEST(TextFlow, KeepsAHyphenThatHangsApart) {
+  const Pages one{setPage({u"both pre- and post-war houses"_s})};
+  EXPECT_TRUE(sameWords({setPage({u"both pre-"_s, u"and post-war houses"_s})}, one));
+  EXPECT_TRUE(sameWords({setPage({u"both pre- and post-"_s, u"war houses"_s})}, one));
+}
+
+TEST(TextFlow, LetsALineEndBehindADash) {
+  const Pages one{setPage({u"the sea—grey and wide—lay there"_s})};
+  EXPECT_TRUE(sameWords({setPage({u"the sea—"_s, u"grey and wide—lay there"_s})}, one));
+  EXPECT_FALSE(sameWords({setPage({u"the sea grey and wide—lay there"_s})}, one));
+  const Pages two{setPage({u"of the house there"_s})};
+  EXPECT_FALSE(sameWords({setPage({u"of thehouse there"_s})}, two)) << "a space is missing";
+}
+
+TEST(TextFlow, DoesNotMindAFormulaWhoseSpacesWereSqueezed) {
+  PdfPage wide = setPage({u"so that"_s, u"a + b"_s, u"is small"_s});
+  PdfPage narrow = setPage({u"so that"_s, u"a+b"_s, u"is small"_s});
+  narrow.words[2].box = QRectF(wide.words[2].box.topLeft(),
+                               wide.words[4].box.bottomRight() - QPointF(1 / kPageWidth, 0));
+  EXPECT_TRUE(sameWords({narrow}, {wide}));
+}
+
+// A book whose pages have a head and a folio.
+Pages book(int pages, int first, const QString& head = u"The Salt Road"_s, int words = 250) {
+  Pages all;
+  for (int i = 0; i < pages; ++i) {
+    PdfPage page = setText(ownWords(words, 1000 + 500 * i))[0];
+    setLine(page, head, 60, 40);
+    setLine(page, QString::number(first + i), 245, 660);
+    all.push_back(page);
+  }
+  return all;
+}
+
+TEST(TextFlow, ComparesHeadsAndFoliosPageByPage) {
+  const Pages ours = book(6, 1);
+  Pages proof = ours;
+  EXPECT_EQ(told(proof, ours), "");
+  const std::size_t head = proof[2].words.size() - 3;
+  proof[2].words[head].text = u"Malt"_s;
+  const auto findings = found(proof, ours);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].page, 2);
+  EXPECT_EQ(findings[0].box, asBox(proof[2].words[head].box));
+}
+
+TEST(TextFlow, DoesNotBreakTheTextAtHeads) {
+  Pages ours;
+  Pages proof;
+  for (const int lines : {30, 26}) {
+    Pages& pages = lines == 30 ? ours : proof;
+    pages = setText(ownWords(1100), 60, lines);
+    pages.resize(5, setPage({}));
+    for (int i = 0; i < 5; ++i) {
+      setLine(pages[static_cast<std::size_t>(i)], u"The Salt Road"_s, 60, 40);
+      setLine(pages[static_cast<std::size_t>(i)], QString::number(i + 1), 245, 660);
+    }
+  }
+  proof[4].words.erase(proof[4].words.begin(), proof[4].words.end());
+  ours[4] = proof[4];
+  const std::string all = told(proof, ours);
+  EXPECT_EQ(all.find("came in"), std::string::npos) << all;
+}
+
+TEST(TextFlow, LetsFoliosCountOnWherePagesStandFurtherOn) {
+  const Pages ours = book(6, 1);
+  Pages proof = book(7, 1);
+  for (std::size_t i = 3; i < 7; ++i) {
+    const PdfWord folio = proof[i].words.back();
+    proof[i] = ours[i - 1];
+    proof[i].words.back() = folio;
+  }
+  proof[2].words[0].text = u"new"_s;
+  Partners partners(7);
+  for (std::size_t i = 0; i < 7; ++i) {
+    if (i != 2) partners[i] = Partner{i < 2 ? i : i - 1, 1};
+  }
+  EXPECT_TRUE(textFindings({proof, ours, partners, "submitted", "our file"}).empty());
+}
+
+TEST(TextFlow, TellsWhatHeadsHaveInCommonOnce) {
+  const Pages ours = book(6, 1);
+  auto findings = found(book(6, 8), ours);
+  ASSERT_EQ(findings.size(), 1U) << "all folios are off by as much";
+  EXPECT_EQ(findings[0].detail, "It reads “8” where our file reads “1”. So it is on 5 pages more.");
+  EXPECT_EQ(found(book(6, 1, u"The Malt Road"_s), ours).size(), 1U);
+  Pages proof = ours;
+  proof[4].words.back().text = u"50"_s;
+  findings = found(proof, ours);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].page, 4);
+}
+
+}  // namespace
+}  // namespace vellix::demo
