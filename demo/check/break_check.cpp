@@ -11,7 +11,6 @@ namespace {
 
 // Breaks further apart than that have nothing to do with each other.
 constexpr std::size_t kWordsOfALine = 24;
-constexpr std::size_t kMostMarked = 12;
 
 // A word in front of which, or within which, a line ends on one side only.
 struct MovedBreak {
@@ -81,27 +80,10 @@ class Breaks {
     return at != changes_.end() && *at <= moved.back().word + kWordsOfALine;
   }
 
-  // Words that stand on another line than before: from where one of the two ends its line to where
-  // the other does.
-  std::vector<std::size_t> movedWords(std::span<const MovedBreak> moved) const {
-    std::vector<std::size_t> words;
-    for (std::size_t i = 0; i < moved.size() && words.size() < kMostMarked; ++i) {
-      const MovedBreak& one = moved[i];
-      const bool pairs = i + 1 < moved.size() && moved[i + 1].inProof != one.inProof;
-      if (pairs && moved[i + 1].word > one.word) {
-        for (std::size_t word = one.word; word < moved[i + 1].word; ++word) words.push_back(word);
-        if (moved[i + 1].within) words.push_back(moved[i + 1].word);
-        ++i;
-      } else {
-        if (!one.within && words.empty()) words.push_back(one.word - 1);
-        words.push_back(one.word);
-      }
-    }
-    return words;
-  }
-
   void tell(std::span<const MovedBreak> moved) {
-    const MovedBreak& first = moved.front();
+    // Where a line of the proof ends there is more to see than where one no longer does.
+    const auto ends = std::ranges::find(moved, true, &MovedBreak::inProof);
+    const MovedBreak& first = ends != moved.end() ? *ends : moved.front();
     const bool follows = changedAround(moved);
     Finding finding = findingOn(pageOf(first), pair_, "breaks", follows ? "low" : "medium");
     finding.title = moved.size() == 1 ? "A line breaks elsewhere" : "Lines break elsewhere";
@@ -114,7 +96,8 @@ class Breaks {
     const auto old = around(other, other + 1, 0, flows_.reference.size());
     finding.before = brokenPhraseOf(flows_.reference, old.from, old.to);
     finding.after = brokenPhraseOf(flows_.proof, now.from, now.to);
-    mark(finding, pair_, flows_, movedWords(moved), {other});
+    const std::size_t from = first.within ? first.word : first.word - 1;
+    mark(finding, pair_, flows_, wordsFrom(from, first.word + 1), {other});
     findings_.push_back(std::move(finding));
   }
 

@@ -85,7 +85,7 @@ TEST(FontCheck, TellsAScaleOnce) {
   EXPECT_EQ(findings[1].title, "A word is in another size");
 }
 
-TEST(BreakCheck, MarksWhatStandsOnAnotherLine) {
+TEST(BreakCheck, MarksTheWordsAroundANewEndOfALine) {
   const Pages ours{setPage({u"one two three"_s, u"four five six"_s, u"seven eight"_s})};
   const Pages proof{setPage({u"one two"_s, u"three four five six"_s, u"seven eight"_s})};
   const auto findings = found(proof, ours);
@@ -96,7 +96,8 @@ TEST(BreakCheck, MarksWhatStandsOnAnotherLine) {
   EXPECT_EQ(findings[0].detail, "2 breaks differ from our file. The first is at “three”.");
   EXPECT_EQ(findings[0].before, "one two three / four five");
   EXPECT_EQ(findings[0].after, "one two / three four five");
-  EXPECT_EQ(findings[0].box, asBox(proof[0].words[2].box));
+  EXPECT_EQ(*findings[0].boxes,
+            (Boxes{asBox(proof[0].words[1].box), asBox(proof[0].words[2].box)}));
   EXPECT_EQ(findings[0].ref_box, asBox(ours[0].words[2].box));
 }
 
