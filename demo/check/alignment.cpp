@@ -26,7 +26,7 @@ QImage greyOf(const QImage& picture) {
   for (int y = 0; y < picture.height(); ++y) {
     const uchar* __restrict from = picture.constScanLine(y);
     uchar* __restrict to = grey.scanLine(y);
-    for (int x = 0; x < width; ++x) {
+    for (std::ptrdiff_t x = 0; x < width; ++x) {
       to[x] = static_cast<uchar>((from[3 * x] + 2U * from[3 * x + 1] + from[3 * x + 2]) >> 2U);
     }
   }
@@ -69,10 +69,11 @@ int shiftOf(const std::vector<double>& first, const std::vector<double>& second,
     const int from = std::max(0, -shift);
     const int to = std::min(n, m - shift);
     if (to - from < n / 2) continue;
+    const auto at = static_cast<std::size_t>(std::max(0, shift));
     double sum = 0;
     for (int i = from; i < to; ++i) {
       sum += std::abs(first[static_cast<std::size_t>(i)] -
-                      second[static_cast<std::size_t>(i + shift)]);
+                      second[at + static_cast<std::size_t>(i - from)]);
     }
     sum /= to - from;
     if (least >= 0 && sum >= least * kBetter) continue;

@@ -70,8 +70,8 @@ std::vector<std::vector<std::size_t>> together(const std::vector<bool>& cells, i
 }
 
 std::vector<Area> areasOf(const Difference& difference) {
-  std::vector<bool> cells;
-  for (std::size_t i = 0; i < difference.plain.size(); ++i) cells.push_back(difference.differs(i));
+  std::vector<bool> cells(difference.plain.size());
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = difference.differs(i);
   std::vector<Area> areas;
   for (const auto& group : together(cells, difference.columns, kReach)) {
     int pixels = 0;

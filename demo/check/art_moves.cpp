@@ -33,8 +33,7 @@ std::vector<Piece> piecesOf(const ArtPage& page, const Difference& difference) {
   std::vector<int> ink(difference.plain.size(), 0);
   std::vector<bool> cells(difference.plain.size(), false);
   const auto isInk = [&](int x, int y) {
-    return page.words.constScanLine(y)[x] == 0 &&
-           away(page.picture.constScanLine(y) + 3 * x, ground) > kInk;
+    return page.words.constScanLine(y)[x] == 0 && away(pixelAt(page.picture, x, y), ground) > kInk;
   };
   for (int y = 0; y < page.picture.height(); ++y) {
     for (int x = 0; x < page.picture.width(); ++x) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -36,8 +37,9 @@ std::vector<Match> matched(const std::vector<PdfBarcode>& proof,
   std::vector<Match> matches;
   std::vector<const PdfBarcode*> now;
   std::vector<const PdfBarcode*> then;
-  for (const PdfBarcode& code : proof) now.push_back(&code);
-  for (const PdfBarcode& code : reference) then.push_back(&code);
+  const auto addressOf = [](const PdfBarcode& code) { return &code; };
+  std::ranges::transform(proof, std::back_inserter(now), addressOf);
+  std::ranges::transform(reference, std::back_inserter(then), addressOf);
   const auto match = [&](auto fit) {
     std::erase_if(now, [&](const PdfBarcode* code) {
       const auto other =

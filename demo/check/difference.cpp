@@ -37,11 +37,11 @@ std::vector<uchar> meansOf(const QImage& picture, int columns, int rows) {
       add(picture.constScanLine(y), sums.data(), static_cast<std::size_t>(width) * 3);
     }
     const unsigned short* from = sums.data();
-    for (int column = 0; column < columns; ++column, from += 3 * kCell) {
+    for (int column = 0; column < columns; ++column, from += std::ptrdiff_t{3} * kCell) {
       const int pixels = std::min(kCell, width - column * kCell) * (to - row * kCell);
       for (int channel = 0; channel < 3; ++channel) {
         int sum = 0;
-        for (int x = 0; x < kCell; ++x) sum += from[3 * x + channel];
+        for (std::ptrdiff_t x = 0; x < kCell; ++x) sum += from[3 * x + channel];
         *mean++ =
             static_cast<uchar>(pixels == kCell * kCell ? sum / (kCell * kCell) : sum / pixels);
       }
@@ -75,9 +75,10 @@ bool faintly(const std::vector<uchar>& one, const std::vector<uchar>& other, con
 
 std::vector<bool> rowsAlike(const QImage& one, const QImage& other) {
   const auto bytes = static_cast<std::size_t>(one.width()) * 3;
-  std::vector<bool> alike;
+  std::vector<bool> alike(static_cast<std::size_t>(one.height()));
   for (int y = 0; y < one.height(); ++y) {
-    alike.push_back(std::memcmp(one.constScanLine(y), other.constScanLine(y), bytes) == 0);
+    alike[static_cast<std::size_t>(y)] =
+        std::memcmp(one.constScanLine(y), other.constScanLine(y), bytes) == 0;
   }
   return alike;
 }
@@ -124,13 +125,13 @@ void compareFaintly(const QImage& one, const QImage& other, const QImage& ignore
     const int to = std::min(ignored.height(), (row + 1) * kCell);
     const int wide = std::min(kCell, ignored.width() - column * kCell);
     for (int y = row * kCell; y < to; ++y) {
-      const uchar* line = ignored.constScanLine(y) + column * kCell;
+      const uchar* line = ignored.constScanLine(y) + std::ptrdiff_t{kCell} * column;
       if (std::any_of(line, line + wide, [](uchar pixel) { return pixel != 0; })) return true;
     }
     return false;
   };
   for (int row = 0; row < made.rows; ++row) {
-    const auto from = alike.begin() + row * kCell;
+    const auto from = alike.begin() + std::ptrdiff_t{kCell} * row;
     const auto to = alike.begin() + std::min(one.height(), (row + 1) * kCell);
     if (std::find(from, to, false) == to) continue;
     for (int column = 0; column < made.columns; ++column) {

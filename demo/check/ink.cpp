@@ -40,9 +40,8 @@ QRgb groundOf(const QImage& picture) {
   };
   std::map<int, Shades> coarse;
   for (int y = kEvery / 2; y < picture.height(); y += kEvery) {
-    const uchar* line = picture.constScanLine(y);
     for (int x = kEvery / 2; x < picture.width(); x += kEvery) {
-      const uchar* pixel = line + 3 * x;
+      const uchar* pixel = pixelAt(picture, x, y);
       Shades& like = coarse[(pixel[0] >> 4) << 8 | (pixel[1] >> 4) << 4 | pixel[2] >> 4];
       ++like.count;
       for (std::size_t i = 0; i < 3; ++i) like.sum[i] += pixel[i];
@@ -59,7 +58,7 @@ QRgb groundAround(const QImage& picture, const QRect& place) {
   std::array<std::vector<uchar>, 3> channels;
   const auto take = [&](int x, int y) {
     if (!picture.rect().contains(x, y)) return;
-    const uchar* pixel = picture.constScanLine(y) + 3 * x;
+    const uchar* pixel = pixelAt(picture, x, y);
     for (std::size_t i = 0; i < 3; ++i) channels[i].push_back(pixel[i]);
   };
   const auto walk = [&](const QRect& frame) {
@@ -82,12 +81,10 @@ double edgesIn(const QImage& picture, const QRect& place) {
   if (inside.isEmpty()) return 0;
   double sum = 0;
   for (int y = inside.top(); y <= inside.bottom(); ++y) {
-    const uchar* line = picture.constScanLine(y);
-    const uchar* below = picture.constScanLine(y + 1);
     for (int x = inside.left(); x <= inside.right(); ++x) {
-      const double here = brightness(line + 3 * x);
-      sum += std::abs(here - brightness(line + 3 * x + 3));
-      sum += std::abs(here - brightness(below + 3 * x));
+      const double here = brightness(pixelAt(picture, x, y));
+      sum += std::abs(here - brightness(pixelAt(picture, x + 1, y)));
+      sum += std::abs(here - brightness(pixelAt(picture, x, y + 1)));
     }
   }
   return sum / (static_cast<double>(inside.width()) * inside.height());
@@ -102,8 +99,8 @@ double likenessIn(const QImage& one, const QImage& other, const QRect& place) {
   double ab = 0;
   for (int y = inside.top(); y <= inside.bottom(); ++y) {
     for (int x = inside.left(); x <= inside.right(); ++x) {
-      const double first = brightness(one.constScanLine(y) + 3 * x);
-      const double second = brightness(other.constScanLine(y) + 3 * x);
+      const double first = brightness(pixelAt(one, x, y));
+      const double second = brightness(pixelAt(other, x, y));
       a += first;
       b += second;
       aa += first * first;

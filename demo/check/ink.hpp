@@ -3,8 +3,14 @@
 
 #include <QColor>
 #include <QImage>
+#include <cstddef>
 
 namespace vellix::demo {
+
+// The three bytes of a pixel within the picture, which is RGB888.
+inline const uchar* pixelAt(const QImage& picture, int x, int y) {
+  return picture.constScanLine(y) + std::ptrdiff_t{3} * x;
+}
 
 // How far a colour is from another: the most of its three channels, 0 to 255.
 int away(const uchar* pixel, QRgb from);

@@ -89,8 +89,7 @@ Finding hidden(const Pages& pages, const std::vector<const SameWord*>& words) {
   const std::string what = one ? "A word" : lines == 1 ? "A line" : counted(lines, "", "lines");
   const QRgb before = groundAround(pages.reference, then.toAlignedRect());
   const QRect middle(then.toAlignedRect().center(), QSize(1, 1));
-  const bool drawnOver =
-      away(pages.overlay.proof.constScanLine(middle.y()) + 3 * middle.x(), before) > kInk;
+  const bool drawnOver = away(pixelAt(pages.overlay.proof, middle.x(), middle.y()), before) > kInk;
   const bool single = one || lines == 1;
   return finding(pages, "hidden", "high",
                  what + (!drawnOver ? " cannot be seen"
@@ -122,8 +121,7 @@ Drawn drawnIn(const Pages& pages, const Area& area) {
                                     groundAround(*pictures[1], area.place)};
   for (int y = area.place.top(); y <= area.place.bottom(); ++y) {
     for (int x = area.place.left(); x <= area.place.right(); ++x) {
-      const uchar* at[] = {pictures[0]->constScanLine(y) + 3 * x,
-                           pictures[1]->constScanLine(y) + 3 * x};
+      const uchar* at[] = {pixelAt(*pictures[0], x, y), pixelAt(*pictures[1], x, y)};
       if (away(at[0], qRgb(at[1][0], at[1][1], at[1][2])) <= least) continue;
       ++count;
       for (std::size_t side = 0; side < 2; ++side) {
