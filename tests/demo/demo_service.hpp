@@ -14,18 +14,14 @@
 
 namespace vellix::demo_tests {
 
-class DemoService : public testing::Test {
+// Somebody who asks a service, and reads its answers with the client's own records.
+class Caller {
  protected:
-  static void SetUpTestSuite() { service_ = new RunningService; }
-  static void TearDownTestSuite() {
-    EXPECT_EQ(service_->end(), 0) << "it ends by itself when its standard input does";
-    delete service_;
-  }
-
-  void SetUp() override {
-    ASSERT_GT(service_->port(), 0) << service_->announced();
+  explicit Caller(int port) : client_("127.0.0.1", port) {
     client_.set_read_timeout(20);
     client_.set_write_timeout(20);
+  }
+  void signIn() {
     const auto answer =
         post("/api/login/exchange", R"({"code":"demo-renny","state":"","device":"test"})");
     ASSERT_TRUE(answer);
@@ -34,7 +30,6 @@ class DemoService : public testing::Test {
     EXPECT_EQ(signedIn->me.email, "renny@tessarine.example");
     token_ = signedIn->token;
   }
-  void TearDown() override { (void)post("/demo/faults", "[]"); }
 
   httplib::Headers headers(const std::string& etag = {}) const {
     httplib::Headers all;
@@ -71,9 +66,26 @@ class DemoService : public testing::Test {
     return false;
   }
 
-  inline static RunningService* service_ = nullptr;
-  httplib::Client client_{"127.0.0.1", service_->port()};
+  httplib::Client client_;
   std::string token_;
+};
+
+class DemoService : public testing::Test, protected Caller {
+ protected:
+  DemoService() : Caller(service_->port()) {}
+  static void SetUpTestSuite() { service_ = new RunningService; }
+  static void TearDownTestSuite() {
+    EXPECT_EQ(service_->end(), 0) << "it ends by itself when its standard input does";
+    delete service_;
+  }
+
+  void SetUp() override {
+    ASSERT_GT(service_->port(), 0) << service_->announced();
+    signIn();
+  }
+  void TearDown() override { (void)post("/demo/faults", "[]"); }
+
+  inline static RunningService* service_ = nullptr;
 };
 
 // Width and height out of a JPEG's frame header; zeros when there is none.
