@@ -27,8 +27,8 @@ Scanner scanner() {
     set(kind, zbar::ZBAR_CFG_ENABLE, 1);
   }
   set(zbar::ZBAR_NONE, zbar::ZBAR_CFG_POSITION, 1);
-  set(zbar::ZBAR_NONE, zbar::ZBAR_CFG_X_DENSITY, 2);
-  set(zbar::ZBAR_NONE, zbar::ZBAR_CFG_Y_DENSITY, 2);
+  set(zbar::ZBAR_NONE, zbar::ZBAR_CFG_X_DENSITY, 1);
+  set(zbar::ZBAR_NONE, zbar::ZBAR_CFG_Y_DENSITY, 1);
   return made;
 }
 

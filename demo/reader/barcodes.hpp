@@ -9,8 +9,8 @@
 namespace vellix::demo {
 
 // Their boxes are in pixels of the picture, which is grey, a byte a pixel. Only kinds that carry a
-// digit or more to check them by are told, since letters can look like the others. EAN codes are
-// read from two pixels for the thinnest bar.
+// digit or more to check them by are told, since letters can look like the others. The thinnest
+// bar should have three pixels.
 std::vector<PdfBarcode> barcodesIn(const QImage& grey);
 
 }  // namespace vellix::demo

@@ -6,19 +6,20 @@
 #include <algorithm>
 #include <cmath>
 
+#include "reader/barcode_places.hpp"
 #include "reader/barcodes.hpp"
 #include "reader/document.hpp"
 
 namespace vellix::demo {
 namespace {
 
-// Twice the picture's: an EAN at 80 % has bars of two pixels then.
-constexpr double kBarcodeDots = 2.0 * kSightDots;
-// What of a large page is searched at once, in pixels; what lies across two is in both.
-constexpr double kMostSearched = 4.0 * kMostSightPixels;
-constexpr double kOverlap = 2 * kBarcodeDots;
+// How much larger a page is drawn where barcodes are read: an EAN at 80 % has bars of three pixels
+// then.
+constexpr int kCloser = 3;
+// Two parts of a large page share so much, in pixels; it is more than a barcode has.
+constexpr double kOverlap = 2.0 * kSightDots;
 // Beyond that no page is searched: it is no sheet of paper.
-constexpr double kMostOfASheet = 120e6;
+constexpr double kMostOfASheet = 40e6;
 
 // The part of the page in `part`, where the whole page has so many pixels.
 QImage drawnPart(const poppler::page& page, QSizeF pixels, QRect part) {
@@ -54,11 +55,9 @@ QSize within(QSizeF pixels, double most) {
 
 QImage grey(const QImage& image) { return image.convertToFormat(QImage::Format_Grayscale8); }
 
-void add(std::vector<PdfBarcode>& codes, std::vector<PdfBarcode> more, QPointF at, QSizeF pixels) {
+// Joins what was found in two parts of the page.
+void add(std::vector<PdfBarcode>& codes, std::vector<PdfBarcode> more) {
   for (PdfBarcode& code : more) {
-    const QRectF box = code.box.translated(at);
-    code.box = QRectF(box.x() / pixels.width(), box.y() / pixels.height(),
-                      box.width() / pixels.width(), box.height() / pixels.height());
     const auto same = std::ranges::find_if(codes, [&](const PdfBarcode& known) {
       return known.kind == code.kind && known.digits == code.digits &&
              known.box.intersects(code.box);
@@ -71,16 +70,33 @@ void add(std::vector<PdfBarcode>& codes, std::vector<PdfBarcode> more, QPointF a
   }
 }
 
+// In the part of the page whose picture that is, where the whole page has `pixels`.
+void search(const poppler::page& page, QSizeF pixels, const QImage& picture, QPoint at,
+            std::vector<PdfBarcode>& codes) {
+  const QSizeF closer = pixels * kCloser;
+  for (const QRect& place : barcodePlaces(grey(picture))) {
+    const QRect part((place.topLeft() + at) * kCloser, place.size() * kCloser);
+    std::vector<PdfBarcode> found = barcodesIn(grey(drawnPart(page, closer, part)));
+    for (PdfBarcode& code : found) {
+      const QRectF box = code.box.translated(part.topLeft());
+      code.box = QRectF(box.x() / closer.width(), box.y() / closer.height(),
+                        box.width() / closer.width(), box.height() / closer.height());
+    }
+    add(codes, std::move(found));
+  }
+}
+
+// For a page whose picture is too coarse to tell where barcodes are.
 std::vector<PdfBarcode> barcodesOfLarge(const poppler::page& page, QSizeF pixels) {
   std::vector<PdfBarcode> codes;
   if (pixels.width() * pixels.height() > kMostOfASheet) return codes;
-  const double side = std::sqrt(kMostSearched);
+  const double side = std::sqrt(kMostSightPixels);
   for (double y = 0; y == 0 || y + kOverlap < pixels.height(); y += side - kOverlap) {
     for (double x = 0; x == 0 || x + kOverlap < pixels.width(); x += side - kOverlap) {
       const QRect part =
           QRectF(x, y, std::min(side, pixels.width() - x), std::min(side, pixels.height() - y))
               .toAlignedRect();
-      add(codes, barcodesIn(grey(drawnPart(page, pixels, part))), part.topLeft(), pixels);
+      search(page, pixels, drawnPart(page, pixels, part), part.topLeft(), codes);
     }
   }
   return codes;
@@ -107,19 +123,15 @@ QImage sketchOf(const poppler::page& page) {
 }
 
 PdfSight sightOf(const poppler::page& page) {
-  const QSizeF points = sizeOf(page);
-  const QSizeF whole = pixelsAt(points, kBarcodeDots);
-  const QSize picture = within(pixelsAt(points, kSightDots), kMostSightPixels);
-  if (whole.width() * whole.height() > kMostSearched) {
-    return {drawn(page, picture), barcodesOfLarge(page, whole)};
+  const QSizeF pixels = pixelsAt(sizeOf(page), kSightDots);
+  const QSize size = within(pixels, kMostSightPixels);
+  PdfSight sight{drawn(page, size), {}};
+  if (sight.picture.isNull()) return sight;
+  if (size == pixels.toSize()) {
+    search(page, pixels, sight.picture, {0, 0}, sight.barcodes);
+  } else {
+    sight.barcodes = barcodesOfLarge(page, pixels);
   }
-  // Drawn once for both.
-  const QImage large = drawn(page, whole.toSize());
-  if (large.isNull()) return {};
-  PdfSight sight{large.scaled(picture, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                     .convertToFormat(QImage::Format_RGB888),
-                 {}};
-  add(sight.barcodes, barcodesIn(grey(large)), {0, 0}, whole);
   return sight;
 }
 
