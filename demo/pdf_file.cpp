@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QImageWriter>
 #include <QPainter>
 #include <algorithm>
@@ -14,7 +15,6 @@
 #include <limits>
 
 #include "pdf_process.hpp"
-#include "typeset.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -30,7 +30,8 @@ std::string excuse(QSize pixels) {
   QImage image(pixels, QImage::Format_RGB32);
   image.fill(QColor(252, 249, 241));
   QPainter painter(&image);
-  QFont font = fontOf(Face::italic);
+  QFont font(QStringLiteral("EB Garamond"));
+  font.setItalic(true);
   font.setPixelSize(std::max(1, pixels.width() / 24));
   painter.setFont(font);
   painter.drawText(image.rect(), Qt::AlignCenter | Qt::TextWordWrap,
@@ -72,7 +73,12 @@ std::vector<Entry> range(int file, const char* what, int from, int to, const Dem
 std::shared_ptr<const PdfFile> PdfFile::of(std::string_view bytes) {
   const int file = memfd_create("revision", MFD_CLOEXEC);
   if (file < 0) return nullptr;
-  std::shared_ptr<const PdfFile> made(new PdfFile(file));
+  const std::shared_ptr<PdfFile> made(new PdfFile(file));
+  made->tag_ =
+      QCryptographicHash::hash(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())),
+                               QCryptographicHash::Sha256)
+          .toHex()
+          .toStdString();
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
@@ -86,9 +92,16 @@ std::shared_ptr<const PdfFile> PdfFile::at(const std::string& path) {
   // A pipe or a device of that name must hold up nobody.
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (file < 0) return nullptr;
-  std::shared_ptr<const PdfFile> made(new PdfFile(file));
+  const std::shared_ptr<PdfFile> made(new PdfFile(file));
   struct stat told{};
-  return fstat(file, &told) == 0 && S_ISREG(told.st_mode) ? made : nullptr;
+  if (fstat(file, &told) != 0 || !S_ISREG(told.st_mode)) return nullptr;
+  for (const auto number :
+       {static_cast<qint64>(told.st_dev), static_cast<qint64>(told.st_ino),
+        static_cast<qint64>(told.st_size), static_cast<qint64>(told.st_mtim.tv_sec),
+        static_cast<qint64>(told.st_mtim.tv_nsec)}) {
+    made->tag_ += std::to_string(number) + " ";
+  }
+  return made;
 }
 
 PdfFile::~PdfFile() { close(file_); }
@@ -168,14 +181,6 @@ std::string PdfFile::piece(std::size_t from, std::size_t most) const {
 }
 
 std::string PdfFile::bytes() const { return piece(0, std::numeric_limits<std::size_t>::max()); }
-
-std::string PdfFile::tag() const {
-  struct stat told{};
-  if (fstat(file_, &told) != 0) return {};
-  return std::to_string(told.st_dev) + ":" + std::to_string(told.st_ino) + ":" +
-         std::to_string(told.st_size) + ":" + std::to_string(told.st_mtim.tv_sec) + "." +
-         std::to_string(told.st_mtim.tv_nsec);
-}
 
 QSize pixelsWithin(const PdfPage& page, int width, int height) {
   const double scale = std::min(width / page.width, height / page.height);

@@ -53,13 +53,14 @@ class PdfFile {
   // So many bytes of the file from there on, fewer at its end.
   std::string piece(std::size_t from, std::size_t most) const;
   std::string bytes() const;
-  // The same for one file that nobody wrote to meanwhile, another for any other.
-  std::string tag() const;
+  // The same for one file that nobody wrote to meanwhile, and for the same bytes.
+  const std::string& tag() const { return tag_; }
 
  private:
   explicit PdfFile(int file) : file_(file) {}
 
   int file_;
+  std::string tag_;
 };
 
 // The pixels that a page of so many points is drawn in: 240 an inch, as the demo's own pages are,

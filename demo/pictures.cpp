@@ -1,63 +1,62 @@
 #include "pictures.hpp"
 
-#include <QBuffer>
-#include <QImageWriter>
-
-#include "paint.hpp"
+#include <utility>
 
 namespace vellix::demo {
-namespace {
 
-std::string jpegOf(const PageArt& page, int width) {
-  QImage image;
-  if (width == 0) {
-    image = paintPage(page, 1);
-  } else {
-    // Painted larger and then scaled down, so that small type turns into an even grey.
-    const double scale = static_cast<double>(width) / sizeOf(page).width();
-    image = paintPage(page, scale * 3).scaledToWidth(width, Qt::SmoothTransformation);
-  }
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  QImageWriter writer(&buffer, "jpeg");
-  writer.setQuality(width == 0 ? 90 : 86);
-  if (!writer.write(image)) return {};
-  return bytes.toStdString();
+bool Pictures::keepIn(const std::string& folder) {
+  auto made = PictureFolder::at(folder);
+  const std::lock_guard lock(mutex_);
+  folder_ = std::move(made);
+  return folder_ != nullptr;
 }
 
-}  // namespace
-
-void Pictures::add(const std::string& key, std::shared_ptr<const PageArt> page, int width) {
-  add(key, [page = std::move(page), width] { return jpegOf(*page, width); });
+void Pictures::enter(const std::string& key, Entry entry) {
+  const std::lock_guard lock(mutex_);
+  entries_[key] = std::make_shared<Entry>(std::move(entry));
 }
 
 void Pictures::add(const std::string& key, std::function<std::string()> paint) {
-  const std::lock_guard lock(mutex_);
-  entries_[key] = {std::move(paint), false, {}};
+  enter(key, {[paint = std::move(paint)](const Demand&) { return PdfPicture{paint(), true}; }});
+}
+
+void Pictures::addKept(const std::string& key, const std::string& name, Paint paint) {
+  enter(key, {std::move(paint), name});
+}
+
+void Pictures::add(const std::string& key, const std::shared_ptr<const PdfFile>& pdf, int page,
+                   QSize pixels) {
+  const std::string name = pdf->tag() + " " + std::to_string(page) + " " +
+                           std::to_string(pixels.width()) + "x" + std::to_string(pixels.height());
+  addKept(key, name,
+          [pdf, page, pixels](const Demand& demand) { return pdf->drawn(page, pixels, demand); });
 }
 
 void Pictures::put(const std::string& key, std::string bytes) {
-  const std::lock_guard lock(mutex_);
-  entries_[key] = {nullptr, false, std::move(bytes)};
+  enter(key, {.paint = nullptr, .bytes = std::move(bytes)});
 }
 
 std::optional<std::string> Pictures::find(const std::string& key) {
   std::unique_lock lock(mutex_);
   const auto found = entries_.find(key);
   if (found == entries_.end()) return std::nullopt;
-  Entry& entry = found->second;  // stays where it is, however the table grows meanwhile
-  painted_.wait(lock, [&] { return !entry.painting; });
-  if (!entry.bytes.empty() || !entry.paint) return entry.bytes;
-  entry.painting = true;
-  const auto paint = entry.paint;
+  const std::shared_ptr<Entry> entry = found->second;
+  painted_.wait(lock, [&] { return !entry->painting; });
+  if (!entry->bytes.empty() || !entry->paint) return entry->bytes;
+  entry->painting = true;
+  const auto folder = entry->name.empty() ? nullptr : folder_;
   lock.unlock();
-  std::string bytes = paint();
+  std::optional<std::string> kept = folder ? folder->find(entry->name) : std::nullopt;
+  PdfPicture painted{kept ? std::move(*kept) : std::string(), true};
+  if (!kept) {
+    painted = entry->paint({});
+    if (folder && painted.drawn) folder->keep(entry->name, painted.jpeg);
+  }
   lock.lock();
-  entry.bytes = bytes;
-  entry.painting = false;
+  if (!folder || !painted.drawn) entry->bytes = painted.jpeg;
+  entry->painting = false;
   painted_.notify_all();
-  return bytes;
+  return painted.jpeg;
 }
 
 std::vector<std::string> Pictures::keys() const {
@@ -65,6 +64,42 @@ std::vector<std::string> Pictures::keys() const {
   std::vector<std::string> all;
   for (const auto& [key, entry] : entries_) all.push_back(key);
   return all;
+}
+
+void Pictures::drawAhead(const std::vector<std::string>& keys) {
+  const std::lock_guard lock(mutex_);
+  if (!folder_) return;
+  ahead_.insert(ahead_.end(), keys.begin(), keys.end());
+  given_.notify_all();
+  if (drawer_.joinable()) return;
+  drawer_ = std::jthread(
+      [this, folder = folder_](const std::stop_token& stop) { drawInto(*folder, stop); });
+}
+
+// Null once it is to stop.
+std::shared_ptr<Pictures::Entry> Pictures::nextAhead(const std::stop_token& stop) {
+  std::unique_lock lock(mutex_);
+  while (given_.wait(lock, stop, [&] { return !ahead_.empty(); })) {
+    const auto found = entries_.find(ahead_.front());
+    ahead_.pop_front();
+    if (found == entries_.end()) continue;
+    const auto& entry = found->second;
+    if (entry->paint && !entry->name.empty() && !entry->painting && entry->bytes.empty()) {
+      return entry;
+    }
+  }
+  return nullptr;
+}
+
+// Who asks meanwhile for the very picture that is painted here does not wait for it: the one who
+// paints ahead may have to wait for everybody else.
+void Pictures::drawInto(const PictureFolder& folder, const std::stop_token& stop) {
+  while (const auto entry = nextAhead(stop)) {
+    if (stop.stop_requested()) return;
+    if (folder.has(entry->name)) continue;
+    const PdfPicture painted = entry->paint({Urgency::ahead, stop});
+    if (painted.drawn) folder.keep(entry->name, painted.jpeg);
+  }
 }
 
 }  // namespace vellix::demo

@@ -27,6 +27,26 @@ inline std::string number(double value) {
   return text;
 }
 
+// The objects are numbered from 1, which is the catalog.
+inline std::string pdfOf(const std::vector<std::string>& objects, const std::string& trailer = "") {
+  std::string pdf = "%PDF-1.4\n";
+  std::string table = "xref\n0 " + std::to_string(objects.size() + 1) + "\n0000000000 65535 f \n";
+  for (std::size_t i = 0; i < objects.size(); ++i) {
+    std::string at = std::to_string(pdf.size());
+    at.insert(0, 10 - at.size(), '0');
+    table += at + " 00000 n \n";
+    pdf += std::to_string(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
+  }
+  const std::size_t start = pdf.size();
+  return pdf + table + "trailer<</Size " + std::to_string(objects.size() + 1) + "/Root 1 0 R" +
+         trailer + ">>\nstartxref\n" + std::to_string(start) + "\n%%EOF\n";
+}
+
+inline std::string streamOf(const std::string& content, const std::string& entries = "") {
+  return "<<" + entries + "/Length " + std::to_string(content.size()) + ">>stream\n" + content +
+         "\nendstream";
+}
+
 // `encrypted` claims to be locked with a password that nobody has.
 inline std::string writtenPdf(const std::vector<WrittenPage>& pages, bool encrypted = false) {
   std::vector<std::string> objects;
@@ -50,25 +70,12 @@ inline std::string writtenPdf(const std::vector<WrittenPage>& pages, bool encryp
       drawn += "BT /F " + number(line.size) + " Tf " + number(line.x) + " " + number(line.y) +
                " Td (" + line.text + ") Tj ET\n";
     }
-    objects.push_back("<</Length " + std::to_string(drawn.size()) + ">>stream\n" + drawn +
-                      "endstream");
+    objects.push_back(streamOf(drawn));
   }
-  std::string pdf = "%PDF-1.4\n";
-  std::string table = "xref\n0 " + std::to_string(objects.size() + 1) + "\n0000000000 65535 f \n";
-  for (std::size_t i = 0; i < objects.size(); ++i) {
-    std::string at = std::to_string(pdf.size());
-    at.insert(0, 10 - at.size(), '0');
-    table += at + " 00000 n \n";
-    pdf += std::to_string(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
-  }
-  const std::size_t start = pdf.size();
   const std::string word(32, 'x');
-  const std::string lock = encrypted
-                               ? "/Encrypt<</Filter/Standard/V 1/R 2/P -4/O(" + word + ")/U(" +
-                                     word + ")>>/ID[(0123456789abcdef)(0123456789abcdef)]"
-                               : "";
-  return pdf + table + "trailer<</Size " + std::to_string(objects.size() + 1) + "/Root 1 0 R" +
-         lock + ">>\nstartxref\n" + std::to_string(start) + "\n%%EOF\n";
+  return pdfOf(objects, encrypted ? "/Encrypt<</Filter/Standard/V 1/R 2/P -4/O(" + word + ")/U(" +
+                                        word + ")>>/ID[(0123456789abcdef)(0123456789abcdef)]"
+                                  : "");
 }
 
 inline WrittenPage pageSaying(const std::string& text) {

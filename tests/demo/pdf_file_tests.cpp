@@ -1,0 +1,96 @@
+// PDFs as files: of the disk's or uploaded, large, gone meanwhile.
+#include "pdf_file.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QTemporaryDir>
+#include <fstream>
+
+#include "written_pdf.hpp"
+
+namespace vellix::demo {
+namespace {
+
+using demo_tests::pageSaying;
+using demo_tests::writtenPdf;
+
+const std::string kSound = writtenPdf({pageSaying("Salt"), pageSaying("Pepper")});
+
+TEST(PdfFiles, MayBeLargerThanMemory) {
+  const QTemporaryDir folder;
+  const std::string path = folder.path().toStdString() + "/large.pdf";
+  constexpr std::streamoff hole = (std::streamoff{2} << 30) + 12'345;
+  const std::string whole = writtenPdf({pageSaying("Far")});
+  // The page's content lies behind something large, and so does the table of where things are.
+  const std::string large = "9 0 obj\n<</Length " + std::to_string(hole) + ">>stream\n";
+  const std::string after = "\nendstream\nendobj\n";
+  const std::size_t cut = whole.find("5 0 obj");
+  const std::size_t table = whole.find("xref");
+  std::string end = whole.substr(cut);
+  const auto moved = [&](std::size_t by) {
+    return std::to_string(by + hole + large.size() + after.size());
+  };
+  std::string far = moved(cut);
+  far.insert(0, 10 - far.size(), '0');
+  std::string near = std::to_string(cut);
+  near.insert(0, 10 - near.size(), '0');
+  end.replace(end.find(near), near.size(), far);
+  const std::string start = "startxref\n" + std::to_string(table);
+  end.replace(end.find(start), start.size(), "startxref\n" + moved(table));
+  std::ofstream file(path, std::ios::binary);
+  file << whole.substr(0, cut) << large;
+  file.seekp(hole, std::ios::cur);
+  file << after << end;
+  file.close();
+  const auto pdf = PdfFile::at(path);
+  ASSERT_TRUE(pdf);
+  EXPECT_GT(pdf->size(), std::size_t{2} << 30);
+  EXPECT_EQ(pdf->facts().trouble, PdfTrouble::none);
+  const auto pages = pdf->pages(0, 1);
+  ASSERT_EQ(pages.size(), 1);
+  EXPECT_EQ(pages[0].words.at(0).text, "Far");
+  EXPECT_TRUE(pdf->drawn(0, {200, 260}).drawn);
+  EXPECT_EQ(pdf->sights(0, 1).size(), 1);
+  EXPECT_TRUE(pdf->piece(pdf->size() - 6, 100).starts_with("%%EOF"));
+}
+
+TEST(PdfFiles, AreOpenedOnlyWhereTheyAreFiles) {
+  const QTemporaryDir folder;
+  const std::string path = folder.path().toStdString() + "/one.pdf";
+  EXPECT_EQ(PdfFile::at(path), nullptr);
+  EXPECT_EQ(PdfFile::at(folder.path().toStdString()), nullptr);
+  const std::string pipe = folder.path().toStdString() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(PdfFile::at(pipe), nullptr);
+  std::ofstream(path) << kSound;
+  const auto pdf = PdfFile::at(path);
+  ASSERT_TRUE(pdf);
+  EXPECT_EQ(pdf->tag(), PdfFile::at(path)->tag());
+  EXPECT_EQ(pdf->bytes(), kSound);
+  EXPECT_EQ(pdf->piece(5, 3), kSound.substr(5, 3));
+  EXPECT_EQ(pdf->piece(kSound.size() + 5, 3), "");
+  ASSERT_EQ(unlink(path.c_str()), 0);
+  EXPECT_EQ(pdf->facts().count, 2) << "it stays open";
+  std::ofstream(path) << kSound << "\n";
+  EXPECT_NE(pdf->tag(), PdfFile::at(path)->tag());
+  EXPECT_EQ(PdfFile::of(kSound)->tag(), PdfFile::of(kSound)->tag());
+  EXPECT_NE(PdfFile::of(kSound)->tag(), PdfFile::of(kSound + " ")->tag());
+}
+
+TEST(PdfFiles, AreNotReadOnceNobodyWantsTo) {
+  std::stop_source over;
+  over.request_stop();
+  const Demand none{Urgency::checked, over.get_token()};
+  const auto pdf = PdfFile::of(kSound);
+  EXPECT_TRUE(pdf->pages(0, 2, none).empty());
+  EXPECT_TRUE(pdf->sights(0, 2, none).empty());
+  const PdfPicture picture = pdf->drawn(0, {50, 50}, none);
+  EXPECT_FALSE(picture.drawn);
+  EXPECT_TRUE(picture.jpeg.empty()) << "no excuse for what was not tried";
+  EXPECT_EQ(pdf->pages(0, 2).size(), 2) << "and the next one has its turn";
+}
+
+}  // namespace
+}  // namespace vellix::demo
