@@ -88,8 +88,14 @@ class KeptService : public testing::Test, protected KeptProcess, protected Calle
 class Elsewhere : public Caller {
  public:
   Elsewhere(int port, const std::string& token) : Caller(port) { token_ = token; }
+  const std::string& token() const { return token_; }
   using Caller::board;
+  using Caller::detail;
+  using Caller::eventually;
   using Caller::get;
+  using Caller::post;
+  using Caller::signIn;
+  using Caller::statusOf;
 };
 
 // Runs it to its end: what it says on standard error, and its exit status.
