@@ -1,5 +1,6 @@
 #include "reader/barcode_places.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace vellix::demo {
@@ -9,6 +10,8 @@ namespace {
 constexpr int kCell = 8;
 // How much neighbouring pixels differ in the mean, of 255.
 constexpr int kLively = 18;
+// The same in a square code; letters differ less.
+constexpr int kSquareLively = 45;
 // How much less they differ along bars than across.
 constexpr int kAlong = 5;
 constexpr int kLeastAcross = 6;  // in cells
@@ -32,7 +35,7 @@ Looks looksOf(const QImage& grey, int left, int top) {
   constexpr int least = kLively * kCell * kCell;
   if (across >= least && down * kAlong <= across) return Looks::upright;
   if (down >= least && across * kAlong <= down) return Looks::lying;
-  return across >= least && down >= least ? Looks::square : Looks::plain;
+  return std::min(across, down) >= kSquareLively * kCell * kCell ? Looks::square : Looks::plain;
 }
 
 bool isLargeEnough(Looks looks, QSize cells) {
