@@ -6,6 +6,7 @@
 #include "body.hpp"
 #include "clock.hpp"
 #include "service.hpp"
+#include "state_kept.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -84,7 +85,8 @@ Reply Service::serveSignedIn(const Request& request, const std::string& me) {
   const std::string& path = request.path;
   const bool get = request.method == "GET";
   if (get && path == "/api/state") {
-    const std::string etag = "\"b" + std::to_string(state_.rev()) + "-" + me + "\"";
+    const std::string etag = "\"b" + std::to_string(state_.rev()) + "-" + me + "-" +
+                             std::to_string(state_.starts()) + "\"";
     return tagged(request, etag, [&] { return jsonReply(state_.boardFor(me)); });
   }
   if (get && path == "/api/stats") return jsonReply(state_.stats());
@@ -141,16 +143,34 @@ Reply Service::takeVersion(const Request& request, const std::string& id) {
   if (request.body.substr(0, 1024).find("%PDF-") == std::string::npos) {
     return errorReply(400, "That file is not a PDF.");
   }
-  auto pdf = PdfFile::of(request.body);
-  if (!pdf) return errorReply(500, "There is no room for that file.");
-  Upload upload{std::move(pdf), request.body.size(), decoded(request.header("x-filename")),
-                decoded(request.header("x-note"))};
+  auto upload = uploadOf(request);
+  if (!upload) return errorReply(500, upload.error());
   std::unique_lock lock(mutex_);
-  const auto uploaded = state_.upload(id, std::move(upload), me);
-  lock.unlock();
+  if (auto refused = refusedForNow(request)) return *std::move(refused);
+  const auto uploaded = state_.upload(id, *std::move(upload), me);
   if (!uploaded) return replyOf(uploaded.error());
+  Reply reply = kept(request, jsonReply(VersionAnswer{uploaded->version}));
+  lock.unlock();
   uploaded->reading.wait_for(std::chrono::seconds(1));
-  return jsonReply(VersionAnswer{uploaded->version});
+  return reply;
+}
+
+std::expected<Upload, std::string> Service::uploadOf(const Request& request) {
+  Upload upload{.size = request.body.size(),
+                .filename = decoded(request.header("x-filename")),
+                .note = decoded(request.header("x-note"))};
+  if (shelf_) {
+    const std::string name = newUploadFile();
+    if (auto done = shelf_->keepFile(name, request.body); !done) {
+      return std::unexpected(done.error());
+    }
+    upload.path = shelf_->pathOf(name);
+    upload.pdf = PdfFile::at(upload.path);
+  } else {
+    upload.pdf = PdfFile::of(request.body);
+  }
+  if (!upload.pdf) return std::unexpected("There is no room for that file.");
+  return upload;
 }
 
 Reply Service::serveTicket(const Request& request, const std::string& id, const std::string& what,
@@ -163,7 +183,8 @@ Reply Service::serveTicket(const Request& request, const std::string& id, const 
     const auto detail = state_.detailOf(id, version);
     if (!detail) return replyOf(detail);
     const std::string etag = "\"f" + id + "-" + std::to_string(detail->file.rev.value_or(0)) +
-                             "-v" + std::to_string(detail->version.value_or(0)) + "-" + me + "\"";
+                             "-v" + std::to_string(detail->version.value_or(0)) + "-" + me + "-" +
+                             std::to_string(state_.starts()) + "\"";
     return tagged(request, etag, [&] { return jsonReply(*detail); });
   }
   if (request.method != "POST") return unknown();

@@ -195,6 +195,8 @@ std::string logOfStep(const Job& job, std::size_t step, const std::vector<FileDe
   return written(at, lines);
 }
 
+std::string logLine(double at, const std::string& line) { return written(at, {of(line)}); }
+
 std::string logEnd(const Job& job, double at) {
   Lines lines;
   const JobResult result = job.result.value_or(JobResult{});

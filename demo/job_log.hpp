@@ -23,6 +23,7 @@ std::string logHead(const Job& job, double at);
 // `step` counts from 0; `tickets` are those that the job is about, with their pages and findings.
 std::string logOfStep(const Job& job, std::size_t step, const std::vector<FileDetail>& tickets,
                       double at);
+std::string logLine(double at, const std::string& line);
 std::string logEnd(const Job& job, double at);
 
 }  // namespace vellix::demo

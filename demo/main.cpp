@@ -7,6 +7,7 @@
 #include <span>
 #include <thread>
 
+#include "check_tool.hpp"
 #include "options.hpp"
 #include "server.hpp"
 
@@ -20,13 +21,31 @@ int writeSample(const Options& options) {
   return 1;
 }
 
+int failed(const std::string& why) {
+  std::fprintf(stderr, "%s\n", why.c_str());
+  return 1;
+}
+
 int serve(const Options& options) {
   Server server(options.port);
   if (server.port() == 0) {
     std::fprintf(stderr, "cannot listen on 127.0.0.1:%d\n", options.port);
     return 1;
   }
-  Service service(server.address(), options.pace, options.colleague);
+  std::unique_ptr<Shelf> shelf;
+  if (!options.stateFolder.empty()) {
+    auto opened = Shelf::open(options.stateFolder);
+    if (!opened) return failed(opened.error());
+    shelf = *std::move(opened);
+  }
+  Service service(server.address(), options.pace, options.colleague, options.proofs.empty(),
+                  std::move(shelf));
+  const std::string pages =
+      options.stateFolder.empty() ? options.pagesFolder : options.stateFolder + "/pages";
+  if (!pages.empty() && !service.keepPagesIn(pages))
+    return failed(pages + " cannot be written to.");
+  if (const auto taken = service.takeUp(); !taken) return failed(taken.error());
+  if (const auto given = service.give(options.proofs); !given) return failed(given.error());
   if (options.handBack) {
     service.handBack = [](const std::string& url) {
       std::printf("callback %s\n", url.c_str());
@@ -40,7 +59,8 @@ int serve(const Options& options) {
       char bytes[256];
       while (read(STDIN_FILENO, bytes, sizeof bytes) > 0) {
       }
-      // Connections that are kept alive would hold an orderly end up, and nothing is left to save.
+      // Connections that are kept alive would hold an orderly end up, and what is to be kept is
+      // kept.
       std::_Exit(0);
     }).detach();
   }
@@ -60,6 +80,9 @@ int main(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
+  if (!options->checkedProof.empty()) {
+    return vellix::demo::checkAndPrint(options->checkedProof, options->checkedAgainst);
+  }
   return options->sampleFolder.empty() ? vellix::demo::serve(*options)
                                        : vellix::demo::writeSample(*options);
 }

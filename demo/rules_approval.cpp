@@ -97,12 +97,20 @@ Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
   for (const std::string& email : asked) names.push_back(nameOf(email));
   record(ticket, "approval", by,
          "Sent v" + std::to_string(version) + " to " + joined(names) + " for approval");
+  awaitAnswers(*ticket);
+  return ShareAnswer{link};
+}
+
+// Of everyone who has not answered yet.
+void State::awaitAnswers(const Ticket& ticket) {
   double wait = kFirstAnswer;
-  for (const std::string& approver : asked) {
-    later(wait, [this, id, requested = now_, approver] { answerRound(id, requested, approver); });
+  for (const std::string& approver : ticket.approval->asked) {
+    if (ticket.approval->answers.contains(approver)) continue;
+    later(wait, [this, id = ticket.item.id, requested = *ticket.approval->requested_at, approver] {
+      answerRound(id, requested, approver);
+    });
     wait += kNextAnswer;
   }
-  return ShareAnswer{link};
 }
 
 void State::answer(Ticket& ticket, const std::string& approver, const std::string& kind,

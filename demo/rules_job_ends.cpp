@@ -41,6 +41,11 @@ void State::begin(Job& job) {
   job.started = now_;
   job.steps.emplace();
   letGo();
+  if (job.kind == "sync" && holdsOwn()) {
+    logs_[job.id] = logHead(job, now_);
+    beginOwn(job);
+    return;
+  }
   if (job.kind == "sync") {
     for (const Ticket& ticket : tickets_) {
       if (!ticket.waiting) continue;

@@ -6,6 +6,7 @@
 #include "body.hpp"
 #include "job_log.hpp"
 #include "state.hpp"
+#include "state_kept.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -46,9 +47,12 @@ std::string State::logOf(const std::string& jobId) const {
   return found == logs_.end() ? std::string() : found->second;
 }
 
-const std::string* State::pdfOf(const std::string& reportId) const {
-  const auto found = pdfs_.find(reportId);
-  return found == pdfs_.end() ? nullptr : &found->second;
+const std::string* State::pdfOf(const std::string& reportId) {
+  if (const auto found = pdfs_.find(reportId); found != pdfs_.end()) return &found->second;
+  const bool known = std::ranges::find(reports_, reportId, &Report::id) != reports_.end();
+  if (!known || keeping_.shelf == nullptr) return nullptr;
+  auto kept = keeping_.shelf->fileOf(reportFile(reportId));
+  return kept ? &(pdfs_[reportId] = *std::move(kept)) : nullptr;
 }
 
 std::vector<Job*> State::liveJobs() {
@@ -111,6 +115,20 @@ Done State::startJob(const Json& body, const std::string& by) {
   return {};
 }
 
+// What the worker had gathered for a job went with the service, so it begins anew.
+void State::takeUpJobs() {
+  for (Job* job : liveJobs()) {
+    if (job->status != "running") continue;
+    job->status = "queued";
+    job->started.reset();
+    job->beat.reset();
+    job->step.reset();
+    job->steps.reset();
+    ++rev_;
+  }
+  if (nextInLine() != nullptr) goOn(kQueue);
+}
+
 // To the same job, asked for anew.
 void State::giveWay(Job& stuck) {
   end(stuck, "failed",
@@ -164,7 +182,7 @@ void State::goOn(double wait) {
 void State::work() {
   if (worker_.silent) return;
   if (Job* job = runningJob(); job != nullptr) {
-    if (job->step != worker_.hold && !worker_.waitsForPdf) nextStep(*job);
+    if (job->step != worker_.hold && !worker_.waitsForPdf && !worker_.own) nextStep(*job);
   } else if (Job* next = nextInLine(); next != nullptr && worker_.hold != "queued") {
     begin(*next);
   }
@@ -215,6 +233,7 @@ void State::end(Job& job, const std::string& status, std::optional<Summary> summ
 void State::letGo() {
   if (worker_.pdf.valid()) worker_.dropped.push_back(std::move(worker_.pdf));
   worker_.gathered.clear();
+  letOwnGo();
   worker_.waitsForPdf = false;
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "pdf_pages.hpp"
 #include "proof_pdf.hpp"
 #include "revision_check.hpp"
 #include "state.hpp"
@@ -45,7 +46,6 @@ struct Earlier {
   Int number = 0;
   std::shared_future<std::shared_ptr<const PdfFile>> pdf;
   std::shared_future<PdfReading> reading;
-  std::vector<std::string> names;  // of its pages
 };
 
 // Against the newest of the versions before that can be read.
@@ -53,54 +53,12 @@ Changes changesSince(const std::vector<Earlier>& earlier, Int number,
                      const std::shared_ptr<const PdfFile>& pdf,
                      const std::shared_future<PdfReading>& reading) {
   if (reading.get().trouble != PdfTrouble::none) return {};
-  for (const auto& [old, oldPdf, oldReading, names] : earlier) {
+  for (const auto& [old, oldPdf, oldReading] : earlier) {
     if (oldReading.get().trouble != PdfTrouble::none) continue;
-    const Compared before{old, oldReading.get(), oldPdf.get()->sketches(), names};
-    return {old, changesBetween(before, {number, reading.get(), pdf->sketches(), {}})};
+    return {old,
+            changesBetween({old, oldPdf.get(), oldReading.get()}, {number, pdf, reading.get()})};
   }
   return {};
-}
-
-Page pageRecord(const std::shared_ptr<const PdfFile>& pdf, const PdfPage& page, int index,
-                const std::string& folder, Pictures& pictures) {
-  const QSize size = pixelsOf(page);
-  const QSize small = pixelsWithin(page, 180, 720);
-  Page entry;
-  entry.i = index;
-  entry.w = page.width;
-  entry.h = page.height;
-  entry.px = {static_cast<double>(size.width()), static_cast<double>(size.height())};
-  entry.img = pageKey("files/" + folder, index);
-  entry.thumb = pageKey("thumbs/" + folder, index);
-  pictures.add(*entry.img, [pdf, index, size] { return pdf->picture(index, size); });
-  pictures.add(*entry.thumb, [pdf, index, small] { return pdf->picture(index, small); });
-  entry.refs.emplace();
-  return entry;
-}
-
-// What is told of a PDF that could not be checked.
-std::string excuseFor(const PdfReading& reading) {
-  switch (reading.trouble) {
-    case PdfTrouble::none:
-      return {};
-    case PdfTrouble::locked:
-      return "The PDF is locked with a password. Upload one that opens without.";
-    case PdfTrouble::empty:
-      return "The PDF has no pages.";
-    case PdfTrouble::tooLong:
-      return "The PDF has " + std::to_string(reading.count) + " pages. Up to " +
-             std::to_string(kMostPdfPages) + " can be checked.";
-    case PdfTrouble::damaged:
-      break;
-  }
-  return "The PDF is damaged and did not open. Upload it again.";
-}
-
-TicketVersion* versionOf(Ticket* ticket, Int number) {
-  if (ticket == nullptr) return nullptr;
-  const auto found = std::ranges::find_if(
-      ticket->versions, [&](const TicketVersion& version) { return version.record.n == number; });
-  return found == ticket->versions.end() ? nullptr : &*found;
 }
 
 // The newest version with pages ahead of that one; null when there is none.
@@ -117,13 +75,6 @@ const TicketVersion* before(const Ticket& ticket, Int number) {
 Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std::string& by) {
   Ticket* ticket = find(id);
   if (ticket == nullptr) return refuse(404, "There is no such ticket.");
-  std::vector<Earlier> earlier;
-  for (auto version = ticket->versions.rbegin(); version != ticket->versions.rend(); ++version) {
-    makeReadable(*version);
-    Earlier entry{version->record.n, version->printed, version->reading, {}};
-    for (const Page& page : version->pages) entry.names.push_back(page.name());
-    earlier.push_back(std::move(entry));
-  }
   TicketVersion next;
   next.record.n = ticket->newest().record.n + 1;
   next.record.kind = "revision";
@@ -136,27 +87,43 @@ Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std:
   next.origin = {ticket->item.supplier, by, now_, next.record.filename, std::nullopt, std::nullopt,
                  ticket->item.links};
   next.pdf = upload.pdf;
-  next.printed = std::async(std::launch::deferred, [pdf = upload.pdf] { return pdf; }).share();
-  next.reading = std::async(std::launch::async, [pdf = upload.pdf] { return pdf->read(); }).share();
+  next.path = upload.path;
   const Int number = next.record.n;
-  auto changes = std::async(std::launch::async, [earlier = std::move(earlier), number,
-                                                 pdf = upload.pdf, reading = next.reading] {
-    return changesSince(earlier, number, pdf, reading);
-  });
-  checks_.push_back({id, number, now_ + kCheck * pace_, next.reading, std::move(changes), false});
-  Uploaded answer{number, next.reading};
   ticket->item.version = number;
   ticket->item.page_count.reset();
   ticket->item.refs.reset();
   ticket->item.summary.reset();
   ticket->versions.push_back(std::move(next));
+  compareBeside(*ticket, ticket->newest());
   if (ticket->approval) {
     ticket->approval->state = "revised";
     ticket->approval->by = by;
     ticket->approval->at = now_;
   }
   record(ticket, "version", by, "Uploaded v" + std::to_string(number));
-  return answer;
+  return Uploaded{number, ticket->newest().reading};
+}
+
+void State::compareBeside(Ticket& ticket, TicketVersion& version) {
+  const Int number = version.record.n;
+  std::vector<Earlier> earlier;
+  for (auto old = ticket.versions.rbegin(); old != ticket.versions.rend(); ++old) {
+    // Of somebody's own only the pages are read here.
+    if (ticket.given || old->record.n >= number) continue;
+    makeReadable(*old);
+    earlier.push_back({old->record.n, old->printed, old->reading});
+  }
+  const auto pdf = version.pdf;
+  version.printed = std::async(std::launch::deferred, [pdf] { return pdf; }).share();
+  version.reading =
+      std::async(std::launch::async, [pdf] { return pdf ? pdf->read() : PdfReading{}; }).share();
+  auto changes = std::async(std::launch::async,
+                            [earlier = std::move(earlier), number, pdf, reading = version.reading] {
+                              return changesSince(earlier, number, pdf, reading);
+                            });
+  // Pages that were shown before the service ended are there.
+  checks_.push_back({ticket.item.id, number, now_ + kCheck * pace_, version.reading,
+                     std::move(changes), !version.pages.empty()});
 }
 
 // In the order of the uploads, so that a version's pages are there before those matched to them.
@@ -211,6 +178,17 @@ void State::finishCheck(Check& check) {
   TicketVersion* version = versionOf(ticket, check.version);
   if (version == nullptr) return;
   const PdfReading& reading = check.reading.get();
+  if (ticket->given && reading.trouble == PdfTrouble::none) {
+    // Like every version of it, against all that there is.
+    version->unchecked = true;
+    if (worker_.own) {
+      worker_.own->waiting.emplace_back(check.id, check.version);
+      ++worker_.own->all;
+    } else if (!sync_ || !sync_->active()) {
+      askForOwn(version->record.by.value_or(kRenny));
+    }
+    return;
+  }
   Changes changes = check.changes.get();
   const TicketVersion* old = versionOf(ticket, changes.old);
   const std::string name = "v" + std::to_string(check.version);

@@ -5,6 +5,7 @@
 
 #include "body.hpp"
 #include "clock.hpp"
+#include "state_kept.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -64,8 +65,18 @@ std::optional<std::string> behind(const std::string& path, const std::string& pr
   return path.substr(prefix.size());
 }
 
-Service::Service(const std::string& address, double pace, bool colleague)
-    : state_(pictures_, address, nowMs(), pace, colleague), feed_(address) {}
+Service::Service(const std::string& address, double pace, bool colleague, bool books,
+                 std::unique_ptr<Shelf> shelf)
+    : shelf_(std::move(shelf)),
+      state_(pictures_, address,
+             boardKeptOn(shelf_.get()).value_or(KeptBoard{.opened = nowMs()}).opened, pace,
+             colleague, boardKeptOn(shelf_.get()).value_or(KeptBoard{.books = books}).books),
+      feed_(address) {}
+
+std::expected<void, std::string> Service::give(const std::vector<GivenProof>& proofs) {
+  const std::lock_guard lock(mutex_);
+  return state_.give(proofs);
+}
 
 Begun Service::begin(const Request& head) {
   if (head.path.starts_with("/demo/")) return {};
@@ -116,9 +127,7 @@ Reply Service::answer(const Begun& begun, const Request& request) {
       return proof(item("file_id"), version > 0 ? std::optional(version) : std::nullopt,
                    item("repaired") == "1");
     }
-    const std::lock_guard lock(mutex_);
-    state_.advance(nowMs());
-    return serveTests(request);
+    return answerKept(request, &Service::serveTests);
   }
   note(begun, [&](LogEntry& entry) {
     entry.bytes = static_cast<Int>(request.body.size());
@@ -160,9 +169,7 @@ Reply Service::route(const Request& request) {
     return takeVersion(request, id->substr(0, id->size() - 9));
   }
   if (auto file = shareFile(request)) return *std::move(file);
-  const std::lock_guard lock(mutex_);
-  state_.advance(nowMs());
-  return serve(request);
+  return answerKept(request, &Service::serve);
 }
 
 std::size_t Service::log(const Request& head) {

@@ -59,7 +59,20 @@ struct Begun {
 class Service {
  public:
   // `address` is where it can be reached, for the links that it makes.
-  Service(const std::string& address, double pace, bool colleague);
+  // On a shelf everything is kept that is done, and with a shelf that holds something it goes on
+  // from there, whatever `books` says.
+  Service(const std::string& address, double pace, bool colleague, bool books = true,
+          std::unique_ptr<Shelf> shelf = nullptr);
+
+  // Ahead of all else: what was kept is laid over the board.
+  Kept takeUp();
+
+  // Ahead of all else: pages of PDFs that were drawn are kept below that folder. False where they
+  // cannot be.
+  bool keepPagesIn(const std::string& folder) { return pictures_.keepIn(folder); }
+
+  // Ahead of the first request: somebody's own proofs come onto the board.
+  std::expected<void, std::string> give(const std::vector<GivenProof>& proofs);
 
   // Any thread; several at once. A request begins when its head is there; `reading` is asked again
   // and again how to go on, first at 0 bytes, and a reply from it ends the request with the rest
@@ -77,6 +90,10 @@ class Service {
 
  private:
   Reply route(const Request& request);
+  // Lets `serve` answer with the lock held, and keeps what that changed before the answer leaves.
+  Reply answerKept(const Request& request, Reply (Service::*serve)(const Request&));
+  std::optional<Reply> refusedForNow(const Request& request);
+  Reply kept(const Request& request, Reply reply);
   Reply serve(const Request& request);  // the contract
   Reply serveSignedIn(const Request& request, const std::string& me);
   Reply serveTicket(const Request& request, const std::string& id, const std::string& what,
@@ -90,12 +107,15 @@ class Service {
   std::optional<Reply> shareFile(const Request& request);
   Reply proof(const std::string& ticket, std::optional<Int> version, bool repaired);
   Reply takeVersion(const Request& request, const std::string& id);
+  std::expected<Upload, std::string> uploadOf(const Request& request);
   void wait(const Fault& fault);
   std::size_t log(const Request& head);
   void note(const Begun& begun, const std::function<void(LogEntry&)>& what);
 
   std::mutex mutex_;
   Pictures pictures_;
+  std::unique_ptr<Shelf> shelf_;  // null where nothing is kept
+  std::string trouble_;           // why what was done last could not be kept
   State state_;
   Faults faults_;
   Feed feed_;

@@ -7,8 +7,16 @@
 
 namespace vellix::demo {
 
-State::State(Pictures& pictures, std::string address, double now, double pace, bool colleague)
-    : pictures_(pictures), address_(std::move(address)), opened_(now), now_(now), pace_(pace) {
+State::State(Pictures& pictures, std::string address, double now, double pace, bool colleague,
+             bool books)
+    : pictures_(pictures),
+      address_(std::move(address)),
+      books_(books),
+      opened_(now),
+      now_(now),
+      pace_(pace) {
+  openPeople(now);
+  if (!books) return;
   open(now);
   openRounds();
   openNotes();
@@ -28,6 +36,7 @@ void State::advance(double now) {
   now_ = std::max(now_, now);
   goOnWithChecks();
   goOnWithReport();
+  goOnWithOwn();
 }
 
 void State::setWaits(std::optional<bool> approvers, std::optional<bool> checks) {
@@ -130,7 +139,10 @@ const Person* State::personOf(const std::string& token) const {
   return user == users_.end() ? nullptr : &*user;
 }
 
-void State::forget(const std::string& token) { tokens_.erase(token); }
+void State::forget(const std::string& token) {
+  tokens_.erase(token);
+  keeping_.more = true;
+}
 
 void State::seen(const std::string& email) {
   const auto user = std::ranges::find(users_, email, &Person::email);
@@ -158,6 +170,7 @@ FileItem State::itemOf(const Ticket& ticket) const {
   }
   item.counts = Counts{item.page_count, high, medium, low, expected, total};
   item.tally = Tally{open, issues, total};
+  if (!ticket.newest().lost.empty()) item.summary = ticket.newest().lost;
   if (ticket.approval) {
     item.approval = ticket.approval->state;
     item.approval_by = ticket.approval->by;
@@ -208,6 +221,10 @@ Outcome<FileDetail> State::detailOf(const std::string& id, std::optional<Int> wa
   for (const TicketVersion& entry : ticket->versions) {
     Version record = entry.record;
     record.notes = std::ranges::count(ticket->notes, record.n, &StoredNote::version);
+    if (!entry.lost.empty()) {
+      record.status = "failed";
+      record.summary = entry.lost;
+    }
     detail.versions->push_back(std::move(record));
   }
   for (const StoredNote& note : ticket->notes) {

@@ -2,6 +2,7 @@
 // around every use. Times are milliseconds since 1970.
 #pragma once
 
+#include <deque>
 #include <expected>
 #include <functional>
 #include <future>
@@ -14,8 +15,13 @@
 #include "catalog.hpp"
 #include "records/json.hpp"
 #include "report_pdf.hpp"
+#include "shelf.hpp"
+#include "version_check.hpp"
 
 namespace vellix::demo {
+
+class KeptReading;
+struct KeptBoard;
 
 struct Refusal {
   int status = 400;
@@ -38,6 +44,7 @@ BOOST_DESCRIBE_STRUCT(VersionAnswer, (), (version))
 // An uploaded revision.
 struct Upload {
   std::shared_ptr<const PdfFile> pdf;
+  std::string path;  // where it lies; empty for one in memory alone
   std::size_t size = 0;
   std::string filename;
   std::string note;
@@ -57,8 +64,23 @@ struct Changes {
 class State {
  public:
   // `address` begins every link; `pace` scales every waiting time: 1 as people would see it,
-  // smaller for hasty tests.
-  State(Pictures& pictures, std::string address, double now, double pace, bool colleague);
+  // smaller for hasty tests. The board holds the demo's own `books`, or none.
+  State(Pictures& pictures, std::string address, double now, double pace, bool colleague,
+        bool books);
+
+  // Somebody's own proofs come onto the board, and are checked; what to do about one that cannot be
+  // opened is said in a sentence. Those that are there already stay as they are.
+  std::expected<void, std::string> give(const std::vector<GivenProof>& proofs);
+
+  // Ahead of everything else, and once: goes on with what the shelf holds, and keeps on it from
+  // then on. The shelf outlives the state, which was opened at the moment and with the books that
+  // the shelf tells.
+  Kept takeUp(Shelf& shelf, double now);
+  // Keeps what changed since the last time; called before an answer leaves.
+  Kept keep();
+  // Another for every start, so that nothing is taken for unchanged that was lost with the last
+  // one.
+  Int starts() const { return keeping_.starts; }
 
   // Lets happen everything that was due by `now`; called before each request is answered.
   void advance(double now);
@@ -77,7 +99,7 @@ class State {
   Stats stats() const;
   const Job* job(const std::string& id) const;
   std::string logOf(const std::string& jobId) const;
-  const std::string* pdfOf(const std::string& reportId) const;
+  const std::string* pdfOf(const std::string& reportId);
   const std::vector<Ticket>& tickets() const { return tickets_; }
 
   // Findings and notes.
@@ -141,6 +163,7 @@ class State {
     std::function<void()> what;
   };
 
+  void openPeople(double now);
   void open(double now);
   void openRounds();
   void openNotes();
@@ -171,10 +194,41 @@ class State {
     std::future<Changes> changes;
     bool read = false;
   };
+  Kept layOver(const KeptBoard& board, const KeptReading& from);
+  Kept keepFiles();
+  void takeUpJobs();
+  void takeUpVersions(Ticket& ticket);
+  void awaitAnswers(const Ticket& ticket);
+  void compareBeside(Ticket& ticket, TicketVersion& version);
   void goOnWithChecks();
   void showPages(const Check& check);
   void finishCheck(Check& check);
+  // A sync of somebody's own proofs: one version after the other is checked beside.
+  struct OwnRun {
+    std::deque<std::pair<std::string, Int>> waiting;
+    std::size_t all = 0;
+    std::unique_ptr<VersionCheck> check;  // of this ticket's version
+    std::string ticket;
+    Int version = 0;
+    std::vector<CheckReference> references;
+    std::set<std::string> told_ids;
+    std::size_t pages = 0;  // checked in all
+    std::vector<std::string> done;
+    std::vector<std::string> told;  // what to look at
+  };
+  bool holdsOwn() const;
+  void askForOwn(const std::string& by);
+  void beginOwn(const Job& job);
+  void goOnWithOwn();
+  void beginCheck(OwnRun& run);
+  void takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news);
+  void tellStep(Job& job, const Ticket& ticket, const std::string& step);
+  void endCheck(Ticket& ticket, TicketVersion& version);
+  void finishOwn(Job& job);
+  void letOwnGo();
   struct Worker {
+    std::optional<OwnRun> own;
+    std::vector<std::unique_ptr<VersionCheck>> ending;  // stopped, or done
     std::string hold;
     std::string failure;
     bool silent = false;
@@ -204,6 +258,7 @@ class State {
 
   Pictures& pictures_;
   std::string address_;
+  bool books_ = true;
   double opened_ = 0;
   double now_ = 0;
   double pace_ = 1;
@@ -231,6 +286,16 @@ class State {
   std::vector<Check> checks_;  // oldest first
   bool approversWait_ = false;
   bool checksWait_ = false;
+  struct Keeping {
+    Shelf* shelf = nullptr;
+    Int starts = 0;
+    Int rev = 0;
+    bool more = false;                   // beside what counts the revision on
+    std::map<std::string, Int> tickets;  // at which revision
+    std::size_t events = 0;
+    std::set<std::string> files;
+  };
+  Keeping keeping_;
 };
 
 }  // namespace vellix::demo

@@ -76,11 +76,14 @@ Approval round(std::string state, Int version, const char* by, double requestedA
 
 }  // namespace
 
-void State::open(double now) {
+void State::openPeople(double now) {
   users_ = {{kRenny, "Renny Vale", std::nullopt, "#7442e8", "Europe/Amsterdam", now - 3 * kHour},
             {kJorvas, "Jorvas Lind", std::nullopt, "#1a84f0", "Europe/Oslo", now - 2 * kMinute}};
   approvers_ = {{kMira, "Mira Sol"}, {kTomas, "Tomas Reed"}};
   guests_ = {{"agnes@halden.example", "Agnes Holt"}, {"li@orient-press.example", std::nullopt}};
+}
+
+void State::open(double now) {
   for (const TicketPlan& plan : ticketPlans(now))
     tickets_.push_back(ticketOf(plan, now, pictures_));
 

@@ -28,6 +28,7 @@ struct TicketVersion {
   std::string path;                    // where that one lies; empty for one in memory alone
   std::string stamp;                   // changes with what lies there
   bool unchecked = false;              // it waits for a check, or for the end of one
+  std::string lost;                    // what became of its PDF, where it lies there no longer
   // What a later version is checked against; not valid before there is one.
   std::shared_future<std::shared_ptr<const PdfFile>> printed;
   std::shared_future<PdfReading> reading;
@@ -53,6 +54,15 @@ struct Ticket {
   TicketVersion& newest() { return versions.back(); }
   const TicketVersion& newest() const { return versions.back(); }
 };
+
+// Null when there is none of that number, or no ticket.
+inline TicketVersion* versionOf(Ticket* ticket, Int number) {
+  if (ticket == nullptr) return nullptr;
+  for (TicketVersion& version : ticket->versions) {
+    if (version.record.n == number) return &version;
+  }
+  return nullptr;
+}
 
 // Found against the checks' own rules, not against a reviewer's decision.
 inline bool isReal(const Finding& finding) {

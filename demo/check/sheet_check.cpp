@@ -77,10 +77,8 @@ Finding missing(const Pair& pair, const Run& run) {
                  one(run, "A page is missing", " pages are missing"), std::move(detail));
 }
 
-// Told where the two can be seen side by side, which a page without a partner has no place for.
 Finding extra(const Pair& pair, const Run& run) {
-  return finding(pair, pageBefore(pair, run.first, [](const Partner&) { return true; }),
-                 "extra_page", "high", one(run, "One page more", " pages more"),
+  return finding(pair, run.first, "extra_page", "high", one(run, "One page more", " pages more"),
                  named(run) + " of the proof " + (run.count == 1 ? "is" : "are") + " not in " +
                      pair.called + ".");
 }

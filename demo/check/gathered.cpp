@@ -1,0 +1,107 @@
+#include "check/gathered.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <tuple>
+
+namespace vellix::demo {
+namespace {
+
+bool real(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
+
+class Sum {
+ public:
+  void take(const std::string& text) {
+    for (const char letter : text) mix(static_cast<unsigned char>(letter));
+    mix(0);
+  }
+  void take(const std::optional<std::vector<double>>& box) {
+    for (const double edge : box.value_or(std::vector<double>{})) {
+      take(std::to_string(std::lround(edge * 1e4)));
+    }
+  }
+  std::string text() const {
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4) digits += "0123456789abcdef"[sum_ >> shift & 15];
+    return digits;
+  }
+
+ private:
+  void mix(unsigned char byte) {
+    sum_ ^= byte;
+    sum_ *= 1099511628211U;
+  }
+  std::uint64_t sum_ = 14695981039346656037U;
+};
+
+std::string idOf(const Finding& finding, const std::string& folder) {
+  Sum sum;
+  sum.take(std::to_string(finding.page));
+  // Not the kind and the title: an expected one is the same finding as it was before it was that.
+  sum.take(finding.against);
+  sum.take(finding.before.value_or(""));
+  sum.take(finding.after.value_or(""));
+  sum.take(finding.box);
+  sum.take(finding.ref_box);
+  if (!finding.box) sum.take(finding.title);
+  return folder + "-" + sum.text();
+}
+
+auto placeOf(const Finding& finding) {
+  const double y = finding.box ? finding.box->at(1) : -1;
+  const double x = finding.box ? finding.box->at(0) : -1;
+  // What passed stands behind what did not.
+  return std::tuple(finding.page, !real(finding), y, x);
+}
+
+}  // namespace
+
+void putAmong(std::vector<Finding>& all, std::vector<Finding> more, const std::string& folder,
+              const std::string& ticket, std::set<std::string>& told) {
+  for (Finding& finding : more) {
+    finding.file_id = ticket;
+    finding.id = idOf(finding, folder);
+    for (int again = 2; told.contains(finding.id); ++again) {
+      finding.id = idOf(finding, folder) + "-" + std::to_string(again);
+    }
+    told.insert(finding.id);
+    const auto was = std::ranges::find(all, finding.id, &Finding::id);
+    if (was == all.end()) {
+      all.push_back(std::move(finding));
+    } else {
+      if (was->state_by && real(finding)) {
+        finding.state = was->state;
+        finding.state_by = was->state_by;
+        finding.state_at = was->state_at;
+      }
+      *was = std::move(finding);
+    }
+  }
+  std::ranges::stable_sort(all, {}, placeOf);
+  for (std::size_t i = 0; i < all.size(); ++i) all[i].ord = static_cast<Int>(i);
+}
+
+void dropUntold(std::vector<Finding>& all, const std::set<std::string>& told) {
+  std::erase_if(
+      all, [&](const Finding& finding) { return !told.contains(finding.id) && !finding.state_by; });
+}
+
+std::string summaryOf(const std::vector<Finding>& all, std::size_t pages) {
+  std::set<Int> on;
+  std::size_t open = 0;
+  for (const Finding& finding : all) {
+    if (!real(finding)) continue;
+    ++open;
+    on.insert(finding.page);
+  }
+  const auto of = [](std::size_t count, const char* noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+  };
+  if (open == 0) return "Nothing differs on " + of(pages, "page") + ".";
+  return (open == 1 ? "One thing to look at" : std::to_string(open) + " things to look at") +
+         " on " +
+         (pages == 1 ? "one page" : std::to_string(on.size()) + " of " + of(pages, "page")) + ".";
+}
+
+}  // namespace vellix::demo

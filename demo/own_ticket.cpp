@@ -1,0 +1,236 @@
+#include "own_ticket.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+
+#include "clock.hpp"
+#include "pdf_pages.hpp"
+
+namespace vellix::demo {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Opened {
+  std::shared_ptr<const PdfFile> pdf;
+  PdfReading facts;
+};
+
+std::string nameOf(const std::string& path) { return fs::path(path).filename().string(); }
+
+std::expected<Opened, std::string> opened(const std::string& path) {
+  Opened file{PdfFile::at(path), {}};
+  if (!file.pdf) return std::unexpected(path + " cannot be opened.");
+  file.facts = file.pdf->facts();
+  if (file.facts.trouble == PdfTrouble::locked) {
+    return std::unexpected(path + " is locked with a password. Save a copy that opens without.");
+  }
+  return file;
+}
+
+// The small ones first: they are all in sight at once.
+void drawAhead(const TicketVersion& version, Pictures& pictures) {
+  std::vector<std::string> keys;
+  for (const Page& page : version.pages) keys.push_back(page.thumb.value_or(""));
+  for (const Page& page : version.pages) keys.push_back(page.img.value_or(""));
+  pictures.drawAhead(keys);
+}
+
+std::expected<TicketVersion, std::string> versionOf(const Ticket& ticket, const std::string& path,
+                                                    double now, Pictures& pictures) {
+  auto file = opened(path);
+  if (!file) return std::unexpected(file.error());
+  TicketVersion version;
+  version.pdf = std::move(file->pdf);
+  version.path = path;
+  version.stamp = version.pdf->tag();
+  Version& record = version.record;
+  record.n = static_cast<Int>(ticket.versions.size()) + 1;
+  record.kind = ticket.versions.empty() ? "proof" : "revision";
+  record.filename = nameOf(path);
+  record.at = now;
+  record.size = static_cast<Int>(version.pdf->size());
+  record.status = "checking";
+  version.origin = {std::nullopt, std::nullopt, now,         record.filename,
+                    std::nullopt, std::nullopt, std::nullopt};
+  if (file->facts.trouble != PdfTrouble::none) {
+    record.status = "failed";
+    record.summary = excuseFor(file->facts);
+    version.origin.summary = record.summary;
+    return version;
+  }
+  version.unchecked = true;
+  const auto& pages = file->facts.pages;
+  record.page_count = static_cast<Int>(pages.size());
+  const std::string folder = ticket.item.id + "/v" + std::to_string(record.n);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    version.pages.push_back(
+        pageRecord(version.pdf, pages[i], static_cast<int>(i), folder, pictures));
+  }
+  drawAhead(version, pictures);
+  return version;
+}
+
+void add(Ticket& ticket, TicketVersion version) {
+  FileItem& item = ticket.item;
+  item.version = version.record.n;
+  item.page_count = version.record.page_count;
+  item.summary = version.record.summary;
+  item.filename = version.record.filename;
+  item.refs.reset();
+  if (!version.pages.empty()) item.thumb = version.pages.front().thumb;
+  ticket.versions.push_back(std::move(version));
+}
+
+// Of the path, the same on every machine.
+std::uint32_t sumOf(const std::string& text) {
+  std::uint32_t sum = 2166136261U;
+  for (const char letter : text) {
+    sum ^= static_cast<unsigned char>(letter);
+    sum *= 16777619U;
+  }
+  return sum;
+}
+
+Ref& refOf(TicketVersion& version, const std::string& role, const std::string& name) {
+  const auto found = std::ranges::find(version.refs, role, &Ref::role);
+  if (found != version.refs.end()) return *found;
+  Ref& made = version.refs.emplace_back();
+  made.role = role;
+  if (!name.empty()) made.name = name;
+  return made;
+}
+
+}  // namespace
+
+std::string ownId(const GivenProof& given) {
+  std::string id;
+  for (const char letter : fs::path(given.proof).stem().string()) {
+    const bool plain = (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
+    const bool capital = letter >= 'A' && letter <= 'Z';
+    if (plain || capital) {
+      id += static_cast<char>(capital ? letter - 'A' + 'a' : letter);
+    } else if (!id.empty() && id.back() != '-') {
+      id += '-';
+    }
+    if (id.size() >= 40) break;
+  }
+  if (!id.empty() && id.back() != '-') id += '-';
+  constexpr const char* kDigits = "0123456789abcdef";
+  std::uint32_t sum = sumOf(fs::absolute(given.proof).lexically_normal().string());
+  for (int i = 0; i < 8; ++i, sum >>= 4) id += kDigits[sum & 15];
+  return id;
+}
+
+std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now,
+                                             Pictures& pictures) {
+  Ticket ticket;
+  ticket.given = given;
+  FileItem& item = ticket.item;
+  item.id = ownId(given);
+  item.key = item.id;
+  item.title = given.title.empty() ? fs::path(given.proof).stem().string() : given.title;
+  item.kind = "text";
+  item.status = "new";
+  item.track = "new_title";
+  item.received = now;
+  item.created = now;
+  item.due = given.due.value_or(now + 48 * kHour);
+  item.rev = 1;
+  if (!given.previous.empty()) {
+    auto before = versionOf(ticket, given.previous, now, pictures);
+    if (!before) return std::unexpected(before.error());
+    // It is there to be compared with.
+    before->unchecked = false;
+    if (before->record.status != "failed") {
+      before->record.status = "done";
+      before->record.summary = "The proof before. It is here to compare with.";
+      before->origin.summary = before->record.summary;
+    }
+    add(ticket, *std::move(before));
+  }
+  for (const std::string& path : {given.sent, given.fbc}) {
+    if (path.empty()) continue;
+    if (auto file = opened(path); !file) return std::unexpected(file.error());
+  }
+  auto proof = versionOf(ticket, given.proof, now, pictures);
+  if (!proof) return std::unexpected(proof.error());
+  add(ticket, *std::move(proof));
+  return ticket;
+}
+
+std::expected<bool, std::string> takeAnew(Ticket& ticket, double now, Pictures& pictures) {
+  const std::string& path = ticket.given->proof;
+  const auto last = std::ranges::find(ticket.versions.rbegin(), ticket.versions.rend(), path,
+                                      &TicketVersion::path);
+  const auto there = PdfFile::at(path);
+  if (there && last != ticket.versions.rend() && last->stamp == there->tag()) return false;
+  auto version = versionOf(ticket, path, now, pictures);
+  if (!version) return std::unexpected(version.error());
+  add(ticket, *std::move(version));
+  return true;
+}
+
+std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version) {
+  std::vector<CheckReference> references;
+  const auto offer = [&](const char* role, std::string called, const std::string& name,
+                         const std::shared_ptr<const PdfFile>& pdf) {
+    Ref& ref = refOf(version, role, name);
+    PdfReading facts = pdf ? pdf->facts() : PdfReading{};
+    if (facts.trouble != PdfTrouble::none) {
+      ref.note = name + (pdf ? " did not open." : " cannot be opened any more.");
+      return;
+    }
+    ref.page_count = static_cast<Int>(facts.pages.size());
+    if (!ref.matched) ref.note = "Its pages are still being matched.";
+    references.push_back({role, std::move(called), pdf, std::move(facts)});
+  };
+  if (const std::string& sent = ticket.given->sent; !sent.empty()) {
+    offer("submitted", "our file", nameOf(sent), PdfFile::at(sent));
+  }
+  const TicketVersion* before = nullptr;
+  for (const TicketVersion& other : ticket.versions) {
+    if (other.record.n < version.record.n && !other.pages.empty()) before = &other;
+  }
+  if (before != nullptr) {
+    offer("previous", "v" + std::to_string(before->record.n),
+          before->record.filename.value_or("The version before"), before->pdf);
+  }
+  if (const std::string& fbc = ticket.given->fbc; !fbc.empty()) {
+    offer("fbc", "the FBC", nameOf(fbc), PdfFile::at(fbc));
+  }
+  for (const auto& [role, path] :
+       {std::pair{"submitted", ticket.given->sent}, std::pair{"fbc", ticket.given->fbc}}) {
+    if (path.empty()) refOf(version, role, "").note = "None was given to compare with.";
+  }
+  return references;
+}
+
+void showPartners(const Ticket& ticket, TicketVersion& version, const CheckReference& reference,
+                  const Partners& partners, Pictures& pictures) {
+  const std::string folder =
+      ticket.item.id + "/v" + std::to_string(version.record.n) + "/" + reference.role;
+  Int matched = 0;
+  std::vector<std::string> keys;
+  for (std::size_t i = 0; i < std::min(partners.size(), version.pages.size()); ++i) {
+    auto& refs = version.pages[i].refs;
+    if (!refs) refs.emplace();
+    refs->erase(reference.role);
+    if (!partners[i]) continue;
+    ++matched;
+    (*refs)[reference.role] = refRecord(reference.pdf, reference.facts.pages[partners[i]->page],
+                                        *partners[i], folder, pictures);
+    keys.push_back((*refs)[reference.role].img.value_or(""));
+  }
+  pictures.drawAhead(keys);
+  Ref& ref = refOf(version, reference.role, "");
+  ref.matched = matched;
+  ref.note.reset();
+  if (matched < static_cast<Int>(version.pages.size())) {
+    ref.note = ref.name.value_or("The file") + " has no page like this one.";
+  }
+}
+
+}  // namespace vellix::demo

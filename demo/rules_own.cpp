@@ -1,0 +1,201 @@
+// Somebody's own proofs: a sync looks at their files again and checks what has not been checked.
+#include <algorithm>
+
+#include "check/gathered.hpp"
+#include "job_log.hpp"
+#include "own_ticket.hpp"
+#include "state.hpp"
+
+namespace vellix::demo {
+namespace {
+
+constexpr std::size_t kMostTold = 6;
+
+using Texts = std::vector<std::string>;
+
+std::string counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+// Without the figure behind it.
+std::string bare(const std::string& step) { return step.substr(0, step.find(',')); }
+
+}  // namespace
+
+bool State::holdsOwn() const {
+  return std::ranges::any_of(tickets_,
+                             [](const Ticket& ticket) { return ticket.given.has_value(); });
+}
+
+std::expected<void, std::string> State::give(const std::vector<GivenProof>& proofs) {
+  for (const GivenProof& given : proofs) {
+    if (Ticket* known = find(ownId(given)); known != nullptr) {
+      known->given = given;
+      if (!given.title.empty()) known->item.title = given.title;
+      if (given.due) known->item.due = given.due;
+      touch(known);
+      continue;
+    }
+    auto ticket = ownTicket(given, now_, pictures_);
+    if (!ticket) return std::unexpected(ticket.error());
+    tickets_.push_back(*std::move(ticket));
+    record(&tickets_.back(), "new_file", std::nullopt, tickets_.back().item.heading() + " came in");
+  }
+  if (holdsOwn() && (!sync_ || !sync_->active())) askForOwn(kRenny);
+  return {};
+}
+
+void State::askForOwn(const std::string& by) {
+  if (const auto body = decodeJson(R"({"kind":"sync"})")) static_cast<void>(startJob(*body, by));
+}
+
+void State::beginOwn(const Job& job) {
+  worker_.own.emplace();
+  for (Ticket& ticket : tickets_) {
+    if (!ticket.given) continue;
+    const auto came = takeAnew(ticket, now_, pictures_);
+    if (!came) {
+      logs_[job.id] += logLine(now_, came.error());
+      worker_.own->told.push_back(came.error());
+    } else if (*came) {
+      record(&ticket, "version", std::nullopt,
+             "v" + std::to_string(ticket.newest().record.n) + " lies at its place");
+    }
+    for (TicketVersion& version : ticket.versions) {
+      if (!version.unchecked) continue;
+      version.record.status = "checking";
+      version.record.summary.reset();
+      touch(&ticket);
+      worker_.own->waiting.emplace_back(ticket.item.id, version.record.n);
+    }
+  }
+  worker_.own->all = worker_.own->waiting.size();
+}
+
+void State::goOnWithOwn() {
+  std::erase_if(worker_.ending, [](const auto& check) { return check->ended(); });
+  Job* job = runningJob();
+  if (!worker_.own || job == nullptr || worker_.silent) return;
+  OwnRun& run = *worker_.own;
+  while (true) {
+    if (!run.check) {
+      if (run.waiting.empty()) {
+        finishOwn(*job);
+        return;
+      }
+      beginCheck(run);
+    }
+    Ticket* ticket = find(run.ticket);
+    TicketVersion* version = versionOf(ticket, run.version);
+    if (version == nullptr || !run.check) return;
+    const CheckNews news = run.check->news();
+    takeNews(*ticket, *version, news);
+    tellStep(*job, *ticket, news.step);
+    if (!news.done) return;
+    endCheck(*ticket, *version);
+  }
+}
+
+void State::beginCheck(OwnRun& run) {
+  std::tie(run.ticket, run.version) = run.waiting.front();
+  run.waiting.pop_front();
+  run.told_ids.clear();
+  Ticket* ticket = find(run.ticket);
+  TicketVersion* version = versionOf(ticket, run.version);
+  if (version == nullptr) return;
+  run.references = referencesOf(*ticket, *version);
+  if (&ticket->newest() == version) ticket->item.refs = version->refs;
+  version->origin.refs = version->refs;
+  touch(ticket);
+  run.check = std::make_unique<VersionCheck>(version->pdf, version->pdf->facts(), run.references);
+}
+
+void State::takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news) {
+  OwnRun& run = *worker_.own;
+  for (const auto& [role, partners] : news.partners) {
+    const auto reference = std::ranges::find(run.references, role, &CheckReference::role);
+    if (reference == run.references.end()) continue;
+    showPartners(ticket, version, *reference, partners, pictures_);
+    version.origin.refs = version.refs;
+    if (&ticket.newest() == &version) ticket.item.refs = version.refs;
+  }
+  if (!news.findings.empty()) {
+    putAmong(version.findings, news.findings,
+             ticket.item.id + "-v" + std::to_string(version.record.n), ticket.item.id,
+             run.told_ids);
+  }
+  if (!news.partners.empty() || !news.findings.empty()) touch(&ticket);
+}
+
+// In the list a step stands once for each ticket, without the pages that it counts.
+void State::tellStep(Job& job, const Ticket& ticket, const std::string& step) {
+  const std::string ahead = worker_.own->all > 1 ? ticket.item.heading() + ": " : "";
+  job.beat = now_;
+  if (job.step == ahead + step) return;
+  if (job.step && bare(*job.step) == ahead + bare(step)) {
+    job.step = ahead + step;
+  } else {
+    job.step = ahead + step;
+    job.steps->push_back(ahead + bare(step));
+    logs_[job.id] += logLine(now_, ahead + step);
+  }
+  ++rev_;
+}
+
+void State::endCheck(Ticket& ticket, TicketVersion& version) {
+  OwnRun& run = *worker_.own;
+  worker_.ending.push_back(std::move(run.check));
+  dropUntold(version.findings, run.told_ids);
+  version.unchecked = false;
+  version.record.status = "done";
+  version.record.summary = run.references.empty()
+                               ? "There is no file that it could be compared with."
+                               : summaryOf(version.findings, version.pages.size());
+  version.origin.summary = version.record.summary;
+  if (&ticket.newest() == &version) ticket.item.summary = version.record.summary;
+  run.pages += version.pages.size();
+  const std::string name = ticket.item.heading() + " v" + std::to_string(version.record.n);
+  run.done.push_back(name + ": " + *version.record.summary);
+  for (const Finding& finding : version.findings) {
+    if (finding.severity != "high" || !isReal(finding) || run.told.size() >= kMostTold) continue;
+    run.told.push_back(ticket.item.heading() + " p" + std::to_string(finding.page + 1) + ": " +
+                       finding.title);
+  }
+  record(&ticket, "checked", std::nullopt, "Checked " + counted(version.pages.size(), "page"));
+}
+
+void State::finishOwn(Job& job) {
+  OwnRun& run = *worker_.own;
+  const std::size_t checked = run.done.size();
+  job.result = JobResult{static_cast<Int>(checked), std::nullopt, std::nullopt, std::nullopt};
+  const std::string told =
+      checked == 0 ? "Looked at the files again. Nothing new."
+                   : "Checked " + counted(checked, "proof") + ", " + counted(run.pages, "page");
+  const auto unlessEmpty = [](Texts texts) {
+    return texts.empty() ? std::nullopt : std::optional(std::move(texts));
+  };
+  end(job, "done", Summary{Texts{told}, unlessEmpty(run.done), unlessEmpty(run.told)});
+  record(nullptr, "synced", std::nullopt, told);
+}
+
+// What was found so far stays; the next sync checks the rest.
+void State::letOwnGo() {
+  if (!worker_.own) return;
+  OwnRun& run = *worker_.own;
+  if (run.check) {
+    run.check->stop();
+    worker_.ending.push_back(std::move(run.check));
+  }
+  for (Ticket& ticket : tickets_) {
+    for (TicketVersion& version : ticket.versions) {
+      if (!version.unchecked || !ticket.given) continue;
+      version.record.status = "failed";
+      version.record.summary = "The check was stopped. The next sync checks it.";
+      if (&ticket.newest() == &version) ticket.item.summary = version.record.summary;
+      touch(&ticket);
+    }
+  }
+  worker_.own.reset();
+}
+
+}  // namespace vellix::demo

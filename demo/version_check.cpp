@@ -1,0 +1,229 @@
+#include "version_check.hpp"
+
+#include <algorithm>
+
+#include "check/agreed.hpp"
+#include "check/look_check.hpp"
+#include "check/sheet_check.hpp"
+#include "check/text_check.hpp"
+#include "page_ranges.hpp"
+
+namespace vellix::demo {
+namespace {
+
+constexpr const char* kOurs = "submitted";
+constexpr std::size_t kPagesInSight = 8;
+
+// A page on which nothing is to be seen.
+bool blank(const QImage& picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    const uchar* line = picture.constScanLine(y);
+    if (std::any_of(line, line + 3 * picture.width(), [](uchar shade) { return shade < 240; })) {
+      return false;
+    }
+  }
+  return true;
+}
+
+Finding unreadable(std::size_t page, const Pair& pair, const char* what) {
+  Finding finding = findingOn(page, pair, "words", "medium");
+  finding.title = "The page could not be read";
+  finding.detail = std::string(what) + " could not be compared with " + pair.called +
+                   ". Compare the page by eye.";
+  return finding;
+}
+
+bool anyWithoutWords(const std::vector<PdfPage>& pages) {
+  return std::ranges::any_of(pages, [](const PdfPage& page) { return page.words.empty(); });
+}
+
+}  // namespace
+
+struct VersionCheck::Side {
+  CheckReference& reference;
+  PagesRead read = {};
+  Partners partners = {};
+  std::set<std::size_t> silent = {};  // pages of the proof that show something, in no words
+};
+
+VersionCheck::VersionCheck(std::shared_ptr<const PdfFile> proof, PdfReading facts,
+                           std::vector<CheckReference> references)
+    : proof_(std::move(proof)),
+      facts_(std::move(facts)),
+      references_(std::move(references)),
+      found_(references_.size()) {
+  std::ranges::stable_partition(references_, [](const auto& one) { return one.role == kOurs; });
+  news_.step = "Reading the words";
+  thread_ = std::jthread([this](const std::stop_token& stopped) {
+    run(stopped);
+    ended_ = true;
+  });
+}
+
+VersionCheck::~VersionCheck() = default;
+
+CheckNews VersionCheck::news() {
+  const std::lock_guard lock(mutex_);
+  CheckNews came = std::move(news_);
+  news_ = {{}, {}, came.step, came.done};
+  return came;
+}
+
+void VersionCheck::say(std::string step) {
+  const std::lock_guard lock(mutex_);
+  news_.step = std::move(step);
+}
+
+// Our own file's come first, so that the others' can be held against them.
+void VersionCheck::find(std::size_t reference, std::vector<Finding> findings) {
+  const std::lock_guard lock(mutex_);
+  news_.findings.insert(news_.findings.end(), findings.begin(), findings.end());
+  std::ranges::move(findings, std::back_inserter(found_[reference]));
+}
+
+void VersionCheck::run(const std::stop_token& stopped) {
+  PagesRead proof = pagesOf(*proof_, facts_, stopped);
+  pages_ = std::move(proof.pages);
+  std::vector<Side> sides;
+  for (CheckReference& reference : references_) {
+    sides.push_back({reference, pagesOf(*reference.pdf, reference.facts, stopped)});
+  }
+  if (stopped.stop_requested()) return;
+  say("Matching pages");
+  std::vector<QImage> sketches;
+  if (anyWithoutWords(pages_)) sketches = proof_->sketches();
+  for (Side& side : sides) {
+    const bool drawn = !sketches.empty() && anyWithoutWords(side.read.pages);
+    side.partners = partnersOf(pages_, side.read.pages, sketches,
+                               drawn ? side.reference.pdf->sketches() : std::vector<QImage>{});
+    const std::lock_guard lock(mutex_);
+    news_.partners[side.reference.role] = side.partners;
+  }
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const Side& side = sides[i];
+    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
+                    side.reference.called};
+    std::vector<Finding> findings;
+    for (std::size_t page = 0; page < side.partners.size(); ++page) {
+      const auto& partner = side.partners[page];
+      if (proof.unread.contains(page) || (partner && side.read.unread.contains(partner->page))) {
+        findings.push_back(unreadable(page, pair, "Its words"));
+      }
+    }
+    find(i, std::move(findings));
+  }
+  say("Comparing words");
+  compareText(sides);
+  comparePages(sides, stopped);
+  if (stopped.stop_requested()) return;
+  tellSilence(sides);
+  const std::lock_guard lock(mutex_);
+  news_.done = true;
+}
+
+void VersionCheck::compareText(std::vector<Side>& sides) {
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const Side& side = sides[i];
+    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
+                    side.reference.called};
+    std::vector<Finding> findings = textFindings(pair);
+    std::ranges::move(sheetFindings(pair), std::back_inserter(findings));
+    if (i > 0 && references_.front().role == kOurs) {
+      acceptAsOurs(findings, found_.front(), sides.front().partners);
+    }
+    find(i, std::move(findings));
+  }
+}
+
+void VersionCheck::comparePages(std::vector<Side>& sides, const std::stop_token& stopped) {
+  say("Comparing pages");
+  inPieces(pages_.size(), kPagesInSight, stopped, [&](std::size_t from, std::size_t to) {
+    lookAt(sides, from, to);
+    const std::lock_guard lock(mutex_);
+    looked_ += to - from;
+    news_.step =
+        "Comparing pages, " + std::to_string(looked_) + " of " + std::to_string(pages_.size());
+  });
+}
+
+void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to) {
+  std::set<std::size_t> wanted;
+  for (std::size_t page = from; page < to; ++page) {
+    if (std::ranges::any_of(sides, [&](const Side& side) {
+          return page < side.partners.size() && side.partners[page].has_value();
+        })) {
+      wanted.insert(page);
+    }
+  }
+  const auto sights = sightsOf(*proof_, wanted);
+  std::vector<Finding> ours;
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    Side& side = sides[i];
+    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
+                    side.reference.called};
+    std::set<std::size_t> others;
+    for (const std::size_t page : wanted) {
+      if (side.partners[page]) others.insert(side.partners[page]->page);
+    }
+    const auto otherSights = sightsOf(*side.reference.pdf, others);
+    std::vector<Finding> findings;
+    for (const std::size_t page : wanted) {
+      if (!side.partners[page]) continue;
+      const std::size_t partner = side.partners[page]->page;
+      const auto sight = sights.find(page);
+      const auto other = otherSights.find(partner);
+      if (sight == sights.end() || other == otherSights.end()) {
+        findings.push_back(unreadable(page, pair, "How it looks"));
+        continue;
+      }
+      std::ranges::move(lookFindings(pair, page, sight->second, other->second),
+                        std::back_inserter(findings));
+      std::ranges::move(barcodeFindings(pair, page, sight->second, other->second),
+                        std::back_inserter(findings));
+      if (pages_[page].words.empty() && side.read.pages[partner].words.empty() &&
+          !blank(sight->second.picture)) {
+        const std::lock_guard lock(mutex_);
+        side.silent.insert(page);
+      }
+    }
+    if (i == 0) {
+      ours = findings;
+      const std::lock_guard lock(mutex_);
+      std::ranges::copy_if(found_.front(), std::back_inserter(ours), [&](const Finding& finding) {
+        return finding.page >= static_cast<Int>(from) && finding.page < static_cast<Int>(to);
+      });
+    } else if (references_.front().role == kOurs) {
+      acceptAsOurs(findings, ours, sides.front().partners);
+    }
+    find(i, std::move(findings));
+  }
+}
+
+// Said once for pages that follow each other, and last what passed.
+void VersionCheck::tellSilence(std::vector<Side>& sides) {
+  say("Writing what was found");
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const Side& side = sides[i];
+    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
+                    side.reference.called};
+    std::vector<Finding> findings;
+    for (auto from = side.silent.begin(); from != side.silent.end();) {
+      auto to = std::next(from);
+      std::size_t count = 1;
+      while (to != side.silent.end() && *to == *from + count) ++to, ++count;
+      Finding finding = findingOn(*from, pair, "words", "medium");
+      finding.title = "No live text";
+      finding.detail =
+          (count == 1 ? "The page has"
+                      : "This page and the " + std::to_string(count - 1) + " behind it have") +
+          std::string(" no words that could be compared with those of ") + pair.called +
+          ". How it looks was compared.";
+      findings.push_back(std::move(finding));
+      from = to;
+    }
+    find(i, findings);
+    find(i, passFindings(pair, found_[i]));
+  }
+}
+
+}  // namespace vellix::demo

@@ -1,0 +1,69 @@
+// The check of one version against all that it can be compared with, going on beside.
+#pragma once
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "check/compared.hpp"
+#include "pdf_file.hpp"
+
+namespace vellix::demo {
+
+struct CheckReference {
+  std::string role;    // "submitted", "previous", "fbc"
+  std::string called;  // within a sentence
+  std::shared_ptr<const PdfFile> pdf;
+  PdfReading facts;
+};
+
+// What came since it was asked for last.
+struct CheckNews {
+  std::map<std::string, Partners> partners;  // by role
+  std::vector<Finding> findings;             // without ids
+  std::string step;                          // what is being done
+  bool done = false;
+};
+
+class VersionCheck {
+ public:
+  // `facts` are the proof's. Our own file ("submitted") goes first, wherever it stands.
+  VersionCheck(std::shared_ptr<const PdfFile> proof, PdfReading facts,
+               std::vector<CheckReference> references);
+  // Stops, and waits for the pages that are being read.
+  ~VersionCheck();
+
+  // Any thread.
+  CheckNews news();
+  // No more pages are begun; what there is stays.
+  void stop() { thread_.request_stop(); }
+  // Nothing is read any more.
+  bool ended() const { return ended_; }
+
+ private:
+  struct Side;
+  void run(const std::stop_token& stopped);
+  void say(std::string step);
+  void find(std::size_t reference, std::vector<Finding> findings);
+  void compareText(std::vector<Side>& sides);
+  void comparePages(std::vector<Side>& sides, const std::stop_token& stopped);
+  void lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to);
+  void tellSilence(std::vector<Side>& sides);
+
+  std::shared_ptr<const PdfFile> proof_;
+  PdfReading facts_;
+  std::vector<CheckReference> references_;
+  std::vector<PdfPage> pages_;  // of the proof, with their words
+  std::mutex mutex_;
+  CheckNews news_;
+  std::vector<std::vector<Finding>> found_;  // all, by reference
+  std::size_t looked_ = 0;                   // pages
+  std::atomic<bool> ended_ = false;
+  std::jthread thread_;
+};
+
+}  // namespace vellix::demo
