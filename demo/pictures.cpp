@@ -62,6 +62,7 @@ std::optional<std::string> Pictures::find(const std::string& key) {
 std::vector<std::string> Pictures::keys() const {
   const std::lock_guard lock(mutex_);
   std::vector<std::string> all;
+  all.reserve(entries_.size());
   for (const auto& [key, entry] : entries_) all.push_back(key);
   return all;
 }

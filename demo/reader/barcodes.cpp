@@ -67,11 +67,10 @@ std::vector<PdfBarcode> barcodesIn(const QImage& grey) {
   if (grey.isNull() || !reader || !frame) return codes;
   zbar::zbar_image_set_format(frame.get(), zbar_fourcc('Y', '8', '0', '0'));
   // A row of theirs is as long as it is wide, one of ours is filled up to a multiple of four.
-  const QImage rows = grey;
-  zbar::zbar_image_set_size(frame.get(), static_cast<unsigned>(rows.bytesPerLine()),
-                            static_cast<unsigned>(rows.height()));
-  zbar::zbar_image_set_data(frame.get(), rows.constBits(),
-                            static_cast<unsigned long>(rows.sizeInBytes()), nullptr);
+  zbar::zbar_image_set_size(frame.get(), static_cast<unsigned>(grey.bytesPerLine()),
+                            static_cast<unsigned>(grey.height()));
+  zbar::zbar_image_set_data(frame.get(), grey.constBits(),
+                            static_cast<unsigned long>(grey.sizeInBytes()), nullptr);
   zbar::zbar_scan_image(reader.get(), frame.get());
   for (const auto* symbol = zbar::zbar_image_first_symbol(frame.get()); symbol != nullptr;
        symbol = zbar::zbar_symbol_next(symbol)) {

@@ -17,10 +17,10 @@ QString fontName(std::string_view name) {
       std::ranges::all_of(name.substr(0, kSubsetMark), isCapital)) {
     name.remove_prefix(kSubsetMark + 1);
   }
-  const auto size = static_cast<qsizetype>(name.size());
-  const QString text = QString::fromUtf8(name.data(), size);
+  const QString text = QString::fromUtf8(QByteArrayView(name));
   // Names may be written in anything; the same bytes read the same at least.
-  return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(name.data(), size) : text;
+  return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(QByteArrayView(name))
+                                                    : text;
 }
 
 }  // namespace
