@@ -34,10 +34,12 @@ Item {
                 id: zero
 
                 visible: false
-                font.family: Theme.family
-                font.pointSize: digits.size * Theme.pointsPerPixel
-                font.weight: digits.weight
-                laidOut: "0"
+
+                LabelText {
+                    size: digits.size
+                    weight: digits.weight
+                    text: "0"
+                }
             }
 
             Repeater {
