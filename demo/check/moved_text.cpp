@@ -18,6 +18,8 @@ constexpr std::size_t kInARow = 3;
 constexpr std::size_t kMostCandidates = 24;
 // On a page where that does not do, the order of reading is not what differs.
 constexpr std::size_t kMostAsked = 400;
+constexpr double kLinesOfAWrap = 2.2;
+constexpr double kPointsOfAWrap = 60;
 
 using Candidates = std::vector<std::uint32_t>;
 
@@ -153,7 +155,7 @@ class Moved {
       weigh(*candidates);
     }
     if (longest.count == 0) return 1;
-    const bool stays = keepsItsNeighbours(longest);
+    const bool stays = keepsItsNeighbours(longest) || wraps(longest);
     qsizetype letters = 0;
     for (std::size_t i = 0; i < longest.count; ++i) letters += flows_.proof[at + i].text.size();
     if (!stays && (longest.count < kFewestWords || letters < kFewestLetters)) return 1;
@@ -162,6 +164,17 @@ class Moved {
     }
     if (!stays) match_.moved.push_back(longest);
     return longest.count;
+  }
+
+  // Whether it stood at the end of a line and now begins the next, or the other way round: cells of
+  // a table side by side are read line by line.
+  bool wraps(const Passage& passage) const {
+    const FlowWord& now = flows_.proof[passage.proof];
+    if (flows_.reference[passage.reference].first.page != partnerOf(now.first.page)) return false;
+    const QPointF by = away(passage.proof, passage.reference);
+    const double line = now.first.box.height() * pair_.proof[now.first.page].height;
+    const bool otherLine = std::abs(by.y()) > line / 2 && std::abs(by.y()) < kLinesOfAWrap * line;
+    return otherLine && (by.y() > 0) == (by.x() < 0) && std::abs(by.x()) > kPointsOfAWrap;
   }
 
   bool keepsItsNeighbours(const Passage& passage) {

@@ -57,12 +57,60 @@ void putCapped(std::vector<Finding>& all, std::vector<Finding> findings, const P
   }
 }
 
+struct Read {
+  Flows flows;
+  TextMatch match;
+};
+
+Read readBy(const Pair& pair, const std::vector<bool>& columns) {
+  Flows flows = flowsOf(pair, columns);
+  TextMatch match = textMatchOf(pair, flows);
+  return {std::move(flows), std::move(match)};
+}
+
+// How many words of a page, or of its partner, are left without their other.
+std::vector<std::size_t> leftOver(const Pair& pair, const Read& read) {
+  std::vector<std::size_t> left(pair.proof.size(), 0);
+  std::vector<std::size_t> gone(pair.reference.size(), 0);
+  const auto count = [](const Flow& flow, const std::vector<std::uint32_t>& others, auto& counts) {
+    for (std::size_t i = 0; i < flow.size(); ++i) {
+      if (others[i] == kNoWord) ++counts[flow[i].first.page];
+    }
+  };
+  count(read.flows.proof, read.match.ofProof, left);
+  count(read.flows.reference, read.match.ofReference, gone);
+  for (std::size_t page = 0; page < left.size(); ++page) {
+    if (pair.partners[page]) left[page] += gone[pair.partners[page]->page];
+  }
+  return left;
+}
+
+// In the order that the PDFs tell, but page by page in that of the columns where the two pages have
+// more in common that way.
+Read readAlike(const Pair& pair) {
+  std::vector<bool> columns(pair.proof.size(), false);
+  Read asTold = readBy(pair, columns);
+  const auto left = leftOver(pair, asTold);
+  for (std::size_t page = 0; page < left.size(); ++page) {
+    columns[page] = left[page] > 0 && pair.partners[page];
+  }
+  if (std::ranges::none_of(columns, [](bool any) { return any; })) return asTold;
+  Read byColumns = readBy(pair, columns);
+  const auto less = leftOver(pair, byColumns);
+  bool all = true;
+  for (std::size_t page = 0; page < left.size(); ++page) {
+    const bool better = columns[page] && less[page] < left[page];
+    all = all && better == columns[page];
+    columns[page] = better;
+  }
+  return all ? std::move(byColumns) : readBy(pair, columns);
+}
+
 }  // namespace
 
 std::vector<Finding> textFindings(const Pair& pair) {
   std::vector<Finding> all;
-  const Flows flows = flowsOf(pair);
-  const TextMatch match = textMatchOf(pair, flows);
+  const auto [flows, match] = readAlike(pair);
   const ForeignPages foreign = foreignPagesOf(pair, flows, match);
   auto words = withoutLiveText(pair);
   std::ranges::move(wordFindings(pair, flows, match, foreign), std::back_inserter(words));

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "reading_order.hpp"
 #include "running_heads.hpp"
 
 namespace vellix::demo {
@@ -81,8 +82,7 @@ class FlowMaker {
   bool goesOnWith(const FlowPart& part, const QString& text) const {
     const FlowWord& before = flow_.back();
     if (before.rest || before.text.size() < 2 || !isHyphen(before.text.back()) ||
-        !before.text[before.text.size() - 2].isLetterOrNumber() ||
-        !text.front().isLetterOrNumber()) {
+        !before.text[before.text.size() - 2].isLetterOrNumber() || !text.front().isLetter()) {
       return false;
     }
     return before.first.page != part.page || !onOneLine(before.first.box, part.box, text);
@@ -126,12 +126,18 @@ class FlowMaker {
 
 class FlowsMaker {
  public:
-  explicit FlowsMaker(const Pair& pair)
+  FlowsMaker(const Pair& pair, const std::vector<bool>& byColumns)
       : pair_(pair),
+        byColumns_(byColumns),
+        referenceByColumns_(pair.reference.size(), false),
         proof_(flows_.proof, pair.proof, keys_),
         reference_(flows_.reference, pair.reference, keys_),
         proofHeads_(runningHeadsOf(pair.proof)),
-        referenceHeads_(runningHeadsOf(pair.reference)) {}
+        referenceHeads_(runningHeadsOf(pair.reference)) {
+    for (std::size_t i = 0; i < byColumns.size(); ++i) {
+      if (byColumns[i] && pair.partners[i]) referenceByColumns_[pair.partners[i]->page] = true;
+    }
+  }
 
   Flows made() {
     const std::size_t count = pair_.proof.size();
@@ -196,10 +202,16 @@ class FlowsMaker {
   }
 
   static void addText(FlowMaker& maker, const std::vector<PdfPage>& pages, const Numbers& numbers,
-                      const RunningHeads& heads) {
+                      const RunningHeads& heads, const std::vector<bool>& byColumns) {
     for (const std::size_t page : numbers) {
       std::vector<bool> apart(pages[page].words.size(), false);
       for (const std::uint32_t word : heads[page]) apart[word] = true;
+      if (byColumns[page]) {
+        for (const std::uint32_t word : columnOrder(pages[page])) {
+          if (!apart[word]) add(maker, pages, page, word);
+        }
+        continue;
+      }
       for (std::size_t word = 0; word < apart.size(); ++word) {
         if (!apart[word]) add(maker, pages, page, static_cast<std::uint32_t>(word));
       }
@@ -208,11 +220,13 @@ class FlowsMaker {
 
   void text(const Numbers& proof, const Numbers& reference) {
     begin(false);
-    addText(proof_, pair_.proof, proof, proofHeads_);
-    addText(reference_, pair_.reference, reference, referenceHeads_);
+    addText(proof_, pair_.proof, proof, proofHeads_, byColumns_);
+    addText(reference_, pair_.reference, reference, referenceHeads_, referenceByColumns_);
   }
 
   const Pair& pair_;
+  const std::vector<bool>& byColumns_;
+  std::vector<bool> referenceByColumns_;
   QHash<QString, int> keys_;
   Flows flows_;
   FlowMaker proof_;
@@ -230,7 +244,9 @@ QString withoutHyphens(const QString& text) {
   return plain.isEmpty() ? text : plain;
 }
 
-Flows flowsOf(const Pair& pair) { return FlowsMaker(pair).made(); }
+Flows flowsOf(const Pair& pair, const std::vector<bool>& byColumns) {
+  return FlowsMaker(pair, byColumns).made();
+}
 
 bool onOneLine(const FlowWord& before, const FlowWord& word) {
   if (word.joined && before.first.word == word.first.word) return true;

@@ -43,7 +43,9 @@ struct Flows {
 // First the text of all pages that kept their order, with those that have no partner; then each run
 // of pages that moved, then heads and feet. Pages of which one of the two has no words are left
 // out.
-Flows flowsOf(const Pair& pair);
+// Of those pages of the proof for which `byColumns` says so, and their partners, columns are read
+// one after the other.
+Flows flowsOf(const Pair& pair, const std::vector<bool>& byColumns);
 
 // Whether the word stands on the line of the one before it.
 bool onOneLine(const FlowWord& before, const FlowWord& word);

@@ -162,5 +162,64 @@ TEST(TextFlow, TellsWhatHeadsHaveInCommonOnce) {
   EXPECT_EQ(findings[0].page, 4);
 }
 
+// Two columns with so many lines each; the words follow line by line across both.
+PdfPage columns(const QString& text, double second, qsizetype lettersOfALine, bool acrossBoth) {
+  const auto lines = [&](const PdfPage& page) {
+    std::vector<std::vector<PdfWord>> all;
+    for (const PdfWord& word : page.words) {
+      if (all.empty() || word.box.top() > all.back().back().box.top()) all.emplace_back();
+      all.back().push_back(word);
+    }
+    return all;
+  };
+  const QStringList halves = text.split(u'|');
+  const auto left = lines(setText(halves[0], lettersOfALine)[0]);
+  auto right = lines(setText(halves[1], lettersOfALine)[0]);
+  PdfPage page{kPageWidth, kPageHeight, {}};
+  const auto put = [&](const std::vector<PdfWord>& line, double by) {
+    for (PdfWord word : line) {
+      word.box.translate(by / kPageWidth, 0);
+      page.words.push_back(word);
+    }
+  };
+  for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
+    if (i < left.size()) put(left[i], 0);
+    if (acrossBoth && i < right.size()) put(right[i], second);
+  }
+  for (std::size_t i = 0; !acrossBoth && i < right.size(); ++i) put(right[i], second);
+  return page;
+}
+
+// Words of all lengths, so that their spaces do not lie under each other.
+QString unevenWords(int count, int from) {
+  QStringList words;
+  for (int i = 0; i < count; ++i) {
+    words << QStringLiteral("w%1").arg(from + i) + QString(i * 7919 % 101 % 9, u'x');
+  }
+  return words.join(u' ');
+}
+
+TEST(TextFlow, ReadsColumnsOneAfterTheOtherWhereThatIsMoreAlike) {
+  const QString text = unevenWords(50, 1000) + u"|"_s + unevenWords(50, 2000);
+  const Pages ours{columns(text, 220, 36, false)};
+  const Pages proof{columns(text, 220, 36, true)};
+  EXPECT_EQ(told(proof, ours), "");
+  QString changed = text;
+  changed.replace(u"w1021"_s, u"considerably"_s);
+  EXPECT_EQ(found({columns(changed, 220, 36, true)}, {columns(text, 220, 36, true)})[0].title,
+            "One word changed");
+  EXPECT_TRUE(sameWords({columns(text, 220, 32, true)}, {columns(text, 220, 36, true)}));
+}
+
+TEST(TextFlow, DoesNotTakeANumberForTheRestOfAWord) {
+  const Pages ours{setPage({u"what comes of Pre-"_s}), setPage({u"4. The fourth of all"_s})};
+  Pages proof = ours;
+  proof[1].words[0].text = u"9."_s;
+  const auto findings = found(proof, ours);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].detail, "It reads “9.” where our file reads “4.”.");
+  EXPECT_EQ(findings[0].page, 1);
+}
+
 }  // namespace
 }  // namespace vellix::demo
