@@ -34,12 +34,10 @@ Item {
                 id: zero
 
                 visible: false
-
-                LabelText {
-                    size: digits.size
-                    weight: digits.weight
-                    text: "0"
-                }
+                font.family: Theme.family
+                font.pointSize: digits.size * Theme.pointsPerPixel
+                font.weight: digits.weight
+                laidOut: "0"
             }
 
             Repeater {

@@ -4,20 +4,21 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 #include <QStyleHints>
 #include <cmath>
 
-#include "pieces/faces.hpp"
 #include "pieces/written_keys.hpp"
 
 namespace vellix {
 namespace {
 
-QString firstInstalled(std::initializer_list<const char*> families) {
+QString firstInstalled(std::initializer_list<const char*> families,
+                       QFontDatabase::SystemFont fallback) {
   for (const char* family : families) {
     if (QFontDatabase::hasFamily(QString::fromLatin1(family))) return QString::fromLatin1(family);
   }
-  return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+  return QFontDatabase::systemFont(fallback).family();
 }
 
 // Between a channel as it is written and the light that it gives, both 0 to 1.
@@ -31,8 +32,9 @@ double channelOf(double light) {
 }  // namespace
 
 Theme::Theme(QObject* parent) : QObject(parent) {
-  family_ = familyOfViews();
-  serif_ = firstInstalled({"New York", "EB Garamond", "EB Garamond 12", "Georgia", "Noto Serif"});
+  family_ = firstInstalled({"Inter"}, QFontDatabase::GeneralFont);
+  serif_ = firstInstalled({"New York", "EB Garamond", "EB Garamond 12", "Georgia", "Noto Serif"},
+                          QFontDatabase::GeneralFont);
   qApp->installEventFilter(this);
   takeDark(systemIsDark());
 }
@@ -50,7 +52,12 @@ void Theme::setReducedMotion(bool reduced) {
   emit motionChanged();
 }
 
-qreal Theme::pointsPerPixel() const { return vellix::pointsPerPixel(); }
+qreal Theme::pointsPerPixel() const {
+  // Where Qt rounds faces to whole pixels, halves shall go down for certain and not by luck.
+  constexpr qreal kJustBelow = 0.9999;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return kJustBelow * 72.0 / (screen ? screen->logicalDotsPerInch() : 96.0);
+}
 
 void Theme::followSystem(const Look& look) {
   system_ = look.scheme;

@@ -8,7 +8,6 @@
 #include <QVariantList>
 
 #include "pieces/Tones.hpp"
-#include "pieces/faces.hpp"
 #include "pieces/shown_text.hpp"
 #include "platform/ports/look.hpp"
 
@@ -95,12 +94,12 @@ class Theme : public QObject {
   VELLIX_CONSTANT(qreal, small, 11.5)
   VELLIX_CONSTANT(qreal, note, 12)
   VELLIX_CONSTANT(qreal, body, 12.5)
-  VELLIX_CONSTANT(qreal, row, kRowSize)
+  VELLIX_CONSTANT(qreal, row, 13)
   VELLIX_CONSTANT(qreal, lead, 13.5)
   VELLIX_CONSTANT(qreal, large, 14)
   VELLIX_CONSTANT(qreal, title, 20)
   VELLIX_CONSTANT(qreal, display, 26)
-  VELLIX_CONSTANT(qreal, lineHeight, kLineHeight)
+  VELLIX_CONSTANT(qreal, lineHeight, 1.35)
   // In characters.
   VELLIX_CONSTANT(int, mostShown, kMostShown)
   VELLIX_CONSTANT(int, mostOnALine, kMostOnALine)

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Lays out a text. Digits and what measures a label are made of it: they bound what is laid out.
+// Lays out a text. Labels and digits alone are made of it: they bound what is laid out.
 Text {
     id: words
 

@@ -11,9 +11,6 @@ Item {
     Label { id: line; width: 300 }
     Label { id: lines; width: 300; wrapMode: Text.Wrap; maximumLineCount: 3 }
     Label { id: running; width: 300; wrapMode: Text.Wrap }
-    Label { id: own; size: 12; text: "Own"; font.family: Theme.serif; font.letterSpacing: 0.5 }
-    Label { id: changing; text: "Changing" }
-    Label { id: helped; width: 60; text: "Words that do not fit into that room" }
     Digits { id: digits; text: "p12 · 3 of 40" }
     CentredLabel { id: centred; size: 12 }
     Label { id: plain; wrapMode: Text.Wrap; size: 12; font: centred.font }
@@ -28,77 +25,6 @@ Item {
 
         function cleanup() {
             compare(probe.takeWarnings(), []);
-        }
-
-        function test_keepWhatIsSetOfTheFontItself() {
-            for (const [size, weight] of [[12, Font.Normal], [20, Font.Bold], [12, Font.Normal]]) {
-                own.size = size;
-                own.weight = weight;
-                compare(own.font.family, Theme.serif);
-                compare(own.font.letterSpacing, 0.5);
-                compare(own.font.pointSize.toFixed(3), (size * Theme.pointsPerPixel).toFixed(3));
-                compare(own.font.weight, weight);
-            }
-        }
-
-        function test_beInTheFaceOfTheProgram() {
-            compare(changing.font.family, Theme.family);
-            compare(changing.font.weight, Font.Normal);
-            compare(changing.font.pointSize.toFixed(3), (Theme.row * Theme.pointsPerPixel).toFixed(3));
-        }
-
-        // What Qt Quick lays out, which a label has under other names.
-        function test_giveLinesRoomAndCutALineShort() {
-            const one = changing.implicitHeight;
-            verify(helped.truncated);
-            for (let i = 0; i < 2; ++i) {
-                compare([changing.lineHeight, changing.elide], [1, Text.ElideRight]);
-                changing.wrapMode = Text.Wrap;
-                compare([changing.lineHeight, changing.elide], [Theme.lineHeight, Text.ElideNone]);
-                verify(changing.implicitHeight > one);
-                changing.wrapMode = Text.NoWrap;
-                compare(changing.implicitHeight, one);
-            }
-            helped.wrapMode = Text.Wrap;
-            helped.lineHeight = 1;
-            const lines = helped.lineCount;
-            verify(!helped.truncated && lines > 1);
-            verify(helped.implicitHeight < lines * one + 1, "Their room is the one that was set.");
-            helped.wrapMode = Text.NoWrap;
-            verify(helped.truncated);
-        }
-
-        function test_layOutMoreWhereThereAreMoreLines() {
-            lines.text = "proof ".repeat(2000);
-            compare(lines.laidOut.length, 3001);
-            lines.maximumLineCount = 5;
-            compare(lines.laidOut.length, 5001);
-            lines.maximumLineCount = 3;
-            compare(lines.laidOut.length, 3001);
-        }
-
-        // What takes the pointer there, if anything does.
-        function helpOver(label: Item): string {
-            return label.children.length > 0 ? label.children[0].text : "";
-        }
-
-        function test_tellTheWholeWhileItIsCutShort() {
-            compare(helpOver(helped), "");
-            helped.tellsWhole = true;
-            compare(helpOver(helped), helped.text);
-            compare([helped.children[0].width, helped.children[0].height], [helped.width, helped.height]);
-            helped.help = "Another help";
-            compare(helpOver(helped), "Another help");
-            helped.help = "";
-            compare(helpOver(helped), helped.text);
-            helped.width = 400;
-            compare(helpOver(helped), "");
-            compare(helped.children[0].width, 400);
-            helped.text = "Others that do not fit into that room";
-            helped.width = 60;
-            compare(helpOver(helped), helped.text);
-            helped.tellsWhole = false;
-            compare(helpOver(helped), "");
         }
 
         // A cell's digit becomes a letter and back.
