@@ -72,14 +72,12 @@ class State {
   // opened is said in a sentence. Those that are there already stay as they are.
   std::expected<void, std::string> give(const std::vector<GivenProof>& proofs);
 
-  // Ahead of everything else, and once: goes on with what the shelf holds, and keeps on it from
-  // then on. The shelf outlives the state, which was opened at the moment and with the books that
-  // the shelf tells.
+  // Ahead of all else, once: goes on with what the shelf holds, and keeps on it from then on. It
+  // outlives the state, which was opened at the moment and with the books that it tells.
   Kept takeUp(Shelf& shelf, double now);
   // Keeps what changed since the last time; called before an answer leaves.
   Kept keep();
-  // Another for every start, so that nothing is taken for unchanged that was lost with the last
-  // one.
+  // Another for every start: nothing that was lost with the last is taken for unchanged.
   Int starts() const { return keeping_.starts; }
 
   // Lets happen everything that was due by `now`; called before each request is answered.

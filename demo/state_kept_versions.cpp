@@ -52,9 +52,9 @@ void State::takeUpVersions(Ticket& ticket) {
                    static_cast<long long>(version.record.n), version.lost.c_str());
     }
     enterPicturesOf(ticket, version, pictures_);
-    const auto pdf = version.pdf;
-    version.printed = std::async(std::launch::deferred, [pdf] { return pdf; }).share();
-    version.reading = std::async(std::launch::deferred, [pdf] {
+    version.printed =
+        std::async(std::launch::deferred, [pdf = version.pdf] { return pdf; }).share();
+    version.reading = std::async(std::launch::deferred, [pdf = version.pdf] {
                         return pdf ? pdf->read() : PdfReading{};
                       }).share();
   }
