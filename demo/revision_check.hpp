@@ -2,21 +2,20 @@
 // marked a real issue before.
 #pragma once
 
-#include <QImage>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "pdf_reading.hpp"
+#include "pdf_file.hpp"
 #include "records/records.hpp"
 
 namespace vellix::demo {
 
-// A version as it is compared.
+// A version as it is compared; its PDF could be read.
 struct Compared {
   Int number = 0;
+  std::shared_ptr<const PdfFile> pdf;
   const PdfReading& reading;
-  std::vector<QImage> sketches;    // of the first pages
-  std::vector<std::string> names;  // of the pages, as far as they have any
 };
 
 // Every change, as an open finding against the version before; ids are the caller's. Takes a while.

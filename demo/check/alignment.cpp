@@ -14,8 +14,9 @@ namespace {
 constexpr int kReach = static_cast<int>(kMostAside / 25.4 * kSightDots) + 1;
 // A pixel that differs by more counts no more, so that what changed does not pull at the page.
 constexpr uchar kMostOfAPixel = 64;
-// Another place has to fit better by that much than none.
+// Another place has to fit better by that much than none, or it is chance.
 constexpr double kBetter = 0.97;
+constexpr double kMuchBetter = 0.75;
 constexpr int kRowsApart = 3;
 // Pages whose sides differ by more than this part are scaled and not cut.
 constexpr double kMostCut = 0.15;
@@ -125,7 +126,7 @@ Fit fitted(const QImage& reference, const QImage& proof) {
     for (int x = -1; x <= 1; ++x) {
       const QPoint shift = near + QPoint(x, y);
       const double here = misfit(reference, proof, shift);
-      if (here < still * kBetter && here < best.misfit) best = {shift, here};
+      if (here < still * kMuchBetter && here < best.misfit) best = {shift, here};
     }
   }
   return best;
