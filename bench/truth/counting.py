@@ -70,6 +70,7 @@ class Score:
     overlaps: dict[str, list[float]] = field(default_factory=lambda: defaultdict(list))
     false: int = 0
     pages: int = 0
+    unplaced: int = 0  # changes whose place is not known, and which are not counted
     missed: list[Truth] = field(default_factory=list)
     wrong: list[dict] = field(default_factory=list)
     loose: list[tuple[Truth, float]] = field(default_factory=list)
@@ -77,6 +78,9 @@ class Score:
     def add(self, truths: list[Truth], told: dict) -> "Score":
         findings = [one for one in told["findings"] if one["kind"] not in SILENT]
         for truth in truths:
+            if not truth.boxes and truth.kind not in OF_PAGES:
+                self.unplaced += 1
+                continue
             self.planted[truth.kind] += 1
             best = [one for one in findings if tells(one, truth) and partner_right(told, truth)]
             if not best:
@@ -102,6 +106,7 @@ class Score:
             self.overlaps[kind] += other.overlaps[kind]
         self.false += other.false
         self.pages += other.pages
+        self.unplaced += other.unplaced
         self.missed += other.missed
         self.wrong += other.wrong
         self.loose += other.loose

@@ -98,6 +98,7 @@ class Bench:
             print(f"| all | {sum(changed.planted.values())} | {sum(changed.found.values())} | "
                   f"{100 * changed.recall():.1f} % | {statistics.median(overlaps):.2f} | "
                   f"{100 * share_good(overlaps):.1f} % |")
+        print(f"\nNot counted, since pdftotext cannot tell their place: {changed.unplaced}")
         print("\n| pairs | pages | false findings | in 50 pages |\n|---|---:|---:|---:|")
         for name, score in (("changed", changed), ("unchanged", unchanged)):
             print(f"| {name} | {score.pages} | {score.false} | {score.false_for_pages():.2f} |")

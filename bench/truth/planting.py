@@ -118,28 +118,28 @@ def break_in(base: Reading, words: list[Word], rng: random.Random) -> int | None
 
 
 def truth_of_words(spot: Spot, book: Book, changed: Book, before: Reading,
-                   after: Reading) -> Truth | None:
-    """None where poppler's tools cannot tell its place."""
+                   after: Reading) -> Truth:
+    """Without boxes where poppler's tools cannot tell its place; it may be anywhere then."""
     words = changed.sheets[spot.sheet].paragraphs[spot.paragraph]
     old = book.sheets[spot.sheet].paragraphs[spot.paragraph]
-    truth = Truth(spot.kind, 0, " ".join(word.text for word in words[spot.at - 2:spot.at + 4]))
+    truth = Truth(spot.kind, spot.sheet, " ".join(word.text for word in words[spot.at - 2:spot.at + 4]))
     if spot.count == 0:
         stood = located(after, words, spot.at - 1, 2)
         gone = located(before, old, spot.at, 1)
-        if not stood or not gone:
-            return None
-        truth.ref_boxes = boxes_by_line(gone, gone[0].page)
+        truth.ref_boxes = boxes_by_line(gone, spot.sheet) if gone else []
+        stood = stood if gone else None
     else:
         stood = located(after, words, spot.at, spot.count)
     if not stood:
-        return None
-    truth.page = stood[0].page
+        truth.told = [(truth.page, (0.0, 0.0, 1.0, 1.0))]
+        return truth
     truth.boxes = [boxes_by_line(stood, truth.page)]
     if spot.kind == "line break moved":
-        carried = carried_over(before, after, old, words, spot.at)
+        carried = carried_over(before, after, old, words)
         truth.boxes = [boxes_by_line(carried, truth.page), *truth.boxes,
                        *break_boxes(after, words, spot.at, truth.page)]
-    truth.told = [(word.page, word.box) for word in behind(after, words, spot)]
+    truth.told = [(word.page, word.box) for at in range(len(words))
+                  for word in located(after, words, at, 1) or []]
     if book.sheets[spot.sheet].kind == "table":
         truth.rules = [(truth.page, (0.0, 0.0, 1.0, 1.0))]
     return truth
@@ -158,11 +158,12 @@ def break_boxes(after: Reading, words: list[Word], at: int, page: int) -> list[l
     return found
 
 
-def carried_over(before: Reading, after: Reading, old: list[Word], words: list[Word],
-                 at: int) -> list[Stood]:
-    """The words from there on that stand on another line of their paragraph than they did."""
+def carried_over(before: Reading, after: Reading, old: list[Word],
+                 words: list[Word]) -> list[Stood]:
+    """The words that stand on another line of their paragraph than they did. TeX breaks all of a
+    paragraph anew, so that lines in front of a change may differ too."""
     carried, lines, old_lines = [], [], []
-    for i in range(at - 1, len(words)):
+    for i in range(len(words)):
         was, now = located(before, old, i, 1), located(after, words, i, 1)
         if not was or not now:
             continue
@@ -173,14 +174,6 @@ def carried_over(before: Reading, after: Reading, old: list[Word], words: list[W
         if len(lines) != len(old_lines):
             carried += now
     return carried
-
-
-def behind(after: Reading, words: list[Word], spot: Spot) -> list[Stood]:
-    """The words of the paragraph from just before a change on, as far as they can be found."""
-    found = []
-    for at in range(max(0, spot.at - 6), len(words)):
-        found += located(after, words, at, 1) or []
-    return found
 
 
 def art_planted(book: Book, rng: random.Random) -> list[tuple[int, int, Art]]:
@@ -236,4 +229,4 @@ def truths_of(book: Book, changed: Book, spots: list[Spot], art: list[tuple[int,
     before, after = readings(was), readings(now)
     truths = [truth_of_words(spot, book, changed, before[spot.sheet], after[spot.sheet])
               for spot in spots]
-    return [truth for truth in truths if truth] + truths_of_art(art, changed, marked)
+    return truths + truths_of_art(art, changed, marked)

@@ -104,6 +104,11 @@ class Counting(unittest.TestCase):
         self.holds(scored([truth], finding(box=HERE), finding("breaks", page=1, box=AWAY)), 1, 1)
         self.holds(scored([truth], finding(box=HERE), finding("picture", box=AWAY)), 1, 1)
 
+    def test_a_change_whose_place_is_not_known_is_neither_found_nor_missed(self):
+        score = scored([word(boxes=(), told=[(0, (0, 0, 1, 1))])], finding(box=HERE))
+        self.holds(score, 0, 0)
+        self.assertEqual((score.unplaced, score.missed), (1, []))
+
     def test_false_ones_for_fifty_pages(self):
         score = scored([], finding(box=HERE))
         score.join(scored([]))
