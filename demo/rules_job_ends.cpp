@@ -28,7 +28,10 @@ bool ready(const std::future<std::string>& future) {
 
 Texts filed(const std::vector<FileDetail>& tickets) {
   std::set<std::string> orders;
-  for (const FileDetail& detail : tickets) orders.insert(detail.file.po.value_or(""));
+  for (const FileDetail& detail : tickets) {
+    // Somebody's own proof has no order.
+    if (detail.file.po) orders.insert(*detail.file.po);
+  }
   Texts lines;
   for (const std::string& po : orders) lines.push_back("Filed to Drive under PO " + po);
   return lines;

@@ -235,6 +235,44 @@ TEST_F(OwnProofs, HoldTheVersionBeforeAndTheFbcAgainstOurFile) {
   EXPECT_EQ(detail(one.file.id, "?v=1").file.pages->size(), 2U);
 }
 
+TEST_F(OwnProofs, AreReportedOnAsAPdfOfWhatWasMarked) {
+  start({"--proof", pdf("proof.pdf", {saying(kFirst), saying(kSecond)}), "--sent",
+         pdf("ours.pdf", {saying(kFirst), saying(kThird)})});
+  const FileDetail one = onlyOne();
+  const auto found = real(one);
+  ASSERT_FALSE(found.empty());
+  EXPECT_EQ(post("/api/findings/" + found[0].id, R"({"state":"issue"})"), "{}");
+  EXPECT_EQ(post("/api/jobs", R"({"kind":"report","file_ids":[")" + one.file.id + R"("]})"), "{}");
+  BoardState now;
+  for (int i = 0; i < 600 && now.reports.empty(); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    now = board();
+  }
+  ASSERT_EQ(now.reports.size(), 1U);
+  EXPECT_TRUE(get("/api/reports/" + now.reports[0].id + "/pdf").starts_with("%PDF-"));
+  ASSERT_TRUE(now.jobs.front().summary);
+  EXPECT_EQ(now.jobs.front().summary->done,
+            (std::vector<std::string>{"Made a report on proof", "Marked 1 real issue"}));
+  // No order, and so nothing that was filed under one.
+  EXPECT_FALSE(now.jobs.front().summary->changed);
+}
+
+TEST_F(OwnProofs, AStoppedSyncGoesOnWithTheNextOne) {
+  std::vector<WrittenPage> many(200, saying(kFirst));
+  start({"--proof", pdf("proof.pdf", many), "--sent", pdf("ours.pdf", many)});
+  const std::string id = board().sync->id;
+  EXPECT_EQ(post("/api/jobs/" + id + "/stop", "{}"), "{}");
+  const FileDetail stopped = onlyOne();
+  EXPECT_EQ(board().sync->status, "stopped");
+  EXPECT_EQ(stopped.versions->back().status, "failed");
+  EXPECT_EQ(stopped.file.summary, "The check was stopped. The next sync checks it.");
+  EXPECT_EQ(stopped.file.pages->size(), 200U);
+  EXPECT_EQ(post("/api/jobs", R"({"kind":"sync"})"), "{}");
+  const FileDetail done = onlyOne();
+  EXPECT_EQ(done.versions->back().status, "done");
+  EXPECT_EQ(done.file.summary, "Nothing differs on 200 pages.");
+}
+
 TEST_F(OwnProofs, WithNothingToCompareWithSaySo) {
   start({"--proof", pdf("proof.pdf", {saying(kFirst)})});
   const FileDetail one = onlyOne();
