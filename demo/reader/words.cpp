@@ -37,7 +37,10 @@ std::vector<PdfWord> wordsOf(const poppler::page& page, QSizeF size) {
     QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()))
                        .normalized(QString::NormalizationForm_KC)
                        .trimmed();
+    // A soft hyphen shows where a line ends with it, and nowhere else.
+    const bool broken = text.endsWith(QChar(0xAD));
     text.remove(QChar(0xAD));
+    if (broken) text += u'-';
     const auto at = box.bbox();
     const QRectF place = QRectF(at.x() / size.width(), at.y() / size.height(),
                                 at.width() / size.width(), at.height() / size.height())

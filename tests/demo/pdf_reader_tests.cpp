@@ -157,6 +157,17 @@ TEST(PdfReader, TellsFontAndSizeOfAWord) {
   EXPECT_EQ(page.words[1].size, 12) << "as it is shown";
 }
 
+TEST(PdfReader, ShowsASoftHyphenWhereAWordEndsWithIt) {
+  const PdfPage page = onlyPage(
+      {.resources = "/Font<</G<</Type/Font/Subtype/Type1/BaseFont/Helvetica"
+                    "/Encoding<</Type/Encoding/BaseEncoding/WinAnsiEncoding"
+                    "/Differences[1/uni00AD]>>>>>>",
+       .drawn = "BT /G 9 Tf 20 200 Td (exam\\001) Tj ET BT /G 9 Tf 20 180 Td (ple\\001s) Tj ET"});
+  ASSERT_EQ(page.words.size(), 2);
+  EXPECT_EQ(page.words[0].text, "exam-");
+  EXPECT_EQ(page.words[1].text, "ples");
+}
+
 TEST(PdfReader, TellsNoWordsOfWhatIsOnlyDrawn) {
   const auto pdf = PdfFile::of(oddPdf({.drawn = "100 100 50 80 re f"}));
   EXPECT_TRUE(pdf->read().pages.at(0).words.empty());
