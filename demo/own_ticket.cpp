@@ -198,7 +198,8 @@ std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& ve
     offer("previous", "v" + std::to_string(before->record.n),
           before->record.filename.value_or("The version before"), before->pdf);
   }
-  if (const std::string& fbc = ticket.given->fbc; !fbc.empty()) {
+  // A revision is shown beside the version before it, where the FBC has no place.
+  if (const std::string& fbc = ticket.given->fbc; !fbc.empty() && before == nullptr) {
     offer("fbc", "the FBC", nameOf(fbc), PdfFile::at(fbc));
   }
   for (const auto& [role, path] :

@@ -77,8 +77,11 @@ void VersionCheck::say(std::string step) {
 // Our own file's come first, so that the others' can be held against them.
 void VersionCheck::find(std::size_t reference, std::vector<Finding> findings) {
   const std::lock_guard lock(mutex_);
-  news_.findings.insert(news_.findings.end(), findings.begin(), findings.end());
-  std::ranges::move(findings, std::back_inserter(found_[reference]));
+  found_[reference].insert(found_[reference].end(), findings.begin(), findings.end());
+  if (references_[reference].role == kOurs && withBefore_) {
+    tellBesideBefore(findings, *withBefore_);
+  }
+  std::ranges::move(findings, std::back_inserter(news_.findings));
 }
 
 void VersionCheck::run(const std::stop_token& stopped) {
@@ -98,6 +101,7 @@ void VersionCheck::run(const std::stop_token& stopped) {
                                drawn ? side.reference.pdf->sketches() : std::vector<QImage>{});
     const std::lock_guard lock(mutex_);
     news_.partners[side.reference.role] = side.partners;
+    if (side.reference.role == "previous") withBefore_ = side.partners;
   }
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -61,6 +62,7 @@ class VersionCheck {
   std::mutex mutex_;
   CheckNews news_;
   std::vector<std::vector<Finding>> found_;  // all, by reference
+  std::optional<Partners> withBefore_;       // of a revision
   std::size_t looked_ = 0;                   // pages
   std::atomic<bool> ended_ = false;
   std::jthread thread_;

@@ -39,7 +39,9 @@ def tells(finding: dict, truth: Truth) -> bool:
     if truth.kind == "page moved":
         return "elsewhere" in finding["title"] and truth.page in pages_named(finding)
     if truth.kind == "page inserted":
-        return "elsewhere" not in finding["title"] and truth.page in pages_named(finding)
+        return "more" in finding["title"] and truth.page in pages_named(finding)
+    if truth.kind == "page missing":
+        return "missing" in finding["title"] and truth.page in pages_named(finding)
     if truth.kind in OF_PAGES:
         return truth.page in pages_named(finding)
     return finding["page"] == truth.page and any(touch(shown(finding), boxes)

@@ -15,7 +15,7 @@ FITTING: dict[str, tuple[set[str], set[str]]] = {
     "picture changed": ({"picture"}, set()),
     "picture moved": ({"picture"}, set()),
     "picture missing": ({"picture"}, set()),
-    "page inserted": ({"extra_page"}, set()),
+    "page inserted": ({"missing_page"}, set()),
     "page missing": ({"missing_page"}, set()),
     "page moved": ({"extra_page"}, set()),
     "page size changed": ({"size"}, set()),

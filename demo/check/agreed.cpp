@@ -51,4 +51,17 @@ void acceptAsOurs(std::vector<Finding>& findings, const std::vector<Finding>& ou
   }
 }
 
+void tellBesideBefore(std::vector<Finding>& ours, const Partners& withBefore) {
+  std::erase_if(ours, [](const Finding& finding) { return finding.kind == "pass"; });
+  for (Finding& finding : ours) {
+    const auto page = static_cast<std::size_t>(finding.page);
+    if (page >= withBefore.size() || !withBefore[page]) continue;
+    finding.against = "previous";
+    finding.title = "Not as in our file: " + finding.title;
+    // Our wording is in the detail, and where the page before it has this place nobody asked.
+    finding.before.reset();
+    finding.ref_box = finding.box;
+  }
+}
+
 }  // namespace vellix::demo

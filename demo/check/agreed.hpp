@@ -1,4 +1,4 @@
-// What differs from another reference on purpose: where the proof is as in our own file.
+// What becomes of the findings against one reference in the light of another.
 #pragma once
 
 #include <vector>
@@ -11,5 +11,10 @@ namespace vellix::demo {
 // edit of ours, or against the version before a repair. On a page that our file lacks nothing is.
 void acceptAsOurs(std::vector<Finding>& findings, const std::vector<Finding>& ours,
                   const Partners& withOurs);
+
+// A revision is shown beside the version before it and nothing else. What differs from our own file
+// is told there: `ours`, without what passed, as findings on the pages `withBefore` has beside
+// them.
+void tellBesideBefore(std::vector<Finding>& ours, const Partners& withBefore);
 
 }  // namespace vellix::demo

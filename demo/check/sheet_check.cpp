@@ -77,8 +77,9 @@ Finding missing(const Pair& pair, const Run& run) {
                  one(run, "A page is missing", " pages are missing"), std::move(detail));
 }
 
+// Of the kind that is shown on a page with nothing beside it.
 Finding extra(const Pair& pair, const Run& run) {
-  return finding(pair, run.first, "extra_page", "high", one(run, "One page more", " pages more"),
+  return finding(pair, run.first, "missing_page", "high", one(run, "One page more", " pages more"),
                  named(run) + " of the proof " + (run.count == 1 ? "is" : "are") + " not in " +
                      pair.called + ".");
 }

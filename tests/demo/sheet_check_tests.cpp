@@ -56,9 +56,10 @@ TEST(SheetCheck, TellsPagesThatAreMissing) {
 
 TEST(SheetCheck, TellsPagesTooMany) {
   const Sheets two(2, {0, kNone, kNone, kNone, 1, kNone});
-  EXPECT_EQ(told(sheetFindings(two.pair)),
-            (Lines{"1 extra_page high 3 pages more: Pages 2 to 4 of the proof are not in our file.",
-                   "5 extra_page high One page more: Page 6 of the proof is not in our file."}));
+  EXPECT_EQ(
+      told(sheetFindings(two.pair)),
+      (Lines{"1 missing_page high 3 pages more: Pages 2 to 4 of the proof are not in our file.",
+             "5 missing_page high One page more: Page 6 of the proof is not in our file."}));
 }
 
 TEST(SheetCheck, TellsPagesThatMovedAsOneRun) {

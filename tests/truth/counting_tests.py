@@ -138,10 +138,10 @@ class Pages(unittest.TestCase):
 
     def test_an_inserted_page_is_none_that_moved(self):
         truth = Truth("page inserted", 4)
-        more = finding("extra_page", 3, title="One page more", detail="Page 5 of the proof is not")
-        moved = dict(more, title="The page stands elsewhere")
+        more = finding("missing_page", 4, title="One page more", detail="Page 5 of the proof is not")
+        gone = dict(more, title="A page is missing")
         self.assertEqual(scored([truth], more).found["page inserted"], 1)
-        self.assertEqual(scored([truth], moved).found["page inserted"], 0)
+        self.assertEqual(scored([truth], gone).found["page inserted"], 0)
 
 
 class Places(unittest.TestCase):
