@@ -59,6 +59,7 @@ Kept KeptReading::version(const std::string& id, TicketVersion& version) const {
   }
   version.stamp = textAt(*file, "stamp").value_or("");
   version.unchecked = flagAt(*file, "unchecked").value_or(false);
+  version.against = textAt(*file, "against").value_or("");
   version.findings.clear();
   Kept done = each<FileDetail>(key + "/findings/", [&](const std::string&, FileDetail&& part) {
     std::ranges::move(part.findings, std::back_inserter(version.findings));

@@ -38,7 +38,9 @@ int serve(const Options& options) {
     if (!opened) return failed(opened.error());
     shelf = *std::move(opened);
   }
-  Service service(server.address(), options.pace, options.colleague, options.proofs.empty(),
+  // Nobody but its owner decides about somebody's own proof.
+  const bool books = options.proofs.empty();
+  Service service(server.address(), options.pace, options.colleague && books, books,
                   std::move(shelf));
   const std::string pages =
       options.stateFolder.empty() ? options.pagesFolder : options.stateFolder + "/pages";

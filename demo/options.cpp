@@ -2,7 +2,9 @@
 
 #include <QDateTime>
 #include <QString>
+#include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <string_view>
 
 namespace vellix::demo {
@@ -57,6 +59,12 @@ std::string* fileOf(GivenProof& proof, std::string_view name) {
   return nullptr;
 }
 
+// Of any later folder, and after any restart, the same file; without the slash behind a folder.
+std::string wholePath(const std::string& path) {
+  const auto whole = std::filesystem::absolute(path).lexically_normal();
+  return (whole.has_filename() ? whole : whole.parent_path()).string();
+}
+
 std::unexpected<std::string> wrong(std::string text) { return std::unexpected(std::move(text)); }
 
 }  // namespace
@@ -84,9 +92,9 @@ std::expected<Options, std::string> optionsOf(std::span<const char* const> argum
     if (name == "--write-sample") {
       options.sampleFolder = value;
     } else if (name == "--state") {
-      options.stateFolder = value;
+      options.stateFolder = wholePath(value);
     } else if (name == "--pages") {
-      options.pagesFolder = value;
+      options.pagesFolder = wholePath(value);
     } else if (name == "--port") {
       if (!numberOf(value, options.port) || options.port < 0 || options.port > 65535) {
         return wrong("--port is a number up to 65535.");
@@ -100,7 +108,11 @@ std::expected<Options, std::string> optionsOf(std::span<const char* const> argum
       options.checkedProof = value;
       options.checkedAgainst = arguments[i];
     } else if (name == "--proof") {
-      options.proofs.push_back({.proof = value});
+      const std::string path = wholePath(value);
+      if (std::ranges::find(options.proofs, path, &GivenProof::proof) != options.proofs.end()) {
+        return wrong(path + " is given twice.");
+      }
+      options.proofs.push_back({.proof = path});
     } else if (name == "--due") {
       if (options.proofs.empty()) return wrong(name + " belongs behind a --proof.");
       options.proofs.back().due = momentOf(value);
@@ -113,7 +125,7 @@ std::expected<Options, std::string> optionsOf(std::span<const char* const> argum
       if (options.proofs.empty()) return wrong(name + " belongs behind a --proof.");
       std::string& text = *fileOf(options.proofs.back(), name);
       if (!text.empty()) return wrong(name + " stands twice for one --proof.");
-      text = value;
+      text = name == "--title" ? value : wholePath(value);
     }
   }
   return options;

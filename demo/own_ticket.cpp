@@ -1,5 +1,6 @@
 #include "own_ticket.hpp"
 
+#include <QString>
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -18,7 +19,9 @@ struct Opened {
   PdfReading facts;
 };
 
-std::string nameOf(const std::string& path) { return fs::path(path).filename().string(); }
+// A path may be any bytes; what is told is text.
+std::string asText(const std::string& bytes) { return QString::fromUtf8(bytes).toStdString(); }
+std::string nameOf(const std::string& path) { return asText(fs::path(path).filename().string()); }
 
 std::expected<Opened, std::string> opened(const std::string& path) {
   Opened file{PdfFile::at(path), {}};
@@ -33,19 +36,24 @@ std::expected<Opened, std::string> opened(const std::string& path) {
 // The small ones first: they are all in sight at once.
 void drawAhead(const TicketVersion& version, Pictures& pictures) {
   std::vector<std::string> keys;
+  keys.reserve(2 * version.pages.size());
   for (const Page& page : version.pages) keys.push_back(page.thumb.value_or(""));
   for (const Page& page : version.pages) keys.push_back(page.img.value_or(""));
   pictures.drawAhead(keys);
 }
 
 std::expected<TicketVersion, std::string> versionOf(const Ticket& ticket, const std::string& path,
-                                                    double now, Pictures& pictures) {
-  auto file = opened(path);
+                                                    double now, OwnFolder& folder,
+                                                    Pictures& pictures) {
+  if (const auto there = opened(path); !there) return std::unexpected(there.error());
+  const std::string copy = folder.copyOf(path);
+  auto file = opened(copy);
   if (!file) return std::unexpected(file.error());
   TicketVersion version;
   version.pdf = std::move(file->pdf);
-  version.path = path;
-  version.stamp = version.pdf->tag();
+  version.path = copy;
+  // A copy's name tells what it holds.
+  if (!OwnFolder::holds(copy)) version.stamp = version.pdf->tag();
   Version& record = version.record;
   record.n = static_cast<Int>(ticket.versions.size()) + 1;
   record.kind = ticket.versions.empty() ? "proof" : "revision";
@@ -64,10 +72,9 @@ std::expected<TicketVersion, std::string> versionOf(const Ticket& ticket, const 
   version.unchecked = true;
   const auto& pages = file->facts.pages;
   record.page_count = static_cast<Int>(pages.size());
-  const std::string folder = ticket.item.id + "/v" + std::to_string(record.n);
+  const std::string keys = ticket.item.id + "/v" + std::to_string(record.n);
   for (std::size_t i = 0; i < pages.size(); ++i) {
-    version.pages.push_back(
-        pageRecord(version.pdf, pages[i], static_cast<int>(i), folder, pictures));
+    version.pages.push_back(pageRecord(version.pdf, pages[i], static_cast<int>(i), keys, pictures));
   }
   drawAhead(version, pictures);
   return version;
@@ -124,14 +131,14 @@ std::string ownId(const GivenProof& given) {
   return id;
 }
 
-std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now,
+std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now, OwnFolder& folder,
                                              Pictures& pictures) {
   Ticket ticket;
   ticket.given = given;
   FileItem& item = ticket.item;
   item.id = ownId(given);
   item.key = item.id;
-  item.title = given.title.empty() ? fs::path(given.proof).stem().string() : given.title;
+  item.title = asText(given.title.empty() ? fs::path(given.proof).stem().string() : given.title);
   item.kind = "text";
   item.status = "new";
   item.track = "new_title";
@@ -140,7 +147,7 @@ std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now
   item.due = given.due.value_or(now + 48 * kHour);
   item.rev = 1;
   if (!given.previous.empty()) {
-    auto before = versionOf(ticket, given.previous, now, pictures);
+    auto before = versionOf(ticket, given.previous, now, folder, pictures);
     if (!before) return std::unexpected(before.error());
     // It is there to be compared with.
     before->unchecked = false;
@@ -155,32 +162,53 @@ std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now
     if (path.empty()) continue;
     if (auto file = opened(path); !file) return std::unexpected(file.error());
   }
-  auto proof = versionOf(ticket, given.proof, now, pictures);
+  auto proof = versionOf(ticket, given.proof, now, folder, pictures);
   if (!proof) return std::unexpected(proof.error());
   add(ticket, *std::move(proof));
   return ticket;
 }
 
-std::expected<bool, std::string> takeAnew(Ticket& ticket, double now, Pictures& pictures) {
+std::expected<bool, std::string> takeAnew(Ticket& ticket, double now, OwnFolder& folder,
+                                          Pictures& pictures) {
   const std::string& path = ticket.given->proof;
-  const auto last = std::ranges::find(ticket.versions.rbegin(), ticket.versions.rend(), path,
-                                      &TicketVersion::path);
-  const auto there = PdfFile::at(path);
-  if (there && last != ticket.versions.rend() && last->stamp == there->tag()) return false;
-  auto version = versionOf(ticket, path, now, pictures);
+  const std::string copy = folder.copyOf(path);
+  const auto cameFromThere = [&](const TicketVersion& version) {
+    return version.path == path || OwnFolder::holds(version.path);
+  };
+  const auto last = std::find_if(ticket.versions.rbegin(), ticket.versions.rend(), cameFromThere);
+  const auto there = PdfFile::at(copy);
+  if (there && last != ticket.versions.rend() && last->path == copy &&
+      (last->stamp.empty() || last->stamp == there->tag())) {
+    return false;
+  }
+  auto version = versionOf(ticket, path, now, folder, pictures);
   if (!version) return std::unexpected(version.error());
   add(ticket, *std::move(version));
   return true;
 }
 
-std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version) {
+std::string referencesTag(const Ticket& ticket) {
+  std::string tag;
+  for (const std::string& path : {ticket.given->sent, ticket.given->fbc}) {
+    const auto file = path.empty() ? nullptr : PdfFile::at(path);
+    tag += path + " " + (file ? file->tag() : std::string()) + "\n";
+  }
+  return std::to_string(sumOf(tag));
+}
+
+std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version,
+                                         std::vector<std::string>& troubles) {
   std::vector<CheckReference> references;
   const auto offer = [&](const char* role, std::string called, const std::string& name,
                          const std::shared_ptr<const PdfFile>& pdf) {
     Ref& ref = refOf(version, role, name);
     PdfReading facts = pdf ? pdf->facts() : PdfReading{};
     if (facts.trouble != PdfTrouble::none) {
-      ref.note = name + (pdf ? " did not open." : " cannot be opened any more.");
+      ref.note = name + (!pdf                                   ? " cannot be opened any more."
+                         : facts.trouble == PdfTrouble::tooLong ? " has too many pages."
+                                                                : " did not open.");
+      ref.matched.reset();
+      troubles.push_back(*ref.note + " Nothing was compared with it.");
       return;
     }
     ref.page_count = static_cast<Int>(facts.pages.size());

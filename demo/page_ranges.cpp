@@ -50,7 +50,8 @@ PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_t
   for (std::size_t i = 0; i < all.pages.size(); ++i) all.unread.insert(i);
   inPieces(all.pages.size(), kPagesAtOnce, stopped, [&](std::size_t from, std::size_t to) {
     overAll(
-        from, to, [&](int first, int last) { return pdf.pages(first, last); },
+        from, to,
+        [&](int first, int last) { return pdf.pages(first, last, {Urgency::checked, stopped}); },
         [&](std::size_t page, PdfPage read) {
           const std::lock_guard lock(mutex);
           all.pages[page] = std::move(read);
@@ -60,13 +61,15 @@ PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_t
   return all;
 }
 
-std::map<std::size_t, PdfSight> sightsOf(const PdfFile& pdf, const std::set<std::size_t>& pages) {
+std::map<std::size_t, PdfSight> sightsOf(const PdfFile& pdf, const std::set<std::size_t>& pages,
+                                         const std::stop_token& stopped) {
   std::map<std::size_t, PdfSight> sights;
   for (auto from = pages.begin(); from != pages.end();) {
     auto last = from;
     while (std::next(last) != pages.end() && *std::next(last) == *last + 1) ++last;
     overAll(
-        *from, *last + 1, [&](int first, int end) { return pdf.sights(first, end); },
+        *from, *last + 1,
+        [&](int first, int end) { return pdf.sights(first, end, {Urgency::checked, stopped}); },
         [&](std::size_t page, PdfSight sight) {
           if (!sight.picture.isNull()) sights[page] = std::move(sight);
         });

@@ -23,6 +23,7 @@ struct PagesRead {
 PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_token& stopped);
 
 // Those of these pages that could be drawn.
-std::map<std::size_t, PdfSight> sightsOf(const PdfFile& pdf, const std::set<std::size_t>& pages);
+std::map<std::size_t, PdfSight> sightsOf(const PdfFile& pdf, const std::set<std::size_t>& pages,
+                                         const std::stop_token& stopped);
 
 }  // namespace vellix::demo

@@ -84,7 +84,7 @@ Done State::startJob(const Json& body, const std::string& by) {
   Job job;
   job.kind = kind;
   job.status = "queued";
-  job.requested_by = by;
+  if (!by.empty()) job.requested_by = by;
   job.created = now_;
   if (const Job* busy = runningJob(); busy != nullptr) {
     job.step = busy->kind == "sync" ? "Waiting for the sync to end" : "Waiting for another report";
@@ -95,7 +95,7 @@ Done State::startJob(const Json& body, const std::string& by) {
     if (sync_ && sync_->status == "stuck") giveWay(*sync_);
     if (sync_) oldSyncs_.push_back(*sync_);
     sync_ = job;
-    record(nullptr, "sync", by, "Started a sync");
+    record(nullptr, "sync", job.requested_by, "Started a sync");
   } else {
     const auto ids = textsAt(body, "file_ids");
     if (ids.empty()) return refuse(400, "A report needs at least one ticket.");
@@ -224,6 +224,7 @@ void State::end(Job& job, const std::string& status, std::optional<Summary> summ
   if (summary) job.summary = std::move(summary);
   logs_[job.id] += logEnd(job, now_);
   ++rev_;
+  if (!atWork && job.kind == "sync") tellStopped();
   if (!atWork) return;
   letGo();
   goOn(kQueue);

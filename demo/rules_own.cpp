@@ -30,18 +30,22 @@ bool State::holdsOwn() const {
 std::expected<void, std::string> State::give(const std::vector<GivenProof>& proofs) {
   for (const GivenProof& given : proofs) {
     if (Ticket* known = find(ownId(given)); known != nullptr) {
-      known->given = given;
+      const GivenProof before = *std::exchange(known->given, given);
+      // What is not given once more is as it was.
+      for (auto path : {&GivenProof::sent, &GivenProof::previous, &GivenProof::fbc}) {
+        if ((*known->given.*path).empty()) *known->given.*path = before.*path;
+      }
       if (!given.title.empty()) known->item.title = given.title;
       if (given.due) known->item.due = given.due;
       touch(known);
       continue;
     }
-    auto ticket = ownTicket(given, now_, pictures_);
+    auto ticket = ownTicket(given, now_, own_, pictures_);
     if (!ticket) return std::unexpected(ticket.error());
     tickets_.push_back(*std::move(ticket));
     record(&tickets_.back(), "new_file", std::nullopt, tickets_.back().item.heading() + " came in");
   }
-  if (holdsOwn() && (!sync_ || !sync_->active())) askForOwn(kRenny);
+  if (holdsOwn() && (!sync_ || !sync_->active())) askForOwn("");
   return {};
 }
 
@@ -53,18 +57,29 @@ void State::beginOwn(const Job& job) {
   worker_.own.emplace();
   for (Ticket& ticket : tickets_) {
     if (!ticket.given) continue;
-    const auto came = takeAnew(ticket, now_, pictures_);
+    const auto came = takeAnew(ticket, now_, own_, pictures_);
     if (!came) {
       logs_[job.id] += logLine(now_, came.error());
       worker_.own->told.push_back(came.error());
     } else if (*came) {
       record(&ticket, "version", std::nullopt,
              "v" + std::to_string(ticket.newest().record.n) + " lies at its place");
+      if (ticket.approval) {
+        // What was asked for was asked of another version.
+        ticket.approval->state = "revised";
+        ticket.approval->by.reset();
+        ticket.approval->at = now_;
+      }
+    }
+    // Other files may lie where the references are.
+    if (TicketVersion& newest = ticket.newest();
+        newest.pdf && !newest.pages.empty() && newest.against != referencesTag(ticket)) {
+      newest.unchecked = true;
     }
     for (TicketVersion& version : ticket.versions) {
-      if (!version.unchecked) continue;
+      if (!version.unchecked || !version.pdf) continue;
       version.record.status = "checking";
-      version.record.summary.reset();
+      sumUp(ticket, version, std::nullopt);
       touch(&ticket);
       worker_.own->waiting.emplace_back(ticket.item.id, version.record.n);
     }
@@ -87,7 +102,7 @@ void State::goOnWithOwn() {
     }
     Ticket* ticket = find(run.ticket);
     TicketVersion* version = versionOf(ticket, run.version);
-    if (version == nullptr || !run.check) return;
+    if (version == nullptr || !run.check) continue;
     const CheckNews news = run.check->news();
     takeNews(*ticket, *version, news);
     tellStep(*job, *ticket, news.step);
@@ -103,11 +118,22 @@ void State::beginCheck(OwnRun& run) {
   Ticket* ticket = find(run.ticket);
   TicketVersion* version = versionOf(ticket, run.version);
   if (version == nullptr) return;
-  run.references = referencesOf(*ticket, *version);
+  run.troubles.clear();
+  version->against = referencesTag(*ticket);
+  run.references = referencesOf(*ticket, *version, run.troubles);
   if (&ticket->newest() == version) ticket->item.refs = version->refs;
   version->origin.refs = version->refs;
   touch(ticket);
-  run.check = std::make_unique<VersionCheck>(version->pdf, version->pdf->facts(), run.references);
+  const PdfReading facts = version->pdf->facts();
+  if (facts.trouble == PdfTrouble::none && facts.pages.size() == version->pages.size()) {
+    run.check = std::make_unique<VersionCheck>(version->pdf, facts, run.references);
+    return;
+  }
+  version->unchecked = false;
+  version->record.status = "failed";
+  sumUp(*ticket, *version, "The PDF was changed since it came in, and cannot be read any more.");
+  run.done.push_back(ticket->item.heading() + ": " + *version->record.summary);
+  touch(ticket);
 }
 
 void State::takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news) {
@@ -145,14 +171,15 @@ void State::tellStep(Job& job, const Ticket& ticket, const std::string& step) {
 void State::endCheck(Ticket& ticket, TicketVersion& version) {
   OwnRun& run = *worker_.own;
   worker_.ending.push_back(std::move(run.check));
-  dropUntold(version.findings, run.told_ids);
+  std::set<std::string> noted;
+  for (const StoredNote& stored : ticket.notes) noted.insert(stored.note.finding_id.value_or(""));
+  dropUntold(version.findings, run.told_ids, noted);
   version.unchecked = false;
   version.record.status = "done";
-  version.record.summary = run.references.empty()
-                               ? "There is no file that it could be compared with."
-                               : summaryOf(version.findings, version.pages.size());
-  version.origin.summary = version.record.summary;
-  if (&ticket.newest() == &version) ticket.item.summary = version.record.summary;
+  std::string summary = run.references.empty() ? "There is no file that it could be compared with."
+                                               : summaryOf(version.findings, version.pages.size());
+  for (const std::string& trouble : run.troubles) summary += " " + trouble;
+  sumUp(ticket, version, summary);
   run.pages += version.pages.size();
   const std::string name = ticket.item.heading() + " v" + std::to_string(version.record.n);
   run.done.push_back(name + ": " + *version.record.summary);
@@ -178,7 +205,24 @@ void State::finishOwn(Job& job) {
   record(nullptr, "synced", std::nullopt, told);
 }
 
+void State::sumUp(Ticket& ticket, TicketVersion& version, std::optional<std::string> summary) {
+  version.record.summary = summary;
+  version.origin.summary = summary;
+  if (&ticket.newest() == &version) ticket.item.summary = std::move(summary);
+}
+
 // What was found so far stays; the next sync checks the rest.
+void State::tellStopped() {
+  for (Ticket& ticket : tickets_) {
+    for (TicketVersion& version : ticket.versions) {
+      if (!version.unchecked || !ticket.given) continue;
+      version.record.status = "failed";
+      sumUp(ticket, version, "The check was stopped. The next sync checks it.");
+      touch(&ticket);
+    }
+  }
+}
+
 void State::letOwnGo() {
   if (!worker_.own) return;
   OwnRun& run = *worker_.own;
@@ -186,15 +230,7 @@ void State::letOwnGo() {
     run.check->stop();
     worker_.ending.push_back(std::move(run.check));
   }
-  for (Ticket& ticket : tickets_) {
-    for (TicketVersion& version : ticket.versions) {
-      if (!version.unchecked || !ticket.given) continue;
-      version.record.status = "failed";
-      version.record.summary = "The check was stopped. The next sync checks it.";
-      if (&ticket.newest() == &version) ticket.item.summary = version.record.summary;
-      touch(&ticket);
-    }
-  }
+  tellStopped();
   worker_.own.reset();
 }
 

@@ -69,7 +69,7 @@ class Service {
 
   // Ahead of all else: pages of PDFs that were drawn are kept below that folder. False where they
   // cannot be.
-  bool keepPagesIn(const std::string& folder) { return pictures_.keepIn(folder); }
+  bool keepPagesIn(const std::string& folder);
 
   // Ahead of the first request: somebody's own proofs come onto the board.
   std::expected<void, std::string> give(const std::vector<GivenProof>& proofs);

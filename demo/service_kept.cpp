@@ -1,13 +1,24 @@
 // Nothing is answered that a service that starts anew would not know.
 #include <cstdio>
+#include <filesystem>
 
 #include "clock.hpp"
 #include "service.hpp"
 
 namespace vellix::demo {
 
+bool Service::keepPagesIn(const std::string& folder) {
+  const std::lock_guard lock(mutex_);
+  if (!shelf_) state_.copyOwnInto(folder + "/proofs");
+  return pictures_.keepIn(folder);
+}
+
 Kept Service::takeUp() {
   const std::lock_guard lock(mutex_);
+  // Among the shelf's own files, so that they go where its folder goes.
+  if (shelf_) {
+    state_.copyOwnInto(std::filesystem::path(shelf_->pathOf("proof")).parent_path().string());
+  }
   return shelf_ ? state_.takeUp(*shelf_, nowMs()) : Kept{};
 }
 

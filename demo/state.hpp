@@ -2,7 +2,6 @@
 // around every use. Times are milliseconds since 1970.
 #pragma once
 
-#include <deque>
 #include <expected>
 #include <functional>
 #include <future>
@@ -13,10 +12,11 @@
 #include <vector>
 
 #include "catalog.hpp"
+#include "own_folder.hpp"
+#include "own_run.hpp"
 #include "records/json.hpp"
 #include "report_pdf.hpp"
 #include "shelf.hpp"
-#include "version_check.hpp"
 
 namespace vellix::demo {
 
@@ -68,6 +68,8 @@ class State {
   State(Pictures& pictures, std::string address, double now, double pace, bool colleague,
         bool books);
 
+  // From now on somebody's own proofs are copied into that folder.
+  void copyOwnInto(const std::string& folder) { own_ = OwnFolder(folder); }
   // Somebody's own proofs come onto the board, and are checked; what to do about one that cannot be
   // opened is said in a sentence. Those that are there already stay as they are.
   std::expected<void, std::string> give(const std::vector<GivenProof>& proofs);
@@ -201,19 +203,6 @@ class State {
   void goOnWithChecks();
   void showPages(const Check& check);
   void finishCheck(Check& check);
-  // A sync of somebody's own proofs: one version after the other is checked beside.
-  struct OwnRun {
-    std::deque<std::pair<std::string, Int>> waiting;
-    std::size_t all = 0;
-    std::unique_ptr<VersionCheck> check;  // of this ticket's version
-    std::string ticket;
-    Int version = 0;
-    std::vector<CheckReference> references;
-    std::set<std::string> told_ids;
-    std::size_t pages = 0;  // checked in all
-    std::vector<std::string> done;
-    std::vector<std::string> told;  // what to look at
-  };
   bool holdsOwn() const;
   void askForOwn(const std::string& by);
   void beginOwn(const Job& job);
@@ -223,6 +212,8 @@ class State {
   void tellStep(Job& job, const Ticket& ticket, const std::string& step);
   void endCheck(Ticket& ticket, TicketVersion& version);
   void finishOwn(Job& job);
+  void sumUp(Ticket& ticket, TicketVersion& version, std::optional<std::string> summary);
+  void tellStopped();
   void letOwnGo();
   struct Worker {
     std::optional<OwnRun> own;
@@ -255,6 +246,7 @@ class State {
   void scheduleColleague();
 
   Pictures& pictures_;
+  OwnFolder own_;
   std::string address_;
   bool books_ = true;
   double opened_ = 0;

@@ -65,8 +65,8 @@ void putVersion(Putting& to, const Shelf& shelf, const std::string& id,
   to.put(key, detail);
   const std::string name = std::filesystem::path(version.path).filename();
   const bool own = version.path == shelf.pathOf(name);
-  to.put(key + "/file",
-         KeptFile{escapedPath(own ? name : version.path), version.stamp, version.unchecked});
+  to.put(key + "/file", KeptFile{escapedPath(own ? name : version.path), version.stamp,
+                                 version.unchecked, version.against});
   to.putParts(key + "/findings/", version.findings, 0, [&](std::span<const Finding> some) {
     FileDetail part = blank(id);
     part.findings = copied(some);

@@ -36,8 +36,9 @@ struct KeptFile {
   std::string path;
   std::string stamp;
   bool unchecked = false;
+  std::string against;
 };
-BOOST_DESCRIBE_STRUCT(KeptFile, (), (path, stamp, unchecked))
+BOOST_DESCRIBE_STRUCT(KeptFile, (), (path, stamp, unchecked, against))
 
 inline constexpr const char* kBoardKey = "board";
 inline constexpr const char* kPeopleKey = "people";

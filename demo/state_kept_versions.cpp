@@ -48,6 +48,9 @@ void State::takeUpVersions(Ticket& ticket) {
           " was changed since it was checked. The pages of this version cannot be shown.";
     }
     if (!version.lost.empty()) {
+      // There is nothing left that a check could read.
+      version.unchecked = false;
+      if (version.record.status == "checking") version.record.status = "failed";
       std::fprintf(stderr, "%s, v%lld: %s\n", ticket.item.heading().c_str(),
                    static_cast<long long>(version.record.n), version.lost.c_str());
     }

@@ -28,6 +28,7 @@ struct TicketVersion {
   std::string path;                    // where that one lies; empty for one in memory alone
   std::string stamp;                   // changes with what lies there
   bool unchecked = false;              // it waits for a check, or for the end of one
+  std::string against;                 // tells which files it was checked against
   std::string lost;                    // what became of its PDF, where it lies there no longer
   // What a later version is checked against; not valid before there is one.
   std::shared_future<std::shared_ptr<const PdfFile>> printed;

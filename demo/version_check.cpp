@@ -18,7 +18,8 @@ constexpr std::size_t kPagesInSight = 8;
 bool blank(const QImage& picture) {
   for (int y = 0; y < picture.height(); ++y) {
     const uchar* line = picture.constScanLine(y);
-    if (std::any_of(line, line + 3 * picture.width(), [](uchar shade) { return shade < 240; })) {
+    if (std::any_of(line, line + std::ptrdiff_t{3} * picture.width(),
+                    [](uchar shade) { return shade < 240; })) {
       return false;
     }
   }
@@ -88,6 +89,7 @@ void VersionCheck::run(const std::stop_token& stopped) {
   PagesRead proof = pagesOf(*proof_, facts_, stopped);
   pages_ = std::move(proof.pages);
   std::vector<Side> sides;
+  sides.reserve(references_.size());
   for (CheckReference& reference : references_) {
     sides.push_back({reference, pagesOf(*reference.pdf, reference.facts, stopped)});
   }
@@ -142,7 +144,7 @@ void VersionCheck::compareText(std::vector<Side>& sides) {
 void VersionCheck::comparePages(std::vector<Side>& sides, const std::stop_token& stopped) {
   say("Comparing pages");
   inPieces(pages_.size(), kPagesInSight, stopped, [&](std::size_t from, std::size_t to) {
-    lookAt(sides, from, to);
+    lookAt(sides, from, to, stopped);
     const std::lock_guard lock(mutex_);
     looked_ += to - from;
     news_.step =
@@ -150,7 +152,8 @@ void VersionCheck::comparePages(std::vector<Side>& sides, const std::stop_token&
   });
 }
 
-void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to) {
+void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to,
+                          const std::stop_token& stopped) {
   std::set<std::size_t> wanted;
   for (std::size_t page = from; page < to; ++page) {
     if (std::ranges::any_of(sides, [&](const Side& side) {
@@ -159,7 +162,7 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
       wanted.insert(page);
     }
   }
-  const auto sights = sightsOf(*proof_, wanted);
+  const auto sights = sightsOf(*proof_, wanted, stopped);
   std::vector<Finding> ours;
   for (std::size_t i = 0; i < sides.size(); ++i) {
     Side& side = sides[i];
@@ -169,7 +172,8 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
     for (const std::size_t page : wanted) {
       if (side.partners[page]) others.insert(side.partners[page]->page);
     }
-    const auto otherSights = sightsOf(*side.reference.pdf, others);
+    const auto otherSights = sightsOf(*side.reference.pdf, others, stopped);
+    if (stopped.stop_requested()) return;
     std::vector<Finding> findings;
     for (const std::size_t page : wanted) {
       if (!side.partners[page]) continue;
@@ -226,7 +230,12 @@ void VersionCheck::tellSilence(std::vector<Side>& sides) {
       from = to;
     }
     find(i, findings);
-    find(i, passFindings(pair, found_[i]));
+    std::vector<Finding> told = found_[i];
+    // A revision's page has passed only where it is as in our own file too.
+    if (side.reference.role == "previous" && references_.front().role == kOurs) {
+      told.insert(told.end(), found_.front().begin(), found_.front().end());
+    }
+    find(i, passFindings(pair, told));
   }
 }
 

@@ -52,7 +52,8 @@ class VersionCheck {
   void find(std::size_t reference, std::vector<Finding> findings);
   void compareText(std::vector<Side>& sides);
   void comparePages(std::vector<Side>& sides, const std::stop_token& stopped);
-  void lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to);
+  void lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to,
+              const std::stop_token& stopped);
   void tellSilence(std::vector<Side>& sides);
 
   std::shared_ptr<const PdfFile> proof_;

@@ -27,8 +27,8 @@ class Stood:
 
 
 def letters(text: str) -> str:
-    """As it is compared: no spaces, ligatures undone, no hyphens of the text or a line's end."""
-    plain = unicodedata.normalize("NFKC", text)
+    """As it is compared: no spaces, ligatures undone, no hyphens, one apostrophe."""
+    plain = unicodedata.normalize("NFKC", text).replace("\u2019", "'")
     return "".join(c for c in plain if not c.isspace() and c not in "-\u2010\u00ad\u200b")
 
 

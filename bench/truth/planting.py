@@ -122,7 +122,8 @@ def truth_of_words(spot: Spot, book: Book, changed: Book, before: Reading,
     """Without boxes where poppler's tools cannot tell its place; it may be anywhere then."""
     words = changed.sheets[spot.sheet].paragraphs[spot.paragraph]
     old = book.sheets[spot.sheet].paragraphs[spot.paragraph]
-    truth = Truth(spot.kind, spot.sheet, " ".join(word.text for word in words[spot.at - 2:spot.at + 4]))
+    near = words[spot.at - 2:spot.at + 4]
+    truth = Truth(spot.kind, spot.sheet, " ".join(word.text for word in near))
     if spot.count == 0:
         stood = located(after, words, spot.at - 1, 2)
         gone = located(before, old, spot.at, 1)
@@ -134,6 +135,8 @@ def truth_of_words(spot: Spot, book: Book, changed: Book, before: Reading,
         truth.told = [(truth.page, (0.0, 0.0, 1.0, 1.0))]
         return truth
     truth.boxes = [boxes_by_line(stood, truth.page)]
+    if spot.count == 0 and stood[0].box[1] == stood[-1].box[1]:
+        truth.boxes.append([around([word.box for word in stood])])  # with the gap between them
     if spot.kind == "line break moved":
         carried = carried_over(before, after, old, words)
         truth.boxes = [boxes_by_line(carried, truth.page), *truth.boxes,

@@ -21,6 +21,7 @@ HERE = Path(__file__).resolve().parent
 WAYS = {"diffpdf, words": "", "diffpdf, appearance": "--appearance"}
 COMPARES = {"comparepdf, text": "-ct", "comparepdf, appearance": "-ca"}
 LIMIT = 500
+ATTEMPTS = 3  # its window does not always come up on a display that has just begun
 
 
 @dataclass
@@ -33,8 +34,11 @@ class Shown:
 
 
 def window(option: str, proof: Path, sent: Path) -> dict:
-    done = subprocess.run(["/usr/bin/python3", "-B", HERE / "window.py", option, proof, sent],
-                          capture_output=True, timeout=LIMIT)
+    for _ in range(ATTEMPTS):
+        done = subprocess.run(["/usr/bin/python3", "-B", HERE / "window.py", option, proof, sent],
+                              capture_output=True, timeout=LIMIT)
+        if done.returncode == 0:
+            break
     if done.returncode:
         raise Trouble(f"diffpdf {option} {sent} {proof}: {done.stderr.decode()[-300:]}")
     return json.loads(done.stdout)

@@ -18,6 +18,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "end_to_e
 from private_session import PrivateSession, wait_until  # noqa: E402
 
 LIMIT = 400  # seconds for a pair
+START = 30  # seconds until it tells how far it is
 DONE = re.compile(r"(\d+) differ[s]? (\d+)/(\d+) compared")
 LISTED = re.compile(r"\d+ vs\. (\d+)")
 
@@ -52,6 +53,7 @@ def main(option: str, proof: str, sent: str) -> None:
         session.start("diffpdf", ["diffpdf", *([option] if option else []), sent, proof])
         import pyatspi  # it looks for its bus at once
         desktop = pyatspi.Registry.getDesktop(0)
+        wait_until("diffpdf's window", lambda: label_of(desktop), START, 0.2)
         wait_until("diffpdf to have compared all", lambda: compared(desktop), LIMIT, 0.2)
         took = time.monotonic() - began
         pages = [int(told[1]) - 1 for node in every(desktop)

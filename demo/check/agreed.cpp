@@ -58,9 +58,9 @@ void tellBesideBefore(std::vector<Finding>& ours, const Partners& withBefore) {
     if (page >= withBefore.size() || !withBefore[page]) continue;
     finding.against = "previous";
     finding.title = "Not as in our file: " + finding.title;
-    // Our wording is in the detail, and where the page before it has this place nobody asked.
+    // Our wording is in the detail, and our file's place is none of the page before it.
     finding.before.reset();
-    finding.ref_box = finding.box;
+    finding.ref_box.reset();
   }
 }
 

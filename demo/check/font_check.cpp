@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <set>
 
 #include "told_text.hpp"
 
@@ -54,11 +55,15 @@ class Fonts {
       if (known && !foreign_[flows_.proof[i].first.page]) weigh(i);
     }
     const auto fonts = renamed();
-    std::map<QString, bool> told;
+    std::set<QString> told;
+    std::set<std::pair<QString, std::size_t>> toldOn;
     for (const Run& run : runs_) {
-      const bool everywhere = run.otherFont && fonts.contains(run.was.font);
-      if (everywhere && !run.otherSize && std::exchange(told[run.was.font], true)) continue;
+      const bool everywhere = run.otherFont && !run.otherSize && fonts.contains(run.was.font);
+      const std::size_t page = flows_.proof[run.from].first.page;
+      if (everywhere && !toldOn.emplace(run.was.font, page).second) continue;
       tell(run, everywhere);
+      // Decided once, and seen on each page.
+      if (everywhere && !told.insert(run.was.font).second) findings_.back().severity = "low";
     }
     return std::move(findings_);
   }
@@ -101,7 +106,11 @@ class Fonts {
       std::ranges::fill(scales_, *scale);
       const auto first =
           std::ranges::find_if(ofPage, [](const auto& page) { return !page.empty(); });
-      tellScale(static_cast<std::size_t>(first - ofPage.begin()), *scale, "All pages are");
+      for (auto page = first; page != ofPage.end(); ++page) {
+        if (page->empty()) continue;
+        tellScale(static_cast<std::size_t>(page - ofPage.begin()), *scale, "All pages are");
+        if (page != first) findings_.back().severity = "low";
+      }
       return;
     }
     for (std::size_t page = 0; page < ofPage.size(); ++page) {
@@ -177,15 +186,17 @@ class Fonts {
     Finding finding = findingOn(flows_.proof[run.from].first.page, pair_, "fonts", "medium");
     const bool one = run.to == run.from + 1;
     const std::string what = run.otherFont ? "font" : "size";
-    if (everywhere && !run.otherSize) {
+    if (everywhere) {
       finding.title = "A font is another one throughout";
       finding.detail = "All that is set in " + run.was.font.toStdString() + " in " + pair_.called +
-                       " is set in " + run.is.font.toStdString() + ". It begins here.";
+                       " is set in " + run.is.font.toStdString() + ".";
     } else {
       finding.title = (one ? "A word is in another " : "A passage is in another ") + what;
       finding.detail = quoted(phraseOf(flows_.proof, run.from, run.to)) + " is set in " +
-                       described(run.is) + ", where " + pair_.called + " has " +
-                       described(run.was) + ".";
+                       described(run.is) +
+                       (described(run.is) == described(run.was)
+                            ? " as in " + pair_.called + ", unlike all that is around it."
+                            : ", where " + pair_.called + " has " + described(run.was) + ".");
     }
     std::vector<std::size_t> reference;
     for (std::size_t i = run.from; i < run.to; ++i) reference.push_back(match_.ofProof[i]);

@@ -82,9 +82,17 @@ void putAmong(std::vector<Finding>& all, std::vector<Finding> more, const std::s
   for (std::size_t i = 0; i < all.size(); ++i) all[i].ord = static_cast<Int>(i);
 }
 
-void dropUntold(std::vector<Finding>& all, const std::set<std::string>& told) {
-  std::erase_if(
-      all, [&](const Finding& finding) { return !told.contains(finding.id) && !finding.state_by; });
+void dropUntold(std::vector<Finding>& all, const std::set<std::string>& told,
+                const std::set<std::string>& noted) {
+  std::erase_if(all, [&](const Finding& finding) {
+    const bool decided = finding.state_by && finding.state != "open";
+    return !told.contains(finding.id) && !decided && !noted.contains(finding.id);
+  });
+  const std::string gone = "The last check did not find it again.";
+  for (Finding& finding : all) {
+    if (told.contains(finding.id) || finding.detail.value_or("").ends_with(gone)) continue;
+    finding.detail = finding.detail ? *finding.detail + " " + gone : gone;
+  }
 }
 
 std::string summaryOf(const std::vector<Finding>& all, std::size_t pages) {

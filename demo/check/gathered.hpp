@@ -15,8 +15,10 @@ namespace vellix::demo {
 void putAmong(std::vector<Finding>& all, std::vector<Finding> more, const std::string& folder,
               const std::string& ticket, std::set<std::string>& told);
 
-// Takes out what the check that has ended did not tell again, unless somebody decided it.
-void dropUntold(std::vector<Finding>& all, const std::set<std::string>& told);
+// Takes out what the check that has ended did not tell again. What somebody decided or wrote on
+// (`noted`) stays and says so.
+void dropUntold(std::vector<Finding>& all, const std::set<std::string>& told,
+                const std::set<std::string>& noted = {});
 
 // "3 things to look at on 2 of 12 pages."
 std::string summaryOf(const std::vector<Finding>& all, std::size_t pages);

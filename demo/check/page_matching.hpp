@@ -17,8 +17,8 @@ struct Partner {
 // One entry for each page of the proof; a page of the reference has no more than one partner.
 using Partners = std::vector<std::optional<Partner>>;
 
-// By the words, or where there are none by how the pages look: `sketches` are small and grey, one for
-// each page, and may be null, or none at all, where there are words. What keeps the order goes
+// By the words, or where there are none by how the pages look: `sketches` are small and grey, one
+// for each page, and may be null, or none at all, where there are words. What keeps the order goes
 // first; of the rest, what is alike all the same has moved.
 Partners partnersOf(const std::vector<PdfPage>& proof, const std::vector<PdfPage>& reference,
                     const std::vector<QImage>& proofSketches = {},

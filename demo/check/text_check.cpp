@@ -34,6 +34,12 @@ std::vector<Finding> withoutLiveText(const Pair& pair) {
 // Of a page with too many, and of pages after too many, the rest is told as one.
 void putCapped(std::vector<Finding>& all, std::vector<Finding> findings, const Pair& pair,
                const std::string& what) {
+  // What says again on another page what is to be decided on one takes no room from the rest.
+  const auto again = std::ranges::stable_partition(findings, [](const Finding& finding) {
+    return finding.severity != "low" || finding.kind == "breaks";
+  });
+  std::ranges::move(again, std::back_inserter(all));
+  findings.erase(again.begin(), again.end());
   std::ranges::stable_sort(findings, {}, &Finding::page);
   std::size_t told = 0;
   for (auto from = findings.begin(); from != findings.end();) {

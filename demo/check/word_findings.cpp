@@ -144,10 +144,11 @@ class WordFindings {
   void tellOn(std::size_t page, const Gap& gap) {
     const std::string is = phrase(flows_.proof, gap.proof);
     const std::string was = phrase(flows_.reference, gap.reference);
-    if (flows_.stretches[gap.stretch].heads && known(gap, is, was)) return;
+    // Decided once, and seen wherever it is so.
+    const bool again = flows_.stretches[gap.stretch].heads && known(gap, is, was);
     const bool slight =
         lettersOf(flows_.proof, gap.proof) == lettersOf(flows_.reference, gap.reference);
-    Finding finding = findingOn(page, pair_, "words", slight ? "medium" : "high");
+    Finding finding = findingOn(page, pair_, "words", again ? "low" : slight ? "medium" : "high");
     const std::size_t came = gap.proof.size();
     const std::size_t went = gap.reference.size();
     if (went == 0) {
@@ -185,7 +186,7 @@ class WordFindings {
     finding.ref_box = marked.ref_box;
   }
 
-  // What the head of every page has in common is told on the first.
+  // What the head of every page has in common is to be decided on the first.
   bool known(const Gap& gap, const std::string& is, const std::string& was) {
     std::string cause = is + "\n" + was;
     if (gap.proof.size() == 1 && gap.reference.size() == 1) {
@@ -203,12 +204,17 @@ class WordFindings {
     return words.empty() ? std::string() : phraseOf(flow, words.front(), words.back() + 1);
   }
 
-  // Without signs and capitals.
+  // Without signs and capitals, but for those between figures.
   static QString lettersOf(const Flow& flow, const std::vector<std::size_t>& words) {
     QString letters;
     for (const std::size_t word : words) {
-      for (const QChar letter : flow[word].text) {
-        if (letter.isLetterOrNumber() || letter.isSurrogate()) letters += letter.toLower();
+      const QString& text = flow[word].text;
+      for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool inFigure =
+            i > 0 && i + 1 < text.size() && text[i - 1].isDigit() && text[i + 1].isDigit();
+        if (text[i].isLetterOrNumber() || text[i].isSurrogate() || inFigure) {
+          letters += text[i].toLower();
+        }
       }
     }
     return letters;

@@ -85,6 +85,18 @@ TEST(Gathered, DropsWhatIsNotToldAgainUnlessSomebodyDecidedIt) {
   putAmong(all, {made(0, 0.6, "stays")}, "t-v1", "t", again);
   dropUntold(all, again);
   EXPECT_EQ(titles(all), (std::vector<std::string>{"decided", "stays"}));
+  EXPECT_EQ(all[0].detail, "The last check did not find it again.");
+  EXPECT_FALSE(all[1].detail);
+  dropUntold(all, again);
+  EXPECT_EQ(all[0].detail, "The last check did not find it again.") << "said once";
+}
+
+TEST(Gathered, KeepsWhatSomebodyWroteOn) {
+  std::vector<Finding> all;
+  std::set<std::string> told;
+  putAmong(all, {made(0, 0.2, "noted"), made(0, 0.4, "gone")}, "t-v1", "t", told);
+  dropUntold(all, {}, {all[0].id});
+  EXPECT_EQ(titles(all), std::vector<std::string>{"noted"});
 }
 
 TEST(Gathered, SumsUpWhatIsToBeLookedAt) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "demo_service.hpp"
 #include "written_pdf.hpp"
@@ -117,6 +118,16 @@ std::vector<Finding> real(const FileDetail& detail) {
   return all;
 }
 
+// What is expected, and what is not, as "role: title".
+std::vector<std::string> told(const FileDetail& detail, bool expected) {
+  std::vector<std::string> all;
+  for (const Finding& finding : detail.findings) {
+    if (finding.kind == "pass" || (finding.kind == "expected") != expected) continue;
+    all.push_back(finding.against + ": " + finding.title);
+  }
+  return all;
+}
+
 TEST_F(OwnProofs, AreTheBoardAndTellTheWordThatDiffers) {
   auto changed = kSecond;
   changed[0] = "He climbed the stair thrice to see whether the lamp";
@@ -191,6 +202,54 @@ TEST_F(OwnProofs, BecomeANewVersionWhenAnotherFileLiesThere) {
   EXPECT_FALSE(get("/api/blob/" + *(*before.file.pages)[1].img).empty());
 }
 
+TEST_F(OwnProofs, KeepTheVersionBeforeWhenTheirFileIsWrittenOver) {
+  const auto proof = pdf("proof.pdf", {saying(kFirst), saying(kSecond)});
+  start({"--proof", proof, "--sent", pdf("ours.pdf", {saying(kFirst), saying(kThird)}), "--pages",
+         folder_ / "pages"});
+  const FileDetail before = onlyOne();
+  (void)pdf("proof.pdf", {saying(kFirst), saying(kThird)});
+  EXPECT_EQ(post("/api/jobs", R"({"kind":"sync"})"), "{}");
+  const FileDetail after = onlyOne();
+  EXPECT_EQ(after.version, 2);
+  // Against the first as it was: what was wrong there came through.
+  ASSERT_EQ(told(after, true).size(), 1U);
+  EXPECT_TRUE(told(after, true)[0].starts_with("previous: Repaired: "));
+  EXPECT_FALSE(get("/api/blob/" + *(*before.file.pages)[1].img).empty());
+}
+
+TEST_F(OwnProofs, AreCheckedAnewAgainstAnotherReference) {
+  const auto sent = pdf("ours.pdf", {saying(kFirst), saying(kSecond)});
+  start({"--proof", pdf("proof.pdf", {saying(kFirst), saying(kSecond)}), "--sent", sent});
+  EXPECT_TRUE(real(onlyOne()).empty());
+  fs::rename(pdf("next.pdf", {saying(kFirst), saying(kThird)}), sent);
+  EXPECT_EQ(post("/api/jobs", R"({"kind":"sync"})"), "{}");
+  const FileDetail after = onlyOne();
+  EXPECT_EQ(after.version, 1);
+  EXPECT_FALSE(real(after).empty());
+}
+
+// What passed is what has nothing to decide: a head that is another one on every page has not.
+TEST_F(OwnProofs, PassOnNoPageWhereSomethingIsSeen) {
+  const auto with = [](const std::string& head, const std::vector<std::string>& lines) {
+    WrittenPage page = saying(lines);
+    page.lines.insert(page.lines.begin(), {.text = head, .y = 760, .size = 10});
+    return page;
+  };
+  const std::vector<std::vector<std::string>> texts = {kFirst, kSecond, kThird};
+  std::vector<WrittenPage> proof;
+  std::vector<WrittenPage> sent;
+  for (const auto& text : texts) {
+    proof.push_back(with("The Salt Roads", text));
+    sent.push_back(with("The Salt Road", text));
+  }
+  start({"--proof", pdf("proof.pdf", proof), "--sent", pdf("ours.pdf", sent)});
+  const FileDetail one = onlyOne();
+  std::set<Int> seen;
+  for (const Finding& finding : real(one)) seen.insert(finding.page);
+  EXPECT_EQ(seen, (std::set<Int>{0, 1, 2}));
+  EXPECT_EQ(std::ranges::count(one.findings, "pass", &Finding::kind), 0);
+}
+
 TEST_F(OwnProofs, MatchPagesWhereOneCameInAndSayWhatHasNoPartner) {
   const auto extra = saying({"A page that nobody here has ever seen before today,",
                              "put in between the others by some mistake."});
@@ -210,16 +269,6 @@ TEST_F(OwnProofs, MatchPagesWhereOneCameInAndSayWhatHasNoPartner) {
   // Of the kind that is shown where there is nothing beside the page.
   EXPECT_EQ(found[0].kind, "missing_page");
   EXPECT_EQ(found[0].page, 1);
-}
-
-// What is expected, and what is not, as "role: title".
-std::vector<std::string> told(const FileDetail& detail, bool expected) {
-  std::vector<std::string> all;
-  for (const Finding& finding : detail.findings) {
-    if (finding.kind == "pass" || (finding.kind == "expected") != expected) continue;
-    all.push_back(finding.against + ": " + finding.title);
-  }
-  return all;
 }
 
 TEST_F(OwnProofs, ExpectOfTheFbcWhatOurFileHasToo) {
@@ -312,6 +361,8 @@ TEST_F(OwnProofs, ThatAreDamagedHaveAVersionThatFailed) {
   const FileDetail good = detail(now.files[1].id);
   EXPECT_EQ(good.file.ref("submitted")->note, "bad.pdf did not open.");
   EXPECT_EQ(good.versions->back().status, "done");
+  EXPECT_NE(good.file.summary->find("bad.pdf did not open. Nothing was compared with it."),
+            std::string::npos);
 }
 
 TEST_F(OwnProofs, AnUploadedRevisionIsCheckedAgainstAllThereIs) {
@@ -361,6 +412,8 @@ TEST_F(OwnProofs, ThatCannotBeTakenOnAreToldAtTheStart) {
             std::string::npos);
   EXPECT_NE(said("--proof " + good + " --sent " + good + " --sent " + good)
                 .find("--sent stands twice for one --proof."),
+            std::string::npos);
+  EXPECT_NE(said("--proof " + good + " --proof " + good).find("good.pdf is given twice."),
             std::string::npos);
   EXPECT_NE(said("--proof").find("usage:"), std::string::npos);
   EXPECT_NE(said("--prove " + good).find("usage:"), std::string::npos);

@@ -31,6 +31,7 @@ class RunningService {
       more.insert(more.begin(),
                   {DEMO_SERVICE, "--no-colleague", "--until-stdin-closes", "--pace", "0.02"});
       std::vector<char*> words;
+      words.reserve(more.size() + 1);
       for (std::string& word : more) words.push_back(word.data());
       words.push_back(nullptr);
       execv(DEMO_SERVICE, words.data());

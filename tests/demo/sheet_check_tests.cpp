@@ -28,6 +28,7 @@ struct Sheets {
 
 std::vector<std::string> told(const std::vector<Finding>& findings) {
   std::vector<std::string> lines;
+  lines.reserve(findings.size());
   for (const Finding& each : findings) {
     lines.push_back(std::to_string(each.page) + " " + each.kind + " " + each.severity + " " +
                     each.title + ": " + each.detail.value_or(""));

@@ -67,30 +67,54 @@ TEST_F(KeptOwn, KeepWhatWasDecided) {
   }
 }
 
-TEST_F(KeptOwn, TellOfAFileThatIsAnotherByNow) {
+TEST_F(KeptOwn, HaveAVersionMoreWhenTheFileIsAnotherByNow) {
   const FileDetail first = ticket();
   running_->kill();
+  // Written over, and not put in its place.
   fill(proof_, writtenPdf({pageSaying("Salt and sugar"), pageSaying("Bread"), pageSaying("Oil")}));
   start({});
   const FileDetail now = ticket();
   ASSERT_EQ(now.versions->size(), 2U);
-  EXPECT_EQ(now.versions->at(0).status, "failed");
-  EXPECT_EQ(
-      now.versions->at(0).summary,
-      proof_ + " was changed since it was checked. The pages of this version cannot be shown.");
+  EXPECT_EQ(now.versions->at(0).status, "done");
   EXPECT_EQ(now.file.pages->size(), 3U);
   EXPECT_EQ(pictureOf(now.file.pages->at(2).img), 200);
-  EXPECT_EQ(pictureOf(first.file.pages->at(0).img), 404);
+  EXPECT_EQ(pictureOf(first.file.pages->at(0).img), 200) << "the first is as it was";
 }
 
-TEST_F(KeptOwn, TellOfAFileThatIsGone) {
+TEST_F(KeptOwn, StayAsTheyWereWhenTheFileIsGone) {
   const FileDetail first = ticket();
   running_->kill();
   std::filesystem::remove(proof_);
   start({});
   const FileDetail now = ticket();
-  EXPECT_EQ(now.file.summary, proof_ + " is gone. The pages of this version cannot be shown.");
+  EXPECT_EQ(now.file.summary, first.file.summary);
   EXPECT_EQ(now.findings, first.findings);
+  EXPECT_EQ(pictureOf(now.file.pages->at(0).img), 200);
+}
+
+TEST_F(KeptOwn, StayAsTheyWereWhenTheFileIsOnlyTouched) {
+  const FileDetail first = ticket();
+  running_->kill();
+  std::filesystem::last_write_time(proof_, std::filesystem::file_time_type::clock::now());
+  start({});
+  const FileDetail now = ticket();
+  EXPECT_EQ(now.versions->size(), 1U);
+  EXPECT_EQ(now.findings, first.findings);
+}
+
+// Its check was still to be made when the service fell.
+TEST_F(KeptOwn, StartWithoutAVersionWhoseFileIsLost) {
+  const std::string copies = sandbox_ / "state/files";
+  running_->kill();
+  for (const auto& entry : std::filesystem::directory_iterator(copies)) {
+    std::filesystem::remove(entry.path());
+  }
+  fill(proof_, "no PDF any more");
+  start({});
+  const FileDetail now = ticket();
+  ASSERT_FALSE(now.versions->empty());
+  EXPECT_EQ(now.versions->at(0).status, "failed");
+  EXPECT_NE(now.versions->at(0).summary->find("is gone"), std::string::npos);
 }
 
 }  // namespace

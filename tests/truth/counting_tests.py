@@ -11,11 +11,11 @@ from pathlib import Path
 sys.path.insert(0, str(Path(sys.argv.pop(1) if len(sys.argv) > 1 else "bench/truth").resolve()))
 
 import drawings  # noqa: E402
-from book import Art, Word, check_digit, paragraphs_of  # noqa: E402
+from book import Art, Book, Sheet, Word, check_digit, paragraphs_of  # noqa: E402
 from counting import Score, pages_named  # noqa: E402
 from overlap import area, around, likeness, touch  # noqa: E402
 from places import Reading, Stood, boxes_by_line, letters  # noqa: E402
-from planting import Spot, change, misspelt  # noqa: E402
+from planting import Spot, change, misspelt, truth_of_words  # noqa: E402
 from truths import Truth  # noqa: E402
 
 HERE = (0.2, 0.2, 0.2, 0.1)
@@ -160,6 +160,23 @@ class Places(unittest.TestCase):
 
     def test_undoes_ligatures(self):
         self.assertEqual(letters("\ufb01nd-ing "), "finding")
+
+    def test_typeset_apostrophes_are_those_of_the_text(self):
+        self.assertIsNotNone(self.stood(("don\u2019t", 0), ("go", 0)).span("", "don't", "go"))
+
+    def test_a_gap_between_two_words_is_where_one_is_missing(self):
+        book = Book("b", "en", [Sheet("text", "", [self.words("a missing word stood")])])
+        changed = Book("b", "en", [Sheet("text", "", [self.words("a word stood")])])
+        before = self.stood(*((text, 0) for text in "a missing word stood".split()))
+        after = Reading([Stood(text, 0, i, (0.3 * i, 0, 0.1, 0.05))
+                         for i, text in enumerate("a word stood".split())])
+        spot = Spot("word missing", 0, 0, 1, 0, 1)
+        truth = truth_of_words(spot, book, changed, before, after)
+        gap = (0.15, 0, 0.1, 0.05)
+        self.assertTrue(any(touch([gap], boxes) for boxes in truth.boxes))
+
+    def words(self, text):
+        return [Word(one) for one in text.split()]
 
 
 class Planting(unittest.TestCase):
