@@ -149,13 +149,14 @@ std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now
   if (!given.previous.empty()) {
     auto before = versionOf(ticket, given.previous, now, folder, pictures);
     if (!before) return std::unexpected(before.error());
+    if (before->record.summary) {
+      return std::unexpected(given.previous + ": " + *before->record.summary);
+    }
     // It is there to be compared with.
     before->unchecked = false;
-    if (before->record.status != "failed") {
-      before->record.status = "done";
-      before->record.summary = "The proof before. It is here to compare with.";
-      before->origin.summary = before->record.summary;
-    }
+    before->record.status = "done";
+    before->record.summary = "The proof before. It is here to compare with.";
+    before->origin.summary = before->record.summary;
     add(ticket, *std::move(before));
   }
   for (const std::string& path : {given.sent, given.fbc}) {
@@ -252,6 +253,11 @@ void showPartners(const Ticket& ticket, TicketVersion& version, const CheckRefer
     (*refs)[reference.role] = refRecord(reference.pdf, reference.facts.pages[partners[i]->page],
                                         *partners[i], folder, pictures);
     keys.push_back((*refs)[reference.role].img.value_or(""));
+    // A revision is shown beside the version before it; where that has no such page, beside ours.
+    if (version.record.n > 1 && reference.role == "submitted" && !refs->contains("previous")) {
+      RefPage& ours = (*refs)["previous"] = (*refs)[reference.role];
+      ours.label = std::to_string(partners[i]->page + 1) + " of our file";
+    }
   }
   pictures.drawAhead(keys);
   Ref& ref = refOf(version, reference.role, "");

@@ -55,9 +55,10 @@ void tellBesideBefore(std::vector<Finding>& ours, const Partners& withBefore) {
   std::erase_if(ours, [](const Finding& finding) { return finding.kind == "pass"; });
   for (Finding& finding : ours) {
     const auto page = static_cast<std::size_t>(finding.page);
-    if (page >= withBefore.size() || !withBefore[page]) continue;
     finding.against = "previous";
     finding.title = "Not as in our file: " + finding.title;
+    // There our own page stands in its place.
+    if (page >= withBefore.size() || !withBefore[page]) continue;
     // Our wording is in the detail, and our file's place is none of the page before it.
     finding.before.reset();
     finding.ref_box.reset();

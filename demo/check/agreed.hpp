@@ -13,8 +13,8 @@ void acceptAsOurs(std::vector<Finding>& findings, const std::vector<Finding>& ou
                   const Partners& withOurs);
 
 // A revision is shown beside the version before it and nothing else. What differs from our own file
-// is told there: `ours`, without what passed, as findings on the pages `withBefore` has beside
-// them.
+// is told there: `ours`, without what passed. Beside a page that the version before lacks, as
+// `withBefore` tells, stands ours.
 void tellBesideBefore(std::vector<Finding>& ours, const Partners& withBefore);
 
 }  // namespace vellix::demo

@@ -75,6 +75,7 @@ TEST(AgreedWithOurs, OfARevisionItIsToldBesideTheVersionBefore) {
                                made("submitted", 0, kThere, "pass")};
   ours[0].before = "as we sent it";
   ours[0].ref_box = kThere;
+  ours[1].before = "as we sent it";
   ours[0].after = "as it is";
   tellBesideBefore(ours, {Partner{0, 1}, std::nullopt});
   ASSERT_EQ(ours.size(), 2U);
@@ -84,7 +85,8 @@ TEST(AgreedWithOurs, OfARevisionItIsToldBesideTheVersionBefore) {
   EXPECT_EQ(ours[0].after, "as it is");
   EXPECT_FALSE(ours[0].before);
   EXPECT_FALSE(ours[0].ref_box);
-  EXPECT_EQ(ours[1].against, "submitted") << "the page has nothing beside it";
+  EXPECT_EQ(ours[1].against, "previous");
+  EXPECT_EQ(ours[1].before, "as we sent it") << "our own page stands beside it";
 }
 
 }  // namespace

@@ -302,6 +302,21 @@ TEST_F(OwnProofs, TellOfARevisionWhatCameThroughAndWhatDidNot) {
   EXPECT_EQ(detail(one.file.id, "?v=1").file.pages->size(), 2U);
 }
 
+TEST_F(OwnProofs, ShowAPageThatTheVersionBeforeLacksBesideOurs) {
+  auto wrong = kThird;
+  wrong[0] = "They are going to burn it after all, she said at last,";
+  start({"--proof", pdf("proof.pdf", {saying(kFirst), saying(wrong)}), "--sent",
+         pdf("ours.pdf", {saying(kFirst), saying(kThird)}), "--previous",
+         pdf("old.pdf", {saying(kFirst)})});
+  const FileDetail one = onlyOne();
+  const auto& refs = *(*one.file.pages)[1].refs;
+  ASSERT_TRUE(refs.contains("previous"));
+  EXPECT_EQ(refs.at("previous").img, refs.at("submitted").img);
+  EXPECT_EQ(refs.at("previous").label, "2 of our file");
+  const auto all = told(one, false);
+  EXPECT_EQ(std::ranges::count(all, "previous: Not as in our file: One word changed"), 1);
+}
+
 TEST_F(OwnProofs, AreReportedOnAsAPdfOfWhatWasMarked) {
   start({"--proof", pdf("proof.pdf", {saying(kFirst), saying(kSecond)}), "--sent",
          pdf("ours.pdf", {saying(kFirst), saying(kThird)})});
@@ -403,6 +418,9 @@ TEST_F(OwnProofs, ThatCannotBeTakenOnAreToldAtTheStart) {
                 .find(locked + " is locked with a password. Save a copy that opens without."),
             std::string::npos);
   EXPECT_NE(said("--proof " + good + " --sent " + locked).find("is locked with a password"),
+            std::string::npos);
+  EXPECT_NE(said("--proof " + good + " --previous " + written("bad.pdf", "no PDF"))
+                .find("bad.pdf: The PDF is damaged and did not open."),
             std::string::npos);
   EXPECT_NE(said("--proof /nowhere/at-all.pdf").find("/nowhere/at-all.pdf cannot be opened."),
             std::string::npos);
