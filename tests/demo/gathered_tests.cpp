@@ -19,6 +19,7 @@ Finding made(Int page, double y, const std::string& title) {
 
 std::vector<std::string> titles(const std::vector<Finding>& all) {
   std::vector<std::string> names;
+  names.reserve(all.size());
   for (const Finding& finding : all) names.push_back(finding.title);
   return names;
 }
