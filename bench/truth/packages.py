@@ -13,8 +13,9 @@ TOOLS = {"pdflatex": "texlive-latex-base", "gropdf": "groff", "chromium": "chrom
          "pdftotext": "poppler-utils"}
 RIVALS = {"diffpdf": "diffpdf", "comparepdf": "comparepdf"}
 
-NEXT_RELEASE = "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] " \
-               "http://deb.debian.org/debian trixie main\n"
+# This release is Debian 12; the one behind it is read from the same archive.
+THIS_RELEASE, NEXT_RELEASE = "bookworm", "trixie"
+KEYS = "/usr/share/keyrings/debian-archive-keyring.gpg"
 MANUAL = "debian-reference-en"
 
 
@@ -64,9 +65,20 @@ class Packages:
         options = ["-o", f"Dir::Etc::sourcelist={sources}", "-o", "Dir::Etc::sourceparts=-",
                    "-o", f"Dir::State::lists={lists / 'lists'}", "-o", f"Dir::Cache={lists}"]
         if not sources.exists():
-            sources.write_text(NEXT_RELEASE)
+            sources.write_text(f"deb [signed-by={KEYS}] {archive()} {NEXT_RELEASE} main\n")
             apt("update", options=options)
         return options
+
+
+def archive() -> str:
+    """Where this machine has its packages from."""
+    told = subprocess.run(
+        ["apt-get", "indextargets", "--format", "$(REPO_URI)", "Created-By: Packages",
+         "Origin: Debian", f"Codename: {THIS_RELEASE}", "Component: main"],
+        check=True, capture_output=True, text=True).stdout.split()
+    if not told:
+        raise RuntimeError(f"apt knows no archive of {THIS_RELEASE}; run apt-get update")
+    return told[0]
 
 
 def apt(*arguments: str, options: list[str], cwd: Path | None = None) -> None:
