@@ -1,9 +1,9 @@
 #include "own_folder.hpp"
 
-#include <QCryptographicHash>
 #include <QFile>
 #include <filesystem>
 
+#include "digest.hpp"
 #include "pdf_file.hpp"
 
 namespace vellix::demo {
@@ -26,10 +26,10 @@ std::string OwnFolder::nameFor(const std::string& path) {
   auto& [tag, name] = names_[path];
   if (tag == file->tag()) return name;
   QFile bytes(QString::fromStdString(path));
-  QCryptographicHash sum(QCryptographicHash::Sha256);
-  if (!bytes.open(QIODevice::ReadOnly) || !sum.addData(&bytes)) return {};
+  const std::string sum = bytes.open(QIODevice::ReadOnly) ? digestText(bytes) : std::string();
+  if (sum.empty()) return {};
   tag = file->tag();
-  name = kBeginning + sum.result().toHex().toStdString() + ".pdf";
+  name = kBeginning + sum + ".pdf";
   return name;
 }
 

@@ -3,10 +3,10 @@
 #include <QString>
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <filesystem>
 
 #include "clock.hpp"
+#include "digest.hpp"
 #include "pdf_pages.hpp"
 
 namespace vellix::demo {
@@ -91,16 +91,6 @@ void add(Ticket& ticket, TicketVersion version) {
   ticket.versions.push_back(std::move(version));
 }
 
-// Of the path, the same on every machine.
-std::uint32_t sumOf(const std::string& text) {
-  std::uint32_t sum = 2166136261U;
-  for (const char letter : text) {
-    sum ^= static_cast<unsigned char>(letter);
-    sum *= 16777619U;
-  }
-  return sum;
-}
-
 Ref& refOf(TicketVersion& version, const std::string& role, const std::string& name) {
   const auto found = std::ranges::find(version.refs, role, &Ref::role);
   if (found != version.refs.end()) return *found;
@@ -125,10 +115,7 @@ std::string ownId(const GivenProof& given) {
     if (id.size() >= 40) break;
   }
   if (!id.empty() && id.back() != '-') id += '-';
-  constexpr const char* kDigits = "0123456789abcdef";
-  std::uint32_t sum = sumOf(fs::absolute(given.proof).lexically_normal().string());
-  for (int i = 0; i < 8; ++i, sum >>= 4) id += kDigits[sum & 15];
-  return id;
+  return id + digestText(fs::absolute(given.proof).lexically_normal().string()).substr(0, 8);
 }
 
 std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now, OwnFolder& folder,
@@ -194,7 +181,7 @@ std::string referencesTag(const Ticket& ticket) {
     const auto file = path.empty() ? nullptr : PdfFile::at(path);
     tag += path + " " + (file ? file->tag() : std::string()) + "\n";
   }
-  return std::to_string(sumOf(tag));
+  return digestText(tag);
 }
 
 std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version,

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <QBuffer>
-#include <QCryptographicHash>
 #include <QImageWriter>
 #include <QPainter>
 #include <algorithm>
@@ -14,6 +13,7 @@
 #include <cmath>
 #include <limits>
 
+#include "digest.hpp"
 #include "pdf_process.hpp"
 
 namespace vellix::demo {
@@ -74,11 +74,7 @@ std::shared_ptr<const PdfFile> PdfFile::of(std::string_view bytes) {
   const int file = memfd_create("revision", MFD_CLOEXEC);
   if (file < 0) return nullptr;
   const std::shared_ptr<PdfFile> made(new PdfFile(file));
-  made->tag_ =
-      QCryptographicHash::hash(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())),
-                               QCryptographicHash::Sha256)
-          .toHex()
-          .toStdString();
+  made->tag_ = digestText(bytes);
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <QCryptographicHash>
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
@@ -10,6 +9,8 @@
 #include <iterator>
 #include <ranges>
 #include <vector>
+
+#include "digest.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -21,12 +22,6 @@ constexpr const char* kUnfinished = ".part";
 constexpr std::size_t kDigest = 32;
 constexpr std::size_t kNameLength = 2 * kDigest;
 constexpr std::size_t kMostAtOnce = std::size_t{64} << 20;
-
-QByteArray digestOf(const std::string& bytes) {
-  return QCryptographicHash::hash(
-      QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())),
-      QCryptographicHash::Sha256);
-}
 
 // Nothing but what was written here is ever removed.
 bool isOurs(const fs::path& path) {
@@ -82,7 +77,7 @@ std::shared_ptr<const PictureFolder> PictureFolder::at(const std::string& folder
 }
 
 std::string PictureFolder::pathOf(const std::string& name) const {
-  return folder_ + "/" + digestOf(name).toHex().toStdString() + kEnding;
+  return folder_ + "/" + digestText(name) + kEnding;
 }
 
 bool PictureFolder::has(const std::string& name) const {

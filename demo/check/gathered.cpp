@@ -2,50 +2,34 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <tuple>
+
+#include "digest.hpp"
 
 namespace vellix::demo {
 namespace {
 
 bool real(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
 
-class Sum {
- public:
-  void take(const std::string& text) {
-    for (const char letter : text) mix(static_cast<unsigned char>(letter));
-    mix(0);
-  }
-  void take(const std::optional<std::vector<double>>& box) {
+constexpr std::size_t kDigits = 16;
+
+std::string idOf(const Finding& finding, const std::string& folder) {
+  std::string all;
+  const auto take = [&](const std::string& text) { all.append(text).push_back(0); };
+  const auto takeBox = [&](const std::optional<std::vector<double>>& box) {
     for (const double edge : box.value_or(std::vector<double>{})) {
       take(std::to_string(std::lround(edge * 1e4)));
     }
-  }
-  std::string text() const {
-    std::string digits;
-    for (int shift = 60; shift >= 0; shift -= 4) digits += "0123456789abcdef"[sum_ >> shift & 15];
-    return digits;
-  }
-
- private:
-  void mix(unsigned char byte) {
-    sum_ ^= byte;
-    sum_ *= 1099511628211U;
-  }
-  std::uint64_t sum_ = 14695981039346656037U;
-};
-
-std::string idOf(const Finding& finding, const std::string& folder) {
-  Sum sum;
-  sum.take(std::to_string(finding.page));
+  };
+  take(std::to_string(finding.page));
   // Not the kind and the title: an expected one is the same finding as it was before it was that.
-  sum.take(finding.against);
-  sum.take(finding.before.value_or(""));
-  sum.take(finding.after.value_or(""));
-  sum.take(finding.box);
-  sum.take(finding.ref_box);
-  if (!finding.box) sum.take(finding.title);
-  return folder + "-" + sum.text();
+  take(finding.against);
+  take(finding.before.value_or(""));
+  take(finding.after.value_or(""));
+  takeBox(finding.box);
+  takeBox(finding.ref_box);
+  if (!finding.box) take(finding.title);
+  return folder + "-" + digestText(all).substr(0, kDigits);
 }
 
 auto placeOf(const Finding& finding) {
