@@ -95,7 +95,8 @@ int tellPages(QFile& out, int from, int to) {
   Prepress prepress;
   return tellEach(out, from, to, [&](QDataStream& stream, const poppler::page& page, int index) {
     const QSizeF size = sizeOf(page);
-    PdfPage entry{size.width(), size.height(), wordsOf(page, size)};
+    PdfPage entry{size.width(), size.height(), {}};
+    tellWords(page, entry);
     prepress.tell(index, entry);
     stream << entry;
     return true;

@@ -41,7 +41,7 @@ void take(QDataStream& stream, std::vector<Entry>& entries) {
 }  // namespace
 
 QDataStream& operator<<(QDataStream& stream, const PdfPage& page) {
-  stream << page.width << page.height << page.trim << page.bleed;
+  stream << page.width << page.height << page.trim << page.bleed << page.moreWords;
   tell(stream, page.inks);
   // Each name once, so that a whole book's words share a few.
   std::vector<QString> fonts;
@@ -62,7 +62,7 @@ QDataStream& operator<<(QDataStream& stream, const PdfPage& page) {
 QDataStream& operator>>(QDataStream& stream, PdfPage& page) {
   page = {};
   PdfPage read;
-  stream >> read.width >> read.height >> read.trim >> read.bleed;
+  stream >> read.width >> read.height >> read.trim >> read.bleed >> read.moreWords;
   take(stream, read.inks);
   std::vector<QString> fonts;
   take(stream, fonts);

@@ -19,13 +19,15 @@ struct PdfWord {
 struct PdfPage {
   double width = 0;  // in points, as shown: turned and cropped
   double height = 0;
-  std::vector<PdfWord> words;  // in reading order
+  std::vector<PdfWord> words;  // in reading order, no more than kMostWordsOfAPage
   // The same, of what is left when it is cut, and of what is printed beyond that; empty where the
   // PDF tells neither.
   QSizeF trim = {};
   QSizeF bleed = {};
   std::vector<QString> inks = {};  // the spot colours that it prints with, sorted
+  bool moreWords = false;          // there are more of them than were read
 };
+inline constexpr std::size_t kMostWordsOfAPage = 40'000;
 
 struct PdfBarcode {
   QString kind;  // "EAN-13" and the like

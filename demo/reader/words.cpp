@@ -7,7 +7,6 @@
 namespace vellix::demo {
 namespace {
 
-constexpr std::size_t kMostWordsOfAPage = 40'000;
 constexpr std::size_t kSubsetMark = 6;
 
 // Without what marks a subset, "ABCDEF+", which every program makes up anew.
@@ -25,12 +24,10 @@ QString fontName(std::string_view name) {
 
 }  // namespace
 
-std::vector<PdfWord> wordsOf(const poppler::page& page, QSizeF size) {
+void tellWords(const poppler::page& page, PdfPage& entry) {
   const QRectF whole(0, 0, 1, 1);
   const auto rounded = [](double value) { return std::round(value * 1e5) / 1e5; };
-  std::vector<PdfWord> words;
   for (const auto& box : page.text_list(poppler::page::text_list_include_font)) {
-    if (words.size() >= kMostWordsOfAPage) break;
     const auto utf8 = box.text().to_utf8();
     // Letters that were joined into one are letters again, so that a word reads the same however
     // it was set.
@@ -42,20 +39,23 @@ std::vector<PdfWord> wordsOf(const poppler::page& page, QSizeF size) {
     text.remove(QChar(0xAD));
     if (broken) text += u'-';
     const auto at = box.bbox();
-    const QRectF place = QRectF(at.x() / size.width(), at.y() / size.height(),
-                                at.width() / size.width(), at.height() / size.height())
+    const QRectF place = QRectF(at.x() / entry.width, at.y() / entry.height,
+                                at.width() / entry.width, at.height() / entry.height)
                              .normalized()
                              .intersected(whole);
     if (text.isEmpty() || place.isEmpty()) continue;  // what was cut off is not on the page
+    if (entry.words.size() == kMostWordsOfAPage) {
+      entry.moreWords = true;
+      return;
+    }
     PdfWord word{text, QRectF(QPointF(rounded(place.left()), rounded(place.top())),
                               QPointF(rounded(place.right()), rounded(place.bottom())))};
     if (box.has_font_info()) {
       word.font = fontName(box.get_font_name());
       word.size = std::round(std::abs(box.get_font_size()) * 100) / 100;
     }
-    words.push_back(std::move(word));
+    entry.words.push_back(std::move(word));
   }
-  return words;
 }
 
 }  // namespace vellix::demo

@@ -3,13 +3,11 @@
 
 #include <poppler-page.h>
 
-#include <vector>
-
 #include "pdf_reading.hpp"
 
 namespace vellix::demo {
 
-// In reading order; `size` is the page's, as shown, in points.
-std::vector<PdfWord> wordsOf(const poppler::page& page, QSizeF size);
+// Puts them into `entry`, whose size is there.
+void tellWords(const poppler::page& page, PdfPage& entry);
 
 }  // namespace vellix::demo

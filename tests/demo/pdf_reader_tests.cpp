@@ -244,6 +244,25 @@ TEST(PdfReader, TellsAnyRangeOfPages) {
   EXPECT_EQ(all.pages[59].words.at(0).text, "page59");
 }
 
+TEST(PdfReader, TellsThatAPageHasMoreWordsThanItReads) {
+  const auto page = [](std::size_t words) {
+    demo_tests::WrittenPage made{.width = 1200, .height = 1000};
+    for (std::size_t i = 0; i < words; i += 200) {
+      std::string line;
+      for (std::size_t j = i; j < std::min(words, i + 200); ++j) line += "W ";
+      made.lines.push_back({line, 20, 980 - 0.023 * static_cast<double>(i), 4});
+    }
+    return made;
+  };
+  const auto pages =
+      PdfFile::of(writtenPdf({page(kMostWordsOfAPage), page(kMostWordsOfAPage + 1)}))->pages(0, 2);
+  ASSERT_EQ(pages.size(), 2);
+  EXPECT_EQ(pages[0].words.size(), kMostWordsOfAPage);
+  EXPECT_FALSE(pages[0].moreWords);
+  EXPECT_EQ(pages[1].words.size(), kMostWordsOfAPage);
+  EXPECT_TRUE(pages[1].moreWords);
+}
+
 TEST(PdfReader, EndsBeforeAPageThatCannotBeRead) {
   const std::string page = "<</Type/Page/Parent 2 0 R/MediaBox[0 0 9 9]>>";
   const auto pdf = PdfFile::of(

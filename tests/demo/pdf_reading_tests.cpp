@@ -24,7 +24,7 @@ QDataStream::Status readInto(Value& value, const QByteArray& bytes) {
 }
 
 PdfReading sample() {
-  PdfPage page{400, 300, {}, {360, 240}, {380, 280}, {"Gold", "Varnish"}};
+  PdfPage page{400, 300, {}, {360, 240}, {380, 280}, {"Gold", "Varnish"}, true};
   page.words = {{"Salt", {0.1, 0.2, 0.3, 0.4}, "Helvetica", 9},
                 {"and", {0.5, 0.2, 0.1, 0.4}, "Times", 8.5},
                 {"Pepper", {0.6, 0.2, 0.1, 0.4}, "Helvetica", 9}};
@@ -42,6 +42,8 @@ TEST(PdfReadings, AreReadAsTheyWereWritten) {
   EXPECT_EQ(page.trim, QSizeF(360, 240));
   EXPECT_EQ(page.bleed, QSizeF(380, 280));
   EXPECT_EQ(page.inks, (std::vector<QString>{"Gold", "Varnish"}));
+  EXPECT_TRUE(page.moreWords);
+  EXPECT_FALSE(read.pages[1].moreWords);
   ASSERT_EQ(page.words.size(), 3);
   EXPECT_EQ(page.words[1].text, "and");
   EXPECT_EQ(page.words[1].box, QRectF(0.5, 0.2, 0.1, 0.4));
