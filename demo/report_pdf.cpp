@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "check/compared.hpp"
 #include "report_sheet.hpp"
 #include "ticket.hpp"
 

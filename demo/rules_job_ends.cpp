@@ -3,6 +3,7 @@
 #include <chrono>
 #include <set>
 
+#include "check/compared.hpp"
 #include "job_log.hpp"
 #include "report_pdf.hpp"
 #include "state.hpp"

@@ -1,6 +1,7 @@
 // Somebody's own proofs: a sync looks at their files again and checks what has not been checked.
 #include <algorithm>
 
+#include "check/compared.hpp"
 #include "check/gathered.hpp"
 #include "job_log.hpp"
 #include "own_ticket.hpp"

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "body.hpp"
+#include "check/compared.hpp"
 #include "state.hpp"
 
 namespace vellix::demo {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "body.hpp"
+#include "check/compared.hpp"
 #include "clock.hpp"
 #include "state.hpp"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "check/compared.hpp"
 #include "clock.hpp"
 
 namespace vellix::demo {

@@ -65,9 +65,4 @@ inline TicketVersion* versionOf(Ticket* ticket, Int number) {
   return nullptr;
 }
 
-// Found against the checks' own rules, not against a reviewer's decision.
-inline bool isReal(const Finding& finding) {
-  return finding.kind != "expected" && finding.kind != "pass";
-}
-
 }  // namespace vellix::demo

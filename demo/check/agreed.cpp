@@ -5,19 +5,6 @@
 namespace vellix::demo {
 namespace {
 
-bool tells(const Finding& finding) { return finding.kind != "pass" && finding.kind != "expected"; }
-
-QRectF rectOf(const std::vector<double>& box) { return {box[0], box[1], box[2], box[3]}; }
-
-std::vector<QRectF> placesOf(const Finding& finding) {
-  std::vector<QRectF> places;
-  for (const auto& box : finding.boxes.value_or(std::vector<std::vector<double>>{})) {
-    places.push_back(rectOf(box));
-  }
-  if (places.empty() && finding.box) places.push_back(rectOf(*finding.box));
-  return places;
-}
-
 bool meet(const Finding& finding, const Finding& our) {
   if (finding.page != our.page) return false;
   const auto places = placesOf(finding);
@@ -36,9 +23,9 @@ void acceptAsOurs(std::vector<Finding>& findings, const std::vector<Finding>& ou
                   const Partners& withOurs) {
   for (Finding& finding : findings) {
     const auto page = static_cast<std::size_t>(finding.page);
-    if (!tells(finding) || page >= withOurs.size() || !withOurs[page]) continue;
-    if (std::ranges::any_of(ours,
-                            [&](const Finding& our) { return tells(our) && meet(finding, our); })) {
+    if (!isReal(finding) || page >= withOurs.size() || !withOurs[page]) continue;
+    if (std::ranges::any_of(
+            ours, [&](const Finding& our) { return isReal(our) && meet(finding, our); })) {
       continue;
     }
     const bool before = finding.against == "previous";

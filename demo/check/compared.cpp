@@ -12,8 +12,21 @@ Finding findingOn(std::size_t page, const Pair& pair, const char* kind, const ch
   return finding;
 }
 
+bool isReal(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
+
 std::vector<double> asBox(const QRectF& box) {
   return {box.x(), box.y(), box.width(), box.height()};
+}
+
+QRectF asRect(const std::vector<double>& box) { return {box[0], box[1], box[2], box[3]}; }
+
+std::vector<QRectF> placesOf(const Finding& finding) {
+  std::vector<QRectF> places;
+  for (const auto& box : finding.boxes.value_or(std::vector<std::vector<double>>{})) {
+    places.push_back(asRect(box));
+  }
+  if (places.empty() && finding.box) places.push_back(asRect(*finding.box));
+  return places;
 }
 
 void putBoxes(Finding& finding, const std::vector<QRectF>& proof,

@@ -22,8 +22,14 @@ struct Pair {
 // ticket and order.
 Finding findingOn(std::size_t page, const Pair& pair, const char* kind, const char* severity);
 
+// Whether the two differ there. It asks nothing of a reviewer's decision.
+bool isReal(const Finding& finding);
+
 // A finding's box out of a rectangle in fractions of the page.
 std::vector<double> asBox(const QRectF& box);
+QRectF asRect(const std::vector<double>& box);
+// Every box of the proof; none of a finding about the page as a whole.
+std::vector<QRectF> placesOf(const Finding& finding);
 // The first box of each, and all of the proof's where there are several.
 void putBoxes(Finding& finding, const std::vector<QRectF>& proof,
               const std::vector<QRectF>& reference);

@@ -4,12 +4,11 @@
 #include <cmath>
 #include <tuple>
 
+#include "check/compared.hpp"
 #include "digest.hpp"
 
 namespace vellix::demo {
 namespace {
-
-bool real(const Finding& finding) { return finding.kind != "expected" && finding.kind != "pass"; }
 
 constexpr std::size_t kDigits = 16;
 
@@ -36,7 +35,7 @@ auto placeOf(const Finding& finding) {
   const double y = finding.box ? finding.box->at(1) : -1;
   const double x = finding.box ? finding.box->at(0) : -1;
   // What passed stands behind what did not.
-  return std::tuple(finding.page, !real(finding), y, x);
+  return std::tuple(finding.page, !isReal(finding), y, x);
 }
 
 }  // namespace
@@ -54,7 +53,7 @@ void putAmong(std::vector<Finding>& all, std::vector<Finding> more, const std::s
     if (was == all.end()) {
       all.push_back(std::move(finding));
     } else {
-      if (was->state_by && real(finding)) {
+      if (was->state_by && isReal(finding)) {
         finding.state = was->state;
         finding.state_by = was->state_by;
         finding.state_at = was->state_at;
@@ -83,7 +82,7 @@ std::string summaryOf(const std::vector<Finding>& all, std::size_t pages) {
   std::set<Int> on;
   std::size_t open = 0;
   for (const Finding& finding : all) {
-    if (!real(finding)) continue;
+    if (!isReal(finding)) continue;
     ++open;
     on.insert(finding.page);
   }

@@ -260,7 +260,7 @@ std::vector<Finding> sheetFindings(const Pair& pair) {
 std::vector<Finding> passFindings(const Pair& pair, const std::vector<Finding>& findings) {
   std::set<Int> told;
   for (const Finding& finding : findings) {
-    if (finding.kind != "pass" && finding.kind != "expected") told.insert(finding.page);
+    if (isReal(finding)) told.insert(finding.page);
   }
   std::vector<Finding> passes;
   for (std::size_t i = 0; i < std::min(pair.proof.size(), pair.partners.size()); ++i) {

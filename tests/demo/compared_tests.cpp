@@ -32,6 +32,28 @@ TEST(Compared, BeginsAFindingThatWaitsForADecision) {
   EXPECT_EQ(finding.state, "open");
 }
 
+TEST(Compared, TellsWhereAFindingStands) {
+  Finding finding;
+  EXPECT_TRUE(placesOf(finding).empty());
+  finding.box = {0.1, 0.2, 0.3, 0.4};
+  EXPECT_EQ(placesOf(finding), (std::vector<QRectF>{{0.1, 0.2, 0.3, 0.4}}));
+  finding.boxes = {{0.1, 0.2, 0.3, 0.4}, {0.5, 0.5, 0.1, 0.1}};
+  EXPECT_EQ(placesOf(finding), (std::vector<QRectF>{{0.1, 0.2, 0.3, 0.4}, {0.5, 0.5, 0.1, 0.1}}));
+}
+
+TEST(Compared, HoldsWhatPassedAndWhatWasExpectedForNoDifference) {
+  Finding finding;
+  for (const char* kind : {"words", "extra_page"}) {
+    finding.kind = kind;
+    finding.state = "ok";
+    EXPECT_TRUE(isReal(finding)) << kind;
+  }
+  for (const char* kind : {"pass", "expected"}) {
+    finding.kind = kind;
+    EXPECT_FALSE(isReal(finding)) << kind;
+  }
+}
+
 TEST(Compared, CountsInWords) {
   EXPECT_EQ(counted(1, "word is gone", "words are gone"), "One word is gone");
   EXPECT_EQ(counted(3, "word is gone", "words are gone"), "3 words are gone");
