@@ -44,7 +44,7 @@ Popover {
     radius: Theme.radiusRow
     padding: 5
 
-    onOpened: if (byKey) go(-1, 1)
+    onVisibleChanged: if (visible && byKey) go(-1, 1)
 
     // Made at once, as is wanted.
     // qmllint disable deferred-property-id
@@ -125,11 +125,9 @@ Popover {
                         entry: menu.entries[index] ?? ({ key: "", text: "", enabled: false })
                         onClicked: {
                             const key = entry.key;
-                            if (!entry.stays) {
+                            // Before what is picked may open another float, which keeps it.
+                            if (!entry.stays)
                                 menu.close();
-                                // Before what is picked may open another float, which keeps it.
-                                menu.giveBack();
-                            }
                             menu.picked(key);
                         }
                         Keys.onPressed: event => {

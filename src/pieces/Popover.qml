@@ -55,15 +55,12 @@ T.Popup {
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
 
-    onOpened: {
-        if (byKey && first)
+    // At once: the next key may come before it has faded in.
+    onVisibleChanged: {
+        if (visible && byKey && first)
             first.forceActiveFocus(Qt.TabFocusReason);
     }
-    onAboutToShow: {
-        // Opened again while it fades, it has come from where it had come from.
-        if (!cameFrom.item)
-            cameFrom.note(parent?.Window.activeFocusItem ?? null);
-    }
+    onAboutToShow: cameFrom.note(parent?.Window.activeFocusItem ?? null)
     // The next time it begins anew: no key acts on what was at hand the last time.
     onAboutToHide: hold.letGo()
     onClosed: giveBack()
@@ -84,10 +81,8 @@ T.Popup {
         }
     }
 
+    // It does not fade away: while it did, it would keep keys and shortcuts from the window.
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.hover }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; to: 0; duration: Theme.hover }
     }
 }

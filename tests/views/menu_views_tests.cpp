@@ -143,6 +143,19 @@ TEST_F(MenuViews, AreWorkedByKeyAndGiveTheFocusBack) {
   EXPECT_EQ(store().zoom(), 1.0);
 }
 
+// Nobody waits for a menu to have faded in, nor for it to be gone.
+TEST_F(MenuViews, LoseNoneOfSomeQuickKeys) {
+  open();
+  key(Qt::Key_Equal, Qt::ControlModifier);
+  ASSERT_EQ(store().zoom(), 1.25);
+  for (const auto each : {Qt::Key_F10, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) {
+    QTest::keyClick(window(), each);
+  }
+  EXPECT_EQ(store().zoom(), 1.0) << "the third entry fits the page";
+  QTest::keyClick(window(), Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_EQ(store().zoom(), 1.25);
+}
+
 // The words that a menu would show, opened or not.
 TEST_F(MenuViews, FollowThePanelThatTheWidthMakesFloat) {
   open();
