@@ -1,8 +1,6 @@
 #include "check_tool.hpp"
 
-#include <chrono>
 #include <cstdio>
-#include <thread>
 
 #include "check/gathered.hpp"
 #include "pdf_pages.hpp"
@@ -11,8 +9,6 @@
 
 namespace vellix::demo {
 namespace {
-
-constexpr auto kPause = std::chrono::milliseconds(20);
 
 struct ToldPartner {
   Int page = 0;
@@ -48,23 +44,19 @@ int checkAndPrint(const std::string& proof, const std::string& reference) {
   ToldCheck told;
   told.pages = static_cast<Int>(facts.pages.size());
   VersionCheck check(pdf, facts, {{"submitted", "our file", other, std::move(otherFacts)}});
-  std::set<std::string> ids;
-  for (bool done = false; !done;) {
-    std::this_thread::sleep_for(kPause);
-    CheckNews news = check.news();
-    done = news.done;
-    for (const auto& [role, partners] : news.partners) {
-      for (std::size_t i = 0; i < partners.size(); ++i) {
-        ToldPartner& one = told.partners.emplace_back();
-        one.page = static_cast<Int>(i);
-        if (!partners[i]) continue;
-        one.partner = static_cast<Int>(partners[i]->page);
-        one.moved = partners[i]->moved;
-        one.likeness = partners[i]->likeness;
-      }
+  CheckNews news = check.atEnd();
+  for (const auto& [role, partners] : news.partners) {
+    for (std::size_t i = 0; i < partners.size(); ++i) {
+      ToldPartner& one = told.partners.emplace_back();
+      one.page = static_cast<Int>(i);
+      if (!partners[i]) continue;
+      one.partner = static_cast<Int>(partners[i]->page);
+      one.moved = partners[i]->moved;
+      one.likeness = partners[i]->likeness;
     }
-    putAmong(told.findings, std::move(news.findings), "finding", proof, ids);
   }
+  std::set<std::string> ids;
+  putAmong(told.findings, std::move(news.findings), "finding", proof, ids);
   const auto json = encode(told);
   if (!json) {
     std::fputs("What was found could not be written as JSON.\n", stderr);

@@ -12,8 +12,7 @@ constexpr std::size_t kPagesAtOnce = 16;
 // So many that bring their reader down, and the rest of the piece is given up too.
 constexpr int kMostFailures = 3;
 
-// Calls `read` for what is left of a range, over each page that it does not get over; false ends
-// it.
+// Calls `read` for what is left of a range, over each page that it does not get over.
 template <class Read, class Take>
 void overAll(std::size_t from, std::size_t to, Read read, Take take) {
   for (int failures = 0; from < to && failures < kMostFailures;) {

@@ -1,10 +1,6 @@
 #include "revision_check.hpp"
 
-#include <QRectF>
 #include <algorithm>
-#include <chrono>
-#include <iterator>
-#include <thread>
 
 #include "check/compared.hpp"
 #include "version_check.hpp"
@@ -12,7 +8,6 @@
 namespace vellix::demo {
 namespace {
 
-constexpr auto kPause = std::chrono::milliseconds(20);
 constexpr const char* kRepaired = "Repaired: ";
 constexpr const char* kNotRepaired = "Not repaired: ";
 constexpr const char* kPerhapsRepaired = "See whether it is repaired: ";
@@ -34,14 +29,10 @@ bool inWords(const Finding& finding) {
 bool meet(const Finding& change, const Finding& issue) {
   if (change.page != issue.page || inWords(change) != inWords(issue)) return false;
   if (change.kind == "size" && issue.kind == "size") return true;
-  if (!change.ref_box || !issue.box) return false;
-  const auto rect = [](const std::vector<double>& box) {
-    return QRectF(box[0], box[1], box[2], box[3]);
-  };
-  const QRectF place = rect(*change.ref_box);
-  if (place.intersects(rect(*issue.box))) return true;
-  return std::ranges::any_of(issue.boxes.value_or(std::vector<std::vector<double>>{}),
-                             [&](const auto& box) { return place.intersects(rect(box)); });
+  if (!change.ref_box) return false;
+  const QRectF place = asRect(*change.ref_box);
+  return std::ranges::any_of(placesOf(issue),
+                             [&](const QRectF& box) { return place.intersects(box); });
 }
 
 }  // namespace
@@ -50,13 +41,7 @@ std::vector<Finding> changesBetween(const Compared& before, const Compared& afte
   VersionCheck check(
       after.pdf, after.reading,
       {{"previous", "v" + std::to_string(before.number), before.pdf, before.reading}});
-  std::vector<Finding> findings;
-  for (bool done = false; !done;) {
-    std::this_thread::sleep_for(kPause);
-    CheckNews news = check.news();
-    done = news.done;
-    std::ranges::move(news.findings, std::back_inserter(findings));
-  }
+  std::vector<Finding> findings = check.atEnd().findings;
   // That nothing moved is said of the version as a whole.
   std::erase_if(findings, [](const Finding& finding) { return finding.kind == "pass"; });
   return findings;

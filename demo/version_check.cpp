@@ -70,6 +70,19 @@ CheckNews VersionCheck::news() {
   return came;
 }
 
+CheckNews VersionCheck::atEnd() {
+  if (thread_.joinable()) thread_.join();
+  return news();
+}
+
+Pair VersionCheck::pairOf(const Side& side) const {
+  return {pages_, side.read.pages, side.partners, side.reference.role, side.reference.called};
+}
+
+bool VersionCheck::hasOurs() const {
+  return !references_.empty() && references_.front().role == kOurs;
+}
+
 void VersionCheck::say(std::string step) {
   const std::lock_guard lock(mutex_);
   news_.step = std::move(step);
@@ -107,8 +120,7 @@ void VersionCheck::run(const std::stop_token& stopped) {
   }
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];
-    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
-                    side.reference.called};
+    const Pair pair = pairOf(side);
     std::vector<Finding> findings;
     for (std::size_t page = 0; page < side.partners.size(); ++page) {
       const auto& partner = side.partners[page];
@@ -130,11 +142,10 @@ void VersionCheck::run(const std::stop_token& stopped) {
 void VersionCheck::compareText(std::vector<Side>& sides) {
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];
-    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
-                    side.reference.called};
+    const Pair pair = pairOf(side);
     std::vector<Finding> findings = textFindings(pair);
     std::ranges::move(sheetFindings(pair), std::back_inserter(findings));
-    if (i > 0 && references_.front().role == kOurs) {
+    if (i > 0 && hasOurs()) {
       acceptAsOurs(findings, found_.front(), sides.front().partners);
     }
     find(i, std::move(findings));
@@ -166,8 +177,7 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
   std::vector<Finding> ours;
   for (std::size_t i = 0; i < sides.size(); ++i) {
     Side& side = sides[i];
-    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
-                    side.reference.called};
+    const Pair pair = pairOf(side);
     std::set<std::size_t> others;
     for (const std::size_t page : wanted) {
       if (side.partners[page]) others.insert(side.partners[page]->page);
@@ -200,7 +210,7 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
       std::ranges::copy_if(found_.front(), std::back_inserter(ours), [&](const Finding& finding) {
         return finding.page >= static_cast<Int>(from) && finding.page < static_cast<Int>(to);
       });
-    } else if (references_.front().role == kOurs) {
+    } else if (hasOurs()) {
       acceptAsOurs(findings, ours, sides.front().partners);
     }
     find(i, std::move(findings));
@@ -212,8 +222,7 @@ void VersionCheck::tellSilence(std::vector<Side>& sides) {
   say("Writing what was found");
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];
-    const Pair pair{pages_, side.read.pages, side.partners, side.reference.role,
-                    side.reference.called};
+    const Pair pair = pairOf(side);
     std::vector<Finding> findings;
     for (auto from = side.silent.begin(); from != side.silent.end();) {
       auto to = std::next(from);
@@ -232,7 +241,7 @@ void VersionCheck::tellSilence(std::vector<Side>& sides) {
     find(i, findings);
     std::vector<Finding> told = found_[i];
     // A revision's page has passed only where it is as in our own file too.
-    if (side.reference.role == "previous" && references_.front().role == kOurs) {
+    if (side.reference.role == "previous" && hasOurs()) {
       told.insert(told.end(), found_.front().begin(), found_.front().end());
     }
     find(i, passFindings(pair, told));

@@ -40,6 +40,8 @@ class VersionCheck {
 
   // Any thread.
   CheckNews news();
+  // Waits for the end of it, and gives all that came until then. One thread.
+  CheckNews atEnd();
   // No more pages are begun; what there is stays.
   void stop() { thread_.request_stop(); }
   // Nothing is read any more.
@@ -49,6 +51,8 @@ class VersionCheck {
   struct Side;
   void run(const std::stop_token& stopped);
   void say(std::string step);
+  Pair pairOf(const Side& side) const;
+  bool hasOurs() const;
   void find(std::size_t reference, std::vector<Finding> findings);
   void compareText(std::vector<Side>& sides);
   void comparePages(std::vector<Side>& sides, const std::stop_token& stopped);
