@@ -206,10 +206,7 @@ std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& ve
   if (const std::string& sent = ticket.given->sent; !sent.empty()) {
     offer("submitted", "our file", nameOf(sent), PdfFile::at(sent));
   }
-  const TicketVersion* before = nullptr;
-  for (const TicketVersion& other : ticket.versions) {
-    if (other.record.n < version.record.n && !other.pages.empty()) before = &other;
-  }
+  const TicketVersion* before = newestBefore(ticket, version.record.n);
   if (before != nullptr) {
     offer("previous", "v" + std::to_string(before->record.n),
           before->record.filename.value_or("The version before"), before->pdf);

@@ -101,6 +101,14 @@ Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
   return ShareAnswer{link};
 }
 
+// What was asked for was asked of another version.
+void State::outdateApproval(Ticket& ticket, std::optional<std::string> by) {
+  if (!ticket.approval) return;
+  ticket.approval->state = "revised";
+  ticket.approval->by = std::move(by);
+  ticket.approval->at = now_;
+}
+
 // Of everyone who has not answered yet.
 void State::awaitAnswers(const Ticket& ticket) {
   double wait = kFirstAnswer;

@@ -7,21 +7,12 @@
 #include "job_log.hpp"
 #include "report_pdf.hpp"
 #include "state.hpp"
+#include "texts.hpp"
 
 namespace vellix::demo {
 namespace {
 
 constexpr std::size_t kMostChecks = 6;
-
-using Texts = std::vector<std::string>;
-
-std::string counted(std::size_t count, const std::string& noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-std::optional<Texts> unlessEmpty(Texts texts) {
-  return texts.empty() ? std::nullopt : std::optional(std::move(texts));
-}
 
 bool ready(const std::future<std::string>& future) {
   return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready;

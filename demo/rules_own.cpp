@@ -6,17 +6,12 @@
 #include "job_log.hpp"
 #include "own_ticket.hpp"
 #include "state.hpp"
+#include "texts.hpp"
 
 namespace vellix::demo {
 namespace {
 
 constexpr std::size_t kMostTold = 6;
-
-using Texts = std::vector<std::string>;
-
-std::string counted(std::size_t count, const std::string& noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 // Without the figure behind it.
 std::string bare(const std::string& step) { return step.substr(0, step.find(',')); }
@@ -67,12 +62,7 @@ void State::beginOwn(const Job& job) {
     } else if (*came) {
       record(&ticket, "version", std::nullopt,
              "v" + std::to_string(ticket.newest().record.n) + " lies at its place");
-      if (ticket.approval) {
-        // What was asked for was asked of another version.
-        ticket.approval->state = "revised";
-        ticket.approval->by.reset();
-        ticket.approval->at = now_;
-      }
+      outdateApproval(ticket, std::nullopt);
     }
     // Other files may lie where the references are.
     if (TicketVersion& newest = ticket.newest();
@@ -161,10 +151,9 @@ void State::tellStep(Job& job, const Ticket& ticket, const std::string& step) {
   const std::string ahead = worker_.own->all > 1 ? ticket.item.heading() + ": " : "";
   job.beat = now_;
   if (job.step == ahead + step) return;
-  if (job.step && bare(*job.step) == ahead + bare(step)) {
-    job.step = ahead + step;
-  } else {
-    job.step = ahead + step;
+  const bool another = !job.step || bare(*job.step) != ahead + bare(step);
+  job.step = ahead + step;
+  if (another) {
     job.steps->push_back(ahead + bare(step));
     logs_[job.id] += logLine(now_, ahead + step);
   }
@@ -201,9 +190,6 @@ void State::finishOwn(Job& job) {
   const std::string told =
       checked == 0 ? "Looked at the files again. Nothing new."
                    : "Checked " + counted(checked, "proof") + ", " + counted(run.pages, "page");
-  const auto unlessEmpty = [](Texts texts) {
-    return texts.empty() ? std::nullopt : std::optional(std::move(texts));
-  };
   end(job, "done", Summary{Texts{told}, unlessEmpty(run.done), unlessEmpty(run.told)});
   record(nullptr, "synced", std::nullopt, told);
 }

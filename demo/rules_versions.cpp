@@ -61,15 +61,6 @@ Changes changesSince(const std::vector<Earlier>& earlier, Int number,
   return {};
 }
 
-// The newest version with pages ahead of that one; null when there is none.
-const TicketVersion* before(const Ticket& ticket, Int number) {
-  const TicketVersion* found = nullptr;
-  for (const TicketVersion& version : ticket.versions) {
-    if (version.record.n < number && !version.pages.empty()) found = &version;
-  }
-  return found;
-}
-
 }  // namespace
 
 Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std::string& by) {
@@ -95,11 +86,7 @@ Outcome<Uploaded> State::upload(const std::string& id, Upload upload, const std:
   ticket->item.summary.reset();
   ticket->versions.push_back(std::move(next));
   compareBeside(*ticket, ticket->newest());
-  if (ticket->approval) {
-    ticket->approval->state = "revised";
-    ticket->approval->by = by;
-    ticket->approval->at = now_;
-  }
+  outdateApproval(*ticket, by);
   record(ticket, "version", by, "Uploaded v" + std::to_string(number));
   return Uploaded{number, ticket->newest().reading};
 }
@@ -146,7 +133,7 @@ void State::showPages(const Check& check) {
   TicketVersion* version = versionOf(ticket, check.version);
   const PdfReading& reading = check.reading.get();
   if (version == nullptr || reading.trouble != PdfTrouble::none) return;
-  const TicketVersion* old = before(*ticket, check.version);
+  const TicketVersion* old = newestBefore(*ticket, check.version);
   const std::string folder = check.id + "/v" + std::to_string(check.version);
   for (std::size_t i = 0; i < reading.pages.size(); ++i) {
     Page page = pageRecord(version->pdf, reading.pages[i], static_cast<int>(i), folder, pictures_);
@@ -193,23 +180,20 @@ void State::finishCheck(Check& check) {
   const TicketVersion* old = versionOf(ticket, changes.old);
   const std::string name = "v" + std::to_string(check.version);
   std::string told = "Checked " + name;
+  version->record.status = "done";
   if (reading.trouble != PdfTrouble::none) {
     version->record.status = "failed";
-    version->record.summary = excuseFor(reading);
+    sumUp(*ticket, *version, excuseFor(reading));
     told = "Could not check " + name;
   } else if (old == nullptr) {
-    version->record.status = "done";
-    version->record.summary = "There was no version that it could be checked against.";
+    sumUp(*ticket, *version, "There was no version that it could be checked against.");
   } else {
     CheckResult result = weighed(std::move(changes.all), old->findings, version->pages.size());
     number(result.findings, check.id, check.version);
     version->findings = std::move(result.findings);
-    version->record.status = "done";
-    version->record.summary = std::move(result.summary);
+    sumUp(*ticket, *version, std::move(result.summary));
     told += " against v" + std::to_string(old->record.n);
   }
-  version->origin.summary = version->record.summary;
-  if (&ticket->newest() == version) ticket->item.summary = version->record.summary;
   record(ticket, "checked", std::nullopt, told);
 }
 

@@ -199,6 +199,7 @@ class State {
   void takeUpJobs();
   void takeUpVersions(Ticket& ticket);
   void awaitAnswers(const Ticket& ticket);
+  void outdateApproval(Ticket& ticket, std::optional<std::string> by);
   void compareBeside(Ticket& ticket, TicketVersion& version);
   void goOnWithChecks();
   void showPages(const Check& check);

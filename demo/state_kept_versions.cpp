@@ -12,11 +12,8 @@ std::shared_ptr<const PdfFile> referenceOf(const Ticket& ticket, const TicketVer
                                            const std::string& role) {
   if (role == "submitted") return PdfFile::at(ticket.given->sent);
   if (role == "fbc") return PdfFile::at(ticket.given->fbc);
-  std::shared_ptr<const PdfFile> before;
-  for (const TicketVersion& other : ticket.versions) {
-    if (other.record.n < version.record.n && !other.pages.empty()) before = other.pdf;
-  }
-  return before;
+  const TicketVersion* before = newestBefore(ticket, version.record.n);
+  return before == nullptr ? nullptr : before->pdf;
 }
 
 void enterPicturesOf(const Ticket& ticket, const TicketVersion& version, Pictures& pictures) {

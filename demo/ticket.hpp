@@ -65,4 +65,13 @@ inline TicketVersion* versionOf(Ticket* ticket, Int number) {
   return nullptr;
 }
 
+// The newest version with pages ahead of that one; null when there is none.
+inline const TicketVersion* newestBefore(const Ticket& ticket, Int number) {
+  const TicketVersion* found = nullptr;
+  for (const TicketVersion& version : ticket.versions) {
+    if (version.record.n < number && !version.pages.empty()) found = &version;
+  }
+  return found;
+}
+
 }  // namespace vellix::demo
