@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <limits>
 
 #include "digest.hpp"
 #include "pdf_process.hpp"
@@ -175,8 +174,6 @@ std::string PdfFile::piece(std::size_t from, std::size_t most) const {
   all.resize(done);
   return all;
 }
-
-std::string PdfFile::bytes() const { return piece(0, std::numeric_limits<std::size_t>::max()); }
 
 QSize pixelsWithin(const PdfPage& page, int width, int height) {
   const double scale = std::min(width / page.width, height / page.height);

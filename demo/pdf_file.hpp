@@ -52,7 +52,6 @@ class PdfFile {
   std::size_t size() const;
   // So many bytes of the file from there on, fewer at its end.
   std::string piece(std::size_t from, std::size_t most) const;
-  std::string bytes() const;
   // The same for one file that nobody wrote to meanwhile, and for the same bytes.
   const std::string& tag() const { return tag_; }
 

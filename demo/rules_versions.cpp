@@ -197,21 +197,20 @@ void State::finishCheck(Check& check) {
   record(ticket, "checked", std::nullopt, told);
 }
 
-Outcome<std::function<std::string()>> State::proofOf(const std::string& id,
-                                                     std::optional<Int> number,
-                                                     bool repaired) const {
+Outcome<State::AsPdf> State::proofOf(const std::string& id, std::optional<Int> number,
+                                     bool repaired) const {
   const auto ticket = std::ranges::find_if(
       tickets_, [&](const Ticket& entry) { return entry.item.id == id && !entry.waiting; });
   if (ticket == tickets_.end()) return refuse(404, "There is no such ticket.");
   const Int wanted = number.value_or(ticket->newest().record.n);
   for (const TicketVersion& version : ticket->versions) {
     if (version.record.n != wanted) continue;
-    if (version.pdf && !repaired) return [pdf = version.pdf] { return pdf->bytes(); };
+    if (version.pdf && !repaired) return AsPdf{.file = version.pdf};
     const TicketVersion& drawn = version.pdf ? ticket->versions.front() : version;
     if (drawn.proofs.empty()) return refuse(404, "That version has no pages.");
-    return [title = ticket->item.heading(), pages = printed(drawn, repaired)] {
+    return AsPdf{.print = [title = ticket->item.heading(), pages = printed(drawn, repaired)] {
       return proofPdf(title, pages);
-    };
+    }};
   }
   return refuse(404, "There is no such version.");
 }

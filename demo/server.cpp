@@ -48,7 +48,8 @@ void hangUpBehind(int remotePort) {
 
 // Makes the body as it goes out, however long it is.
 void sendInPieces(Reply reply, int remotePort, httplib::Response& to) {
-  const std::size_t length = reply.bytes.value_or(reply.body.size());
+  const std::size_t length =
+      reply.file ? reply.file->size() : reply.bytes.value_or(reply.body.size());
   const auto type = reply.type;
   const auto next = [reply = std::move(reply), remotePort](std::size_t at, std::size_t left,
                                                            httplib::DataSink& sink) {
@@ -60,10 +61,24 @@ void sendInPieces(Reply reply, int remotePort, httplib::Response& to) {
       return false;
     }
     const std::size_t size = std::min(until - at, kDrip - at % kDrip);
+    if (reply.file) {
+      const std::string piece = reply.file->piece(at, size);
+      if (piece.size() == size) return sink.write(piece.data(), size);
+      // Somebody cut the file short meanwhile.
+      shutdown(socketTo(remotePort), SHUT_RDWR);
+      return false;
+    }
     const char* from = reply.bytes ? filler.data() + at % kDrip : reply.body.data() + at;
     return sink.write(from, size);
   };
   if (length > 0) to.set_content_provider(length, type, next);
+}
+
+// The library holds no range against what there is; -1 is an end left open.
+bool within(const httplib::Ranges& ranges, ssize_t size) {
+  return std::ranges::all_of(ranges, [&](const httplib::Range& range) {
+    return range.first < size && range.second < size;
+  });
 }
 
 Request headOf(const httplib::Request& from) {
@@ -123,7 +138,14 @@ void Server::answer(Service& service, const httplib::Request& from, httplib::Res
     to.set_header(kUnread, "true");
   }
   if (reply->status == 304) return;
-  if (reply->bytes || reply->cutAt || reply->dripMs > 0) {
+  if (reply->status == 200 && !from.ranges.empty()) {
+    to.status = 206;
+    if (reply->file && !within(from.ranges, static_cast<ssize_t>(reply->file->size()))) {
+      to.status = 416;
+      return;
+    }
+  }
+  if (reply->file || reply->bytes || reply->cutAt || reply->dripMs > 0) {
     sendInPieces(*std::move(reply), from.remote_port, to);
   } else {
     to.set_content(reply->body, reply->type == "application/json" ? kJson : reply->type);

@@ -31,9 +31,10 @@ struct Reply {
   std::string etag = {};
   bool cut = false;     // close the connection without an answer
   bool unread = false;  // close it behind the answer: what was sent was not read to its end
-  std::optional<std::size_t> bytes = {};  // a made-up PDF of so many in the place of the body
-  std::optional<std::size_t> cutAt = {};  // close it behind so many bytes of the body
-  Int dripMs = 0;                         // wait before each kDrip of the body
+  std::optional<std::size_t> bytes = {};     // a made-up PDF of so many in the place of the body
+  std::shared_ptr<const PdfFile> file = {};  // sent in the place of the body, never held as a whole
+  std::optional<std::size_t> cutAt = {};     // close it behind so many bytes of the body
+  Int dripMs = 0;                            // wait before each kDrip of the body
 };
 
 // One request received, as the log tells it. Holds no secret.

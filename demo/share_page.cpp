@@ -180,7 +180,7 @@ Reply Service::shareAnswer(const Request& request, const std::string& rest) {
 
 std::optional<Reply> Service::shareFile(const Request& request) {
   const auto rest = behind(request.path, "/s/");
-  if (!rest || request.method != "GET") return std::nullopt;
+  if (!rest || (request.method != "GET" && request.method != "HEAD")) return std::nullopt;
   const auto [key, what] = apart(*rest);
   const auto picture = behind(what, "pictures/");
   const bool repaired = what == "repaired.pdf";
@@ -206,10 +206,16 @@ std::optional<Reply> Service::shareFile(const Request& request) {
 Reply Service::proof(const std::string& ticket, std::optional<Int> version, bool repaired) {
   std::unique_lock lock(mutex_);
   state_.advance(nowMs());
-  const auto make = state_.proofOf(ticket, version, repaired);
+  const auto found = state_.proofOf(ticket, version, repaired);
   lock.unlock();
-  if (!make) return errorReply(make.error().status, make.error().text);
-  return {200, (*make)(), "application/pdf"};
+  if (!found) return errorReply(found.error().status, found.error().text);
+  Reply reply{200, {}, "application/pdf"};
+  if (found->file) {
+    reply.file = found->file;
+  } else {
+    reply.body = found->print();
+  }
+  return reply;
 }
 
 }  // namespace vellix::demo

@@ -116,9 +116,13 @@ class State {
   // Approval, versions, sharing.
   Outcome<ShareAnswer> approval(const std::string& id, const Json& body, const std::string& by);
   Outcome<Uploaded> upload(const std::string& id, Upload upload, const std::string& by);
-  // A version as a PDF, made when called; `repaired` sets a proof as it was sent to be printed.
-  Outcome<std::function<std::string()>> proofOf(const std::string& id, std::optional<Int> version,
-                                                bool repaired) const;
+  // A version as a PDF: the file that came, or else what prints it when it is called.
+  struct AsPdf {
+    std::shared_ptr<const PdfFile> file = {};
+    std::function<std::string()> print = {};
+  };
+  // `repaired` sets a proof as it was sent to be printed.
+  Outcome<AsPdf> proofOf(const std::string& id, std::optional<Int> version, bool repaired) const;
   Outcome<ShareAnswer> share(const std::string& id, const Json& body, const std::string& by);
   Done setApprovers(const Json& body, const std::string& by);
   // The ticket that a link of that key leads to or once led to; none when there never was one.
