@@ -25,11 +25,14 @@ struct ToldCheck {
 };
 BOOST_DESCRIBE_STRUCT(ToldCheck, (), (pages, partners, findings))
 
-bool opens(const std::shared_ptr<const PdfFile>& pdf, const PdfReading& facts,
-           const std::string& path) {
-  if (pdf && facts.trouble == PdfTrouble::none) return true;
-  std::fprintf(stderr, "%s: %s\n", path.c_str(),
-               pdf ? excuseFor(facts).c_str() : "It cannot be opened.");
+bool opens(const std::shared_ptr<const PdfFile>& pdf, const std::string& path) {
+  if (!pdf) std::fprintf(stderr, "%s: It cannot be opened.\n", path.c_str());
+  return pdf != nullptr;
+}
+
+bool hasPages(const PdfReading& facts, const std::string& path) {
+  if (facts.trouble == PdfTrouble::none) return true;
+  std::fprintf(stderr, "%s: %s\n", path.c_str(), excuseFor(facts).c_str());
   return false;
 }
 
@@ -38,13 +41,13 @@ bool opens(const std::shared_ptr<const PdfFile>& pdf, const PdfReading& facts,
 int checkAndPrint(const std::string& proof, const std::string& reference) {
   const auto pdf = PdfFile::at(proof);
   const auto other = PdfFile::at(reference);
-  const PdfReading facts = pdf ? pdf->facts() : PdfReading{};
-  PdfReading otherFacts = other ? other->facts() : PdfReading{};
-  if (!opens(pdf, facts, proof) || !opens(other, otherFacts, reference)) return 1;
+  if (!opens(pdf, proof) || !opens(other, reference)) return 1;
+  VersionCheck check(pdf, {{"submitted", "our file", other}});
+  CheckNews news = check.atEnd();
+  const PdfReading facts = news.proof.value_or(PdfReading{});
+  if (!hasPages(facts, proof) || !hasPages(news.references["submitted"], reference)) return 1;
   ToldCheck told;
   told.pages = static_cast<Int>(facts.pages.size());
-  VersionCheck check(pdf, facts, {{"submitted", "our file", other, std::move(otherFacts)}});
-  CheckNews news = check.atEnd();
   for (const auto& [role, partners] : news.partners) {
     for (std::size_t i = 0; i < partners.size(); ++i) {
       ToldPartner& one = told.partners.emplace_back();

@@ -14,17 +14,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Opened {
-  std::shared_ptr<const PdfFile> pdf;
-  PdfReading facts;
-};
-
 // A path may be any bytes; what is told is text.
 std::string asText(const std::string& bytes) { return QString::fromUtf8(bytes).toStdString(); }
 std::string nameOf(const std::string& path) { return asText(fs::path(path).filename().string()); }
 
-std::expected<Opened, std::string> opened(const std::string& path) {
-  Opened file{PdfFile::at(path), {}};
+// Read at `copy` and called by its path.
+std::expected<Lying, std::string> opened(const std::string& path, const std::string& copy) {
+  Lying file{path, copy, PdfFile::at(copy), {}};
   if (!file.pdf) return std::unexpected(path + " cannot be opened.");
   file.facts = file.pdf->facts();
   if (file.facts.trouble == PdfTrouble::locked) {
@@ -42,35 +38,29 @@ void drawAhead(const TicketVersion& version, Pictures& pictures) {
   pictures.drawAhead(keys);
 }
 
-std::expected<TicketVersion, std::string> versionOf(const Ticket& ticket, const std::string& path,
-                                                    double now, OwnFolder& folder,
-                                                    Pictures& pictures) {
-  if (const auto there = opened(path); !there) return std::unexpected(there.error());
-  const std::string copy = folder.copyOf(path);
-  auto file = opened(copy);
-  if (!file) return std::unexpected(file.error());
+TicketVersion versionOf(const Ticket& ticket, Lying file, double now, Pictures& pictures) {
   TicketVersion version;
-  version.pdf = std::move(file->pdf);
-  version.path = copy;
+  version.pdf = std::move(file.pdf);
+  version.path = file.copy;
   // A copy's name tells what it holds.
-  if (!OwnFolder::holds(copy)) version.stamp = version.pdf->tag();
+  if (!OwnFolder::holds(file.copy)) version.stamp = version.pdf->tag();
   Version& record = version.record;
   record.n = static_cast<Int>(ticket.versions.size()) + 1;
   record.kind = ticket.versions.empty() ? "proof" : "revision";
-  record.filename = nameOf(path);
+  record.filename = nameOf(file.path);
   record.at = now;
   record.size = static_cast<Int>(version.pdf->size());
   record.status = "checking";
   version.origin = {std::nullopt, std::nullopt, now,         record.filename,
                     std::nullopt, std::nullopt, std::nullopt};
-  if (file->facts.trouble != PdfTrouble::none) {
+  if (file.facts.trouble != PdfTrouble::none) {
     record.status = "failed";
-    record.summary = excuseFor(file->facts);
+    record.summary = excuseFor(file.facts);
     version.origin.summary = record.summary;
     return version;
   }
   version.unchecked = true;
-  const auto& pages = file->facts.pages;
+  const auto& pages = file.facts.pages;
   record.page_count = static_cast<Int>(pages.size());
   const std::string keys = ticket.item.id + "/v" + std::to_string(record.n);
   for (std::size_t i = 0; i < pages.size(); ++i) {
@@ -98,6 +88,13 @@ Ref& refOf(TicketVersion& version, const std::string& role, const std::string& n
   made.role = role;
   if (!name.empty()) made.name = name;
   return made;
+}
+
+void leaveOut(Ref& ref, const std::string& why, std::vector<std::string>& troubles) {
+  ref.note = ref.name.value_or("The file") + " " + why;
+  ref.page_count.reset();
+  ref.matched.reset();
+  troubles.push_back(*ref.note + " Nothing was compared with it.");
 }
 
 }  // namespace
@@ -134,45 +131,53 @@ std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now
   item.due = given.due.value_or(now + 48 * kHour);
   item.rev = 1;
   if (!given.previous.empty()) {
-    auto before = versionOf(ticket, given.previous, now, folder, pictures);
-    if (!before) return std::unexpected(before.error());
-    if (before->record.summary) {
-      return std::unexpected(given.previous + ": " + *before->record.summary);
+    auto file = opened(given.previous, folder.copyOf(given.previous));
+    if (!file) return std::unexpected(file.error());
+    TicketVersion before = versionOf(ticket, *std::move(file), now, pictures);
+    if (before.record.summary) {
+      return std::unexpected(given.previous + ": " + *before.record.summary);
     }
     // It is there to be compared with.
-    before->unchecked = false;
-    before->record.status = "done";
-    before->record.summary = "The proof before. It is here to compare with.";
-    before->origin.summary = before->record.summary;
-    add(ticket, *std::move(before));
+    before.unchecked = false;
+    before.record.status = "done";
+    before.record.summary = "The proof before. It is here to compare with.";
+    before.origin.summary = before.record.summary;
+    add(ticket, std::move(before));
   }
   for (const std::string& path : {given.sent, given.fbc}) {
     if (path.empty()) continue;
-    if (auto file = opened(path); !file) return std::unexpected(file.error());
+    if (auto file = opened(path, path); !file) return std::unexpected(file.error());
   }
-  auto proof = versionOf(ticket, given.proof, now, folder, pictures);
+  auto proof = opened(given.proof, folder.copyOf(given.proof));
   if (!proof) return std::unexpected(proof.error());
-  add(ticket, *std::move(proof));
+  addVersion(ticket, *std::move(proof), now, pictures);
   return ticket;
 }
 
-std::expected<bool, std::string> takeAnew(Ticket& ticket, double now, OwnFolder& folder,
-                                          Pictures& pictures) {
+Watched watchedOf(const Ticket& ticket) {
   const std::string& path = ticket.given->proof;
-  const std::string copy = folder.copyOf(path);
   const auto cameFromThere = [&](const TicketVersion& version) {
     return version.path == path || OwnFolder::holds(version.path);
   };
   const auto last = std::find_if(ticket.versions.rbegin(), ticket.versions.rend(), cameFromThere);
+  Watched watched{ticket.item.id, path, {}, {}};
+  if (last == ticket.versions.rend()) return watched;
+  watched.copy = last->path;
+  watched.stamp = last->stamp;
+  return watched;
+}
+
+Came lookAt(const Watched& watched, OwnFolder& folder) {
+  const std::string copy = folder.copyOf(watched.path);
   const auto there = PdfFile::at(copy);
-  if (there && last != ticket.versions.rend() && last->path == copy &&
-      (last->stamp.empty() || last->stamp == there->tag())) {
-    return false;
+  if (there && watched.copy == copy && (watched.stamp.empty() || watched.stamp == there->tag())) {
+    return {watched.ticket, std::nullopt};
   }
-  auto version = versionOf(ticket, path, now, folder, pictures);
-  if (!version) return std::unexpected(version.error());
-  add(ticket, *std::move(version));
-  return true;
+  return {watched.ticket, opened(watched.path, copy)};
+}
+
+void addVersion(Ticket& ticket, Lying file, double now, Pictures& pictures) {
+  add(ticket, versionOf(ticket, std::move(file), now, pictures));
 }
 
 std::string referencesTag(const Ticket& ticket) {
@@ -190,18 +195,12 @@ std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& ve
   const auto offer = [&](const char* role, std::string called, const std::string& name,
                          const std::shared_ptr<const PdfFile>& pdf) {
     Ref& ref = refOf(version, role, name);
-    PdfReading facts = pdf ? pdf->facts() : PdfReading{};
-    if (facts.trouble != PdfTrouble::none) {
-      ref.note = name + (!pdf                                   ? " cannot be opened any more."
-                         : facts.trouble == PdfTrouble::tooLong ? " has too many pages."
-                                                                : " did not open.");
-      ref.matched.reset();
-      troubles.push_back(*ref.note + " Nothing was compared with it.");
+    if (!pdf) {
+      leaveOut(ref, "cannot be opened any more.", troubles);
       return;
     }
-    ref.page_count = static_cast<Int>(facts.pages.size());
     if (!ref.matched) ref.note = "Its pages are still being matched.";
-    references.push_back({role, std::move(called), pdf, std::move(facts)});
+    references.push_back({role, std::move(called), pdf});
   };
   if (const std::string& sent = ticket.given->sent; !sent.empty()) {
     offer("submitted", "our file", nameOf(sent), PdfFile::at(sent));
@@ -222,8 +221,20 @@ std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& ve
   return references;
 }
 
+bool showFacts(TicketVersion& version, const std::string& role, const PdfReading& facts,
+               std::vector<std::string>& troubles) {
+  Ref& ref = refOf(version, role, "");
+  if (facts.trouble == PdfTrouble::none) {
+    ref.page_count = static_cast<Int>(facts.pages.size());
+    return true;
+  }
+  leaveOut(ref, facts.trouble == PdfTrouble::tooLong ? "has too many pages." : "did not open.",
+           troubles);
+  return false;
+}
+
 void showPartners(const Ticket& ticket, TicketVersion& version, const CheckReference& reference,
-                  const Partners& partners, Pictures& pictures) {
+                  const PdfReading& facts, const Partners& partners, Pictures& pictures) {
   const std::string folder =
       ticket.item.id + "/v" + std::to_string(version.record.n) + "/" + reference.role;
   Int matched = 0;
@@ -234,8 +245,8 @@ void showPartners(const Ticket& ticket, TicketVersion& version, const CheckRefer
     refs->erase(reference.role);
     if (!partners[i]) continue;
     ++matched;
-    (*refs)[reference.role] = refRecord(reference.pdf, reference.facts.pages[partners[i]->page],
-                                        *partners[i], folder, pictures);
+    (*refs)[reference.role] =
+        refRecord(reference.pdf, facts.pages[partners[i]->page], *partners[i], folder, pictures);
     keys.push_back((*refs)[reference.role].img.value_or(""));
     // A revision is shown beside the version before it; where that has no such page, beside ours.
     if (version.record.n > 1 && reference.role == "submitted" && !refs->contains("previous")) {

@@ -18,10 +18,30 @@ namespace vellix::demo {
 std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now, OwnFolder& folder,
                                              Pictures& pictures);
 
-// What lies at the ticket's path by now, as a further version, if it is another file than the
-// newest that came from there. False when there is nothing new. The sentence as above.
-std::expected<bool, std::string> takeAnew(Ticket& ticket, double now, OwnFolder& folder,
-                                          Pictures& pictures);
+// A file as a version is made of it.
+struct Lying {
+  std::string path;  // where it was found
+  std::string copy;  // where it is read
+  std::shared_ptr<const PdfFile> pdf;
+  PdfReading facts;
+};
+// Where to look for a ticket's next version: its proof's path, and the newest that came from there.
+struct Watched {
+  std::string ticket;
+  std::string path;
+  std::string copy;
+  std::string stamp;
+};
+Watched watchedOf(const Ticket& ticket);
+// What lies there by now, none when that is nothing new; the sentence as above. Takes as long as
+// copying and reading the file does; any thread, but one at a time for a folder.
+struct Came {
+  std::string ticket;
+  std::expected<std::optional<Lying>, std::string> file;
+};
+Came lookAt(const Watched& watched, OwnFolder& folder);
+// As a further version, waiting for a check.
+void addVersion(Ticket& ticket, Lying file, double now, Pictures& pictures);
 
 // The same for every proof at one path, on any day.
 std::string ownId(const GivenProof& given);
@@ -29,14 +49,18 @@ std::string ownId(const GivenProof& given);
 // Changes when other files lie where the ticket's references are.
 std::string referencesTag(const Ticket& ticket);
 
-// All that a version can be compared with, read from the disk at once; what is missing or does not
-// open is told at the version's own reference.
-// `troubles` gathers that too, in sentences.
+// All that a version can be compared with; what is missing is told at the version's own reference,
+// and gathered in `troubles` in sentences.
 std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version,
                                          std::vector<std::string>& troubles);
 
+// Enters what the check read of one of them. False when it has no pages to compare with, which is
+// told as above.
+bool showFacts(TicketVersion& version, const std::string& role, const PdfReading& facts,
+               std::vector<std::string>& troubles);
+
 // Enters the partners that the check found, and their pictures.
 void showPartners(const Ticket& ticket, TicketVersion& version, const CheckReference& reference,
-                  const Partners& partners, Pictures& pictures);
+                  const PdfReading& facts, const Partners& partners, Pictures& pictures);
 
 }  // namespace vellix::demo

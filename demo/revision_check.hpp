@@ -11,11 +11,10 @@
 
 namespace vellix::demo {
 
-// A version as it is compared; its PDF could be read.
+// A version as it is compared; its PDF can be read.
 struct Compared {
   Int number = 0;
   std::shared_ptr<const PdfFile> pdf;
-  const PdfReading& reading;
 };
 
 // Every change, as an open finding against the version before; ids are the caller's. Takes a while.

@@ -1,10 +1,10 @@
 // What a job is about when the worker takes it up, and what it leaves when it is done.
 #include <algorithm>
-#include <chrono>
 #include <set>
 
 #include "check/compared.hpp"
 #include "job_log.hpp"
+#include "ready.hpp"
 #include "report_pdf.hpp"
 #include "state.hpp"
 #include "texts.hpp"
@@ -13,10 +13,6 @@ namespace vellix::demo {
 namespace {
 
 constexpr std::size_t kMostChecks = 6;
-
-bool ready(const std::future<std::string>& future) {
-  return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-}
 
 Texts filed(const std::vector<FileDetail>& tickets) {
   std::set<std::string> orders;
@@ -38,7 +34,7 @@ void State::begin(Job& job) {
   letGo();
   if (job.kind == "sync" && holdsOwn()) {
     logs_[job.id] = logHead(job, now_);
-    beginOwn(job);
+    beginOwn();
     return;
   }
   if (job.kind == "sync") {

@@ -5,6 +5,7 @@
 #include "check/gathered.hpp"
 #include "job_log.hpp"
 #include "own_ticket.hpp"
+#include "ready.hpp"
 #include "state.hpp"
 #include "texts.hpp"
 
@@ -51,40 +52,63 @@ void State::askForOwn(const std::string& by) {
   [[maybe_unused]] const Done asked = startJob(body.value_or(Json{}), by);
 }
 
-void State::beginOwn(const Job& job) {
+// Whatever has to be read is read beside, so that no answer waits for a file.
+void State::beginOwn() {
+  std::vector<Watched> all;
+  for (const Ticket& ticket : tickets_) {
+    if (ticket.given) all.push_back(watchedOf(ticket));
+  }
   worker_.own.emplace();
-  for (Ticket& ticket : tickets_) {
-    if (!ticket.given) continue;
-    const auto came = takeAnew(ticket, now_, own_, pictures_);
-    if (!came) {
-      logs_[job.id] += logLine(now_, came.error());
-      worker_.own->told.push_back(came.error());
-    } else if (*came) {
-      record(&ticket, "version", std::nullopt,
-             "v" + std::to_string(ticket.newest().record.n) + " lies at its place");
-      outdateApproval(ticket, std::nullopt);
+  worker_.own->looking = std::async(std::launch::async, [this, all = std::move(all)] {
+    // One that was stopped may still be looking.
+    const std::lock_guard lock(looking_);
+    std::vector<Came> came;
+    for (const Watched& watched : all) came.push_back(lookAt(watched, own_));
+    return came;
+  });
+}
+
+void State::takeCame(const Job& job, std::vector<Came> all) {
+  OwnRun& run = *worker_.own;
+  for (Came& came : all) {
+    Ticket* ticket = find(came.ticket);
+    if (ticket == nullptr) continue;
+    if (!came.file) {
+      logs_[job.id] += logLine(now_, came.file.error());
+      run.told.push_back(came.file.error());
+    } else if (*came.file) {
+      addVersion(*ticket, **std::move(came.file), now_, pictures_);
+      record(ticket, "version", std::nullopt,
+             "v" + std::to_string(ticket->newest().record.n) + " lies at its place");
+      outdateApproval(*ticket, std::nullopt);
     }
     // Other files may lie where the references are.
-    if (TicketVersion& newest = ticket.newest();
-        newest.pdf && !newest.pages.empty() && newest.against != referencesTag(ticket)) {
+    if (TicketVersion& newest = ticket->newest();
+        newest.pdf && !newest.pages.empty() && newest.against != referencesTag(*ticket)) {
       newest.unchecked = true;
     }
-    for (TicketVersion& version : ticket.versions) {
+    for (TicketVersion& version : ticket->versions) {
       if (!version.unchecked || !version.pdf) continue;
       version.record.status = "checking";
-      sumUp(ticket, version, std::nullopt);
-      touch(&ticket);
-      worker_.own->waiting.emplace_back(ticket.item.id, version.record.n);
+      sumUp(*ticket, version, std::nullopt);
+      touch(ticket);
+      run.waiting.emplace_back(ticket->item.id, version.record.n);
     }
   }
-  worker_.own->all = worker_.own->waiting.size();
+  run.all = run.waiting.size();
 }
 
 void State::goOnWithOwn() {
   std::erase_if(worker_.ending, [](const auto& check) { return check->ended(); });
+  std::erase_if(worker_.looked, [](const auto& looking) { return ready(looking); });
   Job* job = runningJob();
   if (!worker_.own || job == nullptr || worker_.silent) return;
   OwnRun& run = *worker_.own;
+  if (run.looking.valid()) {
+    tellStep(*job, "", "Looking at the files");
+    if (!ready(run.looking)) return;
+    takeCame(*job, run.looking.get());
+  }
   while (true) {
     if (!run.check) {
       if (run.waiting.empty()) {
@@ -97,8 +121,12 @@ void State::goOnWithOwn() {
     TicketVersion* version = versionOf(ticket, run.version);
     if (version == nullptr || !run.check) continue;
     const CheckNews news = run.check->news();
+    if (news.proof && news.proof->pages.size() != version->pages.size()) {
+      loseProof(*ticket, *version);
+      continue;
+    }
     takeNews(*ticket, *version, news);
-    tellStep(*job, *ticket, news.step);
+    tellStep(*job, run.all > 1 ? ticket->item.heading() + ": " : "", news.step);
     if (!news.done) return;
     endCheck(*ticket, *version);
   }
@@ -108,47 +136,58 @@ void State::beginCheck(OwnRun& run) {
   std::tie(run.ticket, run.version) = run.waiting.front();
   run.waiting.pop_front();
   run.told_ids.clear();
+  run.facts.clear();
   Ticket* ticket = find(run.ticket);
   TicketVersion* version = versionOf(ticket, run.version);
   if (version == nullptr) return;
   run.troubles.clear();
   version->against = referencesTag(*ticket);
   run.references = referencesOf(*ticket, *version, run.troubles);
-  if (&ticket->newest() == version) ticket->item.refs = version->refs;
-  version->origin.refs = version->refs;
+  tellRefs(*ticket, *version);
   touch(ticket);
-  const PdfReading facts = version->pdf->facts();
-  if (facts.trouble == PdfTrouble::none && facts.pages.size() == version->pages.size()) {
-    run.check = std::make_unique<VersionCheck>(version->pdf, facts, run.references);
-    return;
-  }
-  version->unchecked = false;
-  version->record.status = "failed";
-  sumUp(*ticket, *version, "The PDF was changed since it came in, and cannot be read any more.");
-  run.done.push_back(ticket->item.heading() + ": " + *version->record.summary);
-  touch(ticket);
+  run.check = std::make_unique<VersionCheck>(version->pdf, run.references);
+}
+
+void State::loseProof(Ticket& ticket, TicketVersion& version) {
+  OwnRun& run = *worker_.own;
+  run.check->stop();
+  worker_.ending.push_back(std::move(run.check));
+  version.unchecked = false;
+  version.record.status = "failed";
+  sumUp(ticket, version, "The PDF was changed since it came in, and cannot be read any more.");
+  run.done.push_back(ticket.item.heading() + ": " + *version.record.summary);
+  touch(&ticket);
+}
+
+void State::tellRefs(Ticket& ticket, TicketVersion& version) {
+  version.origin.refs = version.refs;
+  if (&ticket.newest() == &version) ticket.item.refs = version.refs;
 }
 
 void State::takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news) {
   OwnRun& run = *worker_.own;
+  for (const auto& [role, facts] : news.references) {
+    run.facts[role] = facts;
+    if (showFacts(version, role, facts, run.troubles)) continue;
+    std::erase_if(run.references, [&](const auto& reference) { return reference.role == role; });
+  }
   for (const auto& [role, partners] : news.partners) {
     const auto reference = std::ranges::find(run.references, role, &CheckReference::role);
     if (reference == run.references.end()) continue;
-    showPartners(ticket, version, *reference, partners, pictures_);
-    version.origin.refs = version.refs;
-    if (&ticket.newest() == &version) ticket.item.refs = version.refs;
+    showPartners(ticket, version, *reference, run.facts[role], partners, pictures_);
   }
+  const bool refs = !news.references.empty() || !news.partners.empty();
+  if (refs) tellRefs(ticket, version);
   if (!news.findings.empty()) {
     putAmong(version.findings, news.findings,
              ticket.item.id + "-v" + std::to_string(version.record.n), ticket.item.id,
              run.told_ids);
   }
-  if (!news.partners.empty() || !news.findings.empty()) touch(&ticket);
+  if (refs || !news.findings.empty()) touch(&ticket);
 }
 
-// In the list a step stands once for each ticket, without the pages that it counts.
-void State::tellStep(Job& job, const Ticket& ticket, const std::string& step) {
-  const std::string ahead = worker_.own->all > 1 ? ticket.item.heading() + ": " : "";
+// In the list a step stands once for each ticket, named `ahead`, without the pages that it counts.
+void State::tellStep(Job& job, const std::string& ahead, const std::string& step) {
   job.beat = now_;
   if (job.step == ahead + step) return;
   const bool another = !job.step || bare(*job.step) != ahead + bare(step);
@@ -215,6 +254,7 @@ void State::tellStopped() {
 void State::letOwnGo() {
   if (!worker_.own) return;
   OwnRun& run = *worker_.own;
+  if (run.looking.valid()) worker_.looked.push_back(std::move(run.looking));
   if (run.check) {
     run.check->stop();
     worker_.ending.push_back(std::move(run.check));

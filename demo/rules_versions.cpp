@@ -1,9 +1,9 @@
 // Revisions: uploaded, read and compared beside, and shown as far as that has come.
 #include <algorithm>
-#include <chrono>
 
 #include "pdf_pages.hpp"
 #include "proof_pdf.hpp"
+#include "ready.hpp"
 #include "revision_check.hpp"
 #include "state.hpp"
 
@@ -14,11 +14,6 @@ constexpr double kCheck = 6'000;
 
 std::unexpected<Refusal> refuse(int status, std::string text) {
   return std::unexpected(Refusal{status, std::move(text)});
-}
-
-template <class Future>
-bool ready(const Future& future) {
-  return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 std::vector<PrintedPage> printed(const TicketVersion& version, bool repaired) {
@@ -55,8 +50,7 @@ Changes changesSince(const std::vector<Earlier>& earlier, Int number,
   if (reading.get().trouble != PdfTrouble::none) return {};
   for (const auto& [old, oldPdf, oldReading] : earlier) {
     if (oldReading.get().trouble != PdfTrouble::none) continue;
-    return {old,
-            changesBetween({old, oldPdf.get(), oldReading.get()}, {number, pdf, reading.get()})};
+    return {old, changesBetween({old, oldPdf.get()}, {number, pdf})};
   }
   return {};
 }

@@ -2,15 +2,16 @@
 // around every use. Times are milliseconds since 1970.
 #pragma once
 
-#include <expected>
 #include <functional>
 #include <future>
 #include <map>
+#include <mutex>
 #include <random>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "asked.hpp"
 #include "catalog.hpp"
 #include "own_folder.hpp"
 #include "own_run.hpp"
@@ -22,44 +23,6 @@ namespace vellix::demo {
 
 class KeptReading;
 struct KeptBoard;
-
-struct Refusal {
-  int status = 400;
-  std::string text;
-};
-template <class T>
-using Outcome = std::expected<T, Refusal>;
-using Done = Outcome<std::monostate>;
-
-// What an answer about a share link holds.
-struct ShareAnswer {
-  ShareInfo share;
-};
-BOOST_DESCRIBE_STRUCT(ShareAnswer, (), (share))
-struct VersionAnswer {
-  Int version = 0;
-};
-BOOST_DESCRIBE_STRUCT(VersionAnswer, (), (version))
-
-// An uploaded revision.
-struct Upload {
-  std::shared_ptr<const PdfFile> pdf;
-  std::string path;  // where it lies; empty for one in memory alone
-  std::size_t size = 0;
-  std::string filename;
-  std::string note;
-};
-// Its number, and its pages as soon as they are read.
-struct Uploaded {
-  Int version = 0;
-  std::shared_future<PdfReading> reading;
-};
-
-// What a revision changes, and the version that it was compared with; 0 for none.
-struct Changes {
-  Int old = 0;
-  std::vector<Finding> all;
-};
 
 class State {
  public:
@@ -210,11 +173,14 @@ class State {
   void finishCheck(Check& check);
   bool holdsOwn() const;
   void askForOwn(const std::string& by);
-  void beginOwn(const Job& job);
+  void beginOwn();
+  void takeCame(const Job& job, std::vector<Came> all);
   void goOnWithOwn();
   void beginCheck(OwnRun& run);
   void takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news);
-  void tellStep(Job& job, const Ticket& ticket, const std::string& step);
+  void loseProof(Ticket& ticket, TicketVersion& version);
+  void tellRefs(Ticket& ticket, TicketVersion& version);
+  void tellStep(Job& job, const std::string& ahead, const std::string& step);
   void endCheck(Ticket& ticket, TicketVersion& version);
   void finishOwn(Job& job);
   void sumUp(Ticket& ticket, TicketVersion& version, std::optional<std::string> summary);
@@ -222,7 +188,8 @@ class State {
   void letOwnGo();
   struct Worker {
     std::optional<OwnRun> own;
-    std::vector<std::unique_ptr<VersionCheck>> ending;  // stopped, or done
+    std::vector<std::unique_ptr<VersionCheck>> ending;   // stopped, or done
+    std::vector<std::future<std::vector<Came>>> looked;  // of runs that were stopped
     std::string hold;
     std::string failure;
     bool silent = false;
@@ -252,6 +219,7 @@ class State {
 
   Pictures& pictures_;
   OwnFolder own_;
+  std::mutex looking_;  // around every use of it once there is a sync
   std::string address_;
   bool books_ = true;
   double opened_ = 0;

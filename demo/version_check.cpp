@@ -41,18 +41,16 @@ bool anyWithoutWords(const std::vector<PdfPage>& pages) {
 }  // namespace
 
 struct VersionCheck::Side {
-  CheckReference& reference;
+  const CheckReference& reference;
+  PdfReading facts = {};
   PagesRead read = {};
   Partners partners = {};
   std::set<std::size_t> silent = {};  // pages of the proof that show something, in no words
 };
 
-VersionCheck::VersionCheck(std::shared_ptr<const PdfFile> proof, PdfReading facts,
+VersionCheck::VersionCheck(std::shared_ptr<const PdfFile> proof,
                            std::vector<CheckReference> references)
-    : proof_(std::move(proof)),
-      facts_(std::move(facts)),
-      references_(std::move(references)),
-      found_(references_.size()) {
+    : proof_(std::move(proof)), references_(std::move(references)), found_(references_.size()) {
   std::ranges::stable_partition(references_, [](const auto& one) { return one.role == kOurs; });
   news_.step = "Reading the words";
   thread_ = std::jthread([this](const std::stop_token& stopped) {
@@ -65,8 +63,9 @@ VersionCheck::~VersionCheck() = default;
 
 CheckNews VersionCheck::news() {
   const std::lock_guard lock(mutex_);
-  CheckNews came = std::move(news_);
-  news_ = {{}, {}, came.step, came.done};
+  CheckNews came = std::exchange(news_, {});
+  news_.step = came.step;
+  news_.done = came.done;
   return came;
 }
 
@@ -99,44 +98,80 @@ void VersionCheck::find(std::size_t reference, std::vector<Finding> findings) {
 }
 
 void VersionCheck::run(const std::stop_token& stopped) {
-  PagesRead proof = pagesOf(*proof_, facts_, stopped);
-  pages_ = std::move(proof.pages);
-  std::vector<Side> sides;
-  sides.reserve(references_.size());
-  for (CheckReference& reference : references_) {
-    sides.push_back({reference, pagesOf(*reference.pdf, reference.facts, stopped)});
-  }
+  const PdfReading facts = proof_->facts({Urgency::checked, stopped});
   if (stopped.stop_requested()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    news_.proof = facts;
+  }
+  if (facts.trouble == PdfTrouble::none) compare(facts, stopped);
+  if (stopped.stop_requested()) return;
+  const std::lock_guard lock(mutex_);
+  news_.done = true;
+}
+
+void VersionCheck::compare(const PdfReading& facts, const std::stop_token& stopped) {
+  std::vector<Side> sides = sidesOf(stopped);
+  PagesRead proof = pagesOf(*proof_, facts, stopped);
+  pages_ = std::move(proof.pages);
+  for (Side& side : sides) side.read = pagesOf(*side.reference.pdf, side.facts, stopped);
+  if (stopped.stop_requested()) return;
+  match(sides, stopped);
+  if (stopped.stop_requested()) return;
+  tellUnread(proof.unread, sides);
+  say("Comparing words");
+  compareText(sides);
+  comparePages(sides, stopped);
+  if (!stopped.stop_requested()) tellSilence(sides);
+}
+
+// One for each reference that has pages; the others are left out from here on.
+std::vector<VersionCheck::Side> VersionCheck::sidesOf(const std::stop_token& stopped) {
+  std::vector<PdfReading> all;
+  std::erase_if(references_, [&](const CheckReference& reference) {
+    PdfReading facts = reference.pdf->facts({Urgency::checked, stopped});
+    const bool none = facts.trouble != PdfTrouble::none;
+    const std::lock_guard lock(mutex_);
+    news_.references[reference.role] = facts;
+    if (!none) all.push_back(std::move(facts));
+    return none;
+  });
+  std::vector<Side> sides;
+  for (std::size_t i = 0; i < all.size(); ++i) sides.push_back({references_[i], std::move(all[i])});
+  return sides;
+}
+
+void VersionCheck::match(std::vector<Side>& sides, const std::stop_token& stopped) {
   say("Matching pages");
+  const auto sketched = [&](const PdfFile& pdf) {
+    return pdf.sketches(0, kMostPdfPages, {Urgency::checked, stopped});
+  };
   std::vector<QImage> sketches;
-  if (anyWithoutWords(pages_)) sketches = proof_->sketches();
+  if (anyWithoutWords(pages_)) sketches = sketched(*proof_);
   for (Side& side : sides) {
     const bool drawn = !sketches.empty() && anyWithoutWords(side.read.pages);
     side.partners = partnersOf(pages_, side.read.pages, sketches,
-                               drawn ? side.reference.pdf->sketches() : std::vector<QImage>{});
+                               drawn ? sketched(*side.reference.pdf) : std::vector<QImage>{});
+    if (stopped.stop_requested()) return;
     const std::lock_guard lock(mutex_);
     news_.partners[side.reference.role] = side.partners;
     if (side.reference.role == "previous") withBefore_ = side.partners;
   }
+}
+
+void VersionCheck::tellUnread(const std::set<std::size_t>& unread, std::vector<Side>& sides) {
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];
     const Pair pair = pairOf(side);
     std::vector<Finding> findings;
     for (std::size_t page = 0; page < side.partners.size(); ++page) {
       const auto& partner = side.partners[page];
-      if (proof.unread.contains(page) || (partner && side.read.unread.contains(partner->page))) {
+      if (unread.contains(page) || (partner && side.read.unread.contains(partner->page))) {
         findings.push_back(unreadable(page, pair, "Its words"));
       }
     }
     find(i, std::move(findings));
   }
-  say("Comparing words");
-  compareText(sides);
-  comparePages(sides, stopped);
-  if (stopped.stop_requested()) return;
-  tellSilence(sides);
-  const std::lock_guard lock(mutex_);
-  news_.done = true;
 }
 
 void VersionCheck::compareText(std::vector<Side>& sides) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,22 +20,24 @@ struct CheckReference {
   std::string role;    // "submitted", "previous", "fbc"
   std::string called;  // within a sentence
   std::shared_ptr<const PdfFile> pdf;
-  PdfReading facts;
 };
 
 // What came since it was asked for last.
 struct CheckNews {
-  std::map<std::string, Partners> partners;  // by role
-  std::vector<Finding> findings;             // without ids
-  std::string step;                          // what is being done
+  // First of all, what the files are. Without pages of the proof's that is all there is, and with a
+  // reference without pages nothing is compared.
+  std::optional<PdfReading> proof;
+  std::map<std::string, PdfReading> references;  // by role
+  std::map<std::string, Partners> partners;      // by role
+  std::vector<Finding> findings;                 // without ids
+  std::string step;                              // what is being done
   bool done = false;
 };
 
 class VersionCheck {
  public:
-  // `facts` are the proof's. Our own file ("submitted") goes first, wherever it stands.
-  VersionCheck(std::shared_ptr<const PdfFile> proof, PdfReading facts,
-               std::vector<CheckReference> references);
+  // Nothing is read before this returns. Our own file ("submitted") goes first, wherever it stands.
+  VersionCheck(std::shared_ptr<const PdfFile> proof, std::vector<CheckReference> references);
   // Stops, and waits for the pages that are being read.
   ~VersionCheck();
 
@@ -50,6 +53,10 @@ class VersionCheck {
  private:
   struct Side;
   void run(const std::stop_token& stopped);
+  void compare(const PdfReading& facts, const std::stop_token& stopped);
+  std::vector<Side> sidesOf(const std::stop_token& stopped);
+  void match(std::vector<Side>& sides, const std::stop_token& stopped);
+  void tellUnread(const std::set<std::size_t>& unread, std::vector<Side>& sides);
   void say(std::string step);
   Pair pairOf(const Side& side) const;
   bool hasOurs() const;
@@ -61,7 +68,6 @@ class VersionCheck {
   void tellSilence(std::vector<Side>& sides);
 
   std::shared_ptr<const PdfFile> proof_;
-  PdfReading facts_;
   std::vector<CheckReference> references_;
   std::vector<PdfPage> pages_;  // of the proof, with their words
   std::mutex mutex_;
