@@ -43,6 +43,12 @@ class Caller {
   httplib::Result post(const std::string& path, const std::string& body) {
     return client_.Post(path, headers(), body, "application/json");
   }
+  // A revision.
+  httplib::Result put(const std::string& id, const std::string& pdf) {
+    auto all = headers();
+    all.emplace("x-filename", "Second%20try.pdf");
+    return client_.Put("/api/files/" + id + "/versions", all, pdf, "application/pdf");
+  }
   int statusOf(const httplib::Result& result) { return result ? result->status : 0; }
   BoardState board() {
     const auto answer = get("/api/state");

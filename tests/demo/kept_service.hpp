@@ -37,11 +37,6 @@ class KeptService : public testing::Test, protected KeptProcess, protected Calle
   KeptService() : Caller(running_->port()) {}
   void SetUp() override { signIn(); }
 
-  httplib::Result put(const std::string& id, const std::string& pdf) {
-    auto all = headers();
-    all.emplace("x-filename", "Second%20try.pdf");
-    return client_.Put("/api/files/" + id + "/versions", all, pdf, "application/pdf");
-  }
   // Until no version of the ticket is checked any more.
   bool checked(const std::string& id) {
     return eventually(
@@ -94,14 +89,16 @@ class Elsewhere : public Caller {
   using Caller::eventually;
   using Caller::get;
   using Caller::post;
+  using Caller::put;
   using Caller::signIn;
   using Caller::statusOf;
 };
 
-// Runs it to its end: what it says on standard error, and its exit status.
+// Runs it to its end: what it says on standard error, its exit status, and its first line.
 struct Ended {
   std::string said;
   int status = -1;
+  std::string announced = {};
 };
 inline Ended endOf(
     const std::vector<std::string>& arguments, const std::function<void()>& inChild = [] {}) {
@@ -113,7 +110,7 @@ inline Ended endOf(
     inChild();
   });
   const int status = service.end();
-  return {contentOf(said), status};
+  return {contentOf(said), status, service.announced()};
 }
 
 }  // namespace vellix::demo_tests

@@ -42,7 +42,10 @@ class RunningService {
     stdin_ = in[1];
     if (FILE* lines = fdopen(out[0], "r")) {
       std::array<char, 256> line{};
-      if (std::fgets(line.data(), line.size(), lines) != nullptr) announced_ = line.data();
+      while (!announced_.ends_with('\n') &&
+             std::fgets(line.data(), line.size(), lines) != nullptr) {
+        announced_ += line.data();
+      }
       std::fclose(lines);
     }
     const auto colon = announced_.rfind(':');
@@ -52,6 +55,7 @@ class RunningService {
   RunningService& operator=(const RunningService&) = delete;
   ~RunningService() { end(); }
 
+  // Its first line.
   const std::string& announced() const { return announced_; }
   int port() const { return port_; }
 
