@@ -43,9 +43,12 @@ void inPieces(std::size_t count, std::size_t piece, const std::stop_token& stopp
   lane();
 }
 
-PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_token& stopped) {
+PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_token& stopped,
+                  std::size_t mostWords) {
   PagesRead all{facts.pages, {}};
   std::mutex mutex;
+  std::size_t words = 0;
+  std::size_t end = all.pages.size();  // of the pages that keep theirs
   for (std::size_t i = 0; i < all.pages.size(); ++i) all.unread.insert(i);
   inPieces(all.pages.size(), kPagesAtOnce, stopped, [&](std::size_t from, std::size_t to) {
     overAll(
@@ -53,8 +56,15 @@ PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_t
         [&](int first, int last) { return pdf.pages(first, last, {Urgency::checked, stopped}); },
         [&](std::size_t page, PdfPage read) {
           const std::lock_guard lock(mutex);
+          if (page >= end) forgetWords(read);
+          words += read.words.size();
           all.pages[page] = std::move(read);
           all.unread.erase(page);
+          // The same ones at the end, in whatever order they come.
+          while (words > mostWords) {
+            words -= all.pages[--end].words.size();
+            forgetWords(all.pages[end]);
+          }
         });
   });
   return all;

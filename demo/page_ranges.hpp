@@ -19,8 +19,10 @@ struct PagesRead {
   std::vector<PdfPage> pages;    // as many as the facts have
   std::set<std::size_t> unread;  // of which only the facts are known
 };
-// A page that its reader does not get over costs no other page its words.
-PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_token& stopped);
+// A page that its reader does not get over costs no other page its words. From the page on with
+// which there are too many words in all, none are kept.
+PagesRead pagesOf(const PdfFile& pdf, const PdfReading& facts, const std::stop_token& stopped,
+                  std::size_t mostWords = kMostWords);
 
 // Those of these pages that could be drawn.
 std::map<std::size_t, PdfSight> sightsOf(const PdfFile& pdf, const std::set<std::size_t>& pages,

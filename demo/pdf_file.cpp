@@ -19,7 +19,6 @@ namespace vellix::demo {
 namespace {
 
 constexpr qint64 kMostOfAPicture = qint64{64} << 20;
-constexpr std::size_t kMostWords = 400'000;
 constexpr int kPagesAtOnce = 25;
 constexpr double kDotsPerPoint = 240.0 / 72;
 constexpr int kMostAcross = 4000;
@@ -130,8 +129,8 @@ PdfReading PdfFile::read(const Demand& demand) const {
   for (int from = 0; from < reading.count; from += kPagesAtOnce) {
     const int to = std::min(reading.count, from + kPagesAtOnce);
     for (PdfPage& page : pages(from, to, demand)) {
-      if (words >= kMostWords) page.words.clear();
       words += page.words.size();
+      if (words > kMostWords) forgetWords(page);
       all.push_back(std::move(page));
     }
     if (std::ssize(all) < to) {

@@ -1,5 +1,6 @@
 #include "pdf_reading.hpp"
 
+#include <QHash>
 #include <algorithm>
 
 namespace vellix::demo {
@@ -38,23 +39,37 @@ void take(QDataStream& stream, std::vector<Entry>& entries) {
   }
 }
 
+// Each text once, so that all words that say the same share it, and a whole book's its fonts.
+class Texts {
+ public:
+  qint32 placeOf(const QString& text) {
+    const auto known = places_.constFind(text);
+    if (known != places_.cend()) return *known;
+    all_.push_back(text);
+    return *places_.insert(text, static_cast<qint32>(all_.size() - 1));
+  }
+  const std::vector<QString>& all() const { return all_; }
+
+ private:
+  QHash<QString, qint32> places_;
+  std::vector<QString> all_;
+};
+
 }  // namespace
 
 QDataStream& operator<<(QDataStream& stream, const PdfPage& page) {
   stream << page.width << page.height << page.trim << page.bleed << page.moreWords;
   tell(stream, page.inks);
-  // Each name once, so that a whole book's words share a few.
-  std::vector<QString> fonts;
-  std::vector<qint32> places;
+  Texts texts;
+  std::vector<std::pair<qint32, qint32>> places;
+  places.reserve(page.words.size());
   for (const PdfWord& word : page.words) {
-    const auto found = std::ranges::find(fonts, word.font);
-    places.push_back(static_cast<qint32>(found - fonts.begin()));
-    if (found == fonts.end()) fonts.push_back(word.font);
+    places.emplace_back(texts.placeOf(word.text), texts.placeOf(word.font));
   }
-  tell(stream, fonts);
+  tell(stream, texts.all());
   stream << static_cast<qint32>(page.words.size());
   for (std::size_t i = 0; i < page.words.size(); ++i) {
-    stream << page.words[i].text << page.words[i].box << page.words[i].size << places[i];
+    stream << places[i].first << page.words[i].box << page.words[i].size << places[i].second;
   }
   return stream;
 }
@@ -64,18 +79,22 @@ QDataStream& operator>>(QDataStream& stream, PdfPage& page) {
   PdfPage read;
   stream >> read.width >> read.height >> read.trim >> read.bleed >> read.moreWords;
   take(stream, read.inks);
-  std::vector<QString> fonts;
-  take(stream, fonts);
+  std::vector<QString> texts;
+  take(stream, texts);
+  const auto named = [&](qint32 place) {
+    if (place >= 0 && place < std::ssize(texts)) return texts[static_cast<std::size_t>(place)];
+    stream.setStatus(QDataStream::ReadCorruptData);
+    return QString();
+  };
   const qint32 words = countIn(stream);
+  read.words.reserve(std::min(static_cast<std::size_t>(words), kMostWordsOfAPage));
   for (qint32 i = 0; i < words && stream.status() == QDataStream::Ok; ++i) {
     PdfWord& word = read.words.emplace_back();
+    qint32 text = 0;
     qint32 font = 0;
-    stream >> word.text >> word.box >> word.size >> font;
-    if (font < 0 || font >= std::ssize(fonts)) {
-      stream.setStatus(QDataStream::ReadCorruptData);
-    } else {
-      word.font = fonts[static_cast<std::size_t>(font)];
-    }
+    stream >> text >> word.box >> word.size >> font;
+    word.text = named(text);
+    word.font = named(font);
   }
   // What is not larger than nothing cannot be shown.
   if (!(read.width > 0 && read.height > 0)) stream.setStatus(QDataStream::ReadCorruptData);

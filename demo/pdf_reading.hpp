@@ -28,6 +28,8 @@ struct PdfPage {
   bool moreWords = false;          // there are more of them than were read
 };
 inline constexpr std::size_t kMostWordsOfAPage = 40'000;
+// Of a whole PDF no more are held: what compares them takes half a kilobyte for each.
+inline constexpr std::size_t kMostWords = 600'000;
 
 struct PdfBarcode {
   QString kind;  // "EAN-13" and the like
@@ -56,6 +58,12 @@ struct PdfReading {
   int count = 0;  // of pages, also of a PDF that has too many
   std::vector<PdfPage> pages;
 };
+
+// Keeps that there are some.
+inline void forgetWords(PdfPage& page) {
+  page.moreWords = page.moreWords || !page.words.empty();
+  page.words = {};
+}
 
 // What is cut short or makes no sense reads as nothing, a reading as damaged, and leaves the stream
 // broken.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "break_check.hpp"
 #include "font_check.hpp"
@@ -20,6 +21,8 @@ std::vector<Finding> withoutLiveText(const Pair& pair) {
     if (!partner) continue;
     const bool speaks = !pair.proof[page].words.empty();
     if (speaks == !pair.reference[partner->page].words.empty()) continue;
+    // It has words, which were too many to compare; that is told elsewhere.
+    if ((speaks ? pair.reference[partner->page] : pair.proof[page]).moreWords) continue;
     Finding finding = findingOn(page, pair, "words", "medium");
     finding.title = "No live text";
     finding.detail =
@@ -95,21 +98,27 @@ std::vector<std::size_t> leftOver(const Pair& pair, const Read& read) {
 // more in common that way.
 Read readAlike(const Pair& pair) {
   std::vector<bool> columns(pair.proof.size(), false);
-  Read asTold = readBy(pair, columns);
-  const auto left = leftOver(pair, asTold);
+  std::optional<Read> asTold = readBy(pair, columns);
+  const auto left = leftOver(pair, *asTold);
   for (std::size_t page = 0; page < left.size(); ++page) {
     columns[page] = left[page] > 0 && pair.partners[page];
   }
-  if (std::ranges::none_of(columns, [](bool any) { return any; })) return asTold;
-  Read byColumns = readBy(pair, columns);
-  const auto less = leftOver(pair, byColumns);
+  if (std::ranges::none_of(columns, [](bool any) { return any; })) {
+    return *std::move(asTold);
+  }
+  // One reading at a time is held: those of whole books are large.
+  asTold.reset();
+  std::optional<Read> byColumns = readBy(pair, columns);
+  const auto less = leftOver(pair, *byColumns);
   bool all = true;
   for (std::size_t page = 0; page < left.size(); ++page) {
     const bool better = columns[page] && less[page] < left[page];
     all = all && better == columns[page];
     columns[page] = better;
   }
-  return all ? std::move(byColumns) : readBy(pair, columns);
+  if (all) return *std::move(byColumns);
+  byColumns.reset();
+  return readBy(pair, columns);
 }
 
 }  // namespace

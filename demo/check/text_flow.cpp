@@ -124,6 +124,12 @@ class FlowMaker {
   bool open_ = false;
 };
 
+std::size_t wordsIn(const std::vector<PdfPage>& pages) {
+  std::size_t count = 0;
+  for (const PdfPage& page : pages) count += page.words.size();
+  return count;
+}
+
 class FlowsMaker {
  public:
   FlowsMaker(const Pair& pair, const std::vector<bool>& byColumns)
@@ -134,6 +140,8 @@ class FlowsMaker {
         reference_(flows_.reference, pair.reference, keys_),
         proofHeads_(runningHeadsOf(pair.proof)),
         referenceHeads_(runningHeadsOf(pair.reference)) {
+    flows_.proof.reserve(wordsIn(pair.proof));
+    flows_.reference.reserve(wordsIn(pair.reference));
     for (std::size_t i = 0; i < byColumns.size(); ++i) {
       if (byColumns[i] && pair.partners[i]) referenceByColumns_[pair.partners[i]->page] = true;
     }

@@ -51,6 +51,22 @@ TEST(PdfReadings, AreReadAsTheyWereWritten) {
   EXPECT_EQ(page.words[1].size, 8.5);
   EXPECT_EQ(page.words[2].font, "Helvetica");
   EXPECT_EQ(page.words[2].font.constData(), page.words[0].font.constData()) << "kept once";
+  EXPECT_EQ(page.words[2].text, "Pepper");
+}
+
+TEST(PdfReadings, KeepWhatManyWordsSayOnce) {
+  PdfPage page{400, 300, {}};
+  for (int i = 0; i < 100; ++i) {
+    page.words.push_back({i % 2 == 0 ? QStringLiteral("salt") : QStringLiteral("road"), {}});
+  }
+  PdfPage read;
+  ASSERT_EQ(readInto(read, written(page)), QDataStream::Ok);
+  ASSERT_EQ(read.words.size(), 100);
+  for (std::size_t i = 2; i < 100; ++i) {
+    EXPECT_EQ(read.words[i].text, page.words[i].text);
+    EXPECT_EQ(read.words[i].text.constData(), read.words[i - 2].text.constData());
+  }
+  EXPECT_EQ(read.words.capacity(), 100) << "no room for more than there are";
 }
 
 TEST(PdfReadings, AreDamagedWhenCutShortAnywhere) {

@@ -109,6 +109,16 @@ TEST(TextCheck, JoinsChangesThatStandTogether) {
   EXPECT_EQ(found(replaced(proof, 0, 9, QStringLiteral("ink")), ours).size(), 2U);
 }
 
+TEST(TextCheck, SaysNotThatAPageIsSilentWhoseWordsAreOnlyTooMany) {
+  const Pages ours = setText(ownWords(900));
+  Pages proof = ours;
+  forgetWords(proof[1]);
+  EXPECT_EQ(told(found(proof, ours)), "");
+  EXPECT_EQ(told(found(ours, proof)), "");
+  proof[1].moreWords = false;
+  EXPECT_EQ(told(found(proof, ours)), "words p2 No live text\n");
+}
+
 TEST(TextCheck, FollowsTheTextFromPageToPage) {
   const QString text = ownWords(900);
   const Pages ours = setText(text);
