@@ -7,6 +7,7 @@
 #include "check/sheet_check.hpp"
 #include "check/text_check.hpp"
 #include "page_ranges.hpp"
+#include "unread_pages.hpp"
 
 namespace vellix::demo {
 namespace {
@@ -26,14 +27,6 @@ bool blank(const QImage& picture) {
   return true;
 }
 
-Finding unreadable(std::size_t page, const Pair& pair, const char* what) {
-  Finding finding = findingOn(page, pair, "words", "medium");
-  finding.title = "The page could not be read";
-  finding.detail = std::string(what) + " could not be compared with " + pair.called +
-                   ". Compare the page by eye.";
-  return finding;
-}
-
 bool anyWithoutWords(const std::vector<PdfPage>& pages) {
   return std::ranges::any_of(pages, [](const PdfPage& page) { return page.words.empty(); });
 }
@@ -45,8 +38,18 @@ struct VersionCheck::Side {
   PdfReading facts = {};
   PagesRead read = {};
   Partners partners = {};
-  std::set<std::size_t> silent = {};  // pages of the proof that show something, in no words
+  // Pages of the proof: of which one side's words could not be read, or its looks, and those that
+  // show something, in no words.
+  std::set<std::size_t> wordless = {};
+  std::set<std::size_t> unseen = {};
+  std::set<std::size_t> silent = {};
 };
+
+// Whether that page was not compared as a whole.
+bool VersionCheck::inPart(const Side& side, std::size_t page) const {
+  return side.wordless.contains(page) || side.unseen.contains(page) ||
+         hasMoreWords(pairOf(side), page);
+}
 
 VersionCheck::VersionCheck(std::shared_ptr<const PdfFile> proof,
                            std::vector<CheckReference> references)
@@ -122,7 +125,7 @@ void VersionCheck::compare(const PdfReading& facts, const std::stop_token& stopp
   say("Comparing words");
   compareText(sides);
   comparePages(sides, stopped);
-  if (!stopped.stop_requested()) tellSilence(sides);
+  if (!stopped.stop_requested()) tellRest(sides);
 }
 
 // One for each reference that has pages; the others are left out from here on.
@@ -161,15 +164,15 @@ void VersionCheck::match(std::vector<Side>& sides, const std::stop_token& stoppe
 
 void VersionCheck::tellUnread(const std::set<std::size_t>& unread, std::vector<Side>& sides) {
   for (std::size_t i = 0; i < sides.size(); ++i) {
-    const Side& side = sides[i];
-    const Pair pair = pairOf(side);
-    std::vector<Finding> findings;
+    Side& side = sides[i];
     for (std::size_t page = 0; page < side.partners.size(); ++page) {
       const auto& partner = side.partners[page];
       if (unread.contains(page) || (partner && side.read.unread.contains(partner->page))) {
-        findings.push_back(unreadable(page, pair, "Its words"));
+        side.wordless.insert(page);
       }
     }
+    std::vector<Finding> findings = unreadFindings(pairOf(side), side.wordless, Unread::words);
+    std::ranges::move(wordyFindings(pairOf(side)), std::back_inserter(findings));
     find(i, std::move(findings));
   }
 }
@@ -226,14 +229,16 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
       const auto sight = sights.find(page);
       const auto other = otherSights.find(partner);
       if (sight == sights.end() || other == otherSights.end()) {
-        findings.push_back(unreadable(page, pair, "How it looks"));
+        const std::lock_guard lock(mutex_);
+        side.unseen.insert(page);
         continue;
       }
       std::ranges::move(lookFindings(pair, page, sight->second, other->second),
                         std::back_inserter(findings));
       std::ranges::move(barcodeFindings(pair, page, sight->second, other->second),
                         std::back_inserter(findings));
-      if (pages_[page].words.empty() && side.read.pages[partner].words.empty() &&
+      if (!side.wordless.contains(page) && !hasMoreWords(pair, page) &&
+          pages_[page].words.empty() && side.read.pages[partner].words.empty() &&
           !blank(sight->second.picture)) {
         const std::lock_guard lock(mutex_);
         side.silent.insert(page);
@@ -252,34 +257,26 @@ void VersionCheck::lookAt(std::vector<Side>& sides, std::size_t from, std::size_
   }
 }
 
-// Said once for pages that follow each other, and last what passed.
-void VersionCheck::tellSilence(std::vector<Side>& sides) {
+// Last what passed.
+void VersionCheck::tellRest(std::vector<Side>& sides) {
   say("Writing what was found");
   for (std::size_t i = 0; i < sides.size(); ++i) {
     const Side& side = sides[i];
     const Pair pair = pairOf(side);
-    std::vector<Finding> findings;
-    for (auto from = side.silent.begin(); from != side.silent.end();) {
-      auto to = std::next(from);
-      std::size_t count = 1;
-      while (to != side.silent.end() && *to == *from + count) ++to, ++count;
-      Finding finding = findingOn(*from, pair, "words", "medium");
-      finding.title = "No live text";
-      finding.detail =
-          (count == 1 ? "The page has"
-                      : "This page and the " + std::to_string(count - 1) + " behind it have") +
-          std::string(" no words that could be compared with those of ") + pair.called +
-          ". How it looks was compared.";
-      findings.push_back(std::move(finding));
-      from = to;
-    }
-    find(i, findings);
+    std::vector<Finding> findings = unreadFindings(pair, side.unseen, Unread::looks);
+    std::ranges::move(silentFindings(pair, side.silent), std::back_inserter(findings));
+    find(i, std::move(findings));
     std::vector<Finding> told = found_[i];
     // A revision's page has passed only where it is as in our own file too.
-    if (side.reference.role == "previous" && hasOurs()) {
-      told.insert(told.end(), found_.front().begin(), found_.front().end());
-    }
-    find(i, passFindings(pair, told));
+    const bool likeOurs = side.reference.role == "previous" && hasOurs();
+    if (likeOurs) told.insert(told.end(), found_.front().begin(), found_.front().end());
+    std::vector<Finding> passed = passFindings(pair, told);
+    // What was told of a page ahead of it may go for it as well.
+    std::erase_if(passed, [&](const Finding& pass) {
+      const auto page = static_cast<std::size_t>(pass.page);
+      return inPart(side, page) || (likeOurs && inPart(sides.front(), page));
+    });
+    find(i, std::move(passed));
   }
 }
 

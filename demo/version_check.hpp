@@ -59,13 +59,14 @@ class VersionCheck {
   void tellUnread(const std::set<std::size_t>& unread, std::vector<Side>& sides);
   void say(std::string step);
   Pair pairOf(const Side& side) const;
+  bool inPart(const Side& side, std::size_t page) const;
   bool hasOurs() const;
   void find(std::size_t reference, std::vector<Finding> findings);
   void compareText(std::vector<Side>& sides);
   void comparePages(std::vector<Side>& sides, const std::stop_token& stopped);
   void lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to,
               const std::stop_token& stopped);
-  void tellSilence(std::vector<Side>& sides);
+  void tellRest(std::vector<Side>& sides);
 
   std::shared_ptr<const PdfFile> proof_;
   std::vector<CheckReference> references_;

@@ -86,6 +86,19 @@ TEST_F(OwnProofs, PassOnNoPageWhereSomethingIsSeen) {
   EXPECT_EQ(std::ranges::count(one.findings, "pass", &Finding::kind), 0);
 }
 
+TEST_F(OwnProofs, WithMoreWordsThanAreReadPassOnNoPage) {
+  WrittenPage full{.width = 1200, .height = 1000};
+  for (int line = 0; line <= 200; ++line) {
+    std::string text;
+    for (int word = 0; word < 200; ++word) text += "W ";
+    full.lines.push_back({text, 20, 980 - 4.6 * line, 4});
+  }
+  start({"--proof", pdf("proof.pdf", {full, full}), "--sent", pdf("ours.pdf", {full, full})});
+  const FileDetail one = onlyOne();
+  EXPECT_EQ(told(one, false), std::vector<std::string>{"submitted: Not every word was compared"});
+  EXPECT_EQ(std::ranges::count(one.findings, "pass", &Finding::kind), 0);
+}
+
 TEST_F(OwnProofs, MatchPagesWhereOneCameInAndSayWhatHasNoPartner) {
   const auto extra = saying({"A page that nobody here has ever seen before today,",
                              "put in between the others by some mistake."});
