@@ -32,11 +32,6 @@ void State::begin(Job& job) {
   job.started = now_;
   job.steps.emplace();
   letGo();
-  if (job.kind == "sync" && holdsOwn()) {
-    logs_[job.id] = logHead(job, now_);
-    beginOwn();
-    return;
-  }
   if (job.kind == "sync") {
     for (const Ticket& ticket : tickets_) {
       if (!ticket.waiting) continue;
@@ -54,7 +49,11 @@ void State::begin(Job& job) {
     });
   }
   logs_[job.id] = logHead(job, now_);
-  nextStep(job);
+  if (job.kind == "sync" && holdsOwn() && worker_.gathered.empty()) {
+    beginOwn();
+  } else {
+    nextStep(job);
+  }
 }
 
 ReportAsked State::reportOn(const std::vector<FileDetail>& tickets) const {
@@ -101,7 +100,12 @@ void State::finishSync(Job& job) {
   const std::string told = brought == 0
                                ? "Read the supplier mail. Nothing new."
                                : "Read the supplier mail: " + counted(brought, "new proof");
-  end(job, "done", Summary{Texts{told}, unlessEmpty(changed), unlessEmpty(check)});
+  job.summary = Summary{Texts{told}, unlessEmpty(changed), unlessEmpty(check)};
+  if (holdsOwn()) {
+    beginOwn();
+    return;
+  }
+  end(job, "done", std::nullopt);
   record(nullptr, "synced", std::nullopt,
          brought == 0 ? "Synced. Nothing new." : "Synced. One new file.");
 }

@@ -222,14 +222,26 @@ void State::endCheck(Ticket& ticket, TicketVersion& version) {
   record(&ticket, "checked", std::nullopt, "Checked " + counted(version.pages.size(), "page"));
 }
 
+// Behind what was told of the demo's own books.
 void State::finishOwn(Job& job) {
   OwnRun& run = *worker_.own;
   const std::size_t checked = run.done.size();
-  job.result = JobResult{static_cast<Int>(checked), std::nullopt, std::nullopt, std::nullopt};
+  JobResult result = job.result.value_or(JobResult{});
+  result.new_files = result.new_files.value_or(0) + static_cast<Int>(checked);
+  job.result = result;
   const std::string told =
       checked == 0 ? "Looked at the files again. Nothing new."
                    : "Checked " + counted(checked, "proof") + ", " + counted(run.pages, "page");
-  end(job, "done", Summary{Texts{told}, unlessEmpty(run.done), unlessEmpty(run.told)});
+  Summary summary = job.summary.value_or(Summary{});
+  const auto add = [](std::optional<Texts>& to, const Texts& more) {
+    Texts all = to.value_or(Texts{});
+    all.insert(all.end(), more.begin(), more.end());
+    to = unlessEmpty(std::move(all));
+  };
+  add(summary.done, {told});
+  add(summary.changed, run.done);
+  add(summary.check, run.told);
+  end(job, "done", std::move(summary));
   record(nullptr, "synced", std::nullopt, told);
 }
 

@@ -117,5 +117,43 @@ TEST_F(KeptOwn, StartWithoutAVersionWhoseFileIsLost) {
   EXPECT_NE(now.versions->at(0).summary->find("is gone"), std::string::npos);
 }
 
+TEST(KeptBooks, AreSyncedBesideSomebodysOwnProof) {
+  const Sandbox sandbox;
+  const std::string proof = sandbox / "proof.pdf";
+  fill(proof, writtenPdf({pageSaying("Salt")}));
+  std::vector<std::string> arguments = {"--state", sandbox / "state"};
+  std::size_t before = 0;
+  {
+    const RunningService books(arguments);
+    Elsewhere there(books.port(), "");
+    there.signIn();
+    before = there.board().files.size();
+  }
+  arguments.insert(arguments.end(), {"--proof", proof});
+  const RunningService both(arguments);
+  Elsewhere there(both.port(), "");
+  there.signIn();
+  ASSERT_TRUE(there.eventually([](const BoardState& now) {
+    return now.sync->id != "job-sync-0" && now.sync->status == "done";
+  }));
+  const BoardState now = there.board();
+  EXPECT_EQ(now.files.size(), before + 2) << "one of the books' came in, and one is somebody's own";
+  EXPECT_EQ(
+      now.sync->summary->done,
+      (std::vector<std::string>{"Read the supplier mail: 1 new proof", "Checked 1 proof, 1 page"}));
+  EXPECT_EQ(now.sync->result->new_files, 2);
+  const auto own = std::ranges::find(now.files, "proof", &FileItem::heading);
+  ASSERT_NE(own, now.files.end());
+  EXPECT_EQ(there.detail(own->id).versions->back().status, "done");
+  // With nothing new among the books only the files are looked at.
+  ASSERT_EQ(there.statusOf(there.post("/api/jobs", R"({"kind":"sync"})")), 200);
+  const std::string first = now.sync->id;
+  ASSERT_TRUE(there.eventually([&](const BoardState& later) {
+    return later.sync->id != first && later.sync->status == "done";
+  }));
+  EXPECT_EQ(there.board().sync->summary->done,
+            std::vector<std::string>{"Looked at the files again. Nothing new."});
+}
+
 }  // namespace
 }  // namespace vellix::demo_tests
