@@ -91,11 +91,12 @@ void VersionCheck::say(std::string step) {
 }
 
 // Our own file's come first, so that the others' can be held against them.
-void VersionCheck::find(std::size_t reference, std::vector<Finding> findings) {
+void VersionCheck::find(std::size_t reference, std::vector<Finding> findings, Tells what) {
   const std::lock_guard lock(mutex_);
   found_[reference].insert(found_[reference].end(), findings.begin(), findings.end());
   if (references_[reference].role == kOurs && withBefore_) {
-    tellBesideBefore(findings, *withBefore_);
+    if (what == Tells::difference) tellBesideBefore(findings, *withBefore_);
+    for (Finding& finding : findings) finding.against = "previous";
   }
   std::ranges::move(findings, std::back_inserter(news_.findings));
 }
@@ -173,7 +174,7 @@ void VersionCheck::tellUnread(const std::set<std::size_t>& unread, std::vector<S
     }
     std::vector<Finding> findings = unreadFindings(pairOf(side), side.wordless, Unread::words);
     std::ranges::move(wordyFindings(pairOf(side)), std::back_inserter(findings));
-    find(i, std::move(findings));
+    find(i, std::move(findings), Tells::notCompared);
   }
 }
 
@@ -265,7 +266,7 @@ void VersionCheck::tellRest(std::vector<Side>& sides) {
     const Pair pair = pairOf(side);
     std::vector<Finding> findings = unreadFindings(pair, side.unseen, Unread::looks);
     std::ranges::move(silentFindings(pair, side.silent), std::back_inserter(findings));
-    find(i, std::move(findings));
+    find(i, std::move(findings), Tells::notCompared);
     std::vector<Finding> told = found_[i];
     // A revision's page has passed only where it is as in our own file too.
     const bool likeOurs = side.reference.role == "previous" && hasOurs();

@@ -61,7 +61,8 @@ class VersionCheck {
   Pair pairOf(const Side& side) const;
   bool inPart(const Side& side, std::size_t page) const;
   bool hasOurs() const;
-  void find(std::size_t reference, std::vector<Finding> findings);
+  enum class Tells { difference, notCompared };
+  void find(std::size_t reference, std::vector<Finding> findings, Tells what = Tells::difference);
   void compareText(std::vector<Side>& sides);
   void comparePages(std::vector<Side>& sides, const std::stop_token& stopped);
   void lookAt(std::vector<Side>& sides, std::size_t from, std::size_t to,

@@ -87,12 +87,7 @@ TEST_F(OwnProofs, PassOnNoPageWhereSomethingIsSeen) {
 }
 
 TEST_F(OwnProofs, WithMoreWordsThanAreReadPassOnNoPage) {
-  WrittenPage full{.width = 1200, .height = 1000};
-  for (int line = 0; line <= 200; ++line) {
-    std::string text;
-    for (int word = 0; word < 200; ++word) text += "W ";
-    full.lines.push_back({text, 20, 980 - 4.6 * line, 4});
-  }
+  const WrittenPage full = fullPage();
   start({"--proof", pdf("proof.pdf", {full, full}), "--sent", pdf("ours.pdf", {full, full})});
   const FileDetail one = onlyOne();
   EXPECT_EQ(told(one, false), std::vector<std::string>{"submitted: Not every word was compared"});

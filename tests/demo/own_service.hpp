@@ -17,6 +17,17 @@ inline WrittenPage saying(const std::vector<std::string>& lines) {
   return page;
 }
 
+// With 200 words more than are read.
+inline WrittenPage fullPage() {
+  WrittenPage page{.width = 1200, .height = 1000};
+  for (int line = 0; line <= 200; ++line) {
+    std::string text;
+    for (int word = 0; word < 200; ++word) text += "W ";
+    page.lines.push_back({text, 20, 980 - 4.6 * line, 4});
+  }
+  return page;
+}
+
 inline const std::vector<std::string> kFirst = {
     "The harbour light had counted ships for eighty years", "and never once written down a name."};
 inline const std::vector<std::string> kSecond = {
