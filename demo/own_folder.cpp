@@ -1,5 +1,7 @@
 #include "own_folder.hpp"
 
+#include <fcntl.h>
+
 #include <QFile>
 #include <filesystem>
 
@@ -25,8 +27,12 @@ std::string OwnFolder::nameFor(const std::string& path) {
   if (!file) return {};
   auto& [tag, name] = names_[path];
   if (tag == file->tag()) return name;
-  QFile bytes(QString::fromStdString(path));
-  const std::string sum = bytes.open(QIODevice::ReadOnly) ? digestText(bytes) : std::string();
+  // By its descriptor, since a name need not be text.
+  QFile bytes;
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool opened =
+      descriptor >= 0 && bytes.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+  const std::string sum = opened ? digestText(bytes) : std::string();
   if (sum.empty()) return {};
   tag = file->tag();
   name = kBeginning + sum + ".pdf";

@@ -14,17 +14,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A path may be any bytes; what is told is text.
-std::string asText(const std::string& bytes) { return QString::fromUtf8(bytes).toStdString(); }
+// Nobody's address: it is the name that is shown.
+constexpr const char* kSupplier = "supplier";
+
 std::string nameOf(const std::string& path) { return asText(fs::path(path).filename().string()); }
 
 // Read at `copy` and called by its path.
 std::expected<Lying, std::string> opened(const std::string& path, const std::string& copy) {
   Lying file{path, copy, PdfFile::at(copy), {}};
-  if (!file.pdf) return std::unexpected(path + " cannot be opened.");
+  if (!file.pdf) return std::unexpected(asText(path) + " cannot be opened.");
   file.facts = file.pdf->facts();
   if (file.facts.trouble == PdfTrouble::locked) {
-    return std::unexpected(path + " is locked with a password. Save a copy that opens without.");
+    return std::unexpected(asText(path) +
+                           " is locked with a password. Save a copy that opens without.");
   }
   return file;
 }
@@ -48,6 +50,7 @@ TicketVersion versionOf(const Ticket& ticket, Lying file, double now, Pictures& 
   record.n = static_cast<Int>(ticket.versions.size()) + 1;
   record.kind = ticket.versions.empty() ? "proof" : "revision";
   record.filename = nameOf(file.path);
+  record.by = kSupplier;
   record.at = now;
   record.size = static_cast<Int>(version.pdf->size());
   record.status = "checking";
@@ -99,6 +102,8 @@ void leaveOut(Ref& ref, const std::string& why, std::vector<std::string>& troubl
 
 }  // namespace
 
+std::string asText(const std::string& bytes) { return QString::fromUtf8(bytes).toStdString(); }
+
 std::string ownId(const GivenProof& given) {
   std::string id;
   for (const char letter : fs::path(given.proof).stem().string()) {
@@ -135,7 +140,7 @@ std::expected<Ticket, std::string> ownTicket(const GivenProof& given, double now
     if (!file) return std::unexpected(file.error());
     TicketVersion before = versionOf(ticket, *std::move(file), now, pictures);
     if (before.record.summary) {
-      return std::unexpected(given.previous + ": " + *before.record.summary);
+      return std::unexpected(asText(given.previous) + ": " + *before.record.summary);
     }
     // It is there to be compared with.
     before.unchecked = false;
@@ -189,6 +194,13 @@ std::string referencesTag(const Ticket& ticket) {
   return digestText(tag);
 }
 
+std::string whyWithoutFbc(const Ticket& ticket, const TicketVersion& version) {
+  if (ticket.given->fbc.empty() || newestBefore(ticket, version.record.n) == nullptr) return {};
+  return nameOf(ticket.given->fbc) +
+         " was not compared: a revision is shown beside the version before it, where the FBC has "
+         "no place.";
+}
+
 std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& version,
                                          std::vector<std::string>& troubles) {
   std::vector<CheckReference> references;
@@ -210,8 +222,14 @@ std::vector<CheckReference> referencesOf(const Ticket& ticket, TicketVersion& ve
     offer("previous", "v" + std::to_string(before->record.n),
           before->record.filename.value_or("The version before"), before->pdf);
   }
-  // A revision is shown beside the version before it, where the FBC has no place.
-  if (const std::string& fbc = ticket.given->fbc; !fbc.empty() && before == nullptr) {
+  const std::string& fbc = ticket.given->fbc;
+  if (const std::string why = whyWithoutFbc(ticket, version); !why.empty()) {
+    Ref& ref = refOf(version, "fbc", nameOf(fbc));
+    ref.note = why;
+    ref.page_count.reset();
+    ref.matched.reset();
+    troubles.push_back(why);
+  } else if (!fbc.empty()) {
     offer("fbc", "the FBC", nameOf(fbc), PdfFile::at(fbc));
   }
   for (const auto& [role, path] :
@@ -228,7 +246,10 @@ bool showFacts(TicketVersion& version, const std::string& role, const PdfReading
     ref.page_count = static_cast<Int>(facts.pages.size());
     return true;
   }
-  leaveOut(ref, facts.trouble == PdfTrouble::tooLong ? "has too many pages." : "did not open.",
+  leaveOut(ref,
+           facts.trouble == PdfTrouble::tooLong  ? "has too many pages."
+           : facts.trouble == PdfTrouble::locked ? "is locked with a password."
+                                                 : "did not open.",
            troubles);
   return false;
 }

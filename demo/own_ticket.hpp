@@ -43,11 +43,17 @@ Came lookAt(const Watched& watched, OwnFolder& folder);
 // As a further version, waiting for a check.
 void addVersion(Ticket& ticket, Lying file, double now, Pictures& pictures);
 
+// A path may be any bytes; what is told is text.
+std::string asText(const std::string& bytes);
+
 // The same for every proof at one path, on any day.
 std::string ownId(const GivenProof& given);
 
 // Changes when other files lie where the ticket's references are.
 std::string referencesTag(const Ticket& ticket);
+
+// Why it is not compared with the FBC, in a sentence; empty where it is, or there is none.
+std::string whyWithoutFbc(const Ticket& ticket, const TicketVersion& version);
 
 // All that a version can be compared with; what is missing is told at the version's own reference,
 // and gathered in `troubles` in sentences.

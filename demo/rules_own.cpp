@@ -1,5 +1,7 @@
 // Somebody's own proofs: a sync looks at their files again and checks what has not been checked.
 #include <algorithm>
+#include <cstdio>
+#include <iterator>
 
 #include "check/compared.hpp"
 #include "check/gathered.hpp"
@@ -35,12 +37,17 @@ std::expected<void, std::string> State::give(const std::vector<GivenProof>& proo
       if (!given.title.empty()) known->item.title = given.title;
       if (given.due) known->item.due = given.due;
       touch(known);
-      continue;
+    } else {
+      auto ticket = ownTicket(given, now_, own_, pictures_);
+      if (!ticket) return std::unexpected(ticket.error());
+      tickets_.push_back(*std::move(ticket));
+      record(&tickets_.back(), "new_file", std::nullopt,
+             tickets_.back().item.heading() + " came in");
     }
-    auto ticket = ownTicket(given, now_, own_, pictures_);
-    if (!ticket) return std::unexpected(ticket.error());
-    tickets_.push_back(*std::move(ticket));
-    record(&tickets_.back(), "new_file", std::nullopt, tickets_.back().item.heading() + " came in");
+    const Ticket& ticket = *find(ownId(given));
+    if (const auto why = whyWithoutFbc(ticket, ticket.newest()); !why.empty()) {
+      std::fprintf(stderr, "%s\n", why.c_str());
+    }
   }
   if (holdsOwn() && (!sync_ || !sync_->active())) askForOwn("");
   return {};
@@ -160,7 +167,10 @@ void State::loseProof(Ticket& ticket, TicketVersion& version) {
 }
 
 void State::tellRefs(Ticket& ticket, TicketVersion& version) {
-  version.origin.refs = version.refs;
+  // Only what could be read: all that is said there is that it was checked against them.
+  version.origin.refs.emplace();
+  std::ranges::copy_if(version.refs, std::back_inserter(*version.origin.refs),
+                       [](const Ref& ref) { return ref.page_count.has_value(); });
   if (&ticket.newest() == &version) ticket.item.refs = version.refs;
 }
 

@@ -37,11 +37,11 @@ void State::takeUpVersions(Ticket& ticket) {
     if (version.path.empty()) continue;
     version.pdf = PdfFile::at(version.path);
     if (!version.pdf) {
-      version.lost = version.path + " is gone. The pages of this version cannot be shown.";
+      version.lost = asText(version.path) + " is gone. The pages of this version cannot be shown.";
     } else if (!version.stamp.empty() && version.pdf->tag() != version.stamp) {
       version.pdf.reset();
       version.lost =
-          version.path +
+          asText(version.path) +
           " was changed since it was checked. The pages of this version cannot be shown.";
     }
     if (!version.lost.empty()) {

@@ -49,6 +49,54 @@ TEST_F(OwnFailures, ThatAreDamagedHaveAVersionThatFailed) {
             std::string::npos);
 }
 
+TEST_F(OwnFailures, OfWhatTheyAreComparedWithAreTold) {
+  const auto sent = pdf("ours.pdf", {saying(kFirst)});
+  const auto fbc = pdf("fbc.pdf", {saying(kFirst)});
+  start({"--proof", pdf("proof.pdf", {saying(kFirst)}), "--sent", sent, "--fbc", fbc});
+  EXPECT_EQ(onlyOne().file.summary, "Nothing differs on 1 page.");
+  (void)written("fbc.pdf", "no PDF any more");
+  syncAgain();
+  EXPECT_EQ(onlyOne().file.summary,
+            "Nothing differs on 1 page. fbc.pdf did not open. Nothing was compared with it.");
+  (void)written("fbc.pdf", writtenPdf({saying(kFirst)}, true));
+  std::filesystem::remove(sent);
+  syncAgain();
+  const FileDetail one = onlyOne();
+  EXPECT_EQ(one.file.summary,
+            "There is no file that it could be compared with. ours.pdf cannot be opened any more. "
+            "Nothing was compared with it. fbc.pdf is locked with a password. Nothing was compared "
+            "with it.");
+  EXPECT_EQ(one.file.ref("submitted")->note, "ours.pdf cannot be opened any more.");
+  EXPECT_FALSE(one.file.ref("fbc")->matched);
+  EXPECT_EQ(std::ranges::count(one.findings, "pass", &Finding::kind), 0);
+}
+
+// Names may be any bytes; what is told is text.
+TEST_F(OwnFailures, AreNoneWhereNamesAreNoText) {
+  const auto proof = pdf("pr\xF6\xF6\xFF.pdf", {saying(kFirst)});
+  const auto sent = pdf("\xFCnsere.pdf", {saying(kSecond)});
+  const std::string state = sandbox_ / "state";
+  start({"--proof", proof, "--sent", sent, "--state", state});
+  const FileDetail one = onlyOne();
+  EXPECT_EQ(one.file.heading(), "pr\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(one.file.filename, "pr\uFFFD\uFFFD\uFFFD.pdf");
+  ASSERT_NE(one.file.ref("submitted"), nullptr);
+  EXPECT_EQ(one.file.ref("submitted")->name, "\uFFFDnsere.pdf");
+  EXPECT_FALSE(real(one).empty());
+  // They are found again on another day.
+  service_->kill();
+  std::filesystem::rename(pdf("next.pdf", {saying(kSecond)}), proof);
+  start({"--state", state});
+  const FileDetail after = onlyOne();
+  EXPECT_EQ(after.file.id, one.file.id);
+  EXPECT_EQ(after.version, 2);
+  EXPECT_TRUE(real(after).empty());
+  std::filesystem::remove(proof);
+  syncAgain();
+  EXPECT_EQ(checked().sync->summary->check,
+            std::vector<std::string>{sandbox_ / "pr\uFFFD\uFFFD\uFFFD.pdf cannot be opened."});
+}
+
 TEST_F(OwnFailures, ThatCannotBeTakenOnAreToldAtTheStart) {
   const auto good = pdf("good.pdf", {saying(kFirst)});
   const auto locked = written("locked.pdf", writtenPdf({saying(kFirst)}, true));

@@ -81,6 +81,62 @@ TEST_F(OwnRevisions, TellOfARevisionWhatCameThroughAndWhatDidNot) {
   EXPECT_EQ(detail(one.file.id, "?v=1").file.pages->size(), 2U);
 }
 
+TEST_F(OwnRevisions, SayThatTheyAreNotComparedWithTheFbc) {
+  const std::vector<std::string> given = {"--proof",    pdf("proof.pdf", {saying(kFirst)}),
+                                          "--sent",     pdf("ours.pdf", {saying(kFirst)}),
+                                          "--previous", pdf("old.pdf", {saying(kFirst)}),
+                                          "--fbc",      pdf("fbc.pdf", {saying(kSecond)})};
+  const std::string why =
+      "fbc.pdf was not compared: a revision is shown beside the version before it, where the FBC "
+      "has no place.";
+  EXPECT_NE(endOf(given).said.find(why + "\n"), std::string::npos);
+  start(given);
+  const FileDetail one = onlyOne();
+  EXPECT_EQ(one.file.summary, "Nothing differs on 1 page. " + why);
+  ASSERT_NE(one.file.ref("fbc"), nullptr);
+  EXPECT_EQ(one.file.ref("fbc")->note, why);
+  // It is not among what the version was checked against.
+  ASSERT_TRUE(one.origin && one.origin->refs);
+  EXPECT_EQ(std::ranges::count(*one.origin->refs, "fbc", &Ref::role), 0);
+  EXPECT_EQ(one.origin->refs->size(), 2U);
+}
+
+// What was not compared is not said to differ.
+TEST_F(OwnRevisions, SayBesideTheVersionBeforeWhatWasNotCompared) {
+  start({"--proof", pdf("proof.pdf", {fullPage()}), "--sent", pdf("ours.pdf", {fullPage()}),
+         "--previous", pdf("old.pdf", {fullPage()})});
+  const FileDetail one = onlyOne();
+  EXPECT_EQ(told(one, false), std::vector<std::string>(2, "previous: Not every word was compared"));
+}
+
+TEST_F(OwnRevisions, AreTheSuppliers) {
+  start({"--proof", pdf("proof.pdf", {saying(kFirst)}), "--previous",
+         pdf("old.pdf", {saying(kFirst)})});
+  FileDetail one = onlyOne();
+  EXPECT_EQ(one.versions->back().by, "supplier");
+  ASSERT_EQ(there_->statusOf(there_->put(one.file.id, writtenPdf({saying(kFirst)}))), 200);
+  one = detail(one.file.id);
+  EXPECT_EQ(one.versions->back().by, "renny@tessarine.example");
+}
+
+TEST_F(OwnRevisions, OutdateAnApproval) {
+  const auto proof = pdf("proof.pdf", {saying(kFirst)});
+  start({"--proof", proof, "--sent", pdf("ours.pdf", {saying(kFirst)})});
+  const std::string id = onlyOne().file.id;
+  EXPECT_NE(post("/api/files/" + id + "/approval",
+                 R"({"action":"request","approvers":["mira@tessarine.example"]})"),
+            "");
+  ASSERT_TRUE(detail(id).approval);
+  EXPECT_NE(detail(id).approval->state, "revised");
+  std::filesystem::rename(pdf("next.pdf", {saying(kSecond)}), proof);
+  syncAgain();
+  const FileDetail after = onlyOne();
+  EXPECT_EQ(after.version, 2);
+  EXPECT_EQ(after.approval->state, "revised");
+  EXPECT_EQ(after.approval->version, 1);
+  EXPECT_EQ(after.file.approval, "revised");
+}
+
 TEST_F(OwnRevisions, ShowAPageThatTheVersionBeforeLacksBesideOurs) {
   auto wrong = kThird;
   wrong[0] = "They are going to burn it after all, she said at last,";
