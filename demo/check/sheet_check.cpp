@@ -6,6 +6,8 @@
 #include <set>
 #include <utility>
 
+#include "check/flowed_pages.hpp"
+
 namespace vellix::demo {
 namespace {
 
@@ -248,7 +250,12 @@ std::vector<Finding> sheetFindings(const Pair& pair) {
   }
   std::vector<std::size_t> more;
   for (std::size_t i = 0; i < pair.partners.size(); ++i) {
-    if (!pair.partners[i]) more.push_back(i);
+    if (pair.partners[i]) continue;
+    if (auto flowed = flowedFinding(pair, i)) {
+      findings.push_back(*std::move(flowed));
+    } else {
+      more.push_back(i);
+    }
   }
   for (const Run& run : runsOf(more)) findings.push_back(extra(pair, run));
   addMoved(pair, findings);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "set_pages.hpp"
+
 namespace vellix::demo {
 namespace {
 
@@ -61,6 +63,35 @@ TEST(SheetCheck, TellsPagesTooMany) {
       told(sheetFindings(two.pair)),
       (Lines{"1 missing_page high 3 pages more: Pages 2 to 4 of the proof are not in our file.",
              "5 missing_page high One page more: Page 6 of the proof is not in our file."}));
+}
+
+TEST(SheetCheck, TellsTextThatRanOnToAPageMore) {
+  const auto pages = setText(ownWords(300));
+  const std::size_t last = pages.size() - 1;
+  std::vector<PdfPage> proof = pages;
+  PdfPage& left = proof.back();
+  PdfPage more = left;
+  const auto half = static_cast<std::ptrdiff_t>(left.words.size() / 2);
+  left.words.erase(left.words.begin() + half, left.words.end());
+  more.words.erase(more.words.begin(), more.words.begin() + half);
+  proof.push_back(more);
+  Partners partners = asTheyStand(proof.size(), pages.size());
+  const Pair pair{proof, pages, partners, "submitted", "our file"};
+  EXPECT_EQ(told(sheetFindings(pair)),
+            Lines{std::to_string(last + 1) +
+                  " missing_page high Text runs on to one page more: Most of what is on page " +
+                  std::to_string(last + 2) + " of the proof is on page " +
+                  std::to_string(last + 1) + " of our file."});
+  // A page that is there twice has not run on.
+  proof[last] = pages[last];
+  EXPECT_EQ(told(sheetFindings(pair)),
+            Lines{std::to_string(last + 1) + " missing_page high One page more: Page " +
+                  std::to_string(last + 2) + " of the proof is not in our file."});
+  // The page behind may have given its beginning.
+  proof[last] = more;
+  proof[last + 1] = left;
+  std::swap(partners[last], partners[last + 1]);
+  EXPECT_TRUE(told(sheetFindings(pair)).front().find("Text runs on") != std::string::npos);
 }
 
 TEST(SheetCheck, TellsPagesThatMovedAsOneRun) {
