@@ -157,12 +157,12 @@ TEST_F(OwnLargeFailures, HoldUpNoAnswer) {
   start({"--proof", proof, "--sent", sent});
   (void)onlyOne();
   becomesLarge(sent);
-  EXPECT_LT(longestWait(), 0.5);
+  EXPECT_LT(longestWait(), 0.3);
   EXPECT_EQ(onlyOne().file.summary,
             "There is no file that it could be compared with. ours.pdf did not open. Nothing was "
             "compared with it.");
   becomesLarge(proof);
-  EXPECT_LT(longestWait(), 0.5);
+  EXPECT_LT(longestWait(), 0.3);
   EXPECT_EQ(onlyOne().versions->back().status, "failed");
 }
 
