@@ -51,6 +51,28 @@ TEST(PdfBarcodes, AreReadAtTheirSmallestWhereverTheyStand) {
   }
 }
 
+TEST(PdfBarcodes, AreReadWholeWhereTheirBarsAreDrawnInStrips) {
+  constexpr double kFullModule = 0.33 / 25.4 * 72;
+  const std::vector<std::string> all = {"9781560523598", "9783343462537", "9788612108505"};
+  for (double x = 100; x < 101; x += 0.13) {
+    std::string drawn;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      drawn += bars(all[i], x, 100 + 150 * static_cast<double>(i), kFullModule);
+    }
+    const auto codes = found("/MediaBox[0 0 420 595]", drawn);
+    ASSERT_EQ(codes.size(), all.size()) << x;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const auto code =
+          std::ranges::find(codes, QString::fromStdString(all[i]), &PdfBarcode::digits);
+      ASSERT_NE(code, codes.end()) << all[i];
+      const double bottom = 100 + 150 * static_cast<double>(i);
+      const QRectF place(x / 420, (595 - bottom - kHigh) / 595, 95 * kFullModule / 420,
+                         kHigh / 595);
+      EXPECT_GT(overlap(code->box, place), 0.8) << all[i];
+    }
+  }
+}
+
 TEST(PdfBarcodes, AreReadHoweverThePageIsTurned) {
   for (const int turned : {90, 180, 270}) {
     const auto codes =
@@ -76,6 +98,19 @@ TEST(PdfBarcodes, AreReadOnPosters) {
   ASSERT_EQ(codes.size(), 2);
   EXPECT_GT(std::ranges::max(codes, {}, [](const auto& code) { return code.box.x(); }).box.x(),
             0.8);
+}
+
+TEST(PdfBarcodes, AreNotPutTogetherOfHalvesThatStandApart) {
+  // White lies over the right half of the upper code and over the left half of the lower one.
+  const double half = 47.5 * kModule;
+  const auto cover = [&](double x, double y) {
+    return "1 g " + number(x) + " " + number(y) + " " + number(half) + " " + number(kHigh) +
+           " re f\n";
+  };
+  const auto codes =
+      found("/MediaBox[0 0 420 595]", bars(kDigits, 100, 400) + cover(100 + half, 400) +
+                                          bars(kDigits, 100, 200) + cover(100, 200));
+  EXPECT_TRUE(codes.empty()) << codes.front().digits.toStdString();
 }
 
 TEST(PdfBarcodes, AreNotMadeUp) {
