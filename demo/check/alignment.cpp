@@ -160,9 +160,13 @@ QRectF Overlay::ofProof(const QRectF& pixels) const {
       .intersected(QRectF(0, 0, 1, 1));
 }
 
+Overlay cornerOnCorner(const QImage& proof, const QImage& reference) {
+  return overlay(proof, reference.size(), {});
+}
+
 Overlay laidOver(const QImage& proof, const QImage& reference) {
   if (proof.size() == reference.size() && same(proof, reference)) {
-    return overlay(proof, reference.size(), {});
+    return cornerOnCorner(proof, reference);
   }
   const QImage grey = greyOf(reference);
   const QSize more = proof.size() - reference.size();

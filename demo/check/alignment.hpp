@@ -24,4 +24,7 @@ struct Overlay {
 // better.
 Overlay laidOver(const QImage& proof, const QImage& reference);
 
+// Two of one size corner on corner, wherever their content lies.
+Overlay cornerOnCorner(const QImage& proof, const QImage& reference);
+
 }  // namespace vellix::demo

@@ -6,13 +6,10 @@
 #include <optional>
 
 #include "check/areas.hpp"
-#include "check/ink.hpp"
 
 namespace vellix::demo {
 namespace {
 
-constexpr int kInk = 40;       // from the ground, out of 255
-constexpr int kFewestInk = 9;  // pixels of a piece of art
 constexpr int kLeastMove = 2;  // pixels to a side; less is a matter of rounding, and no move
 constexpr int kOff = 2;        // pixels by which a piece may be larger or smaller for its edges
 constexpr double kUnlike = 0.04;
@@ -21,125 +18,173 @@ constexpr std::size_t kMostPieces = 300;
 // Pieces that moved alike with no more than so many pixels between them are one.
 constexpr int kNear = 12;
 
-struct Piece {
-  QRect place;
-  int ink = 0;
-  std::vector<std::size_t> cells;
+using Pieces = std::vector<ArtPiece>;
+
+QPoint shiftOf(const ArtMove& move) { return move.to.topLeft() - move.from.topLeft(); }
+
+bool near(const QRect& a, const QRect& b) {
+  return a.adjusted(-kNear, -kNear, kNear, kNear).intersects(b);
+}
+
+class Moves {
+ public:
+  Moves(Difference& difference, const ArtPage& proof, const ArtPage& reference)
+      : difference_(difference), proof_(proof), reference_(reference) {}
+
+  std::vector<ArtMove> taken() {
+    const auto same = [](const ArtPiece& piece) { return !piece.differs; };
+    all_ = piecesOf(reference_, difference_);
+    old_ = all_;
+    std::erase_if(old_, same);
+    now_ = piecesOf(proof_, difference_);
+    std::erase_if(now_, same);
+    if (old_.size() > kMostPieces || now_.size() > kMostPieces) return {};
+    taken_.assign(old_.size(), false);
+    for (std::size_t i = 0; i < old_.size(); ++i) {
+      if (taken_[i]) continue;
+      // With all that lies in it, whose like may be nearer.
+      const QRect place = old_[i].place;
+      const auto liesInIt = [&](const QRect& other) { return place.contains(other); };
+      if (const auto shift = shiftToItsLike(old_[i])) takeAlong(liesInIt, *shift);
+    }
+    // What touches its neighbour on one page alone is a piece of its own on the other.
+    for (const ArtMove& move : std::vector(moves_)) {
+      takeAlong([&](const QRect& other) { return near(move.from, other); }, shiftOf(move));
+    }
+    const auto together = [](const ArtMove& a, const ArtMove& b) {
+      return (shiftOf(a) - shiftOf(b)).manhattanLength() <= 2 && near(a.to, b.to);
+    };
+    join(moves_, together, [](ArtMove& a, const ArtMove& b) {
+      a.from |= b.from;
+      a.to |= b.to;
+    });
+    for (const ArtMove& move : moves_) takeShades(move);
+    return std::move(moves_);
+  }
+
+ private:
+  // Whether the reference's piece looks like what the proof has so far aside.
+  bool alike(const ArtPiece& piece, QPoint shift) const {
+    const QRect then = piece.place.adjusted(-1, -1, 1, 1);
+    const QRect now = then.translated(shift);
+    QImage words = reference_.words.copy(then);
+    const QImage more = proof_.words.copy(now);
+    for (int y = 0; y < words.height(); ++y) {
+      for (int x = 0; x < words.width(); ++x) words.scanLine(y)[x] |= more.constScanLine(y)[x];
+    }
+    const Difference apart =
+        differenceOf(reference_.picture.copy(then), proof_.picture.copy(now), words);
+    int plain = 0;
+    for (const int pixels : apart.plain) plain += pixels;
+    int ink = 0;
+    for (const ArtPiece& each : all_) ink += piece.place.contains(each.place) ? each.ink : 0;
+    return plain <= std::max(3, static_cast<int>(kUnlike * ink));
+  }
+
+  std::optional<QPoint> shiftBetween(const ArtPiece& old, const ArtPiece& now) const {
+    const QSize grown = now.place.size() - old.place.size();
+    const QPoint shift = now.place.center() - old.place.center();
+    if (std::abs(grown.width()) > kOff || std::abs(grown.height()) > kOff) return std::nullopt;
+    // A thin line has up to twice as many pixels where it lies on two of them.
+    if (now.ink > 2 * old.ink || old.ink > 2 * now.ink) return std::nullopt;
+    for (const QPoint off :
+         {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
+      if (alike(old, shift + off)) return shift + off;
+    }
+    return std::nullopt;
+  }
+
+  // To the nearest piece of the proof that looks the same.
+  std::optional<QPoint> shiftToItsLike(const ArtPiece& old) {
+    std::ranges::sort(now_, {}, [&](const ArtPiece& other) {
+      return (other.place.center() - old.place.center()).manhattanLength();
+    });
+    for (const ArtPiece& other : now_) {
+      if (!mayBecome(old, other)) continue;
+      if (const auto shift = shiftBetween(old, other)) return shift;
+    }
+    return std::nullopt;
+  }
+
+  // A part of a picture does not move out of it alone: its like stands in another picture.
+  bool mayBecome(const ArtPiece& old, const ArtPiece& other) const {
+    return std::ranges::all_of(all_, [&](const ArtPiece& around) {
+      return around.place == old.place || !around.place.contains(old.place) ||
+             around.place.contains(other.place);
+    });
+  }
+
+  // All of these places that looks as if it had moved so far.
+  template <class Belongs>
+  void takeAlong(Belongs belongs, QPoint shift) {
+    for (std::size_t i = 0; i < old_.size(); ++i) {
+      if (taken_[i] || !belongs(old_[i].place) || !alike(old_[i], shift)) continue;
+      taken_[i] = true;
+      take(old_[i], shift);
+    }
+  }
+
+  void take(const ArtPiece& old, QPoint shift) {
+    const QRect now = old.place.translated(shift);
+    if (std::max(std::abs(shift.x()), std::abs(shift.y())) >= kLeastMove) {
+      moves_.push_back({old.place, now});
+    }
+    std::erase_if(now_, [&](const ArtPiece& other) {
+      return now.adjusted(-kOff, -kOff, kOff, kOff).contains(other.place) &&
+             other.place.adjusted(-kOff, -kOff, kOff, kOff).contains(now);
+    });
+    takeOut(old, {});
+    takeOut(old, shift);
+  }
+
+  void takeOut(const ArtPiece& piece, QPoint aside) {
+    for (const std::size_t cell : piece.cells) {
+      const QRect square = squareOf(cell, difference_.columns).translated(aside);
+      forEachCell(square.adjusted(-kCell, -kCell, kCell, kCell), [&](std::size_t near) {
+        difference_.plain[near] = 0;
+        difference_.faint[near] = false;
+      });
+    }
+  }
+
+  // What is but a shade off the ground is no piece, and moved along where the two look alike in
+  // that, too.
+  void takeShades(const ArtMove& move) {
+    const Difference apart =
+        differenceOf(reference_.picture.copy(move.from), proof_.picture.copy(move.to), {});
+    if (std::ranges::any_of(areasOf(apart), &Area::faint)) return;
+    for (const QRect& place : {move.from, move.to}) {
+      forEachCell(place, [&](std::size_t cell) { difference_.faint[cell] = false; });
+    }
+  }
+
+  // All that have a part of the place.
+  template <class Each>
+  void forEachCell(const QRect& place, Each each) const {
+    const QRect inside = place & proof_.picture.rect();
+    if (inside.isEmpty()) return;
+    for (int y = inside.top() / kCell; y <= inside.bottom() / kCell; ++y) {
+      for (int x = inside.left() / kCell; x <= inside.right() / kCell; ++x) {
+        each(difference_.at(x, y));
+      }
+    }
+  }
+
+  Difference& difference_;
+  const ArtPage& proof_;
+  const ArtPage& reference_;
+  Pieces all_;  // of the reference
+  Pieces old_;  // those of them that differ
+  Pieces now_;  // of the proof, those that differ and are left
+  std::vector<bool> taken_;
+  std::vector<ArtMove> moves_;
 };
-
-// The pieces of art on a page that differ in some place from the other page.
-std::vector<Piece> piecesOf(const ArtPage& page, const Difference& difference) {
-  const QRgb ground = groundOf(page.picture);
-  std::vector<int> ink(difference.plain.size(), 0);
-  std::vector<bool> cells(difference.plain.size(), false);
-  const auto isInk = [&](int x, int y) {
-    return page.words.constScanLine(y)[x] == 0 && away(pixelAt(page.picture, x, y), ground) > kInk;
-  };
-  for (int y = 0; y < page.picture.height(); ++y) {
-    for (int x = 0; x < page.picture.width(); ++x) {
-      if (isInk(x, y)) ++ink[difference.at(x / kCell, y / kCell)];
-    }
-  }
-  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = ink[i] > 0;
-  std::vector<Piece> pieces;
-  for (auto& group : together(cells, difference.columns, 1)) {
-    Piece piece;
-    if (std::ranges::none_of(group, [&](auto cell) { return difference.differs(cell); })) continue;
-    for (const std::size_t cell : group) {
-      piece.ink += ink[cell];
-      const QRect square = squareOf(cell, difference.columns) & page.picture.rect();
-      for (int y = square.top(); y <= square.bottom(); ++y) {
-        for (int x = square.left(); x <= square.right(); ++x) {
-          if (isInk(x, y)) piece.place |= QRect(x, y, 1, 1);
-        }
-      }
-    }
-    piece.cells = std::move(group);
-    if (piece.ink >= kFewestInk) pieces.push_back(std::move(piece));
-  }
-  return pieces;
-}
-
-// Whether the one looks like the other, so far aside.
-bool alike(const Piece& piece, QPoint shift, const ArtPage& proof, const ArtPage& reference) {
-  const QRect then = piece.place.adjusted(-1, -1, 1, 1);
-  const QRect now = then.translated(shift);
-  QImage words = reference.words.copy(then);
-  const QImage more = proof.words.copy(now);
-  for (int y = 0; y < words.height(); ++y) {
-    for (int x = 0; x < words.width(); ++x) words.scanLine(y)[x] |= more.constScanLine(y)[x];
-  }
-  const Difference left =
-      differenceOf(reference.picture.copy(then), proof.picture.copy(now), words);
-  int plain = 0;
-  for (const int pixels : left.plain) plain += pixels;
-  return plain <= std::max(3, static_cast<int>(kUnlike * piece.ink));
-}
-
-std::optional<QPoint> shiftOf(const Piece& old, const Piece& now, const ArtPage& proof,
-                              const ArtPage& reference) {
-  const QSize grown = now.place.size() - old.place.size();
-  const QPoint shift = now.place.center() - old.place.center();
-  if (std::abs(grown.width()) > kOff || std::abs(grown.height()) > kOff) return std::nullopt;
-  if (std::abs(now.ink - old.ink) > 3 + old.ink / 8) return std::nullopt;
-  for (const QPoint off :
-       {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
-    if (alike(old, shift + off, proof, reference)) return shift + off;
-  }
-  return std::nullopt;
-}
-
-void takeOut(Difference& difference, const Piece& piece) {
-  for (const std::size_t cell : piece.cells) {
-    const int column = static_cast<int>(cell) % difference.columns;
-    const int row = static_cast<int>(cell) / difference.columns;
-    for (int y = std::max(0, row - 1); y <= std::min(difference.rows - 1, row + 1); ++y) {
-      for (int x = std::max(0, column - 1); x <= std::min(difference.columns - 1, column + 1);
-           ++x) {
-        difference.plain[difference.at(x, y)] = 0;
-        difference.faint[difference.at(x, y)] = false;
-      }
-    }
-  }
-}
-
-bool movedAlike(const ArtMove& a, const ArtMove& b) {
-  const QPoint first = a.to.center() - a.from.center();
-  const QPoint second = b.to.center() - b.from.center();
-  return (first - second).manhattanLength() <= 2 &&
-         a.to.adjusted(-kNear, -kNear, kNear, kNear).intersects(b.to);
-}
 
 }  // namespace
 
 std::vector<ArtMove> takeMoves(Difference& difference, const ArtPage& proof,
                                const ArtPage& reference) {
-  const auto old = piecesOf(reference, difference);
-  auto now = piecesOf(proof, difference);
-  std::vector<ArtMove> moves;
-  if (old.size() > kMostPieces || now.size() > kMostPieces) return moves;
-  for (const Piece& piece : old) {
-    const auto distance = [&](const Piece& other) {
-      return (other.place.center() - piece.place.center()).manhattanLength();
-    };
-    std::ranges::sort(now, {}, distance);
-    for (auto other = now.begin(); other != now.end(); ++other) {
-      const auto shift = shiftOf(piece, *other, proof, reference);
-      if (!shift) continue;
-      if (std::max(std::abs(shift->x()), std::abs(shift->y())) >= kLeastMove) {
-        moves.push_back({piece.place, piece.place.translated(*shift)});
-      }
-      takeOut(difference, piece);
-      takeOut(difference, *other);
-      now.erase(other);
-      break;
-    }
-  }
-  join(moves, movedAlike, [](ArtMove& a, const ArtMove& b) {
-    a.from |= b.from;
-    a.to |= b.to;
-  });
-  return moves;
+  return Moves(difference, proof, reference).taken();
 }
 
 }  // namespace vellix::demo

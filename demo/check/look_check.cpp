@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t kMostAreas = 8;
 constexpr double kLeastAside = 0.5;  // millimetres of the page as a whole
+constexpr double kMostStill = 0.1;   // of its words, and it is not the page that lies aside
 constexpr int kOverhang = 3;         // pixels by which letters leave their boxes
 constexpr int kRounding = 5;         // places that a word is looked for at in each direction
 constexpr int kFewestOfAWord = 2;    // pixels
@@ -89,6 +90,38 @@ void takeRoundingOut(Difference& difference, const WordsInPlace& words, const Ov
   }
 }
 
+struct Both {
+  QImage proof, reference;  // RGB888
+  const PdfPage& now;
+  const PdfPage& then;
+  double perMillimetre() const { return reference.width() / then.width * 72 / 25.4; }
+};
+
+// The one over the other, and whether the page lies aside, but for some words or all of it.
+struct Laid {
+  Overlay overlay;
+  WordsInPlace words;
+  bool aside = false;
+  bool all = false;
+};
+
+Laid laid(const Both& both) {
+  Laid made{laidOver(both.proof, both.reference), {}};
+  made.words = wordsInPlace(both.now, both.then, made.overlay);
+  const double aside = std::hypot(made.overlay.aside.x(), made.overlay.aside.y());
+  made.aside = made.overlay.sized && aside > kLeastAside * both.perMillimetre();
+  if (!made.aside) return made;
+  Overlay still = cornerOnCorner(both.proof, both.reference);
+  WordsInPlace stay = wordsInPlace(both.now, both.then, still);
+  made.all = stay.same.empty();
+  // Text below a taller line lies lower without the page.
+  if (static_cast<double>(stay.same.size()) >
+      kMostStill * static_cast<double>(made.words.same.size())) {
+    made = {std::move(still), std::move(stay)};
+  }
+  return made;
+}
+
 QImage wordsOn(QSize size, const WordsInPlace& words) {
   QImage mask = emptyMask(size);
   for (const SameWord& word : words.same) fill(mask, word.place, 1);
@@ -110,16 +143,13 @@ std::vector<Finding> lookFindings(const Pair& pair, std::size_t page, const PdfS
                   " could not be drawn. Compare it by eye.";
     return {std::move(made)};
   }
-  const QImage picture = reference.picture.convertToFormat(QImage::Format_RGB888);
-  const Overlay overlay = laidOver(proof.picture.convertToFormat(QImage::Format_RGB888), picture);
-  const WordsInPlace words = wordsInPlace(now, then, overlay);
-  const Pages pages{pair,    page,       overlay,
-                    picture, words.same, picture.width() / then.width * 72 / 25.4};
+  const Both both{proof.picture.convertToFormat(QImage::Format_RGB888),
+                  reference.picture.convertToFormat(QImage::Format_RGB888), now, then};
+  const QImage& picture = both.reference;
+  const auto [overlay, words, aside, all] = laid(both);
+  const Pages pages{pair, page, overlay, picture, words.same, both.perMillimetre()};
   std::vector<Finding> findings;
-  const double aside = std::hypot(overlay.aside.x(), overlay.aside.y());
-  if (overlay.sized && aside > kLeastAside * pages.perMillimetre) {
-    findings.push_back(liesAside(pages));
-  }
+  if (aside) findings.push_back(liesAside(pages, all));
   QImage ignored = emptyMask(picture.size());
   for (const QRectF& place : words.other) fill(ignored, place, kOverhang);
   leaveBarcodes(ignored, overlay, proof, reference);

@@ -202,10 +202,10 @@ Finding throughout(const Pages& pages, const std::vector<Area>& areas,
   return made;
 }
 
-Finding liesAside(const Pages& pages) {
-  return finding(
-      pages, "picture", "low", "The page lies elsewhere",
-      "All of it is " + asMove(pages, pages.overlay.aside) + " than in " + pages.pair.called + ".");
+Finding liesAside(const Pages& pages, bool all) {
+  return finding(pages, "picture", "low", "The page lies elsewhere",
+                 std::string(all ? "All" : "Most") + " of it is " +
+                     asMove(pages, pages.overlay.aside) + " than in " + pages.pair.called + ".");
 }
 
 }  // namespace vellix::demo

@@ -26,7 +26,7 @@ Finding ofMove(const Pages& pages, const ArtMove& move);
 // One for all of them.
 Finding throughout(const Pages& pages, const std::vector<Area>& areas,
                    const std::vector<ArtMove>& moves);
-// The page as a whole.
-Finding liesAside(const Pages& pages);
+// The page as a whole, or but for some words.
+Finding liesAside(const Pages& pages, bool all);
 
 }  // namespace vellix::demo

@@ -85,6 +85,31 @@ TEST(LookCheck, FindsAChangeAlsoOnAPageThatLiesElsewhere) {
   EXPECT_GT(overlap(*findings.back().ref_box, {300, 900, 60, 40}), 0.8);
 }
 
+// A headline of so many lines, then art and text that lie lower by what a taller line takes.
+PaintedPage belowALine(int headlines, double lower, bool art) {
+  PaintedPage page;
+  for (int i = 0; i < headlines; ++i) {
+    page.line("what stands above it stays", 100, 60 + 20 * i);
+  }
+  if (art) page.photo({100, 180, 240, 120}, 7);
+  page.aside(0, lower);
+  for (int i = 0; i < 15; ++i) {
+    page.line("the north gate was open and nobody came by that evening", 100, 340 + 20 * i);
+  }
+  return page;
+}
+
+TEST(LookCheck, LeavesTextThatLiesLowerBelowATallerLine) {
+  EXPECT_EQ(titlesOf(looked(belowALine(6, 6, true), belowALine(6, 0, true))), Titles{});
+  EXPECT_EQ(titlesOf(looked(belowALine(6, 6, false), belowALine(6, 0, false))), Titles{});
+}
+
+TEST(LookCheck, TellsThatAPageLiesElsewhereThoughSomeWordsOfItDoNot) {
+  const auto findings = looked(belowALine(1, 6, false), belowALine(1, 0, false));
+  ASSERT_EQ(titlesOf(findings), Titles{"The page lies elsewhere"});
+  EXPECT_EQ(findings.front().detail, "Most of it is 1.5 mm lower than in our file.");
+}
+
 struct Drawing {
   const char* how;
   QRectF place;
@@ -194,6 +219,65 @@ TEST(LookCheck, TellsAMoveOfWhatIsFlatAsOne) {
   const auto findings = looked(now, then);
   ASSERT_EQ(titlesOf(findings), Titles{"The art sits elsewhere"});
   EXPECT_GE(overlap(*findings.front().box, {216, 830, 200, 100}), 0.9);
+}
+
+// Six shapes in a frame, on a ground that is a shade darker than paper to the left.
+void plate(PaintedPage& page, QPointF at) {
+  page.rect({at.x(), at.y(), 110, 120}, QColor(224, 232, 242))
+      .rect({at.x(), at.y(), 224, 1}, Qt::darkGray)
+      .rect({at.x(), at.y() + 120, 224, 1}, Qt::darkGray)
+      .rect({at.x(), at.y(), 1, 120}, Qt::darkGray)
+      .rect({at.x() + 224, at.y(), 1, 121}, Qt::darkGray);
+  for (const QPointF cell :
+       {QPointF(17, 7), {91, 7}, {165, 7}, {17, 71.5}, {91, 71.5}, {165, 71.5}}) {
+    page.rect(QRectF(at + cell, QSizeF(42, 42)), Qt::darkBlue);
+  }
+}
+
+TEST(LookCheck, TellsAPictureThatMovedOnceHoweverItsPartsTouch) {
+  const QPointF first(113, 770);
+  const QPointF second(440, 920);
+  for (double part = 0; part < 4; part += 0.7) {
+    const QPointF by(17.3 + part, -9.4 + part);
+    const QPointF other(-19 - part, 5.6);
+    PaintedPage then = laidOut();
+    plate(then, first);
+    plate(then, second);
+    PaintedPage now = laidOut();
+    plate(now, first + by);
+    plate(now, second + other);
+    const auto findings = looked(now, then);
+    ASSERT_EQ(titlesOf(findings), (Titles{"The art sits elsewhere", "The art sits elsewhere"}))
+        << part;
+    for (const Finding& finding : findings) {
+      const bool left = finding.box->front() < 0.4;
+      const QSizeF size(225, 121);
+      EXPECT_GE(
+          overlap(*finding.box, left ? QRectF(first + by, size) : QRectF(second + other, size)),
+          0.9);
+      EXPECT_GE(overlap(*finding.ref_box, QRectF(left ? first : second, size)), 0.9);
+    }
+  }
+}
+
+TEST(LookCheck, LeavesAPartOfAPictureInItThoughItsLikeCameIntoAnother) {
+  const QRectF part(40, 30, 50, 50);
+  const QPointF first(100, 770);
+  const QPointF second(440, 920);
+  const auto framed = [](PaintedPage& page, QPointF at) -> PaintedPage& {
+    for (const QRectF& side :
+         {QRectF(0, 0, 225, 2), {0, 119, 225, 2}, {0, 0, 2, 121}, {223, 0, 2, 121}}) {
+      page.rect(side.translated(at), Qt::darkGray);
+    }
+    return page;
+  };
+  PaintedPage then = laidOut();
+  framed(then, first).rect(part.translated(first), Qt::darkRed);
+  framed(then, second).rect({second.x() + 40, second.y() + 30, 50, 20}, Qt::darkGreen);
+  PaintedPage now = laidOut();
+  framed(now, first);
+  framed(now, second).rect(part.translated(second), Qt::darkRed);
+  EXPECT_EQ(titlesOf(looked(now, then)), (Titles{"Art is missing", "The art differs"}));
 }
 
 TEST(LookCheck, FindsWhatElseChangedBesideAMove) {
