@@ -15,7 +15,7 @@ from planting import art_planted, truths_of, words_planted
 from truths import Truth
 from typesetters import Workshop
 
-ROUNDS = 3
+ROUNDS = 4
 SHEETS = (["text", "pictures", "list", "plain", "text", "plain", "table", "pictures", "plain"] * 5
           + ["codes", "text", "codes", "pictures", "codes", "list", "pictures"])
 

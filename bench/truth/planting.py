@@ -140,7 +140,8 @@ def truth_of_words(spot: Spot, book: Book, changed: Book, before: Reading,
     if spot.kind == "line break moved":
         carried = carried_over(before, after, old, words)
         truth.boxes = [boxes_by_line(carried, truth.page), *truth.boxes,
-                       *break_boxes(after, words, spot.at, truth.page)]
+                       *break_boxes(after, words, spot.at, truth.page),
+                       [word.box for word in beside_new_breaks(before, after, old, words)]]
     truth.told = [(word.page, word.box) for at in range(len(words))
                   for word in located(after, words, at, 1) or []]
     if book.sheets[spot.sheet].kind == "table":
@@ -177,6 +178,23 @@ def carried_over(before: Reading, after: Reading, old: list[Word],
         if len(lines) != len(old_lines):
             carried += now
     return carried
+
+
+def beside_new_breaks(before: Reading, after: Reading, old: list[Word],
+                      words: list[Word]) -> list[Stood]:
+    """The words on both sides of every line's end of the paragraph that was none before."""
+    beside = []
+    was_before, now_before = [], []
+    for i in range(len(words)):
+        was, now = located(before, old, i, 1) or [], located(after, words, i, 1) or []
+        if was and now and was_before and now_before:
+            broke = was_before[-1].line != was[0].line
+            if now_before[-1].line != now[0].line and not broke:
+                beside += now_before + now
+        if len(now) > 1 and [one.text for one in was] != [one.text for one in now]:
+            beside += now
+        was_before, now_before = was, now
+    return list(dict.fromkeys(beside))
 
 
 def art_planted(book: Book, rng: random.Random) -> list[tuple[int, int, Art]]:

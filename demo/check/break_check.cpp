@@ -80,6 +80,22 @@ class Breaks {
     return at != changes_.end() && *at <= moved.back().word + kWordsOfALine;
   }
 
+  // What stands on both sides of the first, and of each where a line of the proof ends.
+  static std::vector<std::size_t> wordsAround(const MovedBreak& first,
+                                              std::span<const MovedBreak> moved) {
+    std::vector<std::size_t> words;
+    const auto put = [&](const MovedBreak& one) {
+      for (std::size_t i = one.within ? one.word : one.word - 1; i <= one.word; ++i) {
+        if (std::ranges::find(words, i) == words.end()) words.push_back(i);
+      }
+    };
+    put(first);
+    for (const MovedBreak& one : moved) {
+      if (one.inProof) put(one);
+    }
+    return words;
+  }
+
   void tell(std::span<const MovedBreak> moved) {
     // Where a line of the proof ends there is more to see than where one no longer does.
     const auto ends = std::ranges::find(moved, true, &MovedBreak::inProof);
@@ -96,8 +112,7 @@ class Breaks {
     const auto old = around(other, other + 1, 0, flows_.reference.size());
     finding.before = brokenPhraseOf(flows_.reference, old.from, old.to);
     finding.after = brokenPhraseOf(flows_.proof, now.from, now.to);
-    const std::size_t from = first.within ? first.word : first.word - 1;
-    mark(finding, pair_, flows_, wordsFrom(from, first.word + 1), {other});
+    mark(finding, pair_, flows_, wordsAround(first, moved), {other});
     findings_.push_back(std::move(finding));
   }
 
