@@ -176,6 +176,24 @@ RunningHeads runningHeadsOf(const std::vector<PdfPage>& pages) {
   return found;
 }
 
+void keepShared(std::vector<std::uint32_t>& heads, const PdfPage& page,
+                std::vector<std::uint32_t>& others, const PdfPage& partner) {
+  const auto middle = [](const PdfPage& of, std::uint32_t word) {
+    return of.words[word].box.center().y() * of.height;
+  };
+  const auto alone = [&](const PdfPage& here, const PdfPage& there,
+                         const std::vector<std::uint32_t>& theirs) {
+    return [&, middle](std::uint32_t word) {
+      return std::ranges::none_of(theirs, [&](std::uint32_t other) {
+        return std::abs(middle(here, word) - middle(there, other)) <= 2 * kPointsAside;
+      });
+    };
+  };
+  const auto all = heads;
+  std::erase_if(heads, alone(page, partner, others));
+  std::erase_if(others, alone(partner, page, all));
+}
+
 bool countsOn(const QString& before, const QString& now, long shift, long more) {
   if (before == now) return true;
   const Split old = splitAtNumbers(before);

@@ -142,6 +142,11 @@ class FlowsMaker {
         referenceHeads_(runningHeadsOf(pair.reference)) {
     flows_.proof.reserve(wordsIn(pair.proof));
     flows_.reference.reserve(wordsIn(pair.reference));
+    for (std::size_t i = 0; i < pair.partners.size(); ++i) {
+      if (!pair.partners[i]) continue;
+      const std::size_t other = pair.partners[i]->page;
+      keepShared(proofHeads_[i], pair.proof[i], referenceHeads_[other], pair.reference[other]);
+    }
     for (std::size_t i = 0; i < byColumns.size(); ++i) {
       if (byColumns[i] && pair.partners[i]) referenceByColumns_[pair.partners[i]->page] = true;
     }

@@ -27,6 +27,50 @@ bool reallySame(const FlowWord& one, const FlowWord& other) {
   return one.rest || other.rest || one.text == other.text;
 }
 
+// The words of one side that have no other, in rows.
+class Slide {
+ public:
+  Slide(const Flow& flow, const std::vector<std::uint32_t>& others, std::size_t from,
+        std::size_t to)
+      : flow_(flow), others_(others), from_(from), to_(to) {}
+
+  // Has each row begin where a page does, if it can; `give` takes the other of the one word and
+  // gives it to the other word.
+  template <class Give>
+  void toPages(Give give) const {
+    for (std::size_t i = from_; i < to_; ++i) {
+      if (known(i)) continue;
+      std::size_t end = i;
+      while (end < to_ && !known(end)) ++end;
+      std::size_t back = 0;
+      while (!begins(i - back) && known(i - back - 1) && alike(i - back - 1, end - back - 1)) {
+        ++back;
+      }
+      std::size_t on = 0;
+      while (!begins(i + on) && end + on < to_ && known(end + on) && alike(i + on, end + on)) ++on;
+      if (begins(i - back)) {
+        for (; back > 0; --back) give(--i, --end);
+      } else if (begins(i + on)) {
+        for (; on > 0; --on) give(end++, i++);
+      }
+      i = std::max(i, end - 1);
+    }
+  }
+
+ private:
+  bool known(std::size_t word) const { return others_[word] != kNoWord; }
+  bool alike(std::size_t word, std::size_t other) const {
+    return flow_[word].key == flow_[other].key;
+  }
+  bool begins(std::size_t word) const {
+    return word == from_ || flow_[word].first.page != flow_[word - 1].first.page;
+  }
+
+  const Flow& flow_;
+  const std::vector<std::uint32_t>& others_;
+  std::size_t from_, to_;
+};
+
 class Matching {
  public:
   Matching(const Pair& pair, const Flows& flows) : pair_(pair), flows_(flows) {}
@@ -57,30 +101,20 @@ class Matching {
   }
 
  private:
-  // What came in may have begun some words sooner or later just as well: it came in as a page.
+  // What came in, or is gone, may have begun some words sooner or later just as well: it did as a
+  // page.
   void slideToPages(const Stretch& from, const Stretch& to) {
-    for (std::size_t i = from.proof; i < to.proof; ++i) {
-      if (match_.ofProof[i] != kNoWord) continue;
-      std::size_t end = i;
-      while (end < to.proof && match_.ofProof[end] == kNoWord) ++end;
-      const auto begins = [&](std::size_t word) {
-        return word == from.proof ||
-               flows_.proof[word].first.page != flows_.proof[word - 1].first.page;
-      };
-      std::size_t back = 0;
-      while (!begins(i - back) && match_.ofProof[i - back - 1] != kNoWord &&
-             flows_.proof[i - back - 1].key == flows_.proof[end - back - 1].key) {
-        ++back;
-      }
-      if (begins(i - back)) {
-        for (; back > 0; --back, --i, --end) {
-          const std::uint32_t word = match_.ofProof[i - 1];
-          match_.unmatch(i - 1);
-          match_.match(end - 1, word);
-        }
-      }
-      i = std::max(i, end - 1);
-    }
+    Slide(flows_.proof, match_.ofProof, from.proof, to.proof).toPages([&](auto old, auto now) {
+      const std::uint32_t other = match_.ofProof[old];
+      match_.unmatch(old);
+      match_.match(now, other);
+    });
+    Slide(flows_.reference, match_.ofReference, from.reference, to.reference)
+        .toPages([&](auto old, auto now) {
+          const std::uint32_t other = match_.ofReference[old];
+          match_.unmatch(other);
+          match_.match(other, now);
+        });
   }
 
   void takeBackUnlike(const Stretch& from, const Stretch& to) {

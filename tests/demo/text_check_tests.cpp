@@ -78,6 +78,24 @@ TEST(TextCheck, TellsWordsThatCameInAndWent) {
   EXPECT_EQ(findings[0].ref_box->front(), more[0].words[2].box.left());
 }
 
+TEST(TextCheck, LeavesOutAPageThatEndsAsTheOneBeforeItOrBeginsAsTheOneBehind) {
+  const PdfPage first = setPage({ownWords(40), u"at the very end"_s});
+  const PdfPage last = setPage({u"and so on"_s, ownWords(40, 500)});
+  const Pages ours{first, last};
+  const Partners around{Partner{0, 1}, std::nullopt, Partner{1, 1}};
+  const Partners across{Partner{0, 1}, Partner{2, 1}};
+  for (const QStringList& lines : {QStringList{ownWords(40, 900), u"to the very end"_s},
+                                   {u"and so it"_s, ownWords(40, 900)}}) {
+    const PdfPage between = setPage(lines);
+    // What is before and behind differs as well, so that neither can be taken as it comes.
+    for (const auto& [page, word] : {std::pair(0U, 20U), {1U, 20U}}) {
+      const Pages other = replaced(ours, page, word, u"salt"_s);
+      EXPECT_EQ(found({other[0], between, other[1]}, ours, around).size(), 1U) << page;
+      EXPECT_EQ(found(other, {first, between, last}, across).size(), 1U) << page;
+    }
+  }
+}
+
 TEST(TextCheck, MarksTheLastWordOfALineWhereTheNextIsGone) {
   const Pages ours{setPage({u"one two three four"_s, u"five six seven eight"_s})};
   const Pages less{setPage({u"one two three"_s, u"five six seven eight"_s})};

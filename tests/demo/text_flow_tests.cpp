@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "check/text_check.hpp"
 #include "set_pages.hpp"
 
@@ -44,6 +46,25 @@ TEST(TextFlow, PutsBrokenWordsTogether) {
       sameWords({setPage({u"this is an exam-"_s}), setPage({u"ple of a well-known thing"_s})},
                 {whole[0], setPage({})}) == false)
       << "a page that says nothing";
+}
+
+TEST(TextFlow, LeavesATitleInTheTextThatIsLikeItsNeighbourOnOneSideAlone) {
+  const auto page = [](const QString& title, int words) {
+    return setPage({title, ownWords(words / 100, words), ownWords(9, words + 9)}, 60);
+  };
+  const PdfPage one = page(u"1. Besides"_s, 100);
+  const PdfPage two = page(u"2. However"_s, 200);
+  const PdfPage stranger = page(u"9. However"_s, 900);
+  const Pages proof{one, stranger, two};
+  const Pages ours{one, two};
+  const Partners partners{Partner{0, 1}, std::nullopt, Partner{1, 1}};
+  const Flows flows = flowsOf({proof, ours, partners, "submitted", "our file"},
+                              std::vector<bool>(proof.size(), false));
+  EXPECT_EQ(flows.reference[12].text, u"2."_s);
+  const auto number = std::ranges::find(flows.proof, u"2."_s, &FlowWord::text);
+  ASSERT_NE(number, flows.proof.end());
+  ASSERT_NE(number + 2, flows.proof.end()) << "at the head";
+  EXPECT_EQ((number + 2)->text, u"w200"_s);
 }
 
 TEST(TextFlow, CallsABreakWithinAWordABreak) {
