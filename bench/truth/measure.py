@@ -20,6 +20,7 @@ sys.path.insert(0, str(HERE))
 from checking import Trouble, checked  # noqa: E402
 from counting import Score, share_good  # noqa: E402
 from documents import DOCUMENTS, ROUNDS, Documents, Pair  # noqa: E402
+from first_page import first_page  # noqa: E402
 from packages import RIVALS, TOOLS, Packages, how_to_install, missing  # noqa: E402
 from rivals import side_by_side  # noqa: E402
 
@@ -27,6 +28,7 @@ LEAST_RECALL = 0.98
 MOST_FALSE = 1.0  # in 50 pages
 LEAST_OVERLAP = 0.7
 MOST_SECONDS = 60
+MOST_TO_FIRST_PAGE = 3  # seconds
 
 
 class Bench:
@@ -112,6 +114,10 @@ class Bench:
         print(f"\n{pair.name}, two releases: {took:.1f} s, {open_ones} findings, "
               f"{len({one['page'] for one in told['findings'] if one['state'] == 'open'})} pages")
         self.hold(took <= MOST_SECONDS, f"the manual: {took:.1f} s, and {MOST_SECONDS} at most")
+        first = first_page(self.service, pair.proof, pair.sent)
+        print(f"Its first page was there {first:.2f} s after the demo service was started")
+        self.hold(first <= MOST_TO_FIRST_PAGE,
+                  f"the manual's first page: {first:.2f} s, and {MOST_TO_FIRST_PAGE} at most")
 
     def hold(self, good: bool, otherwise: str) -> None:
         if not good:
