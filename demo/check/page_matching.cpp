@@ -13,6 +13,9 @@ namespace {
 constexpr float kLeast = 0.12F;
 // A page that left its place among the others must be more like its partner than one that kept it.
 constexpr float kLeastMoved = 0.5F;
+// Two that are only a little alike part where one of them has a page elsewhere that is so much more
+// like it.
+constexpr float kMuchMore = 0.5F;
 // Pages stay with the neighbours that they had.
 constexpr float kNeighbours = 0.08F;
 constexpr double kSizesFit = 0.05;
@@ -80,6 +83,22 @@ class InOrder {
   std::size_t columns_;
   std::vector<float> best_;  // of what is left from a place on; by whether a pair went in front
 };
+
+void partUnlike(Partners& partners, const LikenessTable& table, std::size_t columns) {
+  const auto left = withoutPartner(partners, columns);
+  const Partners before = partners;
+  for (std::size_t row = 0; row < partners.size(); ++row) {
+    if (!before[row] || before[row]->likeness >= kLeastMoved) continue;
+    const std::size_t column = before[row]->page;
+    const float least = static_cast<float>(before[row]->likeness) + kMuchMore;
+    bool better = std::ranges::any_of(
+        left, [&](std::size_t other) { return table.at(row, other).value >= least; });
+    for (std::size_t other = 0; other < before.size() && !better; ++other) {
+      better = !before[other] && table.at(other, column).value >= least;
+    }
+    if (better) partners[row].reset();
+  }
+}
 
 void pairMoved(Partners& partners, const LikenessTable& table, std::size_t columns,
                const auto& tellsApart) {
@@ -151,6 +170,7 @@ Partners partnersOf(const Pages& proof, const Pages& reference,
     }
     return partners;
   }
+  partUnlike(partners, table, reference.size());
   pairMoved(partners, table, reference.size(), [&](std::size_t row) {
     return proof[row].words.size() >= kFewWords ||
            (seen(proofSketches, row) && !showsNothing(proofSketches[row]));

@@ -85,6 +85,16 @@ TEST(PageMatching, TellsPagesThatMovedFromThoseThatKeptTheirPlace) {
   EXPECT_EQ(told(partnersOf(book({4, 5, 6, 1, 2}), ours)), "3 4 5 0m 1m");
 }
 
+TEST(PageMatching, SeesAPageThatMovedToWhereOneOnlyALittleLikeItIsMissing) {
+  auto ours = book({1, 2, 3, 4, 5, 6});
+  // A third of the fifth page is as on the second.
+  std::copy_n(ours[1].words.begin(), 40, ours[4].words.begin());
+  const std::vector<PdfPage> proof{ours[0], ours[2], ours[3], ours[1], ours[5]};
+  EXPECT_EQ(told(partnersOf(proof, ours)), "0 2 3 1m 5");
+  const std::vector<PdfPage> back{ours[0], ours[4], ours[2], ours[3], ours[5]};
+  EXPECT_EQ(told(partnersOf(back, ours)), "0 4m 2 3 5");
+}
+
 TEST(PageMatching, GivesAPageOfTheReferenceToOneOnly) {
   const Partners doubled = partnersOf(book({1, 2, 2, 3}), book({1, 2, 3}));
   EXPECT_EQ(told(doubled), "0 1 - 2");
