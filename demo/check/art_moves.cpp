@@ -99,19 +99,18 @@ class Moves {
     std::ranges::sort(now_, {}, [&](const ArtPiece& other) {
       return (other.place.center() - old.place.center()).manhattanLength();
     });
+    // A part of a picture does not move out of it alone: its like stands in another picture.
+    std::vector<QRect> around;
+    for (const ArtPiece& piece : all_) {
+      if (piece.place != old.place && piece.place.contains(old.place))
+        around.push_back(piece.place);
+    }
     for (const ArtPiece& other : now_) {
-      if (!mayBecome(old, other)) continue;
+      const auto holds = [&](const QRect& place) { return place.contains(other.place); };
+      if (!std::ranges::all_of(around, holds)) continue;
       if (const auto shift = shiftBetween(old, other)) return shift;
     }
     return std::nullopt;
-  }
-
-  // A part of a picture does not move out of it alone: its like stands in another picture.
-  bool mayBecome(const ArtPiece& old, const ArtPiece& other) const {
-    return std::ranges::all_of(all_, [&](const ArtPiece& around) {
-      return around.place == old.place || !around.place.contains(old.place) ||
-             around.place.contains(other.place);
-    });
   }
 
   // All of these places that looks as if it had moved so far.
