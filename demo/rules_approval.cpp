@@ -94,6 +94,7 @@ Outcome<ShareAnswer> State::approval(const std::string& id, const Json& body,
   ShareInfo& link = shareOf(*ticket, by);
   link.enabled = true;
   std::vector<std::string> names;
+  names.reserve(asked.size());
   for (const std::string& email : asked) names.push_back(nameOf(email));
   record(ticket, "approval", by,
          "Sent v" + std::to_string(version) + " to " + joined(names) + " for approval");

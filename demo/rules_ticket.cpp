@@ -175,7 +175,7 @@ Done State::setDue(const std::string& id, const Json& body, const std::string& b
     item.due = dueOf(item);
     record(ticket, "due", by, "Put it back to 48 hours");
   } else if (const auto urgent = flagAt(body, "urgent")) {
-    item.urgent = *urgent;
+    item.urgent = urgent;
     item.due_by = by;
     item.due = dueOf(item);
     record(ticket, "due", by, *urgent ? "Marked it urgent" : "Took the urgent mark off");

@@ -94,7 +94,7 @@ void State::compareBeside(Ticket& ticket, TicketVersion& version) {
     makeReadable(*old);
     earlier.push_back({old->record.n, old->printed, old->reading});
   }
-  const auto pdf = version.pdf;
+  auto pdf = version.pdf;
   version.printed = std::async(std::launch::deferred, [pdf] { return pdf; }).share();
   version.reading =
       std::async(std::launch::async, [pdf] { return pdf ? pdf->read() : PdfReading{}; }).share();

@@ -141,6 +141,7 @@ std::vector<VersionCheck::Side> VersionCheck::sidesOf(const std::stop_token& sto
     return none;
   });
   std::vector<Side> sides;
+  sides.reserve(all.size());
   for (std::size_t i = 0; i < all.size(); ++i) sides.push_back({references_[i], std::move(all[i])});
   return sides;
 }

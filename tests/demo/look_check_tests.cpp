@@ -16,6 +16,7 @@ std::vector<Finding> looked(const PaintedPage& now, const PaintedPage& then) {
 
 std::vector<std::string> titlesOf(const std::vector<Finding>& findings) {
   std::vector<std::string> titles;
+  titles.reserve(findings.size());
   for (const Finding& finding : findings) titles.push_back(finding.title);
   return titles;
 }

@@ -225,6 +225,7 @@ TEST(PdfReader, ReadsWhatCanBeMended) {
 
 TEST(PdfReader, TellsAnyRangeOfPages) {
   std::vector<demo_tests::WrittenPage> written;
+  written.reserve(60);
   for (int i = 0; i < 60; ++i) written.push_back(pageSaying("page" + std::to_string(i)));
   const auto pdf = PdfFile::of(writtenPdf(written));
   const auto first = [](const std::vector<PdfPage>& pages) {

@@ -274,7 +274,8 @@ TEST(TextCheck, ReadsLinesThatRunLeftwards) {
   PdfPage page{kPageWidth, kPageHeight, {}};
   const QStringList words{u"שלום"_s, u"עולם"_s, u"טוב"_s, u"מאוד"_s};
   for (int i = 0; i < 4; ++i) {
-    page.words.push_back({words[i], {0.8 - 0.15 * (i % 2), 0.2 + 0.03 * (i / 2), 0.1, 0.015}});
+    const int line = i / 2;
+    page.words.push_back({words[i], {0.8 - 0.15 * (i % 2), 0.2 + 0.03 * line, 0.1, 0.015}});
   }
   EXPECT_EQ(told(found({page}, {page})), "");
   EXPECT_EQ(told(found(replaced({page}, 0, 2, u"רע"_s), {page})), "words p1 One word changed\n");
