@@ -28,6 +28,9 @@ std::expected<Lying, std::string> opened(const std::string& path, const std::str
     return std::unexpected(asText(path) +
                            " is locked with a password. Save a copy that opens without.");
   }
+  if (file.facts.trouble == PdfTrouble::unread) {
+    return std::unexpected(asText(path) + " could not be read just now. Try again.");
+  }
   return file;
 }
 
@@ -246,9 +249,12 @@ bool showFacts(TicketVersion& version, const std::string& role, const PdfReading
     ref.page_count = static_cast<Int>(facts.pages.size());
     return true;
   }
+  // Once more with the next sync.
+  if (facts.trouble == PdfTrouble::unread) version.against.clear();
   leaveOut(ref,
            facts.trouble == PdfTrouble::tooLong  ? "has too many pages."
            : facts.trouble == PdfTrouble::locked ? "is locked with a password."
+           : facts.trouble == PdfTrouble::unread ? "could not be read just now."
                                                  : "did not open.",
            troubles);
   return false;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <functional>
 
 #include "digest.hpp"
 #include "pdf_process.hpp"
@@ -43,13 +44,28 @@ std::string excuse(QSize pixels) {
   return bytes.toStdString();
 }
 
+// Asks once more where the reader was ended from without.
+ReaderEnd ask(int file, const std::vector<std::string>& question, const Demand& demand,
+              const std::function<void(QIODevice&)>& take) {
+  const ReaderEnd end = askReader(file, question, demand, take);
+  if (end != ReaderEnd::cut || demand.stop.stop_requested()) return end;
+  return askReader(file, question, demand, take);
+}
+
+template <class Entry>
+struct Range {
+  std::vector<Entry> entries;
+  ReaderEnd end = ReaderEnd::well;
+};
+
 // Asks for that range, and again for the rest where the reader's time ran out on the way.
 template <class Entry>
-std::vector<Entry> range(int file, const char* what, int from, int to, const Demand& demand) {
+Range<Entry> range(int file, const char* what, int from, int to, const Demand& demand) {
   std::vector<Entry> all;
   from = std::max(from, 0);
   const int begin = from;
-  while (from < to) {
+  ReaderEnd end = ReaderEnd::well;
+  for (bool again = false; from < to;) {
     const auto take = [&](QIODevice& answer) {
       QDataStream stream(&answer);
       for (Entry entry; from < to; ++from) {
@@ -59,11 +75,14 @@ std::vector<Entry> range(int file, const char* what, int from, int to, const Dem
       }
     };
     const int before = from;
-    if (askReader(file, {what, std::to_string(from), std::to_string(to)}, demand, take)) break;
-    if (from == before) break;
+    end = askReader(file, {what, std::to_string(from), std::to_string(to)}, demand, take);
+    if (end == ReaderEnd::well) break;
+    if (from > before) continue;
+    if (end == ReaderEnd::failed || again || demand.stop.stop_requested()) break;
+    again = true;
   }
   all.resize(static_cast<std::size_t>(from - begin));
-  return all;
+  return {std::move(all), end};
 }
 
 }  // namespace
@@ -102,23 +121,24 @@ PdfFile::~PdfFile() { close(file_); }
 
 PdfReading PdfFile::facts(const Demand& demand) const {
   PdfReading reading;
-  const bool well = askReader(file_, {"facts"}, demand, [&](QIODevice& answer) {
+  const ReaderEnd end = ask(file_, {"facts"}, demand, [&](QIODevice& answer) {
     QDataStream stream(&answer);
     stream >> reading;
   });
-  return well ? reading : PdfReading{};
+  if (end == ReaderEnd::well) return reading;
+  return {end == ReaderEnd::cut ? PdfTrouble::unread : PdfTrouble::damaged, 0, {}};
 }
 
 std::vector<PdfPage> PdfFile::pages(int from, int to, const Demand& demand) const {
-  return range<PdfPage>(file_, "pages", from, to, demand);
+  return range<PdfPage>(file_, "pages", from, to, demand).entries;
 }
 
 std::vector<PdfSight> PdfFile::sights(int from, int to, const Demand& demand) const {
-  return range<PdfSight>(file_, "sights", from, to, demand);
+  return range<PdfSight>(file_, "sights", from, to, demand).entries;
 }
 
 std::vector<QImage> PdfFile::sketches(int from, int to, const Demand& demand) const {
-  return range<QImage>(file_, "sketches", from, to, demand);
+  return range<QImage>(file_, "sketches", from, to, demand).entries;
 }
 
 PdfReading PdfFile::read(const Demand& demand) const {
@@ -128,13 +148,14 @@ PdfReading PdfFile::read(const Demand& demand) const {
   std::size_t words = 0;
   for (int from = 0; from < reading.count; from += kPagesAtOnce) {
     const int to = std::min(reading.count, from + kPagesAtOnce);
-    for (PdfPage& page : pages(from, to, demand)) {
+    auto [read, end] = range<PdfPage>(file_, "pages", from, to, demand);
+    for (PdfPage& page : read) {
       words += page.words.size();
       if (words > kMostWords) forgetWords(page);
       all.push_back(std::move(page));
     }
     if (std::ssize(all) < to) {
-      reading.trouble = PdfTrouble::damaged;
+      reading.trouble = end == ReaderEnd::cut ? PdfTrouble::unread : PdfTrouble::damaged;
       break;
     }
   }
@@ -144,15 +165,15 @@ PdfReading PdfFile::read(const Demand& demand) const {
 
 PdfPicture PdfFile::drawn(int page, QSize pixels, const Demand& demand) const {
   PdfPicture picture;
-  picture.drawn = askReader(file_,
+  const ReaderEnd end = ask(file_,
                             {"picture", std::to_string(page), std::to_string(pixels.width()),
                              std::to_string(pixels.height())},
                             demand, [&](QIODevice& answer) {
                               picture.jpeg = answer.read(kMostOfAPicture).toStdString();
                             });
-  picture.drawn = picture.drawn && !picture.jpeg.empty();
+  picture.drawn = end == ReaderEnd::well && !picture.jpeg.empty();
   if (picture.drawn) return picture;
-  return {demand.stop.stop_requested() ? std::string() : excuse(pixels), false};
+  return {end == ReaderEnd::cut ? std::string() : excuse(pixels), false};
 }
 
 std::size_t PdfFile::size() const {

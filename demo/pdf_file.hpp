@@ -15,7 +15,7 @@
 namespace vellix::demo {
 
 // A page's picture as JPEG bytes; where the page cannot be drawn, one that says so, and none at all
-// when it is no longer wanted.
+// when it is no longer wanted or could not be drawn just now.
 struct PdfPicture {
   std::string jpeg;
   bool drawn = false;

@@ -70,6 +70,8 @@ std::string excuseFor(const PdfReading& reading) {
     case PdfTrouble::tooLong:
       return "The PDF has " + std::to_string(reading.count) + " pages. Up to " +
              std::to_string(kMostPdfPages) + " can be checked.";
+    case PdfTrouble::unread:
+      return "The PDF could not be read just now. Upload it again.";
     case PdfTrouble::damaged:
       break;
   }

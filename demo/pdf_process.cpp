@@ -54,15 +54,23 @@ pid_t started(int file, std::vector<std::string> question, int answer) {
   return failed == 0 ? child : 0;
 }
 
-bool answered(int file, std::vector<std::string> question, const Demand& demand,
-              const std::function<void(QIODevice&)>& take) {
+// What it does itself beyond its bounds of time and memory is its own doing.
+ReaderEnd endOf(int status) {
+  if (WIFEXITED(status)) return WEXITSTATUS(status) == 0 ? ReaderEnd::well : ReaderEnd::failed;
+  const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : SIGKILL;
+  const bool cut = signal == SIGKILL || signal == SIGALRM || signal == SIGTERM || signal == SIGINT;
+  return cut ? ReaderEnd::cut : ReaderEnd::failed;
+}
+
+ReaderEnd answered(int file, std::vector<std::string> question, const Demand& demand,
+                   const std::function<void(QIODevice&)>& take) {
   std::array<int, 2> pipe{};
-  if (pipe2(pipe.data(), O_CLOEXEC) != 0) return false;
+  if (pipe2(pipe.data(), O_CLOEXEC) != 0) return ReaderEnd::cut;
   const pid_t child = started(file, std::move(question), pipe[1]);
   close(pipe[1]);
   if (child == 0) {
     close(pipe[0]);
-    return false;
+    return ReaderEnd::cut;
   }
   setpriority(PRIO_PROCESS, static_cast<id_t>(child), niceOf(demand.urgency));
   {
@@ -73,17 +81,17 @@ bool answered(int file, std::vector<std::string> question, const Demand& demand,
   int status = -1;
   while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return endOf(status);
 }
 
 }  // namespace
 
-bool askReader(int file, std::vector<std::string> question, const Demand& demand,
-               const std::function<void(QIODevice&)>& take) {
-  if (!turns().take(demand)) return false;
-  const bool well = answered(file, std::move(question), demand, take);
+ReaderEnd askReader(int file, std::vector<std::string> question, const Demand& demand,
+                    const std::function<void(QIODevice&)>& take) {
+  if (!turns().take(demand)) return ReaderEnd::cut;
+  const ReaderEnd end = answered(file, std::move(question), demand, take);
   turns().give();
-  return well;
+  return end;
 }
 
 }  // namespace vellix::demo

@@ -10,10 +10,14 @@
 
 namespace vellix::demo {
 
+// Well; it could not do it, and will not the next time; or it was ended from without, or had no
+// turn, which says nothing of the file.
+enum class ReaderEnd { well, failed, cut };
+
 // Asks the reader about the open file; `take` reads its answer while that comes, and what it leaves
-// is dropped. False when there was no turn to be had, or the reader failed: what it said until then
-// was taken all the same. Waits for its turn and for the reader. Any thread.
-bool askReader(int file, std::vector<std::string> question, const Demand& demand,
-               const std::function<void(QIODevice&)>& take);
+// is dropped. What it said until it failed was taken all the same. Waits for its turn and for the
+// reader. Any thread.
+ReaderEnd askReader(int file, std::vector<std::string> question, const Demand& demand,
+                    const std::function<void(QIODevice&)>& take);
 
 }  // namespace vellix::demo

@@ -30,16 +30,17 @@ constexpr rlim_t kMostMemory = rlim_t{1} << 30;
 // Of the processor's time; on a busy machine it may last longer by the clock.
 constexpr unsigned kMostSeconds = 20;
 constexpr unsigned kMostSecondsForAPicture = 8;
-constexpr unsigned kMostWaiting = 3;
+constexpr unsigned kMostWaiting = 10;
 
 void limitItself(unsigned seconds) {
-  const auto limit = [](int what, rlim_t most) {
-    const rlimit both{most, most};
+  const auto limit = [](int what, rlim_t most, rlim_t more) {
+    const rlimit both{most, most + more};
     setrlimit(what, &both);
   };
-  limit(RLIMIT_AS, kMostMemory);
-  limit(RLIMIT_CPU, seconds);
-  limit(RLIMIT_CORE, 0);
+  limit(RLIMIT_AS, kMostMemory, 0);
+  // The end at the first limit tells that it was the reader's own time; at the last it would not.
+  limit(RLIMIT_CPU, seconds, 2);
+  limit(RLIMIT_CORE, 0, 0);
   alarm(seconds * kMostWaiting);
 }
 

@@ -48,7 +48,8 @@ inline constexpr int kMostSightPixels = 3'000'000;
 // Pixels of the shorter side of a page's sketch: enough to tell one page from another.
 inline constexpr int kSketchSide = 128;
 
-enum class PdfTrouble { none, damaged, locked, empty, tooLong };
+// Unread: its reader was ended from without, which says nothing of the PDF. No reader tells that.
+enum class PdfTrouble { none, damaged, locked, empty, tooLong, unread };
 
 // More than this is not read.
 inline constexpr int kMostPdfPages = 600;

@@ -21,6 +21,8 @@ constexpr const char* kEnding = ".picture";
 constexpr const char* kUnfinished = ".part";
 constexpr std::size_t kDigest = 32;
 constexpr std::size_t kNameLength = 2 * kDigest;
+constexpr std::size_t kPartBetween =
+    8;  // of what it may hold, from one look through it to the next
 constexpr std::size_t kMostAtOnce = std::size_t{64} << 20;
 
 // Nothing but what was written here is ever removed.
@@ -73,7 +75,7 @@ std::shared_ptr<const PictureFolder> PictureFolder::at(const std::string& folder
   fs::create_directories(folder, failed);
   if (!fs::is_directory(folder, failed) || access(folder.c_str(), W_OK) != 0) return nullptr;
   tidy(folder, most);
-  return std::shared_ptr<const PictureFolder>(new PictureFolder(folder));
+  return std::shared_ptr<const PictureFolder>(new PictureFolder(folder, most));
 }
 
 std::string PictureFolder::pathOf(const std::string& name) const {
@@ -114,6 +116,11 @@ bool PictureFolder::keep(const std::string& name, const std::string& bytes) cons
   if (file) fs::rename(unfinished, path, failed);
   const bool kept = file.good() && !failed;
   if (!kept) fs::remove(unfinished, failed);
+  const std::size_t size = kDigest + bytes.size();
+  if (kept && (added_ += size) > most_ / kPartBetween) {
+    added_ = 0;
+    tidy(folder_, most_);
+  }
   return kept;
 }
 

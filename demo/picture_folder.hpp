@@ -1,13 +1,15 @@
 // Pictures on the disk, each under a name of any kind. Any thread, and any number of processes.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace vellix::demo {
 
-// In bytes; what was not looked at for longest goes when the folder is opened.
+// In bytes; what was not looked at for longest goes when the folder is opened, and from time to
+// time while pictures come in, so that it may have an eighth more.
 inline constexpr std::size_t kMostKept = std::size_t{4} << 30;
 
 class PictureFolder {
@@ -23,10 +25,12 @@ class PictureFolder {
   bool keep(const std::string& name, const std::string& bytes) const;
 
  private:
-  explicit PictureFolder(std::string folder) : folder_(std::move(folder)) {}
+  PictureFolder(std::string folder, std::size_t most) : folder_(std::move(folder)), most_(most) {}
   std::string pathOf(const std::string& name) const;
 
   std::string folder_;
+  std::size_t most_;
+  mutable std::atomic<std::size_t> added_ = 0;  // in bytes, since it was looked through
 };
 
 }  // namespace vellix::demo

@@ -46,17 +46,25 @@ std::optional<std::string> Pictures::find(const std::string& key) {
   entry->painting = true;
   const auto folder = entry->name.empty() ? nullptr : folder_;
   lock.unlock();
+  // Whatever becomes of it, who waits for it does not wait for ever.
+  const auto end = [&](Entry* painted) {
+    const std::lock_guard again(mutex_);
+    painted->painting = false;
+    painted_.notify_all();
+  };
+  const std::unique_ptr<Entry, decltype(end)> painting(entry.get(), end);
   std::optional<std::string> kept = folder ? folder->find(entry->name) : std::nullopt;
   PdfPicture painted{kept ? std::move(*kept) : std::string(), true};
   if (!kept) {
     painted = entry->paint({});
     if (folder && painted.drawn) folder->keep(entry->name, painted.jpeg);
   }
-  lock.lock();
-  if (!folder || !painted.drawn) entry->bytes = painted.jpeg;
-  entry->painting = false;
-  painted_.notify_all();
-  return painted.jpeg;
+  if (!folder || !painted.drawn) {
+    lock.lock();
+    entry->bytes = painted.jpeg;
+    lock.unlock();
+  }
+  return std::move(painted.jpeg);
 }
 
 std::vector<std::string> Pictures::keys() const {

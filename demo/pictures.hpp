@@ -38,7 +38,8 @@ class Pictures {
            QSize pixels);
   void put(const std::string& key, std::string bytes);
 
-  // JPEG bytes; none for an unknown key. Two callers of one key paint it once.
+  // JPEG bytes, without any where it could not be painted just now; none for an unknown key. Two
+  // callers of one key paint it once.
   std::optional<std::string> find(const std::string& key);
   std::vector<std::string> keys() const;
 

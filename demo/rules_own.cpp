@@ -129,7 +129,7 @@ void State::goOnWithOwn() {
     if (version == nullptr || !run.check) continue;
     const CheckNews news = run.check->news();
     if (news.proof && news.proof->pages.size() != version->pages.size()) {
-      loseProof(*ticket, *version);
+      loseProof(*ticket, *version, news.proof->trouble == PdfTrouble::unread);
       continue;
     }
     takeNews(*ticket, *version, news);
@@ -155,13 +155,16 @@ void State::beginCheck(OwnRun& run) {
   run.check = std::make_unique<VersionCheck>(version->pdf, run.references);
 }
 
-void State::loseProof(Ticket& ticket, TicketVersion& version) {
+void State::loseProof(Ticket& ticket, TicketVersion& version, bool unread) {
   OwnRun& run = *worker_.own;
   run.check->stop();
   worker_.ending.push_back(std::move(run.check));
-  version.unchecked = false;
+  // What could not be read this time is read with the next sync.
+  version.unchecked = unread;
   version.record.status = "failed";
-  sumUp(ticket, version, "The PDF was changed since it came in, and cannot be read any more.");
+  sumUp(ticket, version,
+        unread ? "The PDF could not be read just now. Sync once more."
+               : "The PDF was changed since it came in, and cannot be read any more.");
   run.done.push_back(ticket.item.heading() + ": " + *version.record.summary);
   touch(&ticket);
 }

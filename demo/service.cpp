@@ -60,6 +60,12 @@ Reply errorReply(int status, const std::string& text) {
   return {status, encode(ErrorText{text}).value_or("{}"), "application/json", {}, false};
 }
 
+Reply pictureReply(std::optional<std::string> bytes) {
+  if (!bytes) return errorReply(404, "There is no such picture.");
+  if (bytes->empty()) return errorReply(503, "The picture could not be made just now.");
+  return {200, *std::move(bytes), "image/jpeg"};
+}
+
 std::optional<std::string> behind(const std::string& path, const std::string& prefix) {
   if (!path.starts_with(prefix)) return std::nullopt;
   return path.substr(prefix.size());
@@ -159,9 +165,7 @@ Reply Service::route(const Request& request) {
         return errorReply(401, "You're signed out. Sign in again.");
       }
     }
-    auto bytes = pictures_.find(*key);
-    if (!bytes) return errorReply(404, "There is no such picture.");
-    return {200, std::move(*bytes), "image/jpeg", {}, false};
+    return pictureReply(pictures_.find(*key));
   }
   // So are uploads: they are read beside.
   if (const auto id = behind(request.path, "/api/files/");

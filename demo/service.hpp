@@ -127,6 +127,8 @@ class Service {
 };
 
 Reply errorReply(int status, const std::string& text);
+// What Pictures found.
+Reply pictureReply(std::optional<std::string> bytes);
 template <class T>
 Reply jsonReply(const T& value) {
   const auto json = encode(value);

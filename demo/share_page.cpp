@@ -197,9 +197,7 @@ std::optional<Reply> Service::shareFile(const Request& request) {
   const bool own = behind(*picture, "files/" + ticket + "/") ||
                    behind(*picture, "thumbs/" + ticket + "/") ||
                    behind(*picture, "refs/" + ticket + "/");
-  auto bytes = own ? pictures_.find(*picture) : std::nullopt;
-  if (!bytes) return errorReply(404, "There is no such picture.");
-  return Reply{200, std::move(*bytes), "image/jpeg"};
+  return pictureReply(own ? pictures_.find(*picture) : std::nullopt);
 }
 
 // Made outside the lock: a long proof takes a while.

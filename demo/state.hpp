@@ -178,7 +178,7 @@ class State {
   void goOnWithOwn();
   void beginCheck(OwnRun& run);
   void takeNews(Ticket& ticket, TicketVersion& version, const CheckNews& news);
-  void loseProof(Ticket& ticket, TicketVersion& version);
+  void loseProof(Ticket& ticket, TicketVersion& version, bool unread);
   void tellRefs(Ticket& ticket, TicketVersion& version);
   void tellStep(Job& job, const std::string& ahead, const std::string& step);
   void endCheck(Ticket& ticket, TicketVersion& version);

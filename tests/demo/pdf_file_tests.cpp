@@ -6,7 +6,10 @@
 #include <unistd.h>
 
 #include <QTemporaryDir>
+#include <csignal>
+#include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "large_pdf.hpp"
 
@@ -68,6 +71,63 @@ TEST(PdfFiles, AreNotReadOnceNobodyWantsTo) {
   EXPECT_FALSE(picture.drawn);
   EXPECT_TRUE(picture.jpeg.empty()) << "no excuse for what was not tried";
   EXPECT_EQ(pdf->pages(0, 2).size(), 2) << "and the next one has its turn";
+}
+
+// Ends the readers of this process from without, as many as it is told to.
+class ReaderKiller {
+ public:
+  explicit ReaderKiller(int most) : left_(most), killer_([this](const auto& stop) { run(stop); }) {}
+
+ private:
+  void run(const std::stop_token& stop) {
+    pid_t last = 0;
+    while (!stop.stop_requested() && left_ > 0) {
+      for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream children(thread.path() / "children");
+        for (pid_t child = 0; children >> child;) {
+          if (child == last || left_ == 0) continue;
+          last = child;
+          --left_;
+          kill(child, SIGKILL);
+        }
+      }
+    }
+  }
+
+  int left_;
+  std::jthread killer_;
+};
+
+TEST(PdfFiles, AreReadOnceMoreWhereTheReaderWasEnded) {
+  const auto pdf = PdfFile::of(kSound);
+  for (int turn = 0; turn < 5; ++turn) {
+    {
+      const ReaderKiller killer(1);
+      EXPECT_EQ(pdf->facts().trouble, PdfTrouble::none);
+    }
+    {
+      const ReaderKiller killer(1);
+      EXPECT_EQ(pdf->pages(0, 2).size(), 2);
+    }
+    const ReaderKiller killer(1);
+    EXPECT_TRUE(pdf->drawn(0, {50, 50}).drawn);
+  }
+}
+
+TEST(PdfFiles, AreNeverCalledDamagedForTheirReader) {
+  const auto pdf = PdfFile::of(kSound);
+  const ReaderKiller killer(1'000'000);
+  PdfTrouble trouble = PdfTrouble::none;
+  // A reader may be quicker than its killer.
+  while (trouble == PdfTrouble::none) trouble = pdf->facts().trouble;
+  EXPECT_EQ(trouble, PdfTrouble::unread);
+  do {
+    trouble = pdf->read().trouble;
+  } while (trouble == PdfTrouble::none);
+  EXPECT_EQ(trouble, PdfTrouble::unread);
+  PdfPicture picture{"", true};
+  while (picture.drawn) picture = pdf->drawn(0, {50, 50});
+  EXPECT_EQ(picture.jpeg, "") << "nothing is said of the page";
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <semaphore>
 #include <set>
+#include <stdexcept>
 
 #include "written_pdf.hpp"
 
@@ -229,6 +230,35 @@ TEST_F(KeptPictures, ArePaintedOnceForTwoWhoAskAtOnce) {
   EXPECT_EQ(first, "painted");
   EXPECT_EQ(second, "painted");
   EXPECT_EQ(painted_, 1);
+}
+
+TEST_F(KeptPictures, AreTriedAgainAfterAFailureOfAnyKind) {
+  Pictures pictures;
+  ASSERT_TRUE(pictures.keepIn(folder()));
+  int tries = 0;
+  const auto failing = [&](const Demand&) {
+    ++tries;
+    if (tries == 1) throw std::runtime_error("no room");
+    return tries == 2 ? PdfPicture{} : PdfPicture{"painted", true};
+  };
+  pictures.addKept("kept", "kept", failing);
+  EXPECT_THROW(pictures.find("kept"), std::runtime_error);
+  EXPECT_EQ(pictures.find("kept"), "") << "not just now";
+  EXPECT_EQ(pictures.find("kept"), "painted");
+  EXPECT_EQ(pictures.find("kept"), "painted");
+  EXPECT_EQ(tries, 3);
+}
+
+TEST(PictureFolders, KeepTheirLimitWhilePicturesComeIn) {
+  const QTemporaryDir temporary;
+  const auto folder = PictureFolder::at(temporary.path().toStdString(), 10'000);
+  for (int i = 0; i < 100; ++i) {
+    ASSERT_TRUE(folder->keep(std::to_string(i), std::string(1000, 'p')));
+  }
+  const auto kept = std::distance(fs::directory_iterator(temporary.path().toStdString()), {});
+  EXPECT_LE(kept, 12);
+  EXPECT_GE(kept, 8);
+  EXPECT_TRUE(folder->has("99"));
 }
 
 TEST(PictureFolders, LoseWhatWasNotLookedAtForLongest) {
