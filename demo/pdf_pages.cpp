@@ -46,6 +46,8 @@ RefPage refRecord(const std::shared_ptr<const PdfFile>& pdf, const PdfPage& page
   const auto index = static_cast<int>(partner.page);
   RefPage entry;
   entry.i = index;
+  // Without a name of its own it would be called by the proof's page, which may be another.
+  entry.label = std::to_string(index + 1);
   entry.img = pageKey("refs/" + folder, index);
   entry.px = asPixels(size);
   entry.score = partner.likeness;

@@ -104,6 +104,7 @@ TEST_F(OwnProofs, MatchPagesWhereOneCameInAndSayWhatHasNoPartner) {
   EXPECT_EQ(pages[0].refs->at("submitted").i, 0);
   EXPECT_FALSE(pages[1].refs->contains("submitted"));
   EXPECT_EQ(pages[2].refs->at("submitted").i, 1);
+  EXPECT_EQ(pages[2].refs->at("submitted").label, "2") << "and not the proof’s own name for it";
   EXPECT_EQ(pages[3].refs->at("submitted").i, 2);
   ASSERT_NE(one.file.ref("submitted"), nullptr);
   EXPECT_EQ(one.file.ref("submitted")->note, "ours.pdf has no page like this one.");
