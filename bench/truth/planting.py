@@ -141,7 +141,7 @@ def truth_of_words(spot: Spot, book: Book, changed: Book, before: Reading,
         carried = carried_over(before, after, old, words)
         truth.boxes = [boxes_by_line(carried, truth.page), *truth.boxes,
                        *break_boxes(after, words, spot.at, truth.page),
-                       [word.box for word in beside_new_breaks(before, after, old, words)]]
+                       [word.box for word in at_new_breaks(before, after, old, words)]]
     truth.told = [(word.page, word.box) for at in range(len(words))
                   for word in located(after, words, at, 1) or []]
     if book.sheets[spot.sheet].kind == "table":
@@ -180,21 +180,21 @@ def carried_over(before: Reading, after: Reading, old: list[Word],
     return carried
 
 
-def beside_new_breaks(before: Reading, after: Reading, old: list[Word],
-                      words: list[Word]) -> list[Stood]:
-    """The words on both sides of every line's end of the paragraph that was none before."""
-    beside = []
+def at_new_breaks(before: Reading, after: Reading, old: list[Word],
+                  words: list[Word]) -> list[Stood]:
+    """The words that begin a line of the paragraph and began none, and the one before the first."""
+    at: list[Stood] = []
     was_before, now_before = [], []
     for i in range(len(words)):
         was, now = located(before, old, i, 1) or [], located(after, words, i, 1) or []
         if was and now and was_before and now_before:
             broke = was_before[-1].line != was[0].line
             if now_before[-1].line != now[0].line and not broke:
-                beside += now_before + now
+                at += now if at else now_before + now
         if len(now) > 1 and [one.text for one in was] != [one.text for one in now]:
-            beside += now
+            at += now
         was_before, now_before = was, now
-    return list(dict.fromkeys(beside))
+    return list(dict.fromkeys(at))
 
 
 def art_planted(book: Book, rng: random.Random) -> list[tuple[int, int, Art]]:

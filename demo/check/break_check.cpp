@@ -80,18 +80,14 @@ class Breaks {
     return at != changes_.end() && *at <= moved.back().word + kWordsOfALine;
   }
 
-  // What stands on both sides of the first, and of each where a line of the proof ends.
+  // What stands on both sides of the first, and each other that begins a line of the proof.
   static std::vector<std::size_t> wordsAround(const MovedBreak& first,
                                               std::span<const MovedBreak> moved) {
-    std::vector<std::size_t> words;
-    const auto put = [&](const MovedBreak& one) {
-      for (std::size_t i = one.within ? one.word : one.word - 1; i <= one.word; ++i) {
-        if (std::ranges::find(words, i) == words.end()) words.push_back(i);
-      }
-    };
-    put(first);
+    auto words = wordsFrom(first.within ? first.word : first.word - 1, first.word + 1);
     for (const MovedBreak& one : moved) {
-      if (one.inProof) put(one);
+      if (one.inProof && std::ranges::find(words, one.word) == words.end()) {
+        words.push_back(one.word);
+      }
     }
     return words;
   }
