@@ -124,6 +124,14 @@ QSizeF shown(QPDFPageObjectHelper& page, const char* key) {
   return lies ? size.transposed() : size;
 }
 
+// How many points a page's own unit has, of which all its lengths are told.
+double unitOf(QPDFPageObjectHelper& page) {
+  constexpr double kMost = 75'000;
+  QPDFObjectHandle unit = page.getObjectHandle().getKey("/UserUnit");
+  const double points = unit.isNumber() ? unit.getNumericValue() : 1;
+  return points > 0 && points <= kMost ? points : 1;
+}
+
 }  // namespace
 
 struct Prepress::Opened {
@@ -152,6 +160,12 @@ void Prepress::tell(int page, PdfPage& entry) {
     QPDFPageObjectHelper helper(opened_->pages[static_cast<std::size_t>(page)]);
     entry.trim = shown(helper, "/TrimBox");
     entry.bleed = shown(helper, "/BleedBox");
+    const double unit = unitOf(helper);
+    entry.width *= unit;
+    entry.height *= unit;
+    entry.trim *= unit;
+    entry.bleed *= unit;
+    for (PdfWord& word : entry.words) word.size *= unit;
     Inks inks(opened_->left);
     inks.resources(helper.getAttribute("/Resources", false));
     entry.inks = inks.found();

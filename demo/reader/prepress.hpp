@@ -1,4 +1,4 @@
-// What a page tells a printer: where it is cut, and in which inks it prints.
+// What a page tells a printer: where it is cut, in which inks it prints, and how long its unit is.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,8 @@ class Prepress {
   Prepress(const Prepress&) = delete;
   Prepress& operator=(const Prepress&) = delete;
 
-  // Fills in trim, bleed and inks of that page, from 0. The inks are those that the page's
+  // Fills in trim, bleed and inks of that page, from 0, and turns what is there in the page's own
+  // unit into points. The inks are those that the page's
   // resources name, wherever they lie; whether something is printed in one is not looked at.
   void tell(int page, PdfPage& entry);
 

@@ -63,6 +63,31 @@ TEST(PdfReader, TellsPagesOfAnySize) {
   EXPECT_EQ(pdf->sketches().size(), 5);
 }
 
+TEST(PdfReader, TellsLengthsInPointsWhateverThePagesUnit) {
+  const auto page = [](const std::string& more) {
+    return "<</Type/Page/Parent 2 0 R/MediaBox[0 0 200 300]/TrimBox[10 10 190 290]/Contents 5 0 R"
+           "/Resources<</Font<</F1<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>>>" +
+           more + ">>";
+  };
+  const auto pdf = PdfFile::of(
+      pdfOf({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Kids[3 0 R 4 0 R]/Count 2>>",
+             page("/UserUnit 2.5"), page("/UserUnit -3"),
+             demo_tests::streamOf("BT /F1 10 Tf 20 150 Td (Salt) Tj ET")}));
+  const auto pages = pdf->pages(0, 2);
+  ASSERT_EQ(pages.size(), 2);
+  EXPECT_EQ(pages[0].width, 500);
+  EXPECT_EQ(pages[0].height, 750);
+  EXPECT_EQ(pages[0].trim, QSizeF(450, 700));
+  EXPECT_EQ(pages[0].words.at(0).size, 25);
+  EXPECT_EQ(pages[0].words.at(0).box, pages[1].words.at(0).box);
+  EXPECT_EQ(pages[1].width, 200) << "no unit at all";
+  EXPECT_EQ(pages[1].words.at(0).size, 10);
+  EXPECT_EQ(pdf->facts().pages.at(0).height, 750);
+  const PdfPicture picture = pdf->drawn(0, pixelsOf(pages[0]));
+  EXPECT_TRUE(picture.drawn);
+  EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(picture.jpeg)).size(), pixelsOf(pages[0]));
+}
+
 struct Turned {
   const char* name;
   std::string boxes;
