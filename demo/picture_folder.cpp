@@ -117,7 +117,8 @@ bool PictureFolder::keep(const std::string& name, const std::string& bytes) cons
   const bool kept = file.good() && !failed;
   if (!kept) fs::remove(unfinished, failed);
   const std::size_t size = kDigest + bytes.size();
-  if (kept && (added_ += size) > most_ / kPartBetween) {
+  if (kept) added_ += size;
+  if (added_ > most_ / kPartBetween) {
     added_ = 0;
     tidy(folder_, most_);
   }
