@@ -121,8 +121,14 @@ Sheet {
         width: parent.width
         example: sheet.view.example
         canAdd: sheet.view.canAdd
-        onEmailChanged: sheet.send.adding = adding.email
-        onNameChanged: sheet.send.addName = adding.name
+        onEmailChanged: {
+            sheet.send.adding = adding.email;
+            sheet.written();
+        }
+        onNameChanged: {
+            sheet.send.addName = adding.name;
+            sheet.written();
+        }
         onAdded: sheet.send.add()
         onConfirmed: sheet.pressByKey()
     }
@@ -137,7 +143,10 @@ Sheet {
         width: parent.width
         label: "A line for them"
         placeholder: "What to look at, or what changed (optional)"
-        onTextChanged: sheet.send.note = line.text
+        onTextChanged: {
+            sheet.send.note = line.text;
+            sheet.written();
+        }
         onConfirmed: sheet.pressByKey()
     }
 

@@ -88,7 +88,10 @@ Sheet {
         width: parent.width
         label: "What changed"
         placeholder: "Fixed the p25 headline font. Nothing else moved."
-        onTextChanged: sheet.upload.note = line.text
+        onTextChanged: {
+            sheet.upload.note = line.text;
+            sheet.written();
+        }
         onConfirmed: sheet.pressByKey()
     }
 

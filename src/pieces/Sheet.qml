@@ -29,16 +29,31 @@ Popover {
     // By Return, which is not meant for what nobody can have read: not as the second of two quick
     // presses, and not where the words have changed under the finger.
     function pressByKey() {
-        if (!unread.running)
+        if (!justOpened.running && !justChanged.running)
             press();
     }
 
-    readonly property Timer unread: Timer {
+    // Behind words that were written in it Return is no second press.
+    function written() {
+        justOpened.stop();
+    }
+
+    readonly property Timer justOpened: Timer {
         interval: Application.styleHints.mouseDoubleClickInterval
     }
 
-    onSaysChanged: unread.restart()
-    onAboutToShow: unread.restart()
+    readonly property Timer justChanged: Timer {
+        interval: Application.styleHints.mouseDoubleClickInterval
+    }
+
+    onSaysChanged: {
+        if (visible)
+            justChanged.restart();
+    }
+    onAboutToShow: {
+        justChanged.stop();
+        justOpened.restart();
+    }
 
     readonly property Item over: T.Overlay.overlay
     readonly property real room: (over?.height ?? 0) - 2 * Theme.gap24

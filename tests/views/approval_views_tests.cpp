@@ -45,6 +45,37 @@ TEST_F(ApprovalViews, SendNothingByTheSecondOfTwoQuickPresses) {
   EXPECT_TRUE(send_.open());
 }
 
+TEST_F(ApprovalViews, SendByReturnBehindALineWrittenAtOnce) {
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+  type("Look at p3");
+  key(Qt::Key_Return);
+  EXPECT_TRUE(closes("Send v1 for approval")) << "nobody presses twice and writes between";
+  EXPECT_EQ(posted().size(), 1U);
+}
+
+TEST_F(ApprovalViews, SendNothingThatChangedWhileALineWasWritten) {
+  showCard();
+  ASSERT_TRUE(press("Send for approval"));
+  ASSERT_TRUE(opens("Send v1 for approval"));
+  settle();
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  type("Look at ");
+  change([](BoardState& board) { board.files[0].version = 2; });
+  ASSERT_TRUE(opens("Send v2 for approval"));
+  type("p3");
+  key(Qt::Key_Return);
+  EXPECT_TRUE(posted().empty());
+  EXPECT_TRUE(send_.open());
+}
+
 TEST_F(ApprovalViews, SendNothingThatChangedUnderTheFinger) {
   showCard();
   ASSERT_TRUE(press("Send for approval"));
