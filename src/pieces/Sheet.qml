@@ -26,10 +26,9 @@ Popover {
             confirmed();
     }
 
-    // By Return, which is not meant for what nobody can have read: not as the second of two quick
-    // presses, and not where the words have changed under the finger.
+    // By Return, which is not meant for what nobody can have read.
     function pressByKey() {
-        if (!justOpened.running && !justChanged.running)
+        if (!unread)
             press();
     }
 
@@ -37,6 +36,9 @@ Popover {
     function written() {
         justOpened.stop();
     }
+
+    // Within two quick presses of its opening, or of a change of the words under the finger.
+    readonly property bool unread: justOpened.running || justChanged.running
 
     readonly property Timer justOpened: Timer {
         interval: Application.styleHints.mouseDoubleClickInterval

@@ -50,7 +50,7 @@ Item {
         }
 
         function rest() {
-            tryVerify(() => !sheet.unread.running);
+            tryVerify(() => !sheet.unread);
         }
 
         function cleanup() {
@@ -93,6 +93,14 @@ Item {
             keyClick(Qt.Key_Return);
             compare(confirmed.count, 0, "Nobody can have read them.");
             rest();
+            keyClick(Qt.Key_Return);
+            compare(confirmed.count, 1);
+        }
+
+        function test_isConfirmedByReturnBehindWordsWrittenInIt() {
+            line.field.focus = false;
+            sheet.contentItem.forceActiveFocus();
+            sheet.written();
             keyClick(Qt.Key_Return);
             compare(confirmed.count, 1);
         }
